@@ -1,0 +1,89 @@
+# Shared settings and the few functions that every folder's CMakeLists.txt is written in.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
+
+option(VELMORA_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+add_compile_definitions(QT_NO_FOREACH QT_NO_URL_CAST_FROM_STRING)
+include_directories(${CMAKE_SOURCE_DIR})
+if(VELMORA_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# One precompiled header without windows and one with them; every target reuses one of the two.
+add_library(pch_core STATIC ${CMAKE_SOURCE_DIR}/cmake/pch_core.cpp)
+add_library(pch_gui STATIC ${CMAKE_SOURCE_DIR}/cmake/pch_gui.cpp)
+
+set_target_properties(pch_core pch_gui PROPERTIES AUTOMOC OFF)
+target_link_libraries(pch_core PUBLIC Qt6::Core Qt6::Sql)
+target_link_libraries(pch_gui PUBLIC Qt6::Widgets Qt6::Sql Qt6::PrintSupport)
+target_precompile_headers(pch_core PRIVATE <QtCore> <QtSql> <algorithm> <functional> <memory> <optional> <string>
+                          <unordered_map> <vector>)
+target_precompile_headers(pch_gui PRIVATE <QtWidgets> <QtSql> <algorithm> <functional> <memory> <optional> <string>
+                          <unordered_map> <vector>)
+
+# All sources of the calling folder.
+macro(_velmora_sources out)
+  file(GLOB ${out} CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h
+       ${CMAKE_CURRENT_SOURCE_DIR}/*.qrc)
+endmacro()
+
+function(_velmora_finish target gui)
+  set_target_properties(${target} PROPERTIES DEFINE_SYMBOL "" AUTORCC ON)
+  if(gui)
+    target_link_libraries(${target} PUBLIC Qt6::Widgets Qt6::PrintSupport Qt6::Sql)
+    target_precompile_headers(${target} REUSE_FROM pch_gui)
+  else()
+    target_link_libraries(${target} PUBLIC Qt6::Core Qt6::Sql)
+    target_precompile_headers(${target} REUSE_FROM pch_core)
+  endif()
+endfunction()
+
+# velmora_library(NAME [GUI] [LINK libs...]): a shared library of all sources in this folder.
+function(velmora_library name)
+  cmake_parse_arguments(A "GUI" "" "LINK;SOURCES" ${ARGN})
+  _velmora_sources(sources)
+  add_library(${name} SHARED ${sources} ${A_SOURCES})
+  target_link_libraries(${name} PUBLIC ${A_LINK})
+  _velmora_finish(${name} ${A_GUI})
+  install(TARGETS ${name} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+endfunction()
+
+# velmora_program(NAME [GUI] [LINK libs...] [SOURCES files...]): a program of the given sources, or of the folder's.
+function(velmora_program name)
+  cmake_parse_arguments(A "GUI" "" "LINK;SOURCES" ${ARGN})
+  if(NOT A_SOURCES)
+    _velmora_sources(A_SOURCES)
+  endif()
+  add_executable(${name} ${A_SOURCES})
+  target_link_libraries(${name} PRIVATE ${A_LINK})
+  _velmora_finish(${name} ${A_GUI})
+endfunction()
+
+# velmora_test(NAME [GUI] [TIMEOUT seconds] LINK libs...): a test program of all sources in this folder.
+function(velmora_test name)
+  cmake_parse_arguments(A "GUI" "TIMEOUT" "LINK" ${ARGN})
+  _velmora_sources(sources)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name} ${sources})
+  target_link_libraries(${name} PRIVATE ${A_LINK} test_support GTest::gtest)
+  _velmora_finish(${name} ${A_GUI})
+  if(NOT A_TIMEOUT)
+    set(A_TIMEOUT 300)
+  endif()
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${A_TIMEOUT} ENVIRONMENT
+    "QT_QPA_PLATFORM=offscreen;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0;VELMORA_BUILD_DIR=${CMAKE_BINARY_DIR};VELMORA_SOURCE_DIR=${CMAKE_SOURCE_DIR}")
+endfunction()

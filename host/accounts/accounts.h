@@ -1,0 +1,18 @@
+#pragma once
+
+#include "host/data/main_datas.h"
+
+#include <QWidget>
+
+// The number of an account, and with withName two blanks and its name; empty when there is no such account.
+QString GetSasById(double id, bool withName);
+// The id of an account number; 0 when there is none.
+double GetSasByNr(const QString &nr);
+// True when the account has sub-accounts, that is, it is a summary account.
+bool SasHasChildren(const QString &nr);
+// The kind letter of an account: "D" marks a detail account. Empty when there is no such account.
+QString GetSasKind(double id);
+
+// Opens the chart-of-accounts picker modally: tree and search. Returns the chosen account's id, 0 when none.
+// anyAccount: summary accounts may be chosen too when mode says so; see the picker's contract.
+double OpenSasModal(bool anyAccount, unsigned char mode);

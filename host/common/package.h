@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+
+#include <functional>
+#include <vector>
+
+// The contract between the host and a loadable package. A package exports four plain functions:
+//   GetPackageInfoTable, Initialize, Finalize, GetEntryTable.
+
+struct TPackageInfo {
+    QString name;
+    QStringList required; // packages it stands on
+    QStringList units;    // contained units, in order of initialization
+};
+
+// One thing that the host can open: a screen class, or an entry function that needs no arguments.
+struct TPackageEntry {
+    enum class Kind {
+        ListScreen, // create() gives a list screen; the host shows it as a document window
+        Dialog,     // create() gives a dialog; the host shows it modally
+        Function,   // call() does everything
+    };
+    QString name;    // "TPeriodDlg", "StartPerClose": the class or the entry function
+    QString unit;    // the unit it lives in
+    Kind kind = Kind::Function;
+    QString menu;    // the menu it stands in
+    QString caption; // its menu caption, with the accelerator
+    int help = 0;    // help topic; 0: none
+    std::function<QWidget *(QWidget *owner)> create;
+    std::function<void()> call;
+};
+
+using TPackageEntries = std::vector<TPackageEntry>;
+
+extern "C" {
+using GetPackageInfoTableFn = const TPackageInfo *();
+using InitializeFn = void();
+using FinalizeFn = void();
+using GetEntryTableFn = const TPackageEntries *();
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QSettings>
+#include <QString>
+#include <QWidget>
+
+// The user's settings store. Paths are written with back slashes: GetRegPath() + "\\Forms".
+QString GetRegPath();
+
+// True when settings may be written.
+bool CanSave();
+
+// Restores the placement of a window, kept under path and the given name. Nothing kept, or damaged: false, and
+// the window stays as it is. A placement outside every screen is moved back onto one.
+bool ReadFromReg(QWidget *control, const QString &path, const QString &name);
+
+// Stores the placement; with columns true also the widths of the grids in it, by object name.
+void SaveToReg(QWidget *control, const QString &path, const QString &name, bool columns);
+
+// The store itself, opened at a path.
+QSettings &registry();

@@ -1,0 +1,8 @@
+#pragma once
+
+#include "host/data/main_datas.h"
+
+// Checks name and password against bd_usr and fills CurrentUser: flags, and the work places of all rights.
+// False when there is no such user or the password differs; CurrentUser then stays as it was.
+// The name is compared without regard to case, the password exactly.
+bool logIn(TMainDatas &datas, const QString &name, const QString &password);

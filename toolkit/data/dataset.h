@@ -1,0 +1,112 @@
+#pragma once
+
+#include "toolkit/data/field.h"
+#include "toolkit/data/database.h"
+
+#include <QAbstractTableModel>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+enum class TDataSetState { dsInactive, dsBrowse, dsEdit, dsInsert };
+static_assert(int(TDataSetState::dsEdit) == 2 && int(TDataSetState::dsInsert) == 3);
+using enum TDataSetState;
+
+// A set of rows with a cursor. It is a table model, so a grid binds to it directly: one model row per record that
+// passes the filter, one model column per field; a record being inserted is a model row of its own.
+//
+// Rows are fetched as they are needed and the rest in idle time on the same thread. They are kept encoded; a
+// QVariant exists only while somebody looks at it.
+//
+// Errors are raised as exceptions and leave state, cursor and typed values as they were.
+class TDataSet : public QAbstractTableModel {
+    Q_OBJECT
+public:
+    using Hook = std::function<void(TDataSet &)>;
+
+    explicit TDataSet(QObject *parent = nullptr);
+    ~TDataSet() override;
+
+    // --- opening
+    void Open();
+    void Close();
+    bool Active() const;
+    TDataSetState State() const;
+
+    // --- cursor. RecNo counts from 0; -1 when there is no record.
+    bool IsEmpty() const; // fetches at most one row
+    bool Bof() const;
+    bool Eof() const;
+    void First();
+    void Prior();
+    void Next();
+    void Last(); // fetches all
+    int RecNo() const;
+    void setRecNo(int row);
+    int RecordCount();              // fetches all
+    int fetchedCount() const;       // rows here so far
+    bool fetchedAll() const;
+    // Moves to the first record whose column equals key; false, and the cursor stays, when there is none.
+    bool Locate(const QString &column, const Variant &key);
+
+    // --- editing
+    void Edit();
+    void Insert(); // before the current record
+    void Append(); // at the end
+    void Post();
+    void Cancel();
+    void Delete();
+    bool Modified() const;
+    bool editing() const { return State() == dsEdit || State() == dsInsert; }
+
+    // --- fields
+    TField *FieldByName(const QString &name) const; // raises EDatabaseError when there is none
+    TField *FindField(const QString &name) const;   // null when there is none
+    int FieldCount() const;
+    TField *Field(int index) const;
+    // A field computed by onCalcFields; to be added before the set is opened.
+    TField *addCalculated(const QString &name, TFieldType type, int size = 0);
+    // Settings of a field (label, format, rules …) given before the set is open; applied at every Open.
+    void describe(const QString &name, std::function<void(TField &)> settings);
+
+    // --- client filter: only records for which it is true are seen. Null: all.
+    void setFilter(std::function<bool(TDataSet &)> filter);
+
+    // The set refuses every change while this is on.
+    bool ReadOnly() const;
+    void setReadOnly(bool on);
+
+    // --- hooks
+    Hook BeforeOpen, AfterOpen, BeforeInsert, AfterInsert, BeforeEdit, AfterEdit, BeforePost, AfterPost,
+        BeforeDelete, AfterDelete, AfterCancel, AfterScroll, OnCalcFields;
+
+    // --- table model
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    bool canFetchMore(const QModelIndex &parent) const override;
+    void fetchMore(const QModelIndex &parent) override;
+
+signals:
+    void stateChanged();
+    void scrolled();      // the cursor stands on another record, or on the same one anew
+    void fieldChanged(const QString &name);
+    void updatingRecord(); // Post asks the bound controls for their pending text; a control raises by setting it
+    void fetched();       // more rows came; see fetchedAll()
+    void fetchFailed(const QString &message);
+
+protected:
+    // What a kind of data set supplies.
+    virtual std::unique_ptr<class TStatement> openStatement() = 0; // prepared, bound, not run
+    virtual void writeInsert() = 0;
+    virtual void writeUpdate() = 0;
+    virtual void writeDelete() = 0;
+    virtual void reread() {} // after a post: read what the database assigned
+
+private:
+    friend class TField;
+    struct Private;
+    std::unique_ptr<Private> d;
+};
