@@ -1,0 +1,26 @@
+#include "toolkit/sql/sort_key.h"
+
+namespace {
+
+struct Letter {
+    const char16_t *from;
+    const char16_t *to;
+};
+
+// SQLite's upper() knows the letters of ASCII only, so that both cases of the others are named.
+constexpr Letter letters[] = {
+    {u"Y", u"I"},  {u"ą", u"A"},  {u"Ą", u"A"},  {u"ę", u"E"},  {u"Ę", u"E"},  {u"ė", u"E"}, {u"Ė", u"E"},
+    {u"į", u"I"},  {u"Į", u"I"},  {u"ų", u"U"},  {u"Ų", u"U"},  {u"ū", u"U"},  {u"Ū", u"U"}, {u"č", u"C~"},
+    {u"Č", u"C~"}, {u"š", u"S~"}, {u"Š", u"S~"}, {u"ž", u"Z~"}, {u"Ž", u"Z~"},
+};
+
+} // namespace
+
+QString sortKeyExpression(const QString &column)
+{
+    QString key = QStringLiteral("upper(") + column + u')';
+    for (const Letter &letter : letters)
+        key = QStringLiteral("replace(%1,'%2','%3')")
+                  .arg(key, QString::fromUtf16(letter.from), QString::fromUtf16(letter.to));
+    return key;
+}
