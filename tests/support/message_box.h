@@ -89,15 +89,12 @@ private:
 
 template<class T> class OnNextDialog : public NextDialog {
 public:
-    explicit OnNextDialog(std::function<void(T &)> act)
+    explicit OnNextDialog(std::function<void(T &)> user)
         : NextDialog([](QWidget *window) { return dynamic_cast<T *>(window) != nullptr; },
-                     [act](QWidget *window) { act(*dynamic_cast<T *>(window)); })
+                     [user](QWidget *window) { user(*dynamic_cast<T *>(window)); })
     {
     }
 };
-
-// Runs an action during which no modal window may appear.
-void withoutBoxes(const std::function<void()> &action);
 
 // --- the user's hands
 
