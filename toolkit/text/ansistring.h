@@ -5,8 +5,8 @@
 #include <QByteArray>
 #include <QString>
 
-// An 8-bit text in code page 1257, implicitly shared. It stands at the package's entry functions; inside, text
-// is QString. Converting is explicit in both directions and never loses a character silently.
+// An 8-bit text in code page 1257, implicitly shared. It stands at the package's entry functions; inside,
+// text is QString. Converting is explicit in both directions and never loses a character silently.
 class AnsiString {
 public:
     AnsiString() = default;
@@ -26,5 +26,6 @@ private:
     QByteArray data;
 };
 
-// The position of the first character that code page 1257 cannot hold (a NUL counts as one); -1 when it holds all.
+// The position of the first character that code page 1257 cannot hold (a NUL counts as one); -1 when it holds
+// all.
 qsizetype firstOutsideCodePage(const QString &text);

@@ -34,7 +34,9 @@ public:
 class EDatabaseError : public Exception {
 public:
     explicit EDatabaseError(const QString &message, const QString &server = {}, const QString &sql = {})
-        : Exception(message), serverText(server), statement(sql)
+        : Exception(message),
+          serverText(server),
+          statement(sql)
     {
     }
 
