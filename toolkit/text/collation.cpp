@@ -11,7 +11,7 @@ struct Letter {
 
 // The whole Lithuanian alphabet beyond the plain letters, in the order of a dictionary.
 constexpr Letter alphabet[] = {
-    {u'Ą', u'A', 1, false}, {u'Č', u'C', 0, true},  {u'Ė', u'E', 1, false}, {u'Ę', u'E', 2, false},
+    {u'Ą', u'A', 1, false}, {u'Č', u'C', 0, true},  {u'Ė', u'E', 2, false}, {u'Ę', u'E', 1, false},
     {u'Į', u'I', 1, false}, {u'Y', u'I', 2, false}, {u'Š', u'S', 0, true},  {u'Ų', u'U', 1, false},
     {u'Ū', u'U', 2, false}, {u'Ž', u'Z', 0, true},
 };

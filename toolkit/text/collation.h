@@ -5,7 +5,7 @@
 // The sort key of people's text: comparing two keys by code point orders the texts as Lithuanian does.
 // Upper case; ą ę ė į y ų ū count as a e e i i u u, and č š ž stand after c s z. Both engines build the same
 // key, so a list has one order everywhere. Equal keys are ordered by the texts themselves: the
-// unmarked letter first (a ą, e ė ę, i į y, u ų ū), then small letters before capital ones.
+// unmarked letter first (a ą, e ę ė, i į y, u ų ū), then small letters before capital ones.
 QString lithuanianSortKey(const QString &text);
 
 // Below zero, zero or above zero as a stands before, at or after b.
