@@ -4,7 +4,8 @@
 
 #include <QComboBox>
 
-// A key attached to a list item or a tree node. Held by value in the item's user data, so it goes with the item.
+// A key attached to a list item or a tree node. Held by value in the item's user data, so it goes with the
+// item.
 class TReiksme {
 public:
     TReiksme() = default;
@@ -29,6 +30,6 @@ int IndexOfObject(const TStrings *items, int object);
 
 // The same, the key of each row kept as a TReiksme; the two names are the columns of text and key.
 void ReadListVar(TDataSet *set, TStrings *items, const QString &text, const QString &key);
-Variant GetListValue(const TStrings *items, int index); // null when there is no such item
+Variant GetListValue(const TStrings *items, int index);      // null when there is no such item
 int GetListIndex(const TStrings *items, const Variant &key); // -1 when there is none
 void ClearListVar(TStrings *items);

@@ -23,8 +23,8 @@ struct TPackageEntry {
         Dialog,     // create() gives a dialog; the host shows it modally
         Function,   // call() does everything
     };
-    QString name;    // "TPeriodDlg", "StartPerClose": the class or the entry function
-    QString unit;    // the unit it lives in
+    QString name; // "TPeriodDlg", "StartPerClose": the class or the entry function
+    QString unit; // the unit it lives in
     Kind kind = Kind::Function;
     QString menu;    // the menu it stands in
     QString caption; // its menu caption, with the accelerator

@@ -7,15 +7,17 @@
 // The user's settings store. Paths are written with back slashes: GetRegPath() + "\\Forms".
 QString GetRegPath();
 
-// True when settings may be written.
+// True when settings may be written: the store is writable and was read without damage.
 bool CanSave();
 
-// Restores the placement of a window, kept under path and the given name. Nothing kept, or damaged: false, and
-// the window stays as it is. A placement outside every screen is moved back onto one.
+// Restores the placement of a window, kept under path and the given name, and the widths of the grids in it.
+// Nothing kept, or damaged: false, and the window stays as it is. A placement outside every screen is moved
+// back onto one. Widths are kept for the columns that a grid shows now; other columns leave it as it is.
 bool ReadFromReg(QWidget *control, const QString &path, const QString &name);
 
-// Stores the placement; with columns true also the widths of the grids in it, by object name.
+// Stores the placement; with columns true also the widths of the grids in it, by object name. Does
+// nothing unless CanSave().
 void SaveToReg(QWidget *control, const QString &path, const QString &name, bool columns);
 
-// The store itself, opened at a path.
+// The store itself: one file per organisation and application name.
 QSettings &registry();

@@ -1,0 +1,104 @@
+#include "host/common/msgbox.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+struct Look {
+    QMessageBox::Icon icon;
+    QString title;
+};
+
+Look lookOf(unsigned short kind)
+{
+    switch (kind >> 4) {
+    case 1:
+    case 6:
+        return {QMessageBox::Question, u"Klausimas"_s};
+    case 2:
+        return {QMessageBox::Information, u"Informacija"_s};
+    case 3:
+        return {QMessageBox::Warning, u"Įspėjimas"_s};
+    case 5:
+        return {QMessageBox::Critical, u"Klaida"_s};
+    default:
+        return {QMessageBox::NoIcon, u"Pranešimas"_s};
+    }
+}
+
+QMessageBox::StandardButtons buttonsOf(unsigned short kind)
+{
+    switch (kind & 0xF) {
+    case 2:
+        return QMessageBox::Yes | QMessageBox::No;
+    case 3:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    default:
+        return QMessageBox::Ok;
+    }
+}
+
+void nameButtons(QMessageBox &box)
+{
+    static const std::pair<QMessageBox::StandardButton, QString> names[] = {
+        {QMessageBox::Yes, u"&Taip"_s},
+        {QMessageBox::No, u"&Ne"_s},
+        {QMessageBox::Cancel, u"&Atšaukti"_s},
+        {QMessageBox::Ok, u"&Gerai"_s},
+    };
+    for (const auto &[which, name] : names) {
+        if (QAbstractButton *button = box.button(which))
+            button->setText(name);
+    }
+}
+
+QMessageBox::StandardButton escapeOf(QMessageBox::StandardButtons buttons)
+{
+    for (const auto each : {QMessageBox::Cancel, QMessageBox::No}) {
+        if (buttons & each)
+            return each;
+    }
+    return QMessageBox::Ok;
+}
+
+int resultOf(int pressed)
+{
+    switch (pressed) {
+    case QMessageBox::Yes:
+        return mrYes;
+    case QMessageBox::No:
+        return mrNo;
+    case QMessageBox::Ok:
+        return mrOk;
+    default:
+        return mrCancel;
+    }
+}
+
+QWidget *windowInFront()
+{
+    QWidget *modal = QApplication::activeModalWidget();
+    return modal ? modal : QApplication::activeWindow();
+}
+} // namespace
+
+int StdMsgBox(unsigned short kind, const QString &text)
+{
+    const Look look = lookOf(kind);
+    const QMessageBox::StandardButtons buttons = buttonsOf(kind);
+    QMessageBox box(windowInFront());
+    box.setObjectName(u"StdMsgBox"_s);
+    box.setProperty("kind", kind);
+    box.setIcon(look.icon);
+    box.setWindowTitle(look.title);
+    // A name out of the books may hold "<" or "&": it is shown, never interpreted.
+    box.setTextFormat(Qt::PlainText);
+    box.setText(QString(text).replace(u"\r\n"_s, u"\n"_s));
+    box.setStandardButtons(buttons);
+    box.setEscapeButton(escapeOf(buttons));
+    nameButtons(box);
+    return resultOf(box.exec());
+}

@@ -1,0 +1,174 @@
+#include "host/common/registry.h"
+
+#include <QAbstractItemModel>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QScreen>
+#include <QTableView>
+
+#include <memory>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int widestWindow = 32767;
+constexpr int narrowestColumn = 8;
+constexpr int widestColumn = 4000;
+
+QString pathOf(const QString &path, const QString &name)
+{
+    QString full = path + u'/' + name;
+    full.replace(u'\\', u'/');
+    return full;
+}
+
+// A group of the store for as long as the object lives.
+class InGroup {
+public:
+    explicit InGroup(const QString &path) { registry().beginGroup(path); }
+    ~InGroup() { registry().endGroup(); }
+    InGroup(const InGroup &) = delete;
+    InGroup &operator=(const InGroup &) = delete;
+};
+
+std::optional<int> keptNumber(const QString &key)
+{
+    bool ok = false;
+    const int number = registry().value(key).toString().toInt(&ok);
+    return ok ? std::optional(number) : std::nullopt;
+}
+
+// The kept frame, if all of it is there and a window can have it.
+std::optional<QRect> keptPlacement()
+{
+    const auto left = keptNumber(u"Left"_s), top = keptNumber(u"Top"_s);
+    const auto width = keptNumber(u"Width"_s), height = keptNumber(u"Height"_s);
+    if (!left || !top || !width || !height)
+        return std::nullopt;
+    const bool possible = *width > 0 && *width <= widestWindow && *height > 0 && *height <= widestWindow &&
+                          qAbs(*left) <= widestWindow && qAbs(*top) <= widestWindow;
+    return possible ? std::optional(QRect(*left, *top, *width, *height)) : std::nullopt;
+}
+
+// The part of the platform that the window moves in: its parent for a window inside another, else the
+// screens.
+QRect roomFor(const QWidget *window, const QRect &wanted)
+{
+    if (!window->isWindow() && window->parentWidget())
+        return window->parentWidget()->rect();
+    const QScreen *screen = QGuiApplication::screenAt(wanted.center());
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    return screen->availableGeometry();
+}
+
+QRect movedInto(QRect wanted, const QRect &room)
+{
+    wanted.setSize(wanted.size().boundedTo(room.size()));
+    if (wanted.right() > room.right())
+        wanted.moveRight(room.right());
+    if (wanted.bottom() > room.bottom())
+        wanted.moveBottom(room.bottom());
+    if (wanted.left() < room.left())
+        wanted.moveLeft(room.left());
+    if (wanted.top() < room.top())
+        wanted.moveTop(room.top());
+    return wanted;
+}
+
+// A grid's widths are of use only for the same columns; anything else was kept by another version, or
+// damaged.
+void applyWidths(QTableView *grid, const QStringList &kept)
+{
+    if (!grid->model() || kept.size() != grid->model()->columnCount())
+        return;
+    QList<int> widths;
+    for (const QString &text : kept) {
+        bool ok = false;
+        const int width = text.toInt(&ok);
+        if (!ok || (width != 0 && (width < narrowestColumn || width > widestColumn)))
+            return;
+        widths << width;
+    }
+    for (int i = 0; i < widths.size(); ++i) {
+        if (widths[i] > 0 && !grid->isColumnHidden(i))
+            grid->setColumnWidth(i, widths[i]);
+    }
+}
+
+QStringList widthsOf(const QTableView *grid)
+{
+    QStringList widths;
+    for (int i = 0; grid->model() && i < grid->model()->columnCount(); ++i)
+        widths << QString::number(grid->columnWidth(i)); // a hidden column has the width 0
+    return widths;
+}
+
+template<class Act> void forEachGrid(QWidget *control, Act act)
+{
+    const auto grids = control->findChildren<QTableView *>();
+    for (QTableView *grid : grids) {
+        if (!grid->objectName().isEmpty())
+            act(grid, u"Columns_"_s + grid->objectName());
+    }
+}
+} // namespace
+
+QString GetRegPath()
+{
+    return u'\\' + QCoreApplication::applicationName();
+}
+
+QSettings &registry()
+{
+    static std::unique_ptr<QSettings> store;
+    const QString organization = QCoreApplication::organizationName().isEmpty()
+                                     ? QCoreApplication::applicationName()
+                                     : QCoreApplication::organizationName();
+    const QString application = QCoreApplication::applicationName();
+    if (!store || store->organizationName() != organization || store->applicationName() != application)
+        store = std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, organization,
+                                            application);
+    return *store;
+}
+
+// A damaged store is left for repair: writing would complete the loss.
+bool CanSave()
+{
+    return registry().isWritable() && registry().status() == QSettings::NoError;
+}
+
+bool ReadFromReg(QWidget *control, const QString &path, const QString &name)
+{
+    const InGroup group(pathOf(path, name));
+    forEachGrid(control, [](QTableView *grid, const QString &key) {
+        applyWidths(grid, registry().value(key).toStringList());
+    });
+    const std::optional<QRect> placement = keptPlacement();
+    if (!placement)
+        return false;
+    control->setGeometry(movedInto(*placement, roomFor(control, *placement)));
+    if (registry().value(u"Maximized"_s).toBool())
+        control->setWindowState(control->windowState() | Qt::WindowMaximized);
+    return true;
+}
+
+void SaveToReg(QWidget *control, const QString &path, const QString &name, bool columns)
+{
+    if (!CanSave())
+        return;
+    const InGroup group(pathOf(path, name));
+    const QRect normal = control->normalGeometry();
+    const QRect placement = control->isWindow() && normal.isValid() ? normal : control->geometry();
+    registry().setValue(u"Left"_s, placement.left());
+    registry().setValue(u"Top"_s, placement.top());
+    registry().setValue(u"Width"_s, placement.width());
+    registry().setValue(u"Height"_s, placement.height());
+    registry().setValue(u"Maximized"_s, control->isMaximized());
+    if (columns) {
+        forEachGrid(control,
+                    [](QTableView *grid, const QString &key) { registry().setValue(key, widthsOf(grid)); });
+    }
+}
