@@ -29,10 +29,11 @@ void PrintTo(Engine engine, std::ostream *out);
 
 // Two fresh databases without any table, on the engine that the test's parameter names.
 class OnEmptyDatabases : public testing::TestWithParam<Engine> {
-protected:
+public:
     OnEmptyDatabases();
     ~OnEmptyDatabases() override;
 
+protected:
     void SetUp() override;
     void TearDown() override;
 

@@ -22,7 +22,7 @@ QString sourceFolder()
 QString scratchRoot()
 {
     static const QString root = [] {
-        const QString memory = u"/dev/shm"_s;
+        QString memory = u"/dev/shm"_s;
         constexpr qint64 plenty = 1'000'000'000;
         if (QFileInfo(memory).isWritable() && QStorageInfo(memory).bytesAvailable() > plenty)
             return memory;

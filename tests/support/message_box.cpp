@@ -57,9 +57,9 @@ ModalExpectation *expectationOf(QWidget *window)
     return best;
 }
 
-void closeIfLeftOpen(const QPointer<QWidget> &window)
+void closeIfLeftOpen(QWidget *window)
 {
-    if (!window || !window->isVisible())
+    if (!window->isVisible())
         return;
     // A further window above it may rightly keep it open.
     if (QApplication::activeModalWidget() != window) {
@@ -70,9 +70,9 @@ void closeIfLeftOpen(const QPointer<QWidget> &window)
     dismiss(window);
 }
 
-void answerWindow(const QPointer<QWidget> &window)
+void answerWindow(QWidget *window)
 {
-    if (!window || !window->isVisible())
+    if (!window->isVisible())
         return;
     ModalExpectation *expected = expectationOf(window);
     if (!expected) {
@@ -81,12 +81,13 @@ void answerWindow(const QPointer<QWidget> &window)
         return;
     }
     QTimer::singleShot(patienceMs, window, [window] { closeIfLeftOpen(window); });
+    const QPointer<QWidget> stillThere(window);
     ++answering;
     try {
         expected->answer(window);
     } catch (const std::exception &error) {
-        ADD_FAILURE() << "the answer to " << described(window) << " raised: " << error.what();
-        if (window)
+        ADD_FAILURE() << "the answer to a modal window raised: " << error.what();
+        if (stillThere)
             dismiss(window);
     }
     --answering;
@@ -103,7 +104,7 @@ public:
                            ? static_cast<QWidget *>(object)
                            : nullptr;
         if (window && window->isWindow() && window->isModal())
-            QTimer::singleShot(0, window, [pointer = QPointer(window)] { answerWindow(pointer); });
+            QTimer::singleShot(0, window, [window] { answerWindow(window); });
         return false;
     }
 };
