@@ -2,8 +2,8 @@
 
 #include "toolkit/data/database.h"
 
-// Start, commit and roll back a transaction of a session. Beginning on an open transaction, and ending without
-// one, are harmless: several screens rely on it.
+// Start, commit and roll back a transaction of a session. Beginning on an open transaction, and ending
+// without one, are harmless: several screens rely on it.
 void BeginTran(TDatabase *database);
 void CommitTran(TDatabase *database);
 void RollBackTran(TDatabase *database);
