@@ -18,19 +18,19 @@ enum class Engine { Sqlite, PostgreSql };
 
 // How a session reaches its database.
 struct TSessionSettings {
-    QString alias;             // the session's name: "mnFin_Db" or "mnRavl"
+    QString alias; // the session's name: "mnFin_Db" or "mnRavl"
     Engine engine = Engine::Sqlite;
-    QString file;              // SQLite: the file; created when missing unless readOnly
-    QString connInfo;          // PostgreSQL: key=value words as libpq takes them
-    bool readOnly = false;     // opened read-only in the engine itself: no statement can write
-    int busyTimeoutMs = 5000;  // how long a lock of another program is waited for
+    QString file;             // SQLite: the file; created when missing unless readOnly
+    QString connInfo;         // PostgreSQL: key=value words as libpq takes them
+    bool readOnly = false;    // opened read-only in the engine itself: no statement can write
+    int busyTimeoutMs = 5000; // how long a lock of another program is waited for
 };
 
 // One column of a table as the engine's catalogue describes it.
 struct TColumnInfo {
-    QString name;   // lower case
-    QString type;   // lower case, as declared: "integer", "varchar", "numeric", "date" …
-    int size = 0;   // characters of a varchar; 0 when unlimited or no text
+    QString name; // lower case
+    QString type; // lower case, as declared: "integer", "varchar", "numeric", "date" …
+    int size = 0; // characters of a varchar; 0 when unlimited or no text
     bool required = false;
     bool key = false; // part of the primary key
     ColumnKind kind = ColumnKind::Unknown;
@@ -38,8 +38,8 @@ struct TColumnInfo {
 
 // A session: one editing connection and, opened on first use, one reading connection for lists.
 //
-// Every statement is worded in the system's own dialect and passes the translator; only nativeExec() does not.
-// All errors are raised as EDatabaseError or one of its kinds, with a Lithuanian message.
+// Every statement is worded in the system's own dialect and passes the translator; only nativeExec() does
+// not. All errors are raised as EDatabaseError or one of its kinds, with a Lithuanian message.
 class TDatabase : public SqlCatalog {
 public:
     explicit TDatabase(TSessionSettings settings);
@@ -64,6 +64,8 @@ public:
     void Commit();
     void Rollback();
     bool InTransaction() const;
+    // Tells one transaction of the session from another; 0 while none is open.
+    qlonglong transactionNumber() const;
 
     // Runs a statement that gives no rows; returns the number of rows changed. The word commit at the end of
     // the wording commits, unless a transaction is open. A running statement calls the busy hook.
@@ -76,15 +78,24 @@ public:
     enum class Connection { Editing, Reading };
     std::unique_ptr<TStatement> prepare(const QString &statement, Connection on = Connection::Editing);
 
-    // Several statements in the engine's own wording, for the schema only.
+    // The same for a statement that is worded for the engine already.
+    std::unique_ptr<TStatement> prepareNative(const TranslatedSql &sql, Connection on = Connection::Editing);
+
+    // Several statements in the engine's own wording, for the schema only. The catalogue is read anew
+    // afterwards.
     void nativeExec(const QString &script);
 
     // A text between single quotes, quotes inside doubled.
     static QString quoted(const QString &text);
 
     // The catalogue. An unknown table gives an empty list.
-    QList<TColumnInfo> columnsOf(const QString &table);
+    QList<TColumnInfo> columnsOf(const QString &table) const;
     ColumnKind kindOf(const QString &column) const override;
+    QString joinCondition(const QString &left, const QString &right) const override;
+    QStringList columnNames(const QString &table) const override;
+    bool isGivenByDatabase(const QString &table, const QString &column) const override;
+    bool isRequired(const QString &column) const override;
+    bool isRoutine(const QString &name) const override;
     // The catalogue is read anew on next use; to be called after the schema changed.
     void forgetCatalogue();
 
@@ -111,10 +122,13 @@ public:
     TTransaction(const TTransaction &) = delete;
     TTransaction &operator=(const TTransaction &) = delete;
 
+    // Raises EDatabaseError when the transaction was lost meanwhile, so that half a change never passes for a
+    // whole.
     void commit();
 
 private:
     TDatabase *database;
     bool owner;
+    qlonglong number = 0;
     bool done = false;
 };

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "toolkit/data/field.h"
 #include "toolkit/data/database.h"
+#include "toolkit/data/field.h"
 
 #include <QAbstractTableModel>
 
@@ -13,8 +13,8 @@ enum class TDataSetState { dsInactive, dsBrowse, dsEdit, dsInsert };
 static_assert(int(TDataSetState::dsEdit) == 2 && int(TDataSetState::dsInsert) == 3);
 using enum TDataSetState;
 
-// A set of rows with a cursor. It is a table model, so a grid binds to it directly: one model row per record that
-// passes the filter, one model column per field; a record being inserted is a model row of its own.
+// A set of rows with a cursor. It is a table model, so a grid binds to it directly: one model row per record
+// that passes the filter, one model column per field; a record being inserted is a model row of its own.
 //
 // Rows are fetched as they are needed and the rest in idle time on the same thread. They are kept encoded; a
 // QVariant exists only while somebody looks at it.
@@ -44,8 +44,8 @@ public:
     void Last(); // fetches all
     int RecNo() const;
     void setRecNo(int row);
-    int RecordCount();              // fetches all
-    int fetchedCount() const;       // rows here so far
+    int RecordCount();        // fetches all
+    int fetchedCount() const; // rows here so far
     bool fetchedAll() const;
     // Moves to the first record whose column equals key; false, and the cursor stays, when there is none.
     bool Locate(const QString &column, const Variant &key);
@@ -91,10 +91,11 @@ public:
 
 signals:
     void stateChanged();
-    void scrolled();      // the cursor stands on another record, or on the same one anew
+    void scrolled(); // the cursor stands on another record, or on the same one anew
     void fieldChanged(const QString &name);
-    void updatingRecord(); // Post asks the bound controls for their pending text; a control raises by setting it
-    void fetched();       // more rows came; see fetchedAll()
+    void
+    updatingRecord(); // Post asks the bound controls for their pending text; a control raises by setting it
+    void fetched();   // more rows came; see fetchedAll()
     void fetchFailed(const QString &message);
 
 protected:

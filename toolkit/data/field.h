@@ -11,10 +11,10 @@ enum class TAlignment { taLeftJustify, taRightJustify, taCenter };
 
 // One column of a data set at its current record.
 //
-// Setting a value refuses what the column cannot hold, naming the field's label: text that is too long (counted in
-// characters of code page 1257), outside the code page or holding a NUL; text that is no number; a number that is
-// not finite. Nothing is cut off silently. It also runs OnValidate (which raises to refuse) and then OnChange.
-// The set must be in edit or insert state. A refusal leaves the old value.
+// Setting a value refuses what the column cannot hold, naming the field's label: text that is too long
+// (counted in characters of code page 1257), outside the code page or holding a NUL; text that is no number;
+// a number that is not finite. Nothing is cut off silently. It also runs OnValidate (which raises to refuse)
+// and then OnChange. The set must be in edit or insert state. A refusal leaves the old value.
 class TField {
 public:
     TField(TDataSet *owner, int index, TResultColumn column, bool calculated);
@@ -37,7 +37,7 @@ public:
 
     std::function<void(TField &, const Variant &proposed)> OnValidate;
     std::function<void(TField &)> OnChange;
-    std::function<QString(TField &)> OnGetText;                // text for display
+    std::function<QString(TField &)> OnGetText;                  // text for display
     std::function<Variant(TField &, const QString &)> OnSetText; // value of a typed text
 
     QString label() const { return DisplayLabel.isEmpty() ? FieldName() : DisplayLabel; }

@@ -7,9 +7,10 @@
 // Read-only unless RequestLive or an update object is given:
 // - RequestLive: the statement selects from one table; a post writes only the changed columns, found by the
 //   table's key, and re-reads what the database assigned. UpdateMode is by key only.
-// - CachedUpdates with InsertSQL/ModifySQL/DeleteSQL: posts are held in the set and written by ApplyUpdates();
-//   parameters are named after the columns, OLD_name is the value before the change. CommitUpdates() marks them
-//   written, CancelUpdates() throws them away.
+// - CachedUpdates with InsertSQL/ModifySQL/DeleteSQL: posts are held in the set and written by
+// ApplyUpdates();
+//   parameters are named after the columns, OLD_name is the value before the change. CommitUpdates() marks
+//   them written, CancelUpdates() throws them away.
 class TQuery : public TDataSet {
     Q_OBJECT
 public:
@@ -22,7 +23,8 @@ public:
     QString SQL() const;
     void setSQL(const QString &statement); // closes the set
     bool RequestLive = false;
-    // A list reads through the session's reading connection, so that its half-read cursor never meets a transaction.
+    // A list reads through the session's reading connection, so that its half-read cursor never meets a
+    // transaction.
     bool readsAside = false;
 
     void setParam(const QString &name, const Variant &value);

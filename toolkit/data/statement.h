@@ -5,7 +5,18 @@
 #include <QByteArrayView>
 
 // The type of a column of a result, as far as fields and grids need it.
-enum class TFieldType { ftUnknown, ftString, ftMemo, ftInteger, ftFloat, ftCurrency, ftDate, ftDateTime, ftBoolean, ftBlob };
+enum class TFieldType {
+    ftUnknown,
+    ftString,
+    ftMemo,
+    ftInteger,
+    ftFloat,
+    ftCurrency,
+    ftDate,
+    ftDateTime,
+    ftBoolean,
+    ftBlob
+};
 
 struct TResultColumn {
     QString name; // as the engine gives it
@@ -20,7 +31,7 @@ public:
     virtual ~TStatement() = default;
 
     // Binds by name (without the colon, case-insensitive); an unknown name raises EDatabaseError.
-    // A NUL inside a text, and a number that is not finite, are refused.
+    // A NUL inside a text, and a number that is not finite, are refused. What is not bound is null.
     virtual void bind(const QString &name, const Variant &value) = 0;
 
     // Runs it. next() moves to the first and every further row; false after the last one.
@@ -37,7 +48,10 @@ public:
     virtual double number(int column) const = 0;
     virtual qlonglong integer(int column) const = 0;
     virtual QByteArrayView utf8(int column) const = 0; // text as UTF-8, a blob as its bytes
-    virtual Variant value(int column) const = 0;
+    // The type of this very value: ftInteger, ftFloat, ftBoolean, ftDate, ftDateTime, ftBlob or ftString; a
+    // null is ftUnknown. An expression of SQLite may differ from row to row.
+    virtual TFieldType valueType(int column) const = 0;
+    Variant value(int column) const;
 
     virtual void reset() = 0; // ends the reading; parameters stay bound
 

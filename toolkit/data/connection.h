@@ -1,0 +1,87 @@
+#pragma once
+
+#include "toolkit/data/database.h"
+#include "toolkit/data/statement.h"
+
+#include <QElapsedTimer>
+
+// Calls the busy hook about 25 times a second while one operation of the engine runs.
+class BusyBeat {
+public:
+    void start();
+    void beat();
+    qint64 elapsedMs() const { return sinceStart.elapsed(); }
+
+    static TDatabase::BusyHook &hook();
+
+private:
+    QElapsedTimer sinceStart;
+    qint64 lastBeatMs = 0;
+    bool beating = false;
+};
+
+// What a statement and a session need of one connection. Statements hold their connection; a connection that
+// is closed ends its statements, which then raise.
+class EngineConnection : public std::enable_shared_from_this<EngineConnection> {
+public:
+    static std::shared_ptr<EngineConnection> create(const TSessionSettings &settings,
+                                                    TDatabase::Connection use);
+    virtual ~EngineConnection();
+    EngineConnection(const EngineConnection &) = delete;
+    EngineConnection &operator=(const EngineConnection &) = delete;
+
+    // Connects, or connects anew after the server was lost. Does nothing while it stands.
+    virtual void open() = 0;
+    virtual void close() = 0;
+    virtual bool isOpen() const = 0;
+
+    // A statement in the engine's own wording.
+    virtual std::unique_ptr<TStatement> prepare(const TranslatedSql &sql) = 0;
+    virtual void run(const QByteArray &script) = 0;
+
+    virtual void begin() = 0;
+    virtual void commit() = 0;
+    virtual void rollback() = 0;
+    virtual bool inTransaction() const = 0;
+
+    // Another connection of the session lost its server: an idle connection is not trusted any more.
+    virtual void mistrust() {}
+    // Prepared statements that are kept for later are thrown away.
+    virtual void forgetPrepared() = 0;
+
+    QSqlDatabase &handle() { return database; }
+
+    // Called when the server is found lost.
+    std::function<void()> onLost;
+
+protected:
+    EngineConnection(TSessionSettings settings, TDatabase::Connection use);
+
+    bool reading() const { return use == TDatabase::Connection::Reading; }
+    // The driver's own connection object behind Qt's.
+    void *nativeHandle() const;
+    void addDatabase(const QString &driver);
+    void removeDatabase();
+
+    const TSessionSettings settings;
+    const TDatabase::Connection use;
+    QSqlDatabase database;
+    BusyBeat busy;
+};
+
+// Refuses what no engine may be given: a NUL inside a text, a number that is not finite.
+void checkBindable(const QString &parameter, const Variant &value);
+
+// The position of a parameter; raises EDatabaseError for an unknown name.
+int parameterPosition(const TranslatedSql &sql, const QString &name);
+
+// A whole double as a whole number when it can be told apart from its neighbours; null otherwise.
+std::optional<qlonglong> wholeNumber(double value);
+
+// The number that a text of digits with a decimal point means; exact to the last bit.
+double numberOf(QByteArrayView text);
+
+// yyyy-mm-dd; an invalid date when it is anything else.
+QDate dateOf(QByteArrayView text);
+QDateTime momentOf(QByteArrayView text);
+QByteArray isoText(const Variant &dateOrMoment);

@@ -1,0 +1,133 @@
+#include "toolkit/data/engine_errors.h"
+
+#include <sqlite3.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const auto busyText = u"Duomenų bazę užrakino kita programa arba kita darbo vieta. Pabandykite dar kartą."_s;
+const auto referenceText =
+    u"Įrašas susietas su kitais įrašais: nurodytas įrašas neegzistuoja arba jis naudojamas."_s;
+const auto readOnlyText = u"Duomenų bazė atverta tik skaitymui, keisti negalima."_s;
+const auto diskFullText = u"Diske nebeliko vietos, duomenys neįrašyti."_s;
+
+QString duplicateText(const QString &columns)
+{
+    return columns.isEmpty() ? u"Toks įrašas jau yra."_s : u"Toks įrašas jau yra (%1)."_s.arg(columns);
+}
+
+QString missingText(const QString &column)
+{
+    return u"Stulpelis „%1“ negali būti tuščias."_s.arg(column);
+}
+
+QString checkText(const QString &rule)
+{
+    return u"Reikšmė neatitinka duomenų bazės taisyklės „%1“."_s.arg(rule);
+}
+
+QString brokenText(const QString &server)
+{
+    return server.isEmpty() ? u"Duomenų bazės klaida, serveris priežasties nenurodė."_s
+                            : u"Duomenų bazės klaida: %1"_s.arg(server);
+}
+
+// "UNIQUE constraint failed: t.a, t.b" names the columns after the colon; the table is left out.
+QString columnsOfSqliteText(const QString &text)
+{
+    QStringList columns;
+    for (const QString &each : text.section(u": "_s, 1).split(u", "_s, Qt::SkipEmptyParts))
+        columns.append(each.section(u'.', -1));
+    return columns.join(u", "_s);
+}
+
+[[noreturn]] void raiseSqliteConstraint(int code, const QString &text, const QString &statement)
+{
+    switch (code) {
+    case SQLITE_CONSTRAINT_UNIQUE:
+    case SQLITE_CONSTRAINT_PRIMARYKEY:
+    case SQLITE_CONSTRAINT_ROWID:
+        throw EConstraintError(duplicateText(columnsOfSqliteText(text)), text, statement);
+    case SQLITE_CONSTRAINT_FOREIGNKEY:
+        throw EConstraintError(referenceText, text, statement);
+    case SQLITE_CONSTRAINT_NOTNULL:
+        throw EConstraintError(missingText(columnsOfSqliteText(text)), text, statement);
+    case SQLITE_CONSTRAINT_TRIGGER: // raise(abort, 'text')
+        throw EDatabaseError(text, text, statement);
+    default:
+        throw EConstraintError(checkText(text.section(u": "_s, 1)), text, statement);
+    }
+}
+
+// "Key (a, b)=(1, 2) already exists." names the columns between the first brackets.
+QString columnsOfDetail(const QString &detail)
+{
+    return detail.startsWith(u"Key (") ? detail.section(u')', 0, 0).mid(5) : QString();
+}
+
+} // namespace
+
+void raiseSqliteError(sqlite3 *db, int code, const QString &statement)
+{
+    const QString text = db ? QString::fromUtf8(sqlite3_errmsg(db)) : QString();
+    switch (code & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        throw EDatabaseBusy(busyText, text, statement);
+    case SQLITE_CONSTRAINT:
+        raiseSqliteConstraint(code, text, statement);
+    case SQLITE_ERROR: // also what a stored routine raises: its text is the message
+        throw EDatabaseError(text.isEmpty() ? brokenText(text) : text, text, statement);
+    case SQLITE_READONLY:
+        throw EDatabaseError(readOnlyText, text, statement);
+    case SQLITE_FULL:
+        throw EDatabaseError(diskFullText, text, statement);
+    case SQLITE_NOTADB:
+        throw EDatabaseError(u"Tai ne duomenų bazės failas."_s, text, statement);
+    case SQLITE_CORRUPT:
+        throw EDatabaseError(u"Duomenų bazės failas sugadintas. Atkurkite jį iš kopijos."_s, text, statement);
+    case SQLITE_IOERR:
+        throw EDatabaseError(u"Nepavyko perskaityti arba įrašyti duomenų bazės failo."_s, text, statement);
+    default:
+        throw EDatabaseError(brokenText(text), text, statement);
+    }
+}
+
+bool meansConnectionLost(const QString &state)
+{
+    return state.startsWith(u"08") || state == u"57P01" || state == u"57P02" || state == u"57P03";
+}
+
+void raiseConnectionLost(const QString &serverText, const QString &statement)
+{
+    throw EConnectionLost(u"Nutrūko ryšys su duomenų bazės serveriu. Pabandykite dar kartą."_s, serverText,
+                          statement);
+}
+
+void raiseServerError(const ServerFailure &failure, const QString &statement)
+{
+    const QString &state = failure.state;
+    const QString &text = failure.message;
+    if (meansConnectionLost(state))
+        raiseConnectionLost(text, statement);
+    if (state == u"23505")
+        throw EConstraintError(duplicateText(columnsOfDetail(failure.detail)), text, statement);
+    if (state == u"23503")
+        throw EConstraintError(referenceText, text, statement);
+    if (state == u"23502")
+        throw EConstraintError(missingText(failure.column), text, statement);
+    if (state.startsWith(u"23"))
+        throw EConstraintError(checkText(failure.constraint), text, statement);
+    if (state == u"P0001" && !text.isEmpty()) // raised by a stored routine: its text is the message
+        throw EDatabaseError(text, text, statement);
+    if (state == u"55P03" || state == u"40P01" || state == u"40001")
+        throw EDatabaseBusy(busyText, text, statement);
+    if (state == u"25006")
+        throw EDatabaseError(readOnlyText, text, statement);
+    if (state == u"42501")
+        throw EDatabaseError(u"Neturite teisės atlikti šio veiksmo duomenų bazėje."_s, text, statement);
+    if (state == u"53100")
+        throw EDatabaseError(diskFullText, text, statement);
+    throw EDatabaseError(brokenText(text), text, statement);
+}
