@@ -1,0 +1,5 @@
+#include "src/frame/SysInit.h"
+
+namespace SysInit {
+TUnit unit("SysInit");
+}

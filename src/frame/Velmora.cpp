@@ -1,0 +1,39 @@
+#include "src/frame/Velmora.h"
+
+#include "src/frame/registry.h"
+
+#include <ranges>
+
+namespace Velmora {
+TUnit unit("Velmora");
+}
+
+const TPackageInfo *GetPackageInfoTable()
+{
+    static const TPackageInfo info = [] {
+        TPackageInfo table;
+        table.name = Velmora::unit.name;
+        table.required = {"HostControls", "HostCommon", "HostData", "HostAccounts", "HostClassifier"};
+        for (const TUnit *unit : packageUnits())
+            table.units << unit->name;
+        return table;
+    }();
+    return &info;
+}
+
+void Initialize()
+{
+    for (TUnit *unit : packageUnits())
+        unit->initialize();
+}
+
+void Finalize()
+{
+    for (TUnit *unit : packageUnits() | std::views::reverse)
+        unit->finalize();
+}
+
+const TPackageEntries *GetEntryTable()
+{
+    return &packageEntries();
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+// All that the package takes from the host: the five shared packages, under the names they give.
+
+// HostControls
+#include "host/controls/browse_frm.h"
+#include "host/controls/transactions.h"
+
+// HostCommon
+#include "host/common/forms.h"
+#include "host/common/help.h"
+#include "host/common/lists.h"
+#include "host/common/months.h"
+#include "host/common/msgbox.h"
+#include "host/common/registry.h"
+
+// HostData
+#include "host/data/main_datas.h"
+
+// HostAccounts
+#include "host/accounts/accounts.h"
+
+// HostClassifier
+#include "host/classifier/book_frm.h"

@@ -1,0 +1,54 @@
+#include "src/frame/registry.h"
+
+#include "src/frame/SysInit.h"
+#include "src/frame/Velmora.h"
+#include "src/period/Closeperiod.h"
+#include "src/period/Perback.h"
+#include "src/period/Period.h"
+
+namespace {
+
+const QString periodMenu = QStringLiteral("&Periodas");
+
+// A dialog that the host creates by class.
+template<class Dialog>
+TPackageEntry dialog(const char *name, const TUnit &unit, const QString &menu, const QString &caption,
+                     int help)
+{
+    return {QString::fromLatin1(name),
+            unit.name,
+            TPackageEntry::Kind::Dialog,
+            menu,
+            caption,
+            help,
+            [](QWidget *owner) -> QWidget * { return new Dialog(owner); },
+            {}};
+}
+
+TPackageEntry function(const char *name, const TUnit &unit, const QString &menu, const QString &caption,
+                       int help, void (*call)())
+{
+    return {
+        QString::fromLatin1(name), unit.name, TPackageEntry::Kind::Function, menu, caption, help, {}, call};
+}
+
+} // namespace
+
+const std::vector<TUnit *> &packageUnits()
+{
+    static const std::vector<TUnit *> units = {
+        &Velmora::unit, &SysInit::unit, &Period::unit, &Perback::unit, &Closeperiod::unit,
+    };
+    return units;
+}
+
+const TPackageEntries &packageEntries()
+{
+    static const TPackageEntries entries = {
+        dialog<Period::TPeriodDlg>("TPeriodDlg", Period::unit, periodMenu, "&Darbo pradžios periodas…", 16),
+        function("StartPerClose", Closeperiod::unit, periodMenu, "Periodo &uždarymas…", 18,
+                 &Closeperiod::StartPerClose),
+        function("PeriodBack", Perback::unit, periodMenu, "Periodo &atsukimas…", 19, &Perback::PeriodBack),
+    };
+    return entries;
+}
