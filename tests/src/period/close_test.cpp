@@ -1,0 +1,206 @@
+#include "src/period/Closeperiod.h"
+
+#include "tests/src/open_books.h"
+#include "tests/support/message_box.h"
+
+using Closeperiod::StartPerClose;
+using Closeperiod::TPerCloseDlg;
+
+namespace {
+
+const QString differ = "Neįmanoma uždaryti periodo, kol nelygios debeto ir kredito sumos";
+const QString done = "Periodas uždarytas sekmingai";
+
+class MonthClose : public OnOpenBooks {
+protected:
+    // Two opening balances with these totals.
+    void openingTotals(double debit, double credit)
+    {
+        startOfWork(2026, 1, 1);
+        balance(account("241"), debit, 0);
+        balance(account("401"), 0, credit);
+    }
+
+    QStringList months()
+    {
+        return rows(books(), "select * from bd_period where per_menuo > 0 order by per_id");
+    }
+};
+ON_BOTH_ENGINES(MonthClose);
+
+// Starts the close and answers the question with yes; the dialog is started and its message confirmed.
+QString closeAndTell()
+{
+    QString told;
+    NextBoxes question{QMessageBox::Yes};
+    OnNextDialog<TPerCloseDlg> dialog([&told](TPerCloseDlg &shown) {
+        NextBoxes end{QMessageBox::Ok};
+        pressButton(shown, "Pradėti");
+        told = end.at(0).text;
+    });
+    StartPerClose();
+    return told;
+}
+
+// Starts the close where the dialog must not come up; returns the message shown instead.
+ShownBox closeRefused()
+{
+    NextBoxes boxes{QMessageBox::Yes, QMessageBox::Ok};
+    StartPerClose();
+    EXPECT_EQ(Closeperiod::PerCloseDlg, nullptr);
+    return boxes.at(1);
+}
+
+} // namespace
+
+TEST_P(MonthClose, AsksWhetherTheTablesAreClosed)
+{
+    startOfWork(2026, 1, 1);
+    const QStringList before = dump(books());
+    NextBoxes question{QMessageBox::No};
+    StartPerClose();
+    EXPECT_EQ(question.at(0).kind, 18);
+    EXPECT_EQ(question.at(0).text, "Ar visos lentelės uždarytos?");
+    EXPECT_EQ(dump(books()), before);
+}
+
+TEST_P(MonthClose, NamesTheOldAndTheNewPeriod)
+{
+    startOfWork(2025, 4, 3);
+    NextBoxes question{QMessageBox::Yes};
+    OnNextDialog<TPerCloseDlg> dialog([](TPerCloseDlg &shown) {
+        EXPECT_EQ(shown.windowTitle(), "Periodo uždarymas");
+        EXPECT_EQ(shown.findChild<QLabel *>("OldPer")->text(), "2025 m. gruodis");
+        EXPECT_EQ(shown.findChild<QLabel *>("NewPer")->text(), "2026 m. sausis");
+        EXPECT_FALSE(shown.findChild<TAnimate *>()->isVisible());
+        pressButton(shown, "&Atšaukti");
+    });
+    StartPerClose();
+    EXPECT_EQ(months(), QStringList("6|2025|4|3"));
+}
+
+TEST_P(MonthClose, TheNextMonthBecomesCurrent)
+{
+    openingTotals(1000, 1000);
+    EXPECT_EQ(closeAndTell(), done);
+    EXPECT_EQ(months(), QStringList({"6|2026|1|1", "7|2026|1|2"}));
+    EXPECT_EQ(EinPer_Id(), 7);
+    EXPECT_EQ(EinPer_Date().date(), QDate(2026, 2, 1));
+    EXPECT_EQ(
+        rows(books(), "select ssl_sum_db, ssl_sum_kr from bd_saslik where ssl_perid = 7 order by ssl_sum_db"),
+        QStringList({"0|1000", "1000|0"}));
+}
+
+TEST_P(MonthClose, TotalsThatRoundToTheSameWholeNumberAreEqual)
+{
+    openingTotals(1000.40, 1000.00);
+    EXPECT_EQ(closeAndTell(), done);
+}
+
+TEST_P(MonthClose, HalvesRoundToEven)
+{
+    openingTotals(1000.50, 1000.00);
+    EXPECT_EQ(closeAndTell(), done);
+}
+
+TEST_P(MonthClose, TotalsJustBelowAndAboveTheWholeNumberAreEqual)
+{
+    openingTotals(1000.49, 999.51);
+    EXPECT_EQ(closeAndTell(), done);
+}
+
+TEST_P(MonthClose, TotalsThatDifferRefuseTheFirstClose)
+{
+    openingTotals(1000.60, 1000.00);
+    const ShownBox box = closeRefused();
+    EXPECT_EQ(box.kind, 81);
+    EXPECT_EQ(box.text, differ);
+    EXPECT_EQ(months().size(), 1);
+}
+
+TEST_P(MonthClose, AHalfAndABitMoreDiffer)
+{
+    openingTotals(1000.51, 1000.50);
+    EXPECT_EQ(closeRefused().text, differ);
+}
+
+TEST_P(MonthClose, WithoutBalancesTheFirstCloseProceeds)
+{
+    startOfWork(2026, 1, 1);
+    EXPECT_EQ(closeAndTell(), done);
+}
+
+TEST_P(MonthClose, LaterMonthsAreClosedWithoutTheCheck)
+{
+    openingTotals(1000, 1000);
+    closeAndTell();
+    books().ExecSQL("update bd_saslik set ssl_sum_db = 5 where ssl_perid = 7 and ssl_sum_db <> 0");
+    EXPECT_EQ(closeAndTell(), done);
+    EXPECT_EQ(EinPer_Id(), 8);
+}
+
+TEST_P(MonthClose, AfterDecemberComeTheYearAndItsQuarters)
+{
+    startOfWork(2025, 4, 3);
+    EXPECT_EQ(closeAndTell(), done);
+    EXPECT_EQ(
+        rows(books(), "select * from bd_period where per_id > 6 order by per_id"),
+        QStringList({"7|2026|0|0", "8|2026|1|0", "9|2026|2|0", "10|2026|3|0", "11|2026|4|0", "12|2026|1|1"}));
+    EXPECT_EQ(EinPer_Date().date(), QDate(2026, 1, 1));
+}
+
+TEST_P(MonthClose, ABalanceTableThatCannotBeReadIsTold)
+{
+    startOfWork(2026, 1, 1);
+    books().nativeExec("alter table bd_saslik rename to bd_saslik_dingo");
+    const ShownBox box = closeRefused();
+    EXPECT_EQ(box.kind, 49);
+    EXPECT_EQ(box.text, "Neimanoma atydariti sąskaitų likučių lentelės");
+}
+
+TEST_P(MonthClose, AFailureRestoresTheButtonsAndChangesNoRow)
+{
+    openingTotals(1000, 1000);
+    refuseInserting("bd_period", "per_id > 6");
+    const QStringList before = dump(books());
+    NextBoxes question{QMessageBox::Yes};
+    OnNextDialog<TPerCloseDlg> dialog([](TPerCloseDlg &shown) {
+        NextBoxes failure{QMessageBox::Ok};
+        pressButton(shown, "Pradėti");
+        EXPECT_TRUE(failure.at(0).text.contains("sugadinta tyčia"));
+        EXPECT_TRUE(shown.isVisible());
+        EXPECT_TRUE(shown.findChild<QPushButton *>("StartBtn")->isEnabled());
+        EXPECT_TRUE(shown.findChild<QPushButton *>("CancelBtn")->isVisible());
+        EXPECT_FALSE(shown.findChild<TAnimate *>()->isVisible());
+        pressButton(shown, "&Atšaukti");
+    });
+    StartPerClose();
+    EXPECT_EQ(dump(books()), before);
+    EXPECT_EQ(EinPer_Id(), 6);
+    EXPECT_FALSE(books().InTransaction());
+}
+
+TEST_P(MonthClose, TheAnimationMovesWhileTheDatabaseWorks)
+{
+    startOfWork(2026, 1, 1);
+    const int sasId = account("241");
+    books().nativeExec(
+        QString("insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid, ssl_sum_db, ssl_sum_kr) "
+                "with recursive n(i) as (select 1 union all select i + 1 from n where i < 150000) "
+                "select i, %1, 6, i %% 2, (i + 1) %% 2 from n")
+            .arg(sasId)
+            .replace("%%", "%"));
+    int frames = 0;
+    NextBoxes question{QMessageBox::Yes};
+    OnNextDialog<TPerCloseDlg> dialog([&frames](TPerCloseDlg &shown) {
+        const auto *animation = shown.findChild<TAnimate *>();
+        QTimer watcher;
+        QObject::connect(&watcher, &QTimer::timeout, animation,
+                         [&frames, animation] { frames = qMax(frames, animation->frame()); });
+        watcher.start(5);
+        NextBoxes end{QMessageBox::Ok};
+        pressButton(shown, "Pradėti");
+    });
+    StartPerClose();
+    EXPECT_GE(frames, 2);
+}
