@@ -1,0 +1,55 @@
+#include "host/app/help_viewer.h"
+
+#include "host/common/help.h"
+
+#include <QFile>
+#include <QPointer>
+
+namespace {
+
+constexpr int contentsTopic = 1;
+
+QString topicFile(int topic)
+{
+    return QString(":/help/%1.md").arg(topic, 2, 10, QChar(u'0'));
+}
+
+} // namespace
+
+THelpViewer::THelpViewer(QWidget *owner) : QTextBrowser(owner)
+{
+    setWindowFlag(Qt::Window);
+    setAccessibleName("Pagalba");
+    resize(640, 560);
+    document()->setDocumentMargin(14);
+}
+
+void THelpViewer::showTopic(int topic)
+{
+    const QString file = QFile::exists(topicFile(topic)) ? topicFile(topic) : topicFile(contentsTopic);
+    setSource(QUrl("qrc" + file), QTextDocument::MarkdownResource);
+    setWindowTitle("Pagalba");
+    show();
+    raise();
+    activateWindow();
+}
+
+// Links between topics name the file alone: "18.md".
+QVariant THelpViewer::loadResource(int type, const QUrl &name)
+{
+    if (name.path().endsWith(".md")) {
+        QFile file(":/help/" + name.fileName());
+        if (file.open(QIODevice::ReadOnly))
+            return QString::fromUtf8(file.readAll());
+    }
+    return QTextBrowser::loadResource(type, name);
+}
+
+void installHelpViewer(QWidget *owner)
+{
+    setHelpViewer([owner, viewer = QPointer<THelpViewer>()](int topic) mutable {
+        if (!viewer)
+            viewer = new THelpViewer(owner);
+        viewer->showTopic(topic);
+    });
+}

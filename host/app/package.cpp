@@ -1,0 +1,52 @@
+#include "host/app/package.h"
+
+#include "toolkit/text/errors.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+#include <algorithm>
+
+TLoadedPackage::TLoadedPackage(const QString &file) : library(file)
+{
+    if (!library.load())
+        throw Exception(QString("Nepavyko įkelti paketo %1: %2").arg(file, library.errorString()));
+    auto *initialize = resolve<InitializeFn>("Initialize");
+    finalize = resolve<FinalizeFn>("Finalize");
+    packageInfo = resolve<GetPackageInfoTableFn>("GetPackageInfoTable")();
+    packageEntries = resolve<GetEntryTableFn>("GetEntryTable")();
+    initialize();
+}
+
+TLoadedPackage::~TLoadedPackage()
+{
+    finalize();
+    library.unload();
+}
+
+template<class Function> Function *TLoadedPackage::resolve(const char *name)
+{
+    auto *found = reinterpret_cast<Function *>(library.resolve(name));
+    if (!found)
+        throw Exception(QString("Pakete %1 nėra funkcijos %2").arg(library.fileName(), name));
+    return found;
+}
+
+const TPackageEntry *TLoadedPackage::find(const QString &name) const
+{
+    const auto found = std::ranges::find_if(*packageEntries, [&](const TPackageEntry &entry) {
+        return entry.name.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    return found == packageEntries->end() ? nullptr : &*found;
+}
+
+QString TLoadedPackage::defaultFile()
+{
+    const QDir program(QCoreApplication::applicationDirPath());
+    for (const char *folder : {"../lib", "../" VELMORA_LIBDIR, "."}) {
+        const QString file = program.absoluteFilePath(QString("%1/libvelmora.so").arg(folder));
+        if (QFile::exists(file))
+            return QDir::cleanPath(file);
+    }
+    throw Exception("Nerastas paketas libvelmora.so");
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "host/common/package.h"
+
+#include <QLibrary>
+
+// A package loaded at run time: initialized while this object lives, finalized and unloaded with it. Every
+// widget and function taken from it must be gone before.
+class TLoadedPackage {
+public:
+    // Loads the shared object. Raises Exception naming the file and what is missing.
+    explicit TLoadedPackage(const QString &file);
+    ~TLoadedPackage();
+    TLoadedPackage(const TLoadedPackage &) = delete;
+    TLoadedPackage &operator=(const TLoadedPackage &) = delete;
+
+    const TPackageInfo &info() const { return *packageInfo; }
+    const TPackageEntries &entries() const { return *packageEntries; }
+    // The entry of a screen class or entry function; null when there is none. Upper and lower case are one.
+    const TPackageEntry *find(const QString &name) const;
+
+    // The package beside the program that runs: in the build folder and in an installed tree alike.
+    static QString defaultFile();
+
+private:
+    template<class Function> Function *resolve(const char *name);
+
+    QLibrary library;
+    FinalizeFn *finalize = nullptr;
+    const TPackageInfo *packageInfo = nullptr;
+    const TPackageEntries *packageEntries = nullptr;
+};

@@ -1,0 +1,74 @@
+#include "host/app/startup.h"
+
+#include "host/app/new_books_dialog.h"
+#include "host/data/connections.h"
+#include "host/data/main_datas.h"
+
+#include <QApplication>
+#include <QStandardPaths>
+
+namespace {
+
+// The command line decides, then the settings file, then the user's data folder.
+TBooksSettings chosenBooks(const TOptions &options)
+{
+    if (!options.server.isEmpty())
+        return TBooksSettings::server(options.server);
+    if (!options.data.isEmpty())
+        return TBooksSettings::embedded(options.data);
+    const QString settings =
+        QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) + "/knygos.ini";
+    return readBooksSettings(settings).value_or(
+        TBooksSettings::embedded(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
+}
+
+void open(const TBooksSettings &settings)
+{
+    const TBooks books = settings.books();
+    if (settings.isEmbedded())
+        upgradeBooks(books);
+    auto datas = std::make_unique<TMainDatas>(books.fin, books.ravl);
+    datas->Open();
+    setMainDatas(std::move(datas));
+    GetPeriod();
+}
+
+bool createFirstBooks(const QString &folder)
+{
+    TNewBooksDlg dialog(folder, nullptr);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto restoreCursor = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
+    if (dialog.demonstration())
+        createDemonstrationBooks(folder);
+    else
+        createEmptyBooks(folder, dialog.administrator(), dialog.password());
+    return true;
+}
+
+} // namespace
+
+bool openBooks(const TOptions &options)
+{
+    const TBooksSettings settings = chosenBooks(options);
+    if (settings.isEmbedded() && !embeddedBooksExist(settings.folder) && !createFirstBooks(settings.folder))
+        return false;
+    open(settings);
+    return true;
+}
+
+void openEmbeddedBooks(const QString &folder)
+{
+    open(TBooksSettings::embedded(folder));
+}
+
+void createEmptyBooks(const QString &folder, const QString &administrator, const QString &password)
+{
+    createEmbeddedBooks(folder);
+    TDatabase budget(TBooksSettings::embedded(folder).books().ravl);
+    budget.Open();
+    budget.ExecSQL("insert into bd_usr (usr_id, usr_name, usr_vardas, usr_pavarde, usr_pasw, usr_perziurai, "
+                   "usr_user_admin) values (1, :name, :name, :name, :pasw, 0, 1)",
+                   {{"name", administrator}, {"pasw", password}});
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "host/app/options.h"
+
+// Opens the books that the options, or else the settings, name, as MainDatas. Embedded books that are not
+// there yet are created after asking. False when the user gave up there. Raises EDatabaseError and
+// EConvertError.
+bool openBooks(const TOptions &options);
+
+// Creates embedded books in the folder and fills them with the demonstration data.
+void createDemonstrationBooks(const QString &folder);
+// Creates embedded books in the folder with one user, who administers users.
+void createEmptyBooks(const QString &folder, const QString &administrator, const QString &password);
+
+// Opens embedded books of a folder as MainDatas and reads the current period.
+void openEmbeddedBooks(const QString &folder);

@@ -1,0 +1,198 @@
+#include "host/app/tour.h"
+
+#include "host/accounts/accounts.h"
+#include "host/app/login.h"
+#include "host/app/main_window.h"
+#include "host/app/startup.h"
+#include "host/app/tour_hands.h"
+#include "host/app/tour_report.h"
+#include "toolkit/text/errors.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cstdio>
+
+namespace {
+
+const QString lastPeriods = "select * from bd_period where per_menuo > 0 order by per_id desc";
+const QString allPeriods = "select * from bd_period order by per_id";
+const QString balancesByPeriod =
+    "select ssl_perid, count(*) as eilutes, sum(ssl_sum_db) as debetas, sum(ssl_sum_kr) as kreditas "
+    "from bd_saslik group by ssl_perid order by ssl_perid";
+
+void require(bool holds, const QString &what)
+{
+    if (!holds)
+        throw Exception(what);
+}
+
+// One walk through the program on its own books.
+class TTour {
+public:
+    explicit TTour(TTourReport &tourReport)
+        : report(tourReport),
+          package(TLoadedPackage::defaultFile()),
+          window(package, *MainDatas())
+    {
+        window.move(0, 0);
+        window.show();
+    }
+
+    void logIn(const QString &name, const QString &password)
+    {
+        hands.whenAsked([&](QWidget &dialog) {
+            TTourHands::type(*dialog.findChild<QLineEdit *>("NameEdit"), name);
+            TTourHands::type(*dialog.findChild<QLineEdit *>("PassEdit"), password);
+            report.step("Prisijungimas", QString("Įvestas vardas „%1“ ir slaptažodis.").arg(name));
+            QTest::keyClick(&dialog, Qt::Key_Return);
+        });
+        require(logInAt(window, {}), "Prisijungti nepavyko");
+        hands.nothingLeft();
+        report.step("Pagrindinis langas", "Prisijungta; būsenos juostoje – įstaiga, naudotojas ir periodas.",
+                    books(), lastPeriods);
+    }
+
+    // Every screen and dialog is opened from its menu, looked at and left.
+    void openEverything()
+    {
+        for (const TPackageEntry &entry : package.entries()) {
+            if (entry.kind == TPackageEntry::Kind::ListScreen) {
+                TTourHands::chooseFromMenu(window, entry.name);
+                lookAt(entry, "Langas atidarytas iš meniu.");
+                window.documents()->closeAllSubWindows();
+            } else {
+                hands.whenAsked([&](QWidget &dialog) {
+                    lookAt(entry, "Atidaryta iš meniu ir palikta nieko nekeičiant.");
+                    QTest::keyClick(&dialog, Qt::Key_Escape);
+                });
+                TTourHands::chooseFromMenu(window, entry.name);
+            }
+            hands.nothingLeft();
+        }
+        pickAccount();
+    }
+
+    void pickAccount()
+    {
+        hands.whenAsked([&](QWidget &picker) {
+            report.step("Sąskaitų planas", "Sąskaita renkama iš medžio.");
+            QTest::keyClicks(QApplication::focusWidget(), "ban");
+            QTest::qWait(400);
+            report.step("Sąskaitų planas", "Įvesta „ban“: rodomos rastos sąskaitos.");
+            QTest::keyClick(&picker, Qt::Key_Escape);
+        });
+        OpenSasModal(false, 1);
+        hands.nothingLeft();
+    }
+
+    void closeMonth()
+    {
+        const double before = EinPer_Id();
+        hands.whenAsked([&](QWidget &question) {
+            report.step("Periodo uždarymas", "Klausiama, ar lentelės uždarytos.");
+            TTourHands::press(question, "Taip");
+        });
+        hands.whenAsked([&](QWidget &dialog) {
+            report.step("Periodo uždarymas", "Rodomas uždaromas ir naujas periodas.");
+            hands.whenAsked([&](QWidget &told) {
+                report.step("Periodo uždarymas", "Mėnuo uždarytas, likučiai perkelti.", books(),
+                            balancesByPeriod);
+                QTest::keyClick(&told, Qt::Key_Return);
+            });
+            TTourHands::press(dialog, "Pradėti");
+        });
+        TTourHands::chooseFromMenu(window, "StartPerClose");
+        hands.nothingLeft();
+        require(EinPer_Id() > before, "Periodas nebuvo uždarytas");
+        report.step("Pagrindinis langas", "Būsenos juostoje – naujas mėnuo.", books(), lastPeriods);
+    }
+
+    void rollBack()
+    {
+        const double before = EinPer_Id();
+        for (const char *step : {"Įspėjama, kad likučiai bus ištrinti.", "Klausiama, ar lentelės uždarytos."})
+            hands.whenAsked([this, step](QWidget &question) {
+                report.step("Periodo atsukimas", step);
+                TTourHands::press(question, "Taip");
+            });
+        hands.whenAsked([&](QWidget &told) {
+            report.step("Periodo atsukimas", "Paskutinis uždarymas atšauktas.", books(), balancesByPeriod);
+            QTest::keyClick(&told, Qt::Key_Return);
+        });
+        TTourHands::chooseFromMenu(window, "PeriodBack");
+        hands.nothingLeft();
+        require(EinPer_Id() < before, "Periodas nebuvo atsuktas");
+    }
+
+    void startOfWork()
+    {
+        hands.whenAsked([&](QWidget &dialog) {
+            TTourHands::type(*dialog.findChild<QLineEdit *>("YearEdit"), "2026");
+            QTest::keyClick(dialog.findChild<QWidget *>("MonthBox"), Qt::Key_Home);
+            report.step("Darbo pradžios periodas", "Įvesti metai ir pasirinktas sausis.", books(),
+                        allPeriods);
+            TTourHands::press(dialog, "Taip");
+        });
+        TTourHands::chooseFromMenu(window, "TPeriodDlg");
+        hands.nothingLeft();
+        require(EinPer_Id() == 6, "Darbo pradžios periodas nenustatytas");
+        report.step("Pagrindinis langas", "Darbo pradžios periodas nustatytas.", books(), allPeriods);
+    }
+
+private:
+    static TDatabase *books() { return MainDatas()->mnFin_Db(); }
+
+    void lookAt(const TPackageEntry &entry, const QString &done)
+    {
+        report.step(QString(entry.caption).remove(u'&').remove(u'…'), done);
+    }
+
+    TTourReport &report;
+    TTourHands hands;
+    TLoadedPackage package;
+    TMainWindow window;
+};
+
+void walkDemonstrationBooks(TTourReport &report, const QString &folder)
+{
+    createDemonstrationBooks(folder);
+    openEmbeddedBooks(folder);
+    TTour tour(report);
+    tour.logIn("admin", "admin");
+    tour.openEverything();
+    tour.closeMonth();
+    tour.rollBack();
+}
+
+void walkEmptyBooks(TTourReport &report, const QString &folder)
+{
+    createEmptyBooks(folder, "pirmas", "slaptas");
+    openEmbeddedBooks(folder);
+    TTour tour(report);
+    tour.logIn("pirmas", "slaptas");
+    tour.startOfWork();
+}
+
+} // namespace
+
+int runTour(const QString &folder)
+{
+    int code = 0;
+    TTourReport report(folder);
+    const QTemporaryDir scratch;
+    try {
+        walkDemonstrationBooks(report, scratch.filePath("mokykla"));
+        walkEmptyBooks(report, scratch.filePath("tuscia"));
+    } catch (const Exception &error) {
+        std::fprintf(stderr, "Nepavyko: %s\n", qUtf8Printable(error.message()));
+        code = 1;
+    }
+    report.write();
+    setMainDatas(nullptr);
+    return code;
+}
