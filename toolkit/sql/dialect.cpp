@@ -1,0 +1,90 @@
+#include "toolkit/sql/dialect.h"
+
+namespace sql {
+
+Dialect sqliteDialect();
+Dialect postgreSqlDialect();
+
+const Dialect &Dialect::of(SqlDialect dialect)
+{
+    static const Dialect sqlite = sqliteDialect();
+    static const Dialect postgreSql = postgreSqlDialect();
+    return dialect == SqlDialect::Sqlite ? sqlite : postgreSql;
+}
+
+QSet<QString> wordSet(const char *words)
+{
+    const QStringList list = QString::fromLatin1(words).split(u' ', Qt::SkipEmptyParts);
+    return {list.begin(), list.end()};
+}
+
+QString fill(const QString &wording, const QStringList &values)
+{
+    QString text;
+    for (qsizetype i = 0; i < wording.size(); ++i) {
+        const QChar next = i + 1 < wording.size() ? wording.at(i + 1) : QChar();
+        const bool place = wording.at(i) == u'%';
+        if (place && next.isDigit()) {
+            text += values.value(next.digitValue() - 1);
+        } else if (place && next == u'*') {
+            text += values.join(QLatin1String(", "));
+        } else if (place && next == u'+') {
+            for (const QString &value : values.mid(1))
+                text += QLatin1String(", ") + value;
+        } else {
+            text += wording.at(i);
+            continue;
+        }
+        ++i;
+    }
+    return text;
+}
+
+void addCommonRules(Dialect *dialect)
+{
+    struct Rule {
+        const char *name;
+        int least, most;
+        Worth worth;
+        const char *wording;
+    };
+    static const Rule rules[] = {
+        // aggregates; count() is told by the emitter
+        {"sum", 1, 1, Worth::Number, ""},
+        {"avg", 1, 1, Worth::Number, ""},
+        {"min", 1, 1, Worth::First, ""},
+        {"max", 1, 1, Worth::First, ""},
+        // the first that is not null; three-argument ifnull is told by the emitter
+        {"coalesce", 2, 20, Worth::Branches, "coalesce(%*)"},
+        {"isnull", 2, 20, Worth::Branches, "coalesce(%*)"},
+        {"ifnull", 2, 2, Worth::Branches, "coalesce(%*)"},
+        {"nullif", 2, 2, Worth::First, ""},
+        // texts
+        {"trim", 1, 1, Worth::Text, ""},
+        {"ltrim", 1, 1, Worth::Text, ""},
+        {"rtrim", 1, 1, Worth::Text, ""},
+        {"length", 1, 1, Worth::Number, ""},
+        {"substr", 2, 3, Worth::Text, ""},
+        {"substring", 2, 3, Worth::Text, "substr(%*)"},
+        {"replace", 3, 3, Worth::Text, ""},
+        // numbers
+        {"abs", 1, 1, Worth::Number, ""},
+        {"floor", 1, 1, Worth::Number, ""},
+        {"power", 2, 2, Worth::Number, ""},
+        // routines that every database of the system has
+        {"getdatebyperiodid", 1, 1, Worth::Date, ""},
+        {"get_last_per_id", 0, 0, Worth::Number, ""},
+        {"getnexttablecolumnid", 3, 3, Worth::Number, ""},
+        {"f_checkused", 3, 3, Worth::Number, ""},
+        {"checksasinbalform", 2, 2, Worth::Number, ""},
+        {"close_per", 0, 0, Worth::Unknown, ""},
+        {"back_per", 0, 0, Worth::Unknown, ""},
+        {"p_calcdbkrlik", 1, 1, Worth::Unknown, ""},
+        {"updmatasmunq", 0, 0, Worth::Unknown, ""},
+    };
+    for (const Rule &rule : rules)
+        dialect->functions.insert(QLatin1String(rule.name),
+                                  {rule.least, rule.most, rule.worth, QLatin1String(rule.wording)});
+}
+
+} // namespace sql

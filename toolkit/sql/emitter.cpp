@@ -1,0 +1,119 @@
+#include "toolkit/sql/emitter.h"
+
+#include "toolkit/sql/parser.h"
+
+#include <climits>
+
+namespace sql {
+
+Emitter::Emitter(const Dialect &engine, const SqlCatalog &sqlCatalog, const TokenList &list,
+                 const Statement &whole)
+    : dialect(engine),
+      catalog(sqlCatalog),
+      tokens(list),
+      source(whole),
+      inference(engine, sqlCatalog, whole)
+{
+}
+
+QString Emitter::name(const QString &word) const
+{
+    const QString lower = word.toLower();
+    return dialect.reserved.contains(lower) ? fill(dialect.quotedName, {lower}) : word;
+}
+
+QString Emitter::comments(int token)
+{
+    QString text;
+    while (nextComment < tokens.comments.size() && tokens.comments.at(nextComment).before <= token) {
+        const Comment &comment = tokens.comments.at(nextComment++);
+        if (dialect.nestedComments && !comment.line && comment.text.indexOf(QLatin1String("/*"), 2) >= 0)
+            refuse(QStringLiteral("Neatpažintas įdėtas paaiškinimas"), comment.text.left(40));
+        text += comment.text + (comment.line ? u'\n' : u' ');
+    }
+    return text;
+}
+
+QString Emitter::statement()
+{
+    QString text;
+    switch (source.kind) {
+    case SqlKind::Select:
+        text = selectText(*source.select);
+        break;
+    case SqlKind::Insert:
+        text = insertStatement();
+        break;
+    case SqlKind::Update:
+        text = updateStatement();
+        break;
+    case SqlKind::Delete:
+        text = comments(source.token) + QStringLiteral("delete from ") + name(source.table);
+        if (source.where)
+            text += QStringLiteral(" where ") + expression(*source.where);
+        break;
+    case SqlKind::Call:
+        text = callStatement();
+        break;
+    }
+    const QString rest = comments(INT_MAX);
+    return rest.isEmpty() ? text : text + u' ' + rest.chopped(1);
+}
+
+QString Emitter::insertStatement()
+{
+    QString text = comments(source.token) + QStringLiteral("insert into ") + name(source.table);
+    QStringList columns;
+    for (const QString &column : source.columns)
+        columns.append(name(column));
+    if (!columns.isEmpty())
+        text += QStringLiteral(" (") + columns.join(QLatin1String(", ")) + u')';
+    if (source.select)
+        return text + u' ' + selectText(*source.select);
+    QStringList values;
+    for (size_t i = 0; i < source.values.size(); ++i)
+        values.append(insertedValue(i));
+    return text + QStringLiteral(" values (") + values.join(QLatin1String(", ")) + u')';
+}
+
+// NULL for a key that the database gives asks the database for one.
+QString Emitter::insertedValue(size_t number)
+{
+    const Node &value = *source.values.at(number);
+    if (value.kind == NodeKind::Null && !dialect.nullGivesKey) {
+        const QStringList columns =
+            source.columns.isEmpty() ? catalog.columnNames(source.table) : source.columns;
+        if (catalog.isGivenByDatabase(source.table, columns.value(qsizetype(number))))
+            return comments(value.token) + QStringLiteral("default");
+    }
+    return expression(value);
+}
+
+QString Emitter::updateStatement()
+{
+    QString text =
+        comments(source.token) + QStringLiteral("update ") + name(source.table) + QStringLiteral(" set ");
+    QStringList assignments;
+    for (const Assignment &each : source.assignments) {
+        const QString column = comments(each.token) + name(each.column);
+        assignments.append(column + QStringLiteral(" = ") + expression(*each.value));
+    }
+    text += assignments.join(QLatin1String(", "));
+    if (source.where)
+        text += QStringLiteral(" where ") + expression(*source.where);
+    return text;
+}
+
+QString Emitter::callStatement()
+{
+    const QString routine = source.table.toLower();
+    if (!dialect.functions.contains(routine) && !catalog.isRoutine(source.table))
+        refuse(QStringLiteral("Neatpažinta procedūra"), source.table);
+    QString text = comments(source.token);
+    QStringList arguments;
+    for (const NodePtr &value : source.values)
+        arguments.append(expression(*value));
+    return text + fill(dialect.call, {source.table, arguments.join(QLatin1String(", "))});
+}
+
+} // namespace sql

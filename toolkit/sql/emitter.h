@@ -1,0 +1,81 @@
+#pragma once
+
+#include "toolkit/sql/inference.h"
+#include "toolkit/sql/tokens.h"
+
+namespace sql {
+
+// Words a parsed statement for one engine; one per statement.
+class Emitter {
+public:
+    Emitter(const Dialect &engine, const SqlCatalog &sqlCatalog, const TokenList &list,
+            const Statement &whole);
+
+    QString statement();
+    QString expression(const Node &node);
+
+private:
+    // --- statements
+    QString insertStatement();
+    QString insertedValue(size_t number);
+    QString updateStatement();
+    QString callStatement();
+
+    // --- selects
+    QString selectText(const Select &select);
+    QString core(const Select &select, const QStringList &aliases);
+    QString fromClause(const Select &select);
+    QString joinText(const Select &select, size_t number);
+    QString keyJoinCondition(const Select &select, size_t number);
+
+    // --- order by
+    struct OrderTarget {
+        const Node *value; // what is ordered by, behind numbers and aliases
+        int item;          // the number of the select's item, or -1
+        bool isName;
+    };
+    OrderTarget orderTarget(const Select &select, const OrderItem &item);
+    QString orderByClause(const Select &select);
+    QString orderText(const Select &select, const OrderItem &item, const OrderTarget &target);
+    QString plainOrder(const Select &select, const OrderItem &item, const OrderTarget &target);
+    QString nameKey(const OrderTarget &target, const QString &column);
+    QString direction(const Select &select, const OrderItem &item, const OrderTarget &target) const;
+    QString sortedOutside(const Select &select);
+
+    // --- expressions
+    QString child(const Node &node, int level, bool right);
+    QString leafText(const Node &node);
+    QString columnText(const Node &node);
+    QString callText(const Node &node);
+    QString castText(const Node &node);
+    QString unaryText(const Node &node);
+    QString binaryText(const Node &node);
+    QString sumText(const Node &node);
+    QString comparisonText(const Node &node);
+    QString likeText(const Node &node);
+    QString betweenText(const Node &node);
+    QString inText(const Node &node);
+    QString caseText(const Node &node);
+    QStringList branches(const Node &node, size_t from, size_t step);
+    QString branch(const Node &node, bool asText);
+    QString compared(const Node &node, const Node &other, int level, bool right);
+    QString numberOperand(const Node &node, int level, bool right);
+    QString bitOperand(const Node &node);
+    QString nullTested(const Node &node);
+    bool meetsText(const Node &node);
+    const Node &resolved(const Node &node) const;
+    int levelOf(const Node &node);
+
+    QString name(const QString &word) const;
+    // The comments that stand before a token and were not yet given out.
+    QString comments(int token);
+
+    const Dialect &dialect;
+    const SqlCatalog &catalog;
+    const TokenList &tokens;
+    const Statement &source;
+    Inference inference;
+    int nextComment = 0;
+};
+
+} // namespace sql
