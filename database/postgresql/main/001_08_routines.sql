@@ -158,37 +158,40 @@ begin
                       where per_metai = dabar.per_metai);
 end $$;
 
--- Computes the balances of the register's counterparties at the start of a month (null: the last one) from
--- the balances of the first month and the entries of all months before; they replace what the month holds.
+-- Computes the balances of debtors and creditors at the start of a month (null: the last one) from the
+-- balances of the first month and the entries of all months before. They replace what the month holds; in the
+-- first month nothing comes before.
 create procedure p_calcdbkrlik(perid double precision)
 language plpgsql
 set work_mem = '256MB'
 as $$
 declare
-    tikslas constant bigint := coalesce(perid::bigint, get_last_per_id());
-    diena constant date := getdatebyperiodid(tikslas);
-    pirmas constant bigint := (select per_id from bd_period where per_menuo > 0
-                               order by per_metai, per_ketv, per_menuo limit 1);
+    dabar constant bd_period := sys_uzrakinti_perioda();
+    tikslas bd_period;
 begin
-    if diena is null then
-        raise exception 'Nėra periodo, kurio likučius reikia suskaičiuoti.';
+    select * into tikslas from bd_period
+    where per_id = coalesce(perid::bigint, dabar.per_id) and per_menuo > 0;
+    if not found then
+        raise exception 'Nėra mėnesio, kurio likučius reikia suskaičiuoti.';
     end if;
-    perform from bd_period where per_id = tikslas for update;
-    delete from bd_dbkrlik where dkl_perid = tikslas;
+    delete from bd_dbkrlik where dkl_perid = tikslas.per_id;
     insert into bd_dbkrlik (dkl_id, dkl_perid, dkl_dkaid, dkl_sasid, dkl_i_kod, dkl_pavad, dkl_sum_db,
                             dkl_sum_kr, dkl_padid)
-    select (select coalesce(max(dkl_id), 0) from bd_dbkrlik) + row_number() over (), tikslas,
+    select (select coalesce(max(dkl_id), 0) from bd_dbkrlik) + row_number() over (), tikslas.per_id,
            dkaid, sasid, i_kod, pavad, greatest(suma, 0), greatest(-suma, 0), padid
     from (select dkaid, sasid, i_kod, pavad, padid, sum(suma) as suma
           from (select dkl_dkaid as dkaid, dkl_sasid as sasid, dkl_i_kod as i_kod, dkl_pavad as pavad,
                        dkl_padid as padid, dkl_sum_db - dkl_sum_kr as suma
-                from bd_dbkrlik where dkl_perid = pirmas
+                from bd_dbkrlik where dkl_perid = (select per_id from bd_period where per_menuo > 0
+                                                   order by per_metai, per_ketv, per_menuo limit 1)
                 union all
                 select irs_dkaid, null, null, null, irs_padid, irs_sum_db - irs_sum_kr
                 from bd_irasai
-                join bd_period on per_id = irs_perid and per_menuo > 0
+                join bd_period p on p.per_id = irs_perid and p.per_menuo > 0
+                                and (p.per_metai, p.per_ketv, p.per_menuo)
+                                  < (tikslas.per_metai, tikslas.per_ketv, tikslas.per_menuo)
                 join bd_dbkrasm on dka_id = irs_dkaid
-                where getdatebyperiodid(per_id) < diena and irs_sasid in (dka_sasid, dka_sasid_2)) as eilutes
+                where irs_sasid in (dka_sasid, dka_sasid_2)) as eilutes
           group by dkaid, sasid, i_kod, pavad, padid
           having sum(suma) <> 0) as likuciai;
 end $$;

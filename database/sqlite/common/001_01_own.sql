@@ -1,13 +1,5 @@
 -- The tables by which a database knows itself.
 
--- One row: how far the schema has come and which of the two books it is.
-create table bd_versija (
-    ver_id      integer default 1 not null check (ver_id = 1) check (typeof(ver_id) = 'integer'),
-    ver_knyga   varchar(10) not null check (length(ver_knyga) <= 10),
-    ver_numeris integer not null check (typeof(ver_numeris) = 'integer'),
-    primary key (ver_id)
-);
-
 -- The last key handed out of each column that draws its keys from GetNextTableColumnId.
 create table sys_raktai (
     rak_lentele    varchar(63) not null check (length(rak_lentele) <= 63),

@@ -1,0 +1,167 @@
+#include "database/schema.h"
+
+#include "toolkit/sql/sort_key.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Any number will do that no other program locks on the same server.
+constexpr auto serverLock = "select pg_advisory_xact_lock(7306021947)"_L1;
+
+QString folderOf(Engine engine)
+{
+    return engine == Engine::Sqlite ? u":/schema/sqlite/"_s : u":/schema/postgresql/"_s;
+}
+
+QString nameOf(Book book)
+{
+    return book == Book::Main ? u"main"_s : u"budget"_s;
+}
+
+// An index of SQLite cannot name lt_raktas: it is made of the functions that every program knows.
+QString worded(Engine engine, QString script)
+{
+    if (engine != Engine::Sqlite)
+        return script;
+    static const QRegularExpression key(u"lt_raktas\\((\\w+)\\)"_s);
+    for (auto match = key.match(script); match.hasMatch(); match = key.match(script))
+        script.replace(match.capturedStart(), match.capturedLength(), sortKeyExpression(match.captured(1)));
+    return script;
+}
+
+QString contentOf(const QString &path)
+{
+    QFile file(path);
+    const bool opened = file.open(QIODevice::ReadOnly);
+    Q_ASSERT(opened);
+    return opened ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+// The scripts of both books and those of the one, in the order of their file names; a name begins with the
+// number of its revision.
+QMap<QString, QString> scriptsOf(Engine engine, Book book)
+{
+    QMap<QString, QString> paths;
+    for (const QString &part : {u"common"_s, nameOf(book)}) {
+        const QDir folder(folderOf(engine) + part);
+        for (const QString &name : folder.entryList({u"*.sql"_s}, QDir::Files))
+            paths.insert(name + u'/' + part, folder.filePath(name));
+    }
+    return paths;
+}
+
+int numberOf(const QString &scriptName)
+{
+    return scriptName.section(u'_', 0, 0).toInt();
+}
+
+QString versionTable(Engine engine)
+{
+    return contentOf(folderOf(engine) + u"common/000_version.sql"_s);
+}
+
+void checkBook(TDatabase &db, Book book)
+{
+    const QString found = db.fieldResult(u"select ver_knyga from bd_versija"_s).toString();
+    if (found != nameOf(book)) {
+        throw EDatabaseError(
+            u"Duomenų bazė „%1“ yra ne ta: joje laikomi kiti duomenys."_s.arg(db.AliasName()));
+    }
+}
+
+void checkNotNewer(TDatabase &db, int revision, int last)
+{
+    if (revision > last) {
+        throw ENewerDatabase(
+            u"Duomenų bazę „%1“ (redakcija %2) jau atnaujino naujesnė programa; ši programa žino tik "
+            u"redakciją %3. Įdiekite naujesnę programą."_s.arg(db.AliasName())
+                .arg(revision)
+                .arg(last));
+    }
+}
+
+void lock(TDatabase &db)
+{
+    if (db.engine() == Engine::PostgreSql)
+        db.nativeExec(serverLock);
+}
+
+void writeRevision(TDatabase &db, Book book, int before, int number)
+{
+    const QString sql =
+        before == 0 ? u"insert into bd_versija (ver_knyga, ver_numeris) values ('%1', %2)"_s.arg(nameOf(book))
+                          .arg(number)
+                    : u"update bd_versija set ver_numeris = %1"_s.arg(number);
+    db.nativeExec(sql);
+}
+
+// Another station may have applied it while this one waited for the lock.
+void apply(TDatabase &db, Book book, const TRevision &revision)
+{
+    TTransaction tran(&db);
+    lock(db);
+    const int before = revisionOf(db);
+    if (before < revision.number) {
+        if (before == 0)
+            db.nativeExec(versionTable(db.engine()));
+        for (const QString &script : revision.scripts)
+            db.nativeExec(script);
+        writeRevision(db, book, before, revision.number);
+    }
+    tran.commit();
+}
+
+} // namespace
+
+QList<TRevision> revisions(Engine engine, Book book)
+{
+    QMap<int, TRevision> found;
+    const QMap<QString, QString> paths = scriptsOf(engine, book);
+    for (auto path = paths.cbegin(); path != paths.cend(); ++path) {
+        const int number = numberOf(path.key());
+        if (number == 0)
+            continue;
+        found[number].number = number;
+        found[number].scripts.append(worded(engine, contentOf(path.value())));
+    }
+    return found.values();
+}
+
+int latestRevision()
+{
+    return revisions(Engine::Sqlite, Book::Main).constLast().number;
+}
+
+int revisionOf(TDatabase &db)
+{
+    db.forgetCatalogue();
+    if (db.columnsOf(u"bd_versija"_s).isEmpty())
+        return 0;
+    return db.fieldResult(u"select ver_numeris from bd_versija"_s).toInt();
+}
+
+void upgrade(TDatabase &db, Book book, const QList<TRevision> &list, const UpgradeProgress &progress)
+{
+    const int last = list.isEmpty() ? 0 : list.constLast().number;
+    const int now = revisionOf(db);
+    if (now > 0)
+        checkBook(db, book);
+    checkNotNewer(db, now, last);
+    for (const TRevision &revision : list) {
+        if (revision.number <= now)
+            continue;
+        if (progress)
+            progress(revision.number, last);
+        apply(db, book, revision);
+    }
+}
+
+void upgrade(TDatabase &db, Book book, const UpgradeProgress &progress)
+{
+    upgrade(db, book, revisions(db.engine(), book), progress);
+}
