@@ -1,0 +1,197 @@
+#include "toolkit/widgets/db_combo.h"
+
+#include "toolkit/widgets/guard.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QWheelEvent>
+
+namespace {
+
+// Whether a key only moves about or opens the list, as against changing the choice.
+bool changesChoice(const QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_Escape:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return false;
+    default:
+        return !(event->modifiers() & (Qt::AltModifier | Qt::ControlModifier));
+    }
+}
+
+} // namespace
+
+bool sameKey(const QVariant &a, const QVariant &b)
+{
+    if (a.isNull() || b.isNull())
+        return a.isNull() && b.isNull();
+    bool aNumber = false;
+    bool bNumber = false;
+    const double x = a.toDouble(&aNumber);
+    const double y = b.toDouble(&bNumber);
+    return aNumber && bNumber ? x == y : a.toString() == b.toString();
+}
+
+TDBComboBox::TDBComboBox(QWidget *parent) : QComboBox(parent), TDBControl(this)
+{
+    QComboBox::setEditable(true);
+    setInsertPolicy(NoInsert);
+    lineEdit()->setReadOnly(true);
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { changedByUser(); });
+    connect(this, &QComboBox::activated, this, [this] { chosenByUser(); });
+}
+
+void TDBComboBox::setItems(const QStringList &items)
+{
+    const QString shown = currentText();
+    clear();
+    addItems(items);
+    setEditText(shown);
+}
+
+void TDBComboBox::setOptions(const TEditOptions &options)
+{
+    given = options;
+    applyEditOptions(lineEdit(), options);
+    refresh();
+}
+
+void TDBComboBox::showField(TField *field)
+{
+    if (field && given.maxLength == 0 && field->Size() > 0) {
+        given.maxLength = field->Size();
+        applyEditOptions(lineEdit(), given);
+    }
+    const QString wanted = field ? field->editText() : QString();
+    const int index = findText(wanted, Qt::MatchFixedString | Qt::MatchCaseSensitive);
+    setCurrentIndex(wanted.isEmpty() ? -1 : index);
+    setEditText(wanted);
+}
+
+void TDBComboBox::storeField(TField &field)
+{
+    field.setEditText(currentText());
+}
+
+void TDBComboBox::setEditable(bool on)
+{
+    lineEdit()->setReadOnly(!on);
+}
+
+void TDBComboBox::keyPressEvent(QKeyEvent *event)
+{
+    // The arrow keys would choose another item of a column that cannot be changed.
+    if (!canEdit() &&
+        (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down || event->key() == Qt::Key_F4)) {
+        event->ignore();
+        return;
+    }
+    QComboBox::keyPressEvent(event);
+}
+
+void TDBComboBox::wheelEvent(QWheelEvent *event)
+{
+    // Turning the wheel over a form must not change what the pointer happens to cross.
+    event->ignore();
+}
+
+void TDBComboBox::showPopup()
+{
+    if (canEdit())
+        QComboBox::showPopup();
+}
+
+TDBLookupComboBox::TDBLookupComboBox(QWidget *parent) : QComboBox(parent), TDBControl(this)
+{
+    connect(this, &QComboBox::activated, this, [this] { chosenByUser(); });
+}
+
+void TDBLookupComboBox::setList(TDataSet *dataSet, const QString &key, const QString &shown)
+{
+    if (list)
+        disconnect(list, nullptr, this, nullptr);
+    list = dataSet;
+    keyColumn = key;
+    shownColumn = shown;
+    if (!list)
+        return;
+    connectGuarded(list.data(), &TDataSet::modelReset, this, [this] { readList(); });
+    if (list->Active())
+        readList();
+    else
+        list->Open();
+    if (count() == 0)
+        readList();
+}
+
+void TDBLookupComboBox::readList()
+{
+    clear();
+    if (list && list->Active()) {
+        const TField *key = list->FieldByName(keyColumn);
+        TField *shown = list->FieldByName(shownColumn);
+        for (list->First(); !list->Eof(); list->Next())
+            addItem(shown->DisplayText(), key->Value());
+    }
+    refresh();
+}
+
+void TDBLookupComboBox::setChoices(const QList<std::pair<QString, QVariant>> &choices)
+{
+    clear();
+    for (const auto &[text, key] : choices)
+        addItem(text, key);
+    refresh();
+}
+
+void TDBLookupComboBox::showField(TField *field)
+{
+    int found = -1;
+    for (int i = 0; field && !field->IsNull() && found < 0 && i < count(); ++i)
+        found = sameKey(itemData(i), field->Value()) ? i : -1;
+    setCurrentIndex(found);
+}
+
+void TDBLookupComboBox::storeField(TField &field)
+{
+    if (currentIndex() < 0)
+        field.Clear();
+    else
+        field.setValue(currentData());
+}
+
+void TDBLookupComboBox::setEditable(bool on)
+{
+    // Disabling would take the control from the tab order; it only stops reacting.
+    setProperty("readOnly", !on);
+}
+
+void TDBLookupComboBox::keyPressEvent(QKeyEvent *event)
+{
+    if (!canEdit() && changesChoice(event)) {
+        event->ignore();
+        return;
+    }
+    const bool clears = event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace;
+    if (clears && canEdit() && !Field()->Required && currentIndex() >= 0) {
+        setCurrentIndex(-1);
+        chosenByUser();
+        return;
+    }
+    QComboBox::keyPressEvent(event);
+}
+
+void TDBLookupComboBox::wheelEvent(QWheelEvent *event)
+{
+    event->ignore();
+}
+
+void TDBLookupComboBox::showPopup()
+{
+    if (canEdit())
+        QComboBox::showPopup();
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "toolkit/widgets/db_control.h"
+#include "toolkit/widgets/edit_options.h"
+
+#include <QComboBox>
+
+// An editable drop-down list over a text column: an item may be chosen or another text typed.
+class TDBComboBox : public QComboBox, public TDBControl {
+    Q_OBJECT
+public:
+    explicit TDBComboBox(QWidget *parent = nullptr);
+
+    void setItems(const QStringList &items); // keeps what is shown
+    void setOptions(const TEditOptions &options);
+
+protected:
+    void showField(TField *field) override;
+    void storeField(TField &field) override;
+    void setEditable(bool on) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void showPopup() override;
+
+private:
+    TEditOptions given;
+};
+
+// A drop-down list that shows a column of another data set and stores that set's key. Delete clears the value
+// where the column may be null.
+class TDBLookupComboBox : public QComboBox, public TDBControl {
+    Q_OBJECT
+public:
+    explicit TDBLookupComboBox(QWidget *parent = nullptr);
+
+    // Where the items come from. The set is opened when it is closed, and read anew whenever it is opened.
+    void setList(TDataSet *list, const QString &keyColumn, const QString &shownColumn);
+    // Reads the items anew. A key that is no longer in the list is shown as an empty choice.
+    void readList();
+
+    // Items without a set: text and key.
+    void setChoices(const QList<std::pair<QString, QVariant>> &choices);
+
+    QVariant currentKey() const { return currentData(); }
+
+protected:
+    void showField(TField *field) override;
+    void storeField(TField &field) override;
+    void setEditable(bool on) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void showPopup() override;
+
+private:
+    QPointer<TDataSet> list;
+    QString keyColumn;
+    QString shownColumn;
+};
+
+// Whether two keys are the same; 5, 5.0 and "5" are.
+bool sameKey(const QVariant &a, const QVariant &b);

@@ -1,0 +1,218 @@
+#include "toolkit/widgets/db_control.h"
+
+#include "toolkit/widgets/db_control_events.h"
+#include "toolkit/widgets/guard.h"
+#include "toolkit/widgets/invalid_mark.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+
+TDBControlEvents::TDBControlEvents(TDBControl *owner) : QObject(owner->widget()), control(owner)
+{
+    owner->widget()->installEventFilter(this);
+}
+
+bool TDBControlEvents::eventFilter(QObject *watched, QEvent *event)
+{
+    if (!control)
+        return false;
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        runGuarded(control->widget(), [this] { control->refresh(); });
+        break;
+    case QEvent::FocusOut:
+        // A pop-up (list, calendar, context menu) only borrows the focus.
+        if (static_cast<QFocusEvent *>(event)->reason() != Qt::PopupFocusReason)
+            control->leave();
+        break;
+    case QEvent::ShortcutOverride:
+    case QEvent::KeyPress:
+        if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape && control->pending()) {
+            if (event->type() == QEvent::KeyPress)
+                runGuarded(control->widget(), [this] { control->restore(); });
+            event->accept();
+            return true;
+        }
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+TDBControl::TDBControl(QWidget *widget) : self(widget), events(new TDBControlEvents(this)) {}
+
+TDBControl::~TDBControl()
+{
+    detach();
+    events->control = nullptr;
+}
+
+void TDBControl::bind(TDataSet *dataSet, const QString &columnName)
+{
+    detach();
+    set = dataSet;
+    column = columnName;
+    attach();
+    restore();
+}
+
+void TDBControl::attach()
+{
+    if (!set)
+        return;
+    QWidget *where = self;
+    QObject::connect(set, &TDataSet::stateChanged, events, guarded(where, [this] { onState(); }));
+    QObject::connect(set, &TDataSet::scrolled, events, guarded(where, [this] { restore(); }));
+    QObject::connect(set, &TDataSet::modelReset, events, guarded(where, [this] { restore(); }));
+    QObject::connect(set, &TDataSet::fieldChanged, events,
+                     guarded(where, [this](const QString &name) { onField(name); }));
+    QObject::connect(set, &TDataSet::updatingRecord, events, [this] { flush(); });
+}
+
+void TDBControl::detach()
+{
+    if (set)
+        QObject::disconnect(set, nullptr, events, nullptr);
+}
+
+TField *TDBControl::Field() const
+{
+    return set && set->Active() ? set->FindField(column) : nullptr;
+}
+
+void TDBControl::setAlwaysReadOnly(bool on)
+{
+    alwaysReadOnly = on;
+    setEditable(canEdit());
+}
+
+bool TDBControl::canEdit() const
+{
+    const TField *field = Field();
+    return field && !alwaysReadOnly && set->editing() && !field->ReadOnly && !field->isCalculated();
+}
+
+void TDBControl::commit()
+{
+    if (!isPending)
+        return;
+    TField *field = Field();
+    if (!field || !canEdit()) {
+        restore();
+        return;
+    }
+    try {
+        // Setting the column tells all controls of it; this one must not take that for a stranger's change.
+        storeField(*field);
+    } catch (const Exception &error) {
+        markInvalid(error.message());
+        throw;
+    }
+    isPending = false;
+    clearInvalid();
+    refresh();
+}
+
+void TDBControl::restore()
+{
+    isPending = false;
+    clearInvalid();
+    setEditable(canEdit());
+    refresh();
+}
+
+void TDBControl::refresh()
+{
+    if (isPending)
+        return;
+    TField *field = Field();
+    showField(field && !(set->IsEmpty() && !set->editing()) ? field : nullptr);
+}
+
+void TDBControl::onState()
+{
+    if (!set || !set->editing())
+        restore();
+    else
+        setEditable(canEdit());
+}
+
+void TDBControl::onField(const QString &name)
+{
+    if (isPending && name.compare(column, Qt::CaseInsensitive) == 0)
+        return;
+    refresh();
+}
+
+void TDBControl::flush()
+{
+    commit();
+}
+
+void TDBControl::leave() noexcept
+{
+    // The reason of a refusal stays visible at the control; a box on leaving would stand in the way of
+    // "cancel".
+    try {
+        commit();
+    } catch (const Exception &) {
+        Q_ASSERT(!reason.isEmpty());
+    } catch (...) {
+        showCurrentException(self);
+    }
+    runGuarded(self, [this] { refresh(); });
+}
+
+void TDBControl::changedByUser()
+{
+    isPending = true;
+    clearInvalid();
+}
+
+void TDBControl::chosenByUser()
+{
+    isPending = true;
+    leave();
+}
+
+bool TDBControl::isFocused() const
+{
+    return self->hasFocus();
+}
+
+void TDBControl::markInvalid(const QString &why)
+{
+    if (why == reason)
+        return;
+    if (reason.isEmpty())
+        ownToolTip = self->toolTip();
+    reason = why;
+    self->setToolTip(why.isEmpty() ? ownToolTip : why);
+    self->setAccessibleDescription(why);
+    if (why.isEmpty()) {
+        delete mark;
+        mark = nullptr;
+    } else if (!mark) {
+        mark = new TInvalidMark(self);
+    }
+}
+
+TDBControl *TDBControl::of(QWidget *widget)
+{
+    for (; widget; widget = widget->parentWidget()) {
+        if (auto *control = dynamic_cast<TDBControl *>(widget))
+            return control;
+    }
+    return nullptr;
+}
+
+QList<TDBControl *> TDBControl::allIn(const QWidget *window)
+{
+    QList<TDBControl *> controls;
+    for (QWidget *widget : window->findChildren<QWidget *>()) {
+        if (auto *control = dynamic_cast<TDBControl *>(widget))
+            controls += control;
+    }
+    return controls;
+}

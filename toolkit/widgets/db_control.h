@@ -1,0 +1,89 @@
+#pragma once
+
+#include "toolkit/data/dataset.h"
+
+#include <QPointer>
+#include <QWidget>
+
+class TInvalidMark;
+
+// The one contract of every data-aware control: it shows one column of a data set's current record and takes
+// what the user types.
+//
+// - It can be changed only while the set is being edited and the column allows it.
+// - What the user typed is pending until it is committed: on leaving the control, by commit(), and by the
+// set's
+//   Post. A refused value keeps its text, and the control wears a red frame with the reason as its tool tip.
+// - Esc brings back the column's value while something is pending; otherwise it goes on to the dialog.
+class TDBControl {
+public:
+    virtual ~TDBControl();
+    TDBControl(const TDBControl &) = delete;
+    TDBControl &operator=(const TDBControl &) = delete;
+
+    // Binds to a column; a null set unbinds.
+    void bind(TDataSet *set, const QString &column);
+    TDataSet *DataSet() const { return set; }
+    const QString &DataField() const { return column; }
+    TField *Field() const; // null while unbound, closed, or without such a column
+
+    // Never lets the user change anything, whatever the set's state.
+    void setAlwaysReadOnly(bool on);
+    bool canEdit() const;
+
+    // Whether the user changed something that the set does not have yet.
+    bool pending() const { return isPending; }
+    // Gives the pending text to the column. Raises what the column raises; the text stays as typed then.
+    void commit();
+    // Gives up what is pending and shows the column's value.
+    void restore();
+
+    // The reason why the last commit was refused; empty when the control is valid.
+    const QString &invalidReason() const { return reason; }
+    void markInvalid(const QString &why);
+    void clearInvalid() { markInvalid({}); }
+
+    QWidget *widget() const { return self; }
+    // The control that a widget is or lies in; null when there is none.
+    static TDBControl *of(QWidget *widget);
+    // All controls inside a window, in the order of their creation.
+    static QList<TDBControl *> allIn(const QWidget *window);
+
+protected:
+    // focus: the widget in which the user types; null: self.
+    explicit TDBControl(QWidget *self);
+
+    // Shows the column's value; null: there is no record.
+    virtual void showField(TField *field) = 0;
+    // Gives what is typed to the column.
+    virtual void storeField(TField &field) = 0;
+    // Lets the user change the control, or not.
+    virtual void setEditable(bool on) = 0;
+
+    // To be called when the user changed something.
+    void changedByUser();
+    // The same for a control whose value is complete with every change: commits at once. A refusal is marked.
+    void chosenByUser();
+    bool isFocused() const;
+    // Shows the column's value anew unless something is pending.
+    void refresh();
+
+private:
+    friend class TDBControlEvents;
+    void attach();
+    void detach();
+    void leave() noexcept;
+    void onState();
+    void onField(const QString &name);
+    void flush();
+
+    QWidget *self;
+    QPointer<TDataSet> set;
+    QString column;
+    QString reason;
+    QString ownToolTip;
+    TInvalidMark *mark = nullptr;
+    class TDBControlEvents *events;
+    bool isPending = false;
+    bool alwaysReadOnly = false;
+};
