@@ -13,6 +13,8 @@ bool SasHasChildren(const QString &nr);
 // The kind letter of an account: "D" marks a detail account. Empty when there is no such account.
 QString GetSasKind(double id);
 
-// Opens the chart-of-accounts picker modally: tree and search. Returns the chosen account's id, 0 when none.
-// anyAccount: summary accounts may be chosen too when mode says so; see the picker's contract.
-double OpenSasModal(bool anyAccount, unsigned char mode);
+// Opens the chart-of-accounts picker modally: tree, list and search. Returns the chosen account's id, 0 when
+// none. anyAccount: true: every account may be chosen; false: only detail accounts (kind "D", without
+// sub-accounts), summary accounts only open. firstView: what it shows first: 1 the tree, 2 the list of all
+// accounts ordered by number.
+double OpenSasModal(bool anyAccount, unsigned char firstView);

@@ -4,5 +4,6 @@
 
 // Checks name and password against bd_usr and fills CurrentUser: flags, and the work places of all rights.
 // False when there is no such user or the password differs; CurrentUser then stays as it was.
-// The name is compared without regard to case, the password exactly.
+// The name is compared without regard to case and outer blanks, the password exactly. For a view-only user
+// the caller then makes the sessions read-only.
 bool logIn(TMainDatas &datas, const QString &name, const QString &password);

@@ -1,0 +1,125 @@
+#include "host/data/main_datas.h"
+
+#include "database/schema.h"
+#include "database/sqlite_routines.h"
+#include "host/common/forms.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::unique_ptr<TMainDatas> &current()
+{
+    static std::unique_ptr<TMainDatas> datas;
+    return datas;
+}
+
+// SQLite would make an empty database out of a missing file: that would be other books than the ones asked
+// for.
+void requireFile(const TSessionSettings &settings)
+{
+    if (settings.engine == Engine::Sqlite && !QFileInfo(settings.file).isFile())
+        throw EDatabaseError(
+            u"Nėra duomenų bazės failo „%1“."_s.arg(QDir::toNativeSeparators(settings.file)));
+}
+
+void requireSchema(TDatabase &database)
+{
+    const int revision = revisionOf(database);
+    const QString alias = database.AliasName();
+    if (revision > latestRevision())
+        throw ENewerDatabase(
+            u"Duomenų bazė „%1“ atnaujinta naujesne programa (versija %2, ši programa žino %3). "
+            "Atnaujinkite programą."_s.arg(alias)
+                .arg(revision)
+                .arg(latestRevision()));
+    if (revision == 0)
+        throw EDatabaseError(u"Duomenų bazėje „%1“ nėra programos lentelių. Jas sukuria komanda "
+                             "„velmora-db upgrade“."_s.arg(alias));
+    if (revision < latestRevision())
+        throw EDatabaseError(u"Duomenų bazė „%1“ yra senesnės versijos (%2 iš %3). Ją reikia atnaujinti "
+                             "komanda „velmora-db upgrade“."_s.arg(alias)
+                                 .arg(revision)
+                                 .arg(latestRevision()));
+}
+
+void openChecked(TDatabase &database)
+{
+    requireFile(database.settings());
+    database.Open();
+    requireSchema(database);
+}
+
+std::unique_ptr<TDatabase> readOnlyCopy(const TDatabase &database)
+{
+    TSessionSettings settings = database.settings();
+    settings.readOnly = true;
+    auto copy = std::make_unique<TDatabase>(settings);
+    copy->Open();
+    return copy;
+}
+
+} // namespace
+
+TCurrentUser &CurrentUser()
+{
+    static TCurrentUser user;
+    return user;
+}
+
+TMainDatas::TMainDatas(TSessionSettings mainSettings, TSessionSettings budgetSettings)
+{
+    TDatabase::setSqliteTeacher(teachSqlite);
+    TDatabase::setBusyHook(paintWhileBusy);
+    main = std::make_unique<TDatabase>(std::move(mainSettings));
+    budget = std::make_unique<TDatabase>(std::move(budgetSettings));
+}
+
+TMainDatas::~TMainDatas() = default;
+
+void TMainDatas::Open()
+{
+    try {
+        openChecked(*main);
+        openChecked(*budget);
+    } catch (...) {
+        main->Close();
+        budget->Close();
+        throw;
+    }
+    if (MainDatas() == this)
+        GetPeriod();
+}
+
+TDatabase *TMainDatas::mnFin_Db()
+{
+    return main.get();
+}
+
+TDatabase *TMainDatas::mnRavl()
+{
+    return budget.get();
+}
+
+void TMainDatas::makeReadOnly()
+{
+    auto newMain = readOnlyCopy(*main);
+    auto newBudget = readOnlyCopy(*budget);
+    main = std::move(newMain);
+    budget = std::move(newBudget);
+}
+
+TMainDatas *MainDatas()
+{
+    return current().get();
+}
+
+void setMainDatas(std::unique_ptr<TMainDatas> datas)
+{
+    current() = std::move(datas);
+    if (!MainDatas() || MainDatas()->mnFin_Db()->Connected())
+        GetPeriod();
+}

@@ -1,0 +1,58 @@
+#include "host/data/main_datas.h"
+
+#include "toolkit/data/statement.h"
+
+namespace {
+
+struct TCurrentPeriod {
+    double id = 0;
+    TDateTime date;
+};
+
+TCurrentPeriod &currentPeriod()
+{
+    static TCurrentPeriod period;
+    return period;
+}
+
+// Month rows only: year and quarter rows have no month. Ids say nothing about the order of the months.
+TCurrentPeriod lastMonth(TDatabase *database)
+{
+    TCurrentPeriod period;
+    const auto set =
+        database->prepare(QStringLiteral("select per_id from bd_period where ISNULL(per_menuo, 0) > 0 "
+                                         "order by per_metai desc, per_ketv desc, per_menuo desc"));
+    set->exec();
+    if (!set->next())
+        return period;
+    period.id = set->number(0);
+    set->reset();
+    const Variant date = database->fieldResult(QStringLiteral("select GetDateByPeriodId(:id) from dummy"),
+                                               {{QStringLiteral("id"), period.id}});
+    period.date = TDateTime(date.toDate());
+    return period;
+}
+
+} // namespace
+
+double EinPer_Id()
+{
+    return currentPeriod().id;
+}
+
+TDateTime EinPer_Date()
+{
+    return currentPeriod().date;
+}
+
+void GetPeriod()
+{
+    currentPeriod() = MainDatas() ? lastMonth(MainDatas()->mnFin_Db()) : TCurrentPeriod();
+    emit periodNotifier().periodChanged();
+}
+
+TPeriodNotifier &periodNotifier()
+{
+    static TPeriodNotifier notifier;
+    return notifier;
+}
