@@ -1,0 +1,135 @@
+#pragma once
+
+#include "host/classifier/book_data.h"
+#include "host/classifier/classifier.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+class QAction;
+class QTreeWidget;
+class QTreeWidgetItem;
+
+// The base of every classification-book screen (unit Bookparent): a document window with tool bar, book
+// selector, path box, the tree of the book on the left, and on the right the list of the nodes below the
+// current node and the screen's own content for a node that carries data.
+//
+// The current node is the one whose key JungId() gives; 0 stands for the book itself, above the first level.
+// A screen hears of another node through onNodeChange(), describes its content with setContent() and narrows
+// what the book allows in CheckActions(). Create it with createForm() of host/controls/browse_frm.h; handlers
+// that the user starts are guarded.
+//
+// Keys: Ins new, Enter (in the content) edit, Del delete, F5 refresh, Alt+Left back, Alt+Right forward,
+// Alt+Up or Backspace up, Alt+Home first level, F1 help, Esc closes.
+class TBookFrm : public QWidget {
+    Q_OBJECT
+public:
+    // caption is the window's title; help its help topic, 0 for none.
+    TBookFrm(const QString &caption, int help, QWidget *owner);
+    ~TBookFrm() override;
+
+    // --- the current node
+    double JungId() const;
+    // Goes to a node, of another book too; 0 goes above the first level. Raises EDatabaseError when there is
+    // no such node, and what a subscriber raises. What stood before can be come back to.
+    void SetJungId(double node);
+    QString nodeName() const; // code, two blanks and name; empty above the first level
+    int level() const;        // 0 above the first level, 1 at it, and so on
+    bool carriesData() const; // amounts can be kept for the current node
+    // Code, two blanks and name of any node; empty when there is none.
+    QString nodeNameOf(double node) const;
+
+    // Called after every change of the node, of the book, and after a refresh; in the order of subscription.
+    void onNodeChange(std::function<void()> subscriber);
+
+    double bookId() const;     // the book shown; 0 when there is none
+    void setBook(double book); // another book, above its first level; kept for the current user
+
+    // The nodes below the current one. It is filled before the subscribers are called; a screen may then add
+    // columns: showReport() gives the titles, the first column holds the nodes' names.
+    QTreeWidget *list() const;
+    void showReport(const QStringList &titles);
+    static double nodeOf(const QTreeWidgetItem *item);
+
+    // Reads the book again and stays on the node, or on the nearest one above it that is still there.
+    void RefreshBook();
+
+    // Enables the actions for the current node and user. The book allows new, edit and delete for a node that
+    // carries data; new and delete not for a view-only user (his edit only shows). A screen that overrides it
+    // calls the base first and only narrows.
+    virtual void CheckActions();
+
+    // The text of a status panel; panel 0 is the number of nodes in the list.
+    void setPanel(int index, const QString &text);
+    QString panel(int index) const;
+
+    QAction *acNew, *acEdit, *acDelete, *acRefresh, *acPrint, *acBack, *acForward, *acUp, *acFirst, *acHelp,
+        *acClose;
+
+protected:
+    // --- the life of a screen; a screen that overrides one calls the base's
+    virtual void FormCreate(); // shows the book of the current user above its first level
+    virtual void FormActivate();
+    virtual bool FormClose(); // whether the window may close; remembers placement and division
+    virtual void FormDestroy();
+
+    // --- steps
+    virtual void NewRecord() = 0;
+    virtual void EditRecord() = 0;
+    virtual void DeleteRecord() = 0;
+    virtual void PrintRecords() {}
+    virtual void PeriodChanged() {} // the accounting period is another one
+
+    // The screen's exported global: set while the screen is open, by the activation, and null afterwards.
+    template<class T> void keepIn(T *&global)
+    {
+        hold = [this, &global] { global = static_cast<T *>(this); };
+        release = [&global, self = static_cast<T *>(this)] {
+            if (global == self)
+                global = nullptr;
+        };
+    }
+
+    // The screen's own grid, below the list: seen only while the current node carries data.
+    void setContent(QWidget *content);
+    // Shows the print action.
+    void SetPrintable(bool on);
+    // A further action: a tool button. Its handler is guarded.
+    QAction *addAction(const QString &text, const QString &hint, const QIcon &icon, const QKeySequence &key,
+                       std::function<void()> handler);
+    // A control beside the book selector, with a label whose accelerator leads to it.
+    void addSelector(const QString &label, QWidget *control);
+    void addPanel(int width = 150);
+    TDatabase *Database() const;
+
+    void closeEvent(QCloseEvent *event) override;
+    bool event(QEvent *event) override;
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+    std::function<void()> hold, release;
+
+    void build();
+    void buildActions();
+    void buildNavigation();
+    void buildSelectors();
+    void buildPanes();
+    QAction *makeAction(const QString &text, const QString &hint, const QIcon &icon,
+                        const QList<QKeySequence> &keys, std::function<void()> handler);
+
+    void readNode(double node);
+    void loadBook(double book);
+    void tellSubscribers();
+    void travel(QList<double> &along, QList<double> &opposite);
+    void goBack();
+    void goForward();
+    void goUp();
+    void treeSelected();
+    void fillBooks();
+    void fillPath();
+    void fillList(const QList<TBookNode> &below);
+    void showPanes();
+};

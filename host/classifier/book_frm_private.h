@@ -1,0 +1,33 @@
+#pragma once
+
+#include "host/classifier/book_frm.h"
+#include "host/classifier/book_tree.h"
+#include "host/controls/status_panels.h"
+
+#include <QBoxLayout>
+#include <QComboBox>
+#include <QPointer>
+#include <QSplitter>
+#include <QToolBar>
+
+struct TBookFrm::Private {
+    double book = 0;
+    QList<TBookNode> path; // from the first level to the current node; empty above the first level
+    QList<double> back, forward;
+    std::vector<std::function<void()>> subscribers;
+    int help = 0;
+
+    QToolBar *tools = nullptr;
+    QBoxLayout *selectors = nullptr;
+    QComboBox *books = nullptr;
+    QComboBox *pathBox = nullptr;
+    QSplitter *panes = nullptr;     // the tree, and what belongs to the node
+    QSplitter *nodePanes = nullptr; // the list, and the screen's content
+    TBookTree *tree = nullptr;
+    QTreeWidget *list = nullptr;
+    QPointer<QWidget> content;
+    TStatusPanels *status = nullptr;
+    int panels = 0;
+
+    double current() const { return path.isEmpty() ? 0 : path.last().id; }
+};

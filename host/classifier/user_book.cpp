@@ -1,0 +1,55 @@
+#include "host/classifier/book_picker.h"
+#include "host/classifier/classifier.h"
+#include "host/common/registry.h"
+
+#include <QApplication>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Users are known by their number: a login name may hold characters that mean something in a path.
+QString keptKey()
+{
+    QString key = GetRegPath() + u"\\Users\\%1\\Knyga"_s.arg(CurrentUser().id);
+    return key.replace(u'\\', u'/');
+}
+
+bool holds(const QList<TBook> &books, double id)
+{
+    return std::any_of(books.begin(), books.end(), [id](const TBook &book) { return book.id == id; });
+}
+
+double keptOrFirst(const QList<TBook> &books)
+{
+    const double kept = registry().value(keptKey()).toDouble();
+    if (holds(books, kept))
+        return kept;
+    return books.isEmpty() ? 0 : books.first().id;
+}
+
+} // namespace
+
+double userKnyga()
+{
+    Q_ASSERT(MainDatas());
+    return keptOrFirst(booksOf(MainDatas()->mnFin_Db()));
+}
+
+void setUserKnyga(double book)
+{
+    if (CanSave())
+        registry().setValue(keptKey(), book);
+}
+
+double GetUserKnygaId()
+{
+    Q_ASSERT(MainDatas());
+    const QList<TBook> books = booksOf(MainDatas()->mnFin_Db());
+    const double chosen = TBookPicker(QApplication::activeWindow(), books, keptOrFirst(books)).choose();
+    if (chosen > 0)
+        setUserKnyga(chosen);
+    return chosen;
+}
