@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QStringList>
+
+// A command line that cannot be understood; the message says why.
+class EUsage {
+public:
+    explicit EUsage(const QString &message) : text(message) {}
+    const QString &message() const { return text; }
+
+private:
+    QString text;
+};
+
+// What the program was asked to do.
+struct TCommandLine {
+    QString command;  // "create", "upgrade", "demo", "check", "backup", "restore"; empty when only help is
+                      // asked for
+    QString folder;   // of --data; exactly one of the two is given
+    QString connInfo; // of --server
+    QString file;     // of backup and restore
+    int size = 1;     // of --size
+    bool help = false;
+
+    // Raises EUsage.
+    static TCommandLine parse(const QStringList &arguments);
+};
+
+// What --help prints.
+QString helpText();

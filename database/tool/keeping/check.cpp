@@ -1,0 +1,121 @@
+#include "database/tool/keeping/check.h"
+
+#include "database/schema.h"
+#include "database/tool/keeping/book_checks.h"
+#include "database/tool/keeping/native_query.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString databaseTitle(Book book)
+{
+    return QLatin1String(book == Book::Main ? BooksNames::fin : BooksNames::ravl);
+}
+
+// The engine's own opinion of its file.
+void checkSqliteFile(TDatabase &db, const QString &title, QStringList &found)
+{
+    for (const QString &answer : columnOf(db, u"pragma integrity_check(20)"_s)) {
+        if (answer != u"ok")
+            found.append(u"%1: pažeistas duomenų bazės failas: %2"_s.arg(title, answer));
+    }
+}
+
+// Reads every page of every table, and looks through the indexes where the server has the means.
+void checkServerPages(TDatabase &db, const QString &title, QStringList &found)
+{
+    const QStringList tables =
+        columnOf(db, u"select relname from pg_class where relkind = 'r' and relnamespace = "
+                     "current_schema()::regnamespace order by 1"_s);
+    const bool indexCheck =
+        !columnOf(db, u"select 1 from pg_proc where proname = 'bt_index_check' limit 1"_s).isEmpty();
+    for (const QString &table : tables) {
+        try {
+            columnOf(db, u"select sum(length(t::text)) from %1 t"_s.arg(table));
+            if (indexCheck) {
+                columnOf(db,
+                         u"select bt_index_check(indexrelid)::text from pg_index join pg_class c on c.oid = "
+                         "indexrelid join pg_am a on a.oid = relam and amname = 'btree' "
+                         "where indrelid = '%1'::regclass"_s.arg(table));
+            }
+        } catch (const EConnectionLost &) {
+            throw;
+        } catch (const EDatabaseError &error) {
+            found.append(u"%1: pažeista lentelė „%2“: %3"_s.arg(title, table, error.serverText));
+        }
+    }
+}
+
+bool checkRevision(TDatabase &db, const QString &title, QStringList &found)
+{
+    const int revision = revisionOf(db);
+    if (revision == 0)
+        found.append(u"%1: duomenų bazėje nėra sistemos lentelių."_s.arg(title));
+    else if (revision != latestRevision())
+        found.append(u"%1: duomenų bazės redakcija %2, o programai reikia %3."_s.arg(title).arg(revision).arg(
+            latestRevision()));
+    return revision == latestRevision();
+}
+
+// Rows that refer to nothing. References that may lead nowhere for a while are not looked at, but balances
+// and estimates always belong to a period.
+void checkReferences(TDatabase &db, const QString &title, QStringList &found)
+{
+    struct TReference {
+        QString table, column, toTable, toColumn;
+    };
+    QList<TReference> references;
+    eachRow(db,
+            u"select rys_lentele, rys_stulpelis, rys_i_lentele, rys_i_stulpelis from sys_rysiai "
+            "where (rys_i_lentele = 'bd_period' and rys_lentele <> 'bd_irasai') or not exists "
+            "(select 1 from sys_nuorodos where nuo_lentele = rys_lentele and nuo_stulpelis = rys_stulpelis) "
+            "order by 1, 2"_s,
+            [&references](const QSqlQuery &row) {
+                references.append({row.value(0).toString(), row.value(1).toString(), row.value(2).toString(),
+                                   row.value(3).toString()});
+            });
+    for (const TReference &r : references) {
+        const QString sql =
+            u"select count(*), min(%2) from %1 a where %2 is not null and not exists "
+            "(select 1 from %3 b where b.%4 = a.%2)"_s.arg(r.table, r.column, r.toTable, r.toColumn);
+        eachRow(db, sql, [&](const QSqlQuery &row) {
+            if (row.value(0).toLongLong() > 0)
+                found.append(
+                    u"%1: lentelės „%2“ eilutės (%3) rodo į nesamą lentelės „%4“ eilutę (%5 = %6)."_s.arg(
+                        title, r.table, row.value(0).toString(), r.toTable, r.toColumn,
+                        row.value(1).toString()));
+        });
+    }
+}
+
+bool checkDatabase(TDatabase &db, Book book, QStringList &found)
+{
+    const QString title = databaseTitle(book);
+    if (db.engine() == Engine::Sqlite)
+        checkSqliteFile(db, title, found);
+    else
+        checkServerPages(db, title, found);
+    if (!checkRevision(db, title, found))
+        return false;
+    checkReferences(db, title, found);
+    return true;
+}
+
+} // namespace
+
+QStringList findProblems(TDatabase &fin, TDatabase &ravl, const TProgress &progress)
+{
+    QStringList found;
+    progress(u"Tikrinama duomenų bazė %1…"_s.arg(databaseTitle(Book::Main)));
+    const bool finReadable = checkDatabase(fin, Book::Main, found);
+    progress(u"Tikrinama duomenų bazė %1…"_s.arg(databaseTitle(Book::Budget)));
+    const bool ravlReadable = checkDatabase(ravl, Book::Budget, found);
+    if (finReadable) {
+        progress(u"Tikrinami periodai ir kontrolinės sumos…"_s);
+        found += checkBooks(fin);
+    }
+    if (ravlReadable)
+        found += checkUsers(ravl);
+    return found;
+}

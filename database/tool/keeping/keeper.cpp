@@ -1,0 +1,207 @@
+#include "database/tool/keeping/keeper.h"
+
+#include "database/demo/demo.h"
+#include "database/schema.h"
+#include "database/tool/keeping/archive.h"
+#include "database/tool/keeping/totals.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Both databases, open.
+struct TOpenBooks {
+    explicit TOpenBooks(const TBooks &books) : fin(books.fin), ravl(books.ravl)
+    {
+        fin.Open();
+        ravl.Open();
+    }
+    TDatabase fin;
+    TDatabase ravl;
+};
+
+TBooks readOnly(TBooks books)
+{
+    books.fin.readOnly = true;
+    books.ravl.readOnly = true;
+    return books;
+}
+
+void applySchema(TDatabase &db, Book book, const TProgress &progress)
+{
+    upgrade(db, book, [&](int number, int last) {
+        progress(u"%1: redakcija %2 iš %3…"_s.arg(db.AliasName()).arg(number).arg(last));
+    });
+}
+
+// Builds books aside with the given builder and puts them in place; whatever fails, nothing is left.
+QStringList buildAside(TStore &store, const std::function<void()> &build)
+{
+    store.prepareAside();
+    try {
+        build();
+        return store.adoptAside();
+    } catch (const Exception &) {
+        store.discardAside();
+        throw;
+    }
+}
+
+QString engineName(const TBooks &books)
+{
+    return books.fin.engine == Engine::Sqlite ? u"sqlite"_s : u"postgresql"_s;
+}
+
+QJsonObject totalsOf(const TSessionSettings &settings)
+{
+    TDatabase db(settings);
+    db.Open();
+    return controlTotals(db);
+}
+
+// A folder for the parts beside the backup: they need the same disk anyway.
+QTemporaryDir partsFolder(const QString &file)
+{
+    const QString place = QFileInfo(file).absolutePath();
+    QTemporaryDir folder(place + u"/velmora-XXXXXX"_s);
+    if (!folder.isValid())
+        throw EFileError(u"Nepavyko rašyti į katalogą „%1“: %2."_s.arg(place, folder.errorString()));
+    return folder;
+}
+
+// The copy's own file is the engine's: on the embedded engine it can be opened, on a server it is loaded
+// aside.
+QJsonObject totalsOfCopy(TStore &store, TSessionSettings aside, const QString &part)
+{
+    if (aside.engine == Engine::Sqlite)
+        aside.file = part;
+    else
+        store.load(part, aside);
+    aside.readOnly = true;
+    return totalsOf(aside);
+}
+
+struct TPartPlan {
+    QString name;
+    TSessionSettings source;
+    TSessionSettings aside;
+};
+
+QList<TPartPlan> partsOf(const TStore &store)
+{
+    return {{QLatin1String(BooksNames::fin), store.books().fin, store.aside().fin},
+            {QLatin1String(BooksNames::ravl), store.books().ravl, store.aside().ravl}};
+}
+
+void refuseOtherEngine(const TArchive &archive, const TStore &store)
+{
+    if (archive.engine != engineName(store.books()))
+        throw EArchiveError(
+            u"Atsarginė kopija padaryta kito variklio duomenų bazėje (%1) ir čia netinka."_s.arg(
+                archive.engine));
+    if (archive.parts.size() != 2)
+        throw EArchiveError(u"Atsarginėje kopijoje turi būti dvi duomenų bazės."_s);
+}
+
+void refuseDifference(const QJsonObject &expected, const QJsonObject &found, const QString &name)
+{
+    for (auto table = expected.begin(); table != expected.end(); ++table) {
+        if (found.value(table.key()) != table.value())
+            throw EArchiveError(
+                u"%1: atkurta lentelė „%2“ nesutampa su atsarginės kopijos kontrolinėmis sumomis."_s.arg(
+                    name, table.key()));
+    }
+    if (expected.size() != found.size())
+        throw EArchiveError(u"%1: atkurtos ne tos lentelės."_s.arg(name));
+}
+
+} // namespace
+
+void createBooks(TStore &store, const TProgress &progress)
+{
+    store.refuseWhenPresent();
+    buildAside(store, [&] {
+        TOpenBooks books(store.aside());
+        applySchema(books.fin, Book::Main, progress);
+        applySchema(books.ravl, Book::Budget, progress);
+    });
+}
+
+void createDemoBooks(TStore &store, int size, const TProgress &progress)
+{
+    store.refuseWhenPresent();
+    buildAside(store, [&] {
+        TOpenBooks books(store.aside());
+        applySchema(books.fin, Book::Main, progress);
+        applySchema(books.ravl, Book::Budget, progress);
+        fillDemoBooks(books.fin, books.ravl, size, progress);
+    });
+}
+
+void upgradeBooks(TStore &store, const TProgress &progress)
+{
+    store.refuseWhenMissing();
+    TOpenBooks books(store.books());
+    applySchema(books.fin, Book::Main, progress);
+    applySchema(books.ravl, Book::Budget, progress);
+}
+
+QStringList checkBooks(TStore &store, const TProgress &progress)
+{
+    store.refuseWhenMissing();
+    TOpenBooks books(readOnly(store.books()));
+    return findProblems(books.fin, books.ravl, progress);
+}
+
+void backUpBooks(TStore &store, const QString &file, const TProgress &progress)
+{
+    store.refuseWhenMissing();
+    if (QFileInfo::exists(file))
+        throw EFileError(u"Failas „%1“ jau yra."_s.arg(file));
+    const QTemporaryDir folder = partsFolder(file);
+    TArchive archive{engineName(store.books()), QDateTime::currentDateTime().toString(Qt::ISODate), {}};
+    QStringList files;
+    store.prepareAside();
+    const auto discard = qScopeGuard([&store] {
+        try {
+            store.discardAside();
+        } catch (const Exception &) { // what is left aside is removed by the next run
+        }
+    });
+    for (const TPartPlan &part : partsOf(store)) {
+        progress(u"Kopijuojama duomenų bazė %1…"_s.arg(part.name));
+        files.append(folder.filePath(part.name));
+        store.dump(part.source, files.constLast());
+        progress(u"Tikrinama kopija…"_s);
+        archive.parts.append({part.name, 0, 0, {}, totalsOfCopy(store, part.aside, files.constLast())});
+    }
+    progress(u"Rašomas failas „%1“…"_s.arg(file));
+    writeArchive(file, archive, files);
+}
+
+QStringList restoreBooks(TStore &store, const QString &file, const TProgress &progress)
+{
+    progress(u"Tikrinama atsarginė kopija „%1“…"_s.arg(file));
+    const TArchive archive = readArchive(file);
+    refuseOtherEngine(archive, store);
+    return buildAside(store, [&] {
+        const QTemporaryDir folder =
+            partsFolder(store.books().fin.engine == Engine::Sqlite ? store.aside().fin.file : file);
+        const QList<TPartPlan> plans = partsOf(store);
+        for (qsizetype i = 0; i < plans.size(); ++i) {
+            progress(u"Atkuriama duomenų bazė %1…"_s.arg(plans.at(i).name));
+            const QString part = folder.filePath(plans.at(i).name);
+            extractPart(file, archive.parts.at(i), part);
+            store.load(part, plans.at(i).aside);
+            refuseDifference(archive.parts.at(i).totals, totalsOf(plans.at(i).aside), plans.at(i).name);
+        }
+        progress(u"Tikrinamos atkurtos duomenų bazės…"_s);
+        TOpenBooks books(store.aside());
+        for (const QString &problem : findProblems(books.fin, books.ravl, [](const QString &) {}))
+            progress(u"Pastaba: "_s + problem);
+    });
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "database/tool/keeping/check.h"
+#include "database/tool/keeping/store.h"
+
+// What the program does with books. Each function tells its steps to progress and raises Exception with a
+// message for the user; new books take their place only when they are whole.
+
+// Creates both databases with the schema. Refuses when one of them exists.
+void createBooks(TStore &store, const TProgress &progress);
+
+// The same, filled with the demonstration data; size multiplies the volume.
+void createDemoBooks(TStore &store, int size, const TProgress &progress);
+
+// Brings both databases to the revision of this program.
+void upgradeBooks(TStore &store, const TProgress &progress);
+
+// The findings of the check, each in words.
+QStringList checkBooks(TStore &store, const TProgress &progress);
+
+// Writes both databases, each as it is at one moment, into one file. Refuses when the file exists. Each copy
+// is loaded or read as a whole for its control totals, and every byte read again before the file gets its
+// name.
+void backUpBooks(TStore &store, const QString &file, const TProgress &progress);
+
+// Builds the books of a backup aside, compares them with the control totals of the backup and puts them in
+// place. Books standing there are kept under the names returned. A damaged backup changes nothing.
+QStringList restoreBooks(TStore &store, const QString &file, const TProgress &progress);

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "toolkit/text/errors.h"
+
+#include <QByteArrayView>
+#include <QFile>
+
+// A file of the disk that cannot be read or written; the message names the file and the reason.
+class EFileError : public Exception {
+public:
+    using Exception::Exception;
+};
+
+// The reason of the last failure of a file in words; a full disk is named as such.
+QString fileTrouble(const QFileDevice &file);
+
+// A file that stands under its name only when it is whole: written beside it under the name with ".dalinis",
+// brought to the disk and renamed by publish(). Without publish() nothing is left of it.
+class TWholeFile {
+public:
+    // Raises EFileError when the target exists already or its folder cannot be written.
+    explicit TWholeFile(const QString &target);
+    ~TWholeFile();
+    TWholeFile(const TWholeFile &) = delete;
+    TWholeFile &operator=(const TWholeFile &) = delete;
+
+    void write(QByteArrayView bytes);
+    // Copies all of another file.
+    void append(const QString &source);
+    // Brings everything to the disk and closes; the temporary file can then be read for verification.
+    QString finish();
+    void publish();
+
+private:
+    QString target;
+    QFile file;
+    bool published = false;
+};
+
+// Brings a file, or the names of a folder, to the disk. Raises EFileError.
+void syncFile(const QString &file);
+void syncFolder(const QString &folder);
+// Renames, replacing the target. Raises EFileError.
+void renameOver(const QString &from, const QString &to);

@@ -1,0 +1,82 @@
+#include "database/tool/command_line.h"
+#include "database/tool/keeping/keeper.h"
+
+#include <QCoreApplication>
+#include <QTextStream>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum ExitCode { Done = 0, ProblemsFound = 1, WrongUsage = 2, Failed = 3 };
+
+void say(const QString &text)
+{
+    QTextStream(stdout) << text << Qt::endl;
+}
+
+void complain(const QString &text)
+{
+    QTextStream(stderr) << text << Qt::endl;
+}
+
+ExitCode check(TStore &store)
+{
+    const QStringList problems = checkBooks(store, say);
+    for (const QString &problem : problems)
+        say(problem);
+    say(problems.isEmpty() ? u"Neatitikimų nerasta."_s : u"Rasta neatitikimų: %1."_s.arg(problems.size()));
+    return problems.isEmpty() ? Done : ProblemsFound;
+}
+
+void restore(TStore &store, const QString &file)
+{
+    const QStringList kept = restoreBooks(store, file, say);
+    say(u"Duomenų bazės atkurtos."_s);
+    for (const QString &name : kept)
+        say(u"Buvusi duomenų bazė palikta: "_s + name);
+}
+
+ExitCode run(const TCommandLine &line)
+{
+    const std::unique_ptr<TStore> store =
+        line.connInfo.isEmpty() ? embeddedStore(line.folder) : serverStore(line.connInfo);
+    if (line.command == u"check")
+        return check(*store);
+    if (line.command == u"restore") {
+        restore(*store, line.file);
+        return Done;
+    }
+    if (line.command == u"create")
+        createBooks(*store, say);
+    else if (line.command == u"demo")
+        createDemoBooks(*store, line.size, say);
+    else if (line.command == u"upgrade")
+        upgradeBooks(*store, say);
+    else
+        backUpBooks(*store, line.file, say);
+    say(u"Atlikta."_s);
+    return Done;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication application(argc, argv);
+    try {
+        const TCommandLine line = TCommandLine::parse(application.arguments());
+        if (line.help) {
+            say(helpText());
+            return Done;
+        }
+        return run(line);
+    } catch (const EUsage &error) {
+        complain(error.message());
+        complain(u"Pagalba: velmora-db --help"_s);
+        return WrongUsage;
+    } catch (const Exception &error) {
+        complain(error.message());
+        return Failed;
+    }
+}
