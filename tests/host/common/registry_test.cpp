@@ -1,0 +1,133 @@
+#include "host/common/registry.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QScreen>
+#include <QStandardItemModel>
+#include <QTableView>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+class Registry : public testing::Test {
+protected:
+    void SetUp() override { registry().clear(); }
+
+    QString path() const { return GetRegPath() + u"\\Forms"_s; }
+    void keep(const QString &key, const QVariant &value)
+    {
+        registry().setValue(path().replace(u'\\', u'/') + u"/Frm/"_s + key, value);
+    }
+};
+
+// A window with a grid of three columns.
+struct Window : QWidget {
+    Window()
+    {
+        grid.setObjectName(u"DBGrid"_s);
+        grid.setModel(&model);
+        grid.setGeometry(0, 0, 300, 200);
+    }
+    QStandardItemModel model{2, 3};
+    QTableView grid{this};
+};
+} // namespace
+
+TEST_F(Registry, PlacementComesBack)
+{
+    QWidget saved;
+    saved.setGeometry(40, 50, 320, 240);
+    SaveToReg(&saved, path(), u"Frm"_s, false);
+    QWidget opened;
+    EXPECT_TRUE(ReadFromReg(&opened, path(), u"Frm"_s));
+    EXPECT_EQ(opened.geometry(), QRect(40, 50, 320, 240));
+}
+
+TEST_F(Registry, NothingKeptLeavesTheWindowAlone)
+{
+    QWidget window;
+    window.setGeometry(10, 20, 300, 200);
+    EXPECT_FALSE(ReadFromReg(&window, path(), u"Frm"_s));
+    EXPECT_EQ(window.geometry(), QRect(10, 20, 300, 200));
+}
+
+TEST_F(Registry, DamagedPlacementLeavesTheWindowAlone)
+{
+    const QList<QVariantMap> damages = {
+        {{u"Left"_s, 1}, {u"Top"_s, 1}, {u"Width"_s, 100}},
+        {{u"Left"_s, 1}, {u"Top"_s, 1}, {u"Width"_s, 100}, {u"Height"_s, u"1x0"_s}},
+        {{u"Left"_s, 1}, {u"Top"_s, 1}, {u"Width"_s, -5}, {u"Height"_s, 100}},
+        {{u"Left"_s, 1}, {u"Top"_s, 1}, {u"Width"_s, 1000000}, {u"Height"_s, 100}},
+        {{u"Left"_s, u"99999999999999"_s}, {u"Top"_s, 1}, {u"Width"_s, 100}, {u"Height"_s, 100}},
+    };
+    for (const QVariantMap &damage : damages) {
+        registry().clear();
+        for (const auto &[key, value] : damage.asKeyValueRange())
+            keep(key, value);
+        QWidget window;
+        window.setGeometry(10, 20, 300, 200);
+        EXPECT_FALSE(ReadFromReg(&window, path(), u"Frm"_s));
+        EXPECT_EQ(window.geometry(), QRect(10, 20, 300, 200));
+    }
+}
+
+TEST_F(Registry, PlacementOutsideEveryScreenComesBackOntoOne)
+{
+    QWidget saved;
+    saved.setGeometry(9000, 8000, 320, 240);
+    SaveToReg(&saved, path(), u"Frm"_s, false);
+    QWidget opened;
+    EXPECT_TRUE(ReadFromReg(&opened, path(), u"Frm"_s));
+    EXPECT_TRUE(QGuiApplication::primaryScreen()->availableGeometry().contains(opened.geometry()));
+    EXPECT_EQ(opened.size(), QSize(320, 240));
+}
+
+TEST_F(Registry, ColumnWidthsComeBackWhenAskedFor)
+{
+    Window saved;
+    saved.grid.setColumnWidth(1, 177);
+    SaveToReg(&saved, path(), u"Frm"_s, false);
+    Window without;
+    ReadFromReg(&without, path(), u"Frm"_s);
+    EXPECT_NE(without.grid.columnWidth(1), 177);
+    SaveToReg(&saved, path(), u"Frm"_s, true);
+    Window with;
+    ReadFromReg(&with, path(), u"Frm"_s);
+    EXPECT_EQ(with.grid.columnWidth(1), 177);
+}
+
+TEST_F(Registry, WidthsOfOtherColumnsOrDamagedOnesAreLeftOut)
+{
+    for (const QStringList &kept : {QStringList{u"50"_s, u"60"_s}, QStringList{u"50"_s, u"x"_s, u"70"_s},
+                                    QStringList{u"50"_s, u"-9"_s, u"70"_s}}) {
+        Window window;
+        const int before = window.grid.columnWidth(0);
+        keep(u"Columns_DBGrid"_s, kept);
+        ReadFromReg(&window, path(), u"Frm"_s);
+        EXPECT_EQ(window.grid.columnWidth(0), before);
+    }
+}
+
+TEST_F(Registry, DamagedFileIsNotWrittenOver)
+{
+    registry().setValue(u"a/b"_s, 1);
+    registry().sync();
+    const QString file = registry().fileName();
+    ASSERT_TRUE(CanSave());
+    QFile damaged(file);
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
+    damaged.write("[broken\nthis is no setting\n");
+    damaged.close();
+    registry().sync();
+    EXPECT_FALSE(CanSave());
+    QWidget window;
+    SaveToReg(&window, path(), u"Frm"_s, true);
+    registry().sync();
+    ASSERT_TRUE(damaged.open(QIODevice::ReadOnly));
+    EXPECT_EQ(damaged.readAll(), "[broken\nthis is no setting\n");
+    damaged.close();
+    QFile::remove(file);
+}
