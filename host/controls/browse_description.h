@@ -34,6 +34,7 @@ struct TUsedCheck {
 
 // What a list screen says about itself. Everything else is the same for all lists.
 struct TBrowseDescription {
+    QString name; // the screen's class: "TObjektFrm"; its settings are kept under it
     QString caption;
     int help = 0; // help topic; 0: none
     TSession session = TSession::Main;

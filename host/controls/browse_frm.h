@@ -8,7 +8,7 @@
 #include <memory>
 
 class QAction;
-class QToolBar;
+class QKeyEvent;
 class TDBGrid;
 class TListPrinter;
 
@@ -67,7 +67,7 @@ public:
     void setMessage(const QString &text);
     QString message() const;
 
-    // Shows the list above all other windows until it is closed.
+    // Shows the list above all other windows until it is closed; the screen is gone afterwards.
     void ShowModal();
 
     QAction *acNew, *acEdit, *acDelete, *acRefresh, *acFind, *acFindNext, *acOrder, *acCopy, *acPrint,
@@ -82,6 +82,9 @@ public slots:
     void NewBtnClick();
     void EditBtnClick();
     void DelBtnClick();
+    void FindBtnClick();
+    void FindNextBtnClick();
+    void OrderBtnClick(); // by the current column; once more: the other way round
     virtual void PrintBtnClick();
     void CopyBtnClick();
     void CloseBtnClick();
@@ -120,8 +123,8 @@ protected:
 
     TDatabase *Database() const;
     // A further action: a tool button and a line in the menu. Its handler is guarded.
-    QAction *addAction(const QString &text, const QString &hint, const QIcon &icon, const QKeySequence &key,
-                       std::function<void()> handler);
+    QAction *addListAction(const QString &text, const QString &hint, const QIcon &icon,
+                           const QKeySequence &key, std::function<void()> handler);
     // A line in the drop-down of the delete button, whose default stays the delete of one row.
     void addToDeleteMenu(QAction *action);
     // A control at the end of the tool bar, with a label whose accelerator leads to it.
@@ -137,6 +140,46 @@ protected:
 
 private:
     template<class T> friend class TCreatedForm;
+    void finish(); // FormDestroy, once
+
+    // Building the window.
+    void addActions();
+    void addToolBarButtons();
+    void addMenu();
+    void addSearchLine();
+    void listen();
+    void describeFields();
+
+    // Keeping what the user arranged.
+    QWidget *placed();
+    QString settingsGroup() const;
+    void restorePlacement();
+    void restoreArrangement();
+    void saveArrangement();
+    void showCaptions(bool on);
+    void showToolBar(bool on);
+
+    // The data.
+    QString orderedSql() const;
+    bool rowIsThere(const Variant &key) const;
+    bool mayDelete();
+    void reposition();
+    void showSortArrow();
+    void showCount();
+
+    // What is printed: the columns and rows as they are shown.
+    TListPrinter printed();
+
+    // Searching.
+    int findColumn() const;
+    void showFindColumn();
+    void findTextChanged();
+    void startSearch(int fromRow);
+    void goOnSearching();
+    void showLoading();
+    void escape();
+    bool gridKey(QKeyEvent *event);
+
     struct Private;
     std::unique_ptr<Private> d;
     std::function<void()> hold, release;
@@ -147,7 +190,7 @@ template<class T> class TCreatedForm final : public T {
 public:
     using T::T;
     void create() { this->FormCreate(); }
-    ~TCreatedForm() override { this->FormDestroy(); }
+    ~TCreatedForm() override { this->finish(); }
 };
 
 // Creates a list screen. Arguments are those of its constructor.

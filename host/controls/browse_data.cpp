@@ -1,0 +1,332 @@
+#include "host/common/msgbox.h"
+#include "host/controls/browse_private.h"
+#include "host/data/main_datas.h"
+#include "toolkit/widgets/db_grid.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QHeaderView>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+// The waiting cursor while a statement runs.
+class Waiting {
+public:
+    Waiting() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~Waiting() { QApplication::restoreOverrideCursor(); }
+    Waiting(const Waiting &) = delete;
+    Waiting &operator=(const Waiting &) = delete;
+};
+
+bool isKey(const Variant &key)
+{
+    if (key.isNull())
+        return false;
+    return key.typeId() == QMetaType::QString ? !key.toString().isEmpty() : key.toDouble() != 0;
+}
+
+bool isNumeric(TFieldType type)
+{
+    return type == TFieldType::ftInteger || type == TFieldType::ftFloat || type == TFieldType::ftCurrency;
+}
+} // namespace
+
+TQuery *TBrowseFrm::dataSet() const
+{
+    return &d->query;
+}
+
+TDBGrid *TBrowseFrm::grid() const
+{
+    return d->grid;
+}
+
+Variant TBrowseFrm::currentKey() const
+{
+    if (!d->query.Active() || d->query.IsEmpty())
+        return {};
+    return d->query.FieldByName(description.keyColumn)->Value();
+}
+
+void TBrowseFrm::describeFields()
+{
+    for (const TBrowseColumn &column : description.columns) {
+        d->query.describe(column.field, [column](TField &field) {
+            field.DisplayLabel = column.title;
+            field.DisplayFormat = column.format;
+            const bool right = isNumeric(field.DataType());
+            field.Alignment =
+                column.alignment.value_or(right ? TAlignment::taRightJustify : TAlignment::taLeftJustify);
+        });
+    }
+}
+
+// --- reading
+
+QString TBrowseFrm::orderedSql() const
+{
+    if (d->orderColumn.isEmpty())
+        return description.sql;
+    return withOrderBy(description.sql, d->orderColumn, d->descending);
+}
+
+void TBrowseFrm::RefreshData(const Variant &key)
+{
+    const Waiting waiting;
+    d->finder.stop();
+    d->tmrFind.stop();
+    d->query.Close();
+    const QString sql = orderedSql();
+    if (d->query.SQL() != sql)
+        d->query.setSQL(sql);
+    for (const auto &[name, value] : description.parameters.asKeyValueRange())
+        d->query.setParam(name, value);
+    d->query.Open();
+    if (isKey(key))
+        d->query.Locate(description.keyColumn, key);
+    setMessage({});
+    showSortArrow();
+    showLoading();
+    DataSourceDataChange();
+}
+
+void TBrowseFrm::OrderData(const QString &column, bool descending)
+{
+    const TField *field = d->query.FindField(column);
+    if (field && field->isCalculated())
+        throw Exception(u"Pagal stulpelį „%1“ rikiuoti negalima"_s.arg(field->label()));
+    const Variant key = currentKey();
+    const auto before = std::pair(d->orderColumn, d->descending);
+    std::tie(d->orderColumn, d->descending) = std::pair(column, descending);
+    try {
+        RefreshData(key);
+    } catch (...) {
+        std::tie(d->orderColumn, d->descending) = before;
+        throw;
+    }
+}
+
+void TBrowseFrm::DBGridTitleClick(int column)
+{
+    const TField *field = d->query.Field(column);
+    if (!description.titleOrder || field->isCalculated())
+        return;
+    const bool again = d->orderColumn.compare(field->FieldName(), Qt::CaseInsensitive) == 0;
+    OrderData(field->FieldName(), again && !d->descending);
+}
+
+void TBrowseFrm::OrderBtnClick()
+{
+    if (findColumn() >= 0)
+        DBGridTitleClick(findColumn());
+}
+
+void TBrowseFrm::showSortArrow()
+{
+    const TField *field = d->query.FindField(d->orderColumn);
+    QHeaderView *header = d->grid->horizontalHeader();
+    header->setSortIndicatorShown(field != nullptr);
+    if (field)
+        header->setSortIndicator(field->index(), d->descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+bool TBrowseFrm::loading() const
+{
+    return d->query.Active() && !d->query.fetchedAll();
+}
+
+void TBrowseFrm::stopLoading()
+{
+    d->query.stopReading();
+    showLoading();
+}
+
+void TBrowseFrm::showLoading()
+{
+    const bool more = loading() && !d->query.stopped();
+    d->status->setLoading(more);
+    const int count = d->query.Active() ? d->query.rowCount() : 0;
+    const bool partly = more || d->query.stopped();
+    setPanel(0, partly ? u"Įrašų kiekis: … %1+"_s.arg(count) : u"Įrašų kiekis: %1"_s.arg(count));
+    d->grid->setEmptyText(partly ? QString() : u"Sąrašas tuščias"_s);
+}
+
+void TBrowseFrm::DataSourceDataChange()
+{
+    if (d->destroyed)
+        return;
+    showLoading();
+    CheckToolButtons();
+}
+
+void TBrowseFrm::RefreshBtnClick()
+{
+    RefreshData(currentKey());
+}
+
+// --- moving
+
+void TBrowseFrm::FirstBtnClick()
+{
+    d->query.First();
+}
+
+void TBrowseFrm::PrevBtnClick()
+{
+    d->query.Prior();
+}
+
+void TBrowseFrm::NextBtnClick()
+{
+    d->query.Next();
+    // Behind the last record there is nothing to show.
+    if (d->query.Eof())
+        d->query.Last();
+}
+
+void TBrowseFrm::LastBtnClick()
+{
+    const Waiting waiting;
+    d->query.Last();
+}
+
+// --- what may be done
+
+void TBrowseFrm::SetEditable(bool on)
+{
+    d->editable = on;
+    for (QAction *action : {acNew, acEdit, acDelete})
+        action->setVisible(on);
+    CheckToolButtons();
+}
+
+bool TBrowseFrm::Editable() const
+{
+    return d->editable;
+}
+
+void TBrowseFrm::SetPrintable(bool on)
+{
+    d->printable = on;
+    acPrint->setVisible(on);
+    CheckToolButtons();
+}
+
+void TBrowseFrm::CheckToolButtons()
+{
+    const bool open = d->query.Active();
+    const bool rows = open && !d->query.IsEmpty();
+    const bool mayChange = d->editable && !CurrentUser().viewOnly;
+    acNew->setEnabled(open && mayChange);
+    acDelete->setEnabled(rows && mayChange);
+    acEdit->setEnabled(rows && d->editable);
+    acEdit->setText(CurrentUser().viewOnly ? u"&Peržiūrėti"_s : u"&Keisti"_s);
+    acPrint->setEnabled(d->printable);
+    for (QAction *action : {acFirst, acPrev, acNext, acLast, acFind, acFindNext, acOrder, acCopy})
+        action->setEnabled(rows);
+}
+
+// --- the cycle
+
+void TBrowseFrm::NewBtnClick()
+{
+    if (acNew->isEnabled() && acNew->isVisible())
+        NewRecord();
+}
+
+void TBrowseFrm::EditBtnClick()
+{
+    if (acEdit->isEnabled() && acEdit->isVisible())
+        EditRecord();
+}
+
+void TBrowseFrm::DelBtnClick()
+{
+    if (acDelete->isEnabled() && acDelete->isVisible())
+        DeleteRecord();
+}
+
+void TBrowseFrm::NewRecord()
+{
+    Q_ASSERT(description.edit);
+    Variant key = 0.0;
+    if (description.edit(description.newCaption, true, key))
+        RefreshData(key);
+}
+
+void TBrowseFrm::EditRecord()
+{
+    Q_ASSERT(description.edit);
+    Variant key = currentKey();
+    if (key.isNull())
+        return;
+    if (!rowIsThere(key)) {
+        RefreshData(0);
+        throw Exception(u"Įrašas jau ištrintas kitoje darbo vietoje"_s);
+    }
+    if (description.edit(description.editCaption, false, key))
+        RefreshData(key);
+}
+
+bool TBrowseFrm::rowIsThere(const Variant &key) const
+{
+    const QString sql =
+        u"select count(*) from %1 where %2 = :key"_s.arg(description.table, description.keyColumn);
+    return description.table.isEmpty() || Database()->fieldResult(sql, {{u"key"_s, key}}).toInt() > 0;
+}
+
+void TBrowseFrm::CheckUsed()
+{
+    if (description.used.message.isEmpty())
+        return;
+    const QString sql = u"select f_CheckUsed('%1', '%2', %3) from dummy"_s.arg(
+        description.table, description.keyColumn, TDatabase::quoted(currentKey().toString()));
+    if (Database()->fieldResult(sql).toInt() <= 0)
+        return;
+    QString refusal = description.used.message;
+    throw Exception(refusal.replace(u"%s"_s, d->query.FieldByName(description.used.nameColumn)->AsString()));
+}
+
+bool TBrowseFrm::mayDelete()
+{
+    if (!description.used.afterQuestion)
+        CheckUsed();
+    if (StdMsgBox(mkQuestion, u"Ar tikrai norite ištrinti?"_s) != mrYes)
+        return false;
+    if (description.used.afterQuestion)
+        CheckUsed();
+    return true;
+}
+
+void TBrowseFrm::DeleteRow(const Variant &key)
+{
+    const QString sql = u"delete from %1 where %2 = :key"_s.arg(description.table, description.keyColumn);
+    d->deleted = Database()->ExecSQL(sql, {{u"key"_s, key}});
+}
+
+void TBrowseFrm::DeleteRecord()
+{
+    const Variant key = currentKey();
+    if (key.isNull() || !mayDelete())
+        return;
+    d->deleted = 1;
+    TTransaction transaction(Database());
+    DeleteRow(key);
+    transaction.commit();
+    reposition();
+    if (d->deleted == 0)
+        setMessage(u"Įrašas jau buvo ištrintas kitoje darbo vietoje"_s);
+}
+
+// The row is gone from the books but still in the list: the cursor goes to the row before it, from the first
+// row to the one after it.
+void TBrowseFrm::reposition()
+{
+    const int row = d->query.RecNo();
+    if (row > 0)
+        d->query.Prior();
+    else
+        d->query.Next();
+    RefreshData(d->query.RecNo() == row || d->query.Eof() ? Variant(0) : currentKey());
+}

@@ -1,0 +1,156 @@
+#include "host/controls/browse_private.h"
+#include "toolkit/widgets/db_grid.h"
+#include "toolkit/widgets/guard.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int typingPauseMs = 250;
+constexpr int searchPieceMs = 20; // the window answers between two pieces
+} // namespace
+
+// The column of the current cell; the first one shown while there is none.
+int TBrowseFrm::findColumn() const
+{
+    const QModelIndex current = d->grid->currentIndex();
+    if (current.isValid() && !d->grid->isColumnHidden(current.column()))
+        return current.column();
+    const QHeaderView *header = d->grid->horizontalHeader();
+    for (int i = 0; i < header->count(); ++i) {
+        if (!header->isSectionHidden(header->logicalIndex(i)))
+            return header->logicalIndex(i);
+    }
+    return -1;
+}
+
+void TBrowseFrm::showFindColumn()
+{
+    const int column = findColumn();
+    const QString title =
+        column >= 0 ? d->query.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString() : QString();
+    d->findLabel->setText(u"I&eškoti stulpelyje „%1“:"_s.arg(title));
+    d->findEdit->setAccessibleName(u"Ieškoti stulpelyje %1"_s.arg(title));
+}
+
+void TBrowseFrm::SetFindStr(const QString &text, TField *field)
+{
+    if (field)
+        d->grid->setCurrentIndex(d->query.index(std::max(d->query.RecNo(), 0), field->index()));
+    const QSignalBlocker blocker(d->findEdit);
+    d->findEdit->setText(text);
+    startSearch(0);
+}
+
+void TBrowseFrm::findTextChanged()
+{
+    d->finder.stop();
+    setMessage({});
+    d->tmrFind.start(typingPauseMs);
+}
+
+void TBrowseFrm::startSearch(int fromRow)
+{
+    if (d->findEdit->text().trimmed().isEmpty() || !d->query.Active() || findColumn() < 0) {
+        d->finder.stop();
+        return;
+    }
+    d->finder.start(d->findEdit->text().trimmed(), findColumn(), fromRow);
+    goOnSearching();
+}
+
+// Runs from tmrFind: begins when the user has paused typing, then goes on piece by piece until it is over.
+void TBrowseFrm::goOnSearching()
+{
+    if (!d->finder.searching()) {
+        const bool typed = !d->findEdit->text().trimmed().isEmpty();
+        if (typed && d->finder.text() != d->findEdit->text().trimmed())
+            startSearch(0);
+        return;
+    }
+    switch (d->finder.step(searchPieceMs)) {
+    case TListFinder::Outcome::Found:
+        setMessage({});
+        d->query.setRecNo(d->finder.row());
+        break;
+    case TListFinder::Outcome::NotFound:
+        setMessage(u"Nerasta: %1"_s.arg(d->finder.text()));
+        break;
+    case TListFinder::Outcome::Searching:
+        setMessage(u"Ieškoma… %1 (Esc – nutraukti)"_s.arg(d->finder.row()));
+        d->tmrFind.start(0);
+        break;
+    case TListFinder::Outcome::Idle:
+        break;
+    }
+}
+
+bool TBrowseFrm::searching() const
+{
+    return d->finder.searching();
+}
+
+void TBrowseFrm::FindBtnClick()
+{
+    d->findEdit->setFocus(Qt::ShortcutFocusReason);
+    d->findEdit->selectAll();
+}
+
+void TBrowseFrm::FindNextBtnClick()
+{
+    if (d->findEdit->text().trimmed().isEmpty())
+        FindBtnClick();
+    else
+        startSearch(d->query.RecNo() + 1);
+}
+
+// Esc ends the smallest thing that is going on.
+void TBrowseFrm::escape()
+{
+    if (searching()) {
+        d->finder.stop();
+        d->tmrFind.stop();
+        setMessage(u"Paieška nutraukta"_s);
+    } else if (loading() && !d->query.stopped()) {
+        stopLoading();
+        setMessage(u"Kraunama tik dalis sąrašo; visas – F5"_s);
+    } else if (!d->findEdit->text().isEmpty()) {
+        d->findEdit->clear();
+        d->grid->setFocus();
+    } else {
+        CloseBtnClick();
+    }
+}
+
+// --- typing in the grid
+
+void TBrowseFrm::FormKeyPress(QChar &Key)
+{
+    if (Key == u'\b')
+        d->findEdit->backspace();
+    else if (Key.isPrint() && !(Key.isSpace() && d->findEdit->text().isEmpty()))
+        d->findEdit->insert(Key);
+    else
+        return;
+    Key = QChar();
+}
+
+bool TBrowseFrm::gridKey(QKeyEvent *event)
+{
+    const Qt::KeyboardModifiers held = event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    if (d->query.editing() || held != Qt::NoModifier || event->text().size() != 1)
+        return false;
+    QChar key = event->text().front();
+    FormKeyPress(key);
+    return key.isNull();
+}
+
+bool TBrowseFrm::eventFilter(QObject *watched, QEvent *event)
+{
+    bool consumed = false;
+    if (watched == d->grid && event->type() == QEvent::KeyPress)
+        runGuarded(this, [&] { consumed = gridKey(static_cast<QKeyEvent *>(event)); });
+    return consumed || QWidget::eventFilter(watched, event);
+}
