@@ -12,7 +12,9 @@ set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
 
 option(VELMORA_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 
-add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+# Descriptions name only the members that differ from the default.
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror
+                    -Wno-missing-field-initializers)
 add_compile_definitions(QT_NO_FOREACH QT_NO_URL_CAST_FROM_STRING)
 include_directories(${CMAKE_SOURCE_DIR})
 if(VELMORA_SANITIZE)
