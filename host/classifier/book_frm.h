@@ -3,6 +3,8 @@
 #include "host/classifier/book_data.h"
 #include "host/classifier/classifier.h"
 
+#include <QIcon>
+#include <QKeySequence>
 #include <QWidget>
 
 #include <functional>
@@ -11,6 +13,16 @@
 class QAction;
 class QTreeWidget;
 class QTreeWidgetItem;
+
+// An action as a tool button shows it.
+struct TBookAction {
+    QString name; // its object name
+    QString text;
+    QString hint;
+    QIcon picture;
+    QList<QKeySequence> keys;
+    std::function<void()> handler;
+};
 
 // The base of every classification-book screen (unit Bookparent): a document window with tool bar, book
 // selector, path box, the tree of the book on the left, and on the right the list of the nodes below the
@@ -65,8 +77,10 @@ public:
     void setPanel(int index, const QString &text);
     QString panel(int index) const;
 
-    QAction *acNew, *acEdit, *acDelete, *acRefresh, *acPrint, *acBack, *acForward, *acUp, *acFirst, *acHelp,
-        *acClose;
+    QAction *acNew, *acEdit, *acDelete, *acRefresh, *acPrint, *acBack, *acForward, *acUp, *acFirst,
+        *acCaptions, *acHelp, *acClose;
+
+    void ButtonsCaptionClick(); // tool buttons with or without captions; remembered
 
 protected:
     // --- the life of a screen; a screen that overrides one calls the base's
@@ -97,13 +111,13 @@ protected:
     // Shows the print action.
     void SetPrintable(bool on);
     // A further action: a tool button. Its handler is guarded.
-    QAction *addAction(const QString &text, const QString &hint, const QIcon &icon, const QKeySequence &key,
-                       std::function<void()> handler);
+    QAction *addBookAction(const TBookAction &described);
     // A control beside the book selector, with a label whose accelerator leads to it.
-    void addSelector(const QString &label, QWidget *control);
+    void addToToolBar(const QString &label, QWidget *control);
     void addPanel(int width = 150);
     TDatabase *Database() const;
 
+    void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     bool event(QEvent *event) override;
 
@@ -114,11 +128,14 @@ private:
 
     void build();
     void buildActions();
-    void buildNavigation();
+    void buildToolBar();
     void buildSelectors();
     void buildPanes();
-    QAction *makeAction(const QString &text, const QString &hint, const QIcon &icon,
-                        const QList<QKeySequence> &keys, std::function<void()> handler);
+    QAction *makeAction(const TBookAction &described);
+    void placeButton(QAction *action, QAction *before);
+    QWidget *placed();
+    void restoreArrangement();
+    void restorePlacement();
 
     void readNode(double node);
     void loadBook(double book);

@@ -27,7 +27,8 @@ struct TBookFrm::Private {
     QTreeWidget *list = nullptr;
     QPointer<QWidget> content;
     TStatusPanels *status = nullptr;
-    int panels = 0;
+    QAction *ownActionsEnd = nullptr; // where the screen's own tool buttons end
+    bool shown = false;               // for the first time already, and not destroyed
 
     double current() const { return path.isEmpty() ? 0 : path.last().id; }
 };

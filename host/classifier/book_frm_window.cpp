@@ -3,12 +3,15 @@
 #include "host/common/help.h"
 #include "host/common/registry.h"
 #include "toolkit/widgets/guard.h"
+#include "toolkit/widgets/icons.h"
 
 #include <QAbstractItemView>
 #include <QAction>
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMdiSubWindow>
+#include <QMenu>
 #include <QShortcut>
 #include <QStyle>
 
@@ -25,9 +28,9 @@ QString formsPath()
     return GetRegPath() + u"\\Forms"_s;
 }
 
-QString dividerKey(const QString &name)
+QString keyOf(const QString &form, const QString &what)
 {
-    QString key = formsPath() + u'\\' + name + u"\\Divider"_s;
+    QString key = formsPath() + u'\\' + form + u'\\' + what;
     return key.replace(u'\\', u'/');
 }
 
@@ -47,6 +50,7 @@ TBookFrm::TBookFrm(const QString &caption, int help, QWidget *owner)
       d(std::make_unique<Private>())
 {
     setWindowTitle(caption);
+    setAttribute(Qt::WA_DeleteOnClose);
     d->help = help;
     build();
 }
@@ -60,12 +64,8 @@ void TBookFrm::build()
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    d->tools = new QToolBar;
-    d->tools->setObjectName(u"ToolBar"_s);
-    d->tools->setAccessibleName(u"Įrankių juosta"_s);
-    d->tools->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     buildActions();
-    buildNavigation();
+    buildToolBar();
     buildSelectors();
     buildPanes();
     d->status = new TStatusPanels(this);
@@ -77,55 +77,144 @@ void TBookFrm::build()
     resize(wholeWidth, wholeHeight);
 }
 
-QAction *TBookFrm::makeAction(const QString &text, const QString &hint, const QIcon &icon,
-                              const QList<QKeySequence> &keys, std::function<void()> handler)
+QAction *TBookFrm::makeAction(const TBookAction &described)
 {
-    auto *action = new QAction(icon, text, this);
-    action->setShortcuts(keys);
+    auto *action = new QAction(described.picture, described.text, this);
+    action->setObjectName(described.name);
+    action->setShortcuts(described.keys);
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    const QString key = keys.isEmpty() ? QString() : keys.first().toString(QKeySequence::NativeText);
-    action->setToolTip(key.isEmpty() ? hint : u"%1 (%2)"_s.arg(hint, key));
-    connectGuarded(action, &QAction::triggered, this, std::move(handler));
-    QWidget::addAction(action);
-    d->tools->addAction(action);
+    const QString key =
+        described.keys.isEmpty() ? QString() : described.keys.first().toString(QKeySequence::NativeText);
+    action->setToolTip(key.isEmpty() ? described.hint : u"%1 (%2)"_s.arg(described.hint, key));
+    connectGuarded(action, &QAction::triggered, this, described.handler);
+    addAction(action);
     return action;
+}
+
+void TBookFrm::placeButton(QAction *action, QAction *before)
+{
+    d->tools->insertAction(before, action);
+    d->tools->widgetForAction(action)->setAccessibleName(QString(action->text()).remove(u'&'));
 }
 
 void TBookFrm::buildActions()
 {
-    const auto icon = [this](QStyle::StandardPixmap pixmap) { return style()->standardIcon(pixmap); };
-    acNew = makeAction(u"&Naujas"_s, u"Naujas įrašas"_s, icon(QStyle::SP_FileIcon), {Qt::Key_Insert},
-                       [this] { NewRecord(); });
-    acEdit = makeAction(u"&Keisti"_s, u"Keisti įrašą"_s, icon(QStyle::SP_FileDialogDetailedView), {},
-                        [this] { EditRecord(); });
-    acDelete = makeAction(u"&Trinti"_s, u"Ištrinti įrašą"_s, icon(QStyle::SP_TrashIcon),
-                          {Qt::Key_Delete, Qt::CTRL | Qt::Key_Delete}, [this] { DeleteRecord(); });
-    d->tools->addSeparator();
-    acPrint = makeAction(u"S&pausdinti"_s, u"Spausdinti"_s, icon(QStyle::SP_FileDialogContentsView),
-                         {QKeySequence(Qt::CTRL | Qt::Key_P)}, [this] { PrintRecords(); });
+    const std::vector<std::pair<QAction * TBookFrm::*, TBookAction>> table = {
+        {&TBookFrm::acNew,
+         {u"acNew"_s,
+          u"&Naujas"_s,
+          u"Naujas įrašas"_s,
+          icon(TIcon::New),
+          {Qt::Key_Insert},
+          [this] { NewRecord(); }}},
+        {&TBookFrm::acEdit,
+         {u"acEdit"_s, u"&Keisti"_s, u"Keisti įrašą"_s, icon(TIcon::Edit), {}, [this] { EditRecord(); }}},
+        {&TBookFrm::acDelete,
+         {u"acDelete"_s,
+          u"&Trinti"_s,
+          u"Ištrinti įrašą"_s,
+          icon(TIcon::Delete),
+          {Qt::Key_Delete, Qt::CTRL | Qt::Key_Delete},
+          [this] { DeleteRecord(); }}},
+        {&TBookFrm::acBack,
+         {u"acBack"_s,
+          u"At&gal"_s,
+          u"Grįžti atgal"_s,
+          icon(TIcon::Previous),
+          {Qt::ALT | Qt::Key_Left},
+          [this] { goBack(); }}},
+        {&TBookFrm::acForward,
+         {u"acForward"_s,
+          u"P&irmyn"_s,
+          u"Eiti pirmyn"_s,
+          icon(TIcon::Next),
+          {Qt::ALT | Qt::Key_Right},
+          [this] { goForward(); }}},
+        {&TBookFrm::acUp,
+         {u"acUp"_s,
+          u"A&ukštyn"_s,
+          u"Vienu lygiu aukštyn"_s,
+          style()->standardIcon(QStyle::SP_ArrowUp),
+          {Qt::ALT | Qt::Key_Up, Qt::Key_Backspace},
+          [this] { goUp(); }}},
+        {&TBookFrm::acFirst,
+         {u"acFirst"_s,
+          u"Pirmas &lygis"_s,
+          u"Į pirmą lygį"_s,
+          icon(TIcon::First),
+          {Qt::ALT | Qt::Key_Home},
+          [this] { SetJungId(0); }}},
+        {&TBookFrm::acRefresh,
+         {u"acRefresh"_s,
+          u"&Atnaujinti"_s,
+          u"Perskaityti knygą iš naujo"_s,
+          icon(TIcon::Refresh),
+          {Qt::Key_F5},
+          [this] { RefreshBook(); }}},
+        {&TBookFrm::acPrint,
+         {u"acPrint"_s,
+          u"&Spausdinti"_s,
+          u"Spausdinti"_s,
+          icon(TIcon::Print),
+          {Qt::CTRL | Qt::Key_P},
+          [this] { PrintRecords(); }}},
+        {&TBookFrm::acCaptions,
+         {u"acCaptions"_s,
+          u"Mygtukai su &pavadinimais"_s,
+          u"Mygtukai su pavadinimais"_s,
+          {},
+          {},
+          [this] { ButtonsCaptionClick(); }}},
+        {&TBookFrm::acHelp,
+         {u"acHelp"_s,
+          u"Pagal&ba"_s,
+          u"Pagalba"_s,
+          icon(TIcon::Help),
+          {Qt::Key_F1},
+          [this] { showHelp(d->help); }}},
+        {&TBookFrm::acClose,
+         {u"acClose"_s,
+          u"Už&daryti"_s,
+          u"Uždaryti langą"_s,
+          icon(TIcon::Close),
+          {Qt::Key_Escape},
+          [this] { placed()->close(); }}},
+    };
+    for (const auto &[action, described] : table)
+        this->*action = makeAction(described);
     acPrint->setVisible(false);
-    acRefresh = makeAction(u"&Atnaujinti"_s, u"Atnaujinti iš duomenų bazės"_s, icon(QStyle::SP_BrowserReload),
-                           {Qt::Key_F5}, [this] { RefreshBook(); });
-    d->tools->addSeparator();
+    acHelp->setVisible(d->help > 0);
+    acCaptions->setCheckable(true);
 }
 
-void TBookFrm::buildNavigation()
+void TBookFrm::buildToolBar()
 {
-    const auto icon = [this](QStyle::StandardPixmap pixmap) { return style()->standardIcon(pixmap); };
-    acBack = makeAction(u"At&gal"_s, u"Grįžti atgal"_s, icon(QStyle::SP_ArrowBack),
-                        {QKeySequence(Qt::ALT | Qt::Key_Left)}, [this] { goBack(); });
-    acForward = makeAction(u"P&irmyn"_s, u"Eiti pirmyn"_s, icon(QStyle::SP_ArrowForward),
-                           {QKeySequence(Qt::ALT | Qt::Key_Right)}, [this] { goForward(); });
-    acUp = makeAction(u"A&ukštyn"_s, u"Vienu lygiu aukštyn"_s, icon(QStyle::SP_ArrowUp),
-                      {QKeySequence(Qt::ALT | Qt::Key_Up), Qt::Key_Backspace}, [this] { goUp(); });
-    acFirst = makeAction(u"Pirmas &lygis"_s, u"Į pirmą lygį"_s, icon(QStyle::SP_DirHomeIcon),
-                         {QKeySequence(Qt::ALT | Qt::Key_Home)}, [this] { SetJungId(0); });
-    d->tools->addSeparator();
-    acHelp = makeAction(u"Pagal&ba"_s, u"Pagalba"_s, icon(QStyle::SP_DialogHelpButton), {Qt::Key_F1},
-                        [this] { showHelp(d->help); });
-    acHelp->setVisible(d->help > 0);
-    acClose = makeAction(u"Už&daryti"_s, u"Uždaryti langą"_s, icon(QStyle::SP_DialogCloseButton),
-                         {Qt::Key_Escape}, [this] { close(); });
+    d->tools = new QToolBar;
+    d->tools->setObjectName(u"ToolBar"_s);
+    d->tools->setAccessibleName(u"Įrankių juosta"_s);
+    d->tools->setIconSize({20, 20});
+    const QList<QList<QAction *>> groups = {{acNew, acEdit, acDelete},
+                                            {acBack, acForward, acUp, acFirst},
+                                            {acRefresh, acPrint},
+                                            {acHelp, acClose}};
+    for (const QList<QAction *> &group : groups) {
+        if (group != groups.first())
+            d->ownActionsEnd = d->tools->addSeparator();
+        for (QAction *action : group)
+            placeButton(action, nullptr);
+    }
+    d->tools->setContextMenuPolicy(Qt::CustomContextMenu);
+    connectGuarded(d->tools, &QWidget::customContextMenuRequested, this, [this](const QPoint &at) {
+        QMenu menu;
+        menu.addAction(acCaptions);
+        menu.exec(d->tools->mapToGlobal(at));
+    });
+}
+
+void TBookFrm::ButtonsCaptionClick()
+{
+    d->tools->setToolButtonStyle(acCaptions->isChecked() ? Qt::ToolButtonTextUnderIcon
+                                                         : Qt::ToolButtonIconOnly);
 }
 
 void TBookFrm::buildSelectors()
@@ -191,17 +280,14 @@ void TBookFrm::SetPrintable(bool on)
     acPrint->setVisible(on);
 }
 
-QAction *TBookFrm::addAction(const QString &text, const QString &hint, const QIcon &icon,
-                             const QKeySequence &key, std::function<void()> handler)
+QAction *TBookFrm::addBookAction(const TBookAction &described)
 {
-    QAction *action =
-        makeAction(text, hint, icon, key.isEmpty() ? QList<QKeySequence>() : QList{key}, std::move(handler));
-    d->tools->removeAction(action);
-    d->tools->insertAction(acBack, action);
+    QAction *action = makeAction(described);
+    placeButton(action, d->ownActionsEnd);
     return action;
 }
 
-void TBookFrm::addSelector(const QString &label, QWidget *control)
+void TBookFrm::addToToolBar(const QString &label, QWidget *control)
 {
     d->selectors->addWidget(labelFor(label, control));
     d->selectors->addWidget(control);
@@ -216,13 +302,9 @@ void TBookFrm::addPanel(int width)
 
 void TBookFrm::FormCreate()
 {
-    const QString name = QString::fromLatin1(metaObject()->className());
     if (objectName().isEmpty())
-        setObjectName(name);
-    ReadFromReg(this, formsPath(), objectName());
-    const int divider = registry().value(dividerKey(objectName())).toInt();
-    if (divider > 0 && divider < width())
-        d->panes->setSizes({divider, width() - divider});
+        setObjectName(QString::fromLatin1(metaObject()->className()));
+    restoreArrangement();
     connectGuarded(&periodNotifier(), &TPeriodNotifier::periodChanged, this, [this] { PeriodChanged(); });
     d->book = userKnyga();
     fillBooks();
@@ -235,21 +317,58 @@ void TBookFrm::FormActivate()
 {
     if (hold)
         hold();
+    CheckActions();
 }
 
 bool TBookFrm::FormClose()
 {
-    if (CanSave()) {
-        SaveToReg(this, formsPath(), objectName(), true);
-        registry().setValue(dividerKey(objectName()), d->panes->sizes().first());
-    }
+    if (!CanSave())
+        return true;
+    SaveToReg(placed(), formsPath(), objectName(), true);
+    registry().setValue(keyOf(objectName(), u"Divider"_s), d->panes->sizes().first());
+    registry().setValue(keyOf(objectName(), u"Captions"_s), acCaptions->isChecked());
     return true;
 }
 
 void TBookFrm::FormDestroy()
 {
+    d->shown = false;
     if (release)
         release();
+}
+
+// The window that the screen fills: the document window around it, if there is one.
+QWidget *TBookFrm::placed()
+{
+    auto *around = qobject_cast<QMdiSubWindow *>(parentWidget());
+    return around ? around : static_cast<QWidget *>(this);
+}
+
+// A document window is placed by its area after it is shown; the kept placement comes after that.
+void TBookFrm::restorePlacement()
+{
+    QMetaObject::invokeMethod(this,
+                              guarded(this, [this] { ReadFromReg(placed(), formsPath(), objectName()); }),
+                              placed() == this ? Qt::DirectConnection : Qt::QueuedConnection);
+}
+
+void TBookFrm::restoreArrangement()
+{
+    const int divider = registry().value(keyOf(objectName(), u"Divider"_s)).toInt();
+    if (divider > 0 && divider < width())
+        d->panes->setSizes({divider, width() - divider});
+    acCaptions->setChecked(registry().value(keyOf(objectName(), u"Captions"_s)).toBool());
+    ButtonsCaptionClick();
+}
+
+void TBookFrm::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    runGuarded(this, [this] {
+        if (!std::exchange(d->shown, true))
+            restorePlacement();
+        FormActivate();
+    });
 }
 
 void TBookFrm::closeEvent(QCloseEvent *event)
@@ -261,7 +380,8 @@ void TBookFrm::closeEvent(QCloseEvent *event)
 
 bool TBookFrm::event(QEvent *event)
 {
-    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::Show)
+    const bool handled = QWidget::event(event);
+    if (event->type() == QEvent::WindowActivate && d->shown)
         runGuarded(this, [this] { FormActivate(); });
-    return QWidget::event(event);
+    return handled;
 }
