@@ -59,7 +59,10 @@ void addCommonRules(Dialect *dialect)
         {"isnull", 2, 20, Worth::Branches, "coalesce(%*)"},
         {"ifnull", 2, 2, Worth::Branches, "coalesce(%*)"},
         {"nullif", 2, 2, Worth::First, ""},
-        // texts
+        // texts; every database of the system has ucase, which knows all letters, and dateformat
+        {"ucase", 1, 1, Worth::Text, ""},
+        {"upper", 1, 1, Worth::Text, "ucase(%1)"},
+        {"dateformat", 2, 2, Worth::Text, ""},
         {"trim", 1, 1, Worth::Text, ""},
         {"ltrim", 1, 1, Worth::Text, ""},
         {"rtrim", 1, 1, Worth::Text, ""},

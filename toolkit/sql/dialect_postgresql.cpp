@@ -40,23 +40,12 @@ Dialect postgreSqlDialect()
     d.nameKey = QStringLiteral("lt_raktas(%1) collate \"C\"");
 
     // --- functions
-    // The databases have C collation, whose upper() and lower() know the letters of ASCII only.
-    for (const char *name : {"ucase", "upper"})
-        d.functions.insert(
-            QLatin1String(name),
-            {1, 1, Worth::Text, QStringLiteral("translate(upper(%1),'ąčęėįšųūž','ĄČĘĖĮŠŲŪŽ')")});
-    for (const char *name : {"lcase", "lower"})
-        d.functions.insert(
-            QLatin1String(name),
-            {1, 1, Worth::Text, QStringLiteral("translate(lower(%1),'ĄČĘĖĮŠŲŪŽ','ąčęėįšųūž')")});
     // There is no mod() and no round(number, digits) of floating-point numbers.
     d.functions.insert(
         QStringLiteral("mod"),
         {2, 2, Worth::Number, QStringLiteral("mod(cast(%1 as numeric), cast(%2 as numeric))")});
     d.functions.insert(QStringLiteral("round"),
                        {1, 2, Worth::Number, QStringLiteral("round(cast(%1 as numeric)%+)")});
-    d.functions.insert(QStringLiteral("dateformat"),
-                       {2, 2, Worth::Text, QStringLiteral("to_char(cast(%1 as date), %2)")});
     d.call = QStringLiteral("call %1(%2)");
 
     // --- types; a number is cut to a whole one, not rounded

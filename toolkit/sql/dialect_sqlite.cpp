@@ -37,27 +37,9 @@ Dialect sqliteDialect()
     d.nameKey = QStringLiteral("lt_raktas(%1)");
 
     // --- functions
-    // upper() and lower() know the letters of ASCII only.
-    QString upper = QStringLiteral("upper(%1)");
-    QString lower = QStringLiteral("lower(%1)");
-    const QString smallLetters = QStringLiteral("ąčęėįšųūž");
-    for (const QChar small : smallLetters) {
-        const QChar large = small.toUpper();
-        upper = QStringLiteral("replace(") + upper + QStringLiteral(",'") + small + QStringLiteral("','") +
-                large + QStringLiteral("')");
-        lower = QStringLiteral("replace(") + lower + QStringLiteral(",'") + large + QStringLiteral("','") +
-                small + QStringLiteral("')");
-    }
-    for (const char *name : {"ucase", "upper"})
-        d.functions.insert(QLatin1String(name), {1, 1, Worth::Text, upper});
-    for (const char *name : {"lcase", "lower"})
-        d.functions.insert(QLatin1String(name), {1, 1, Worth::Text, lower});
+    // mod() of the engine gives a floating-point number.
     d.functions.insert(QStringLiteral("mod"), {2, 2, Worth::Number, QStringLiteral("(%1 % %2)"), true});
     d.functions.insert(QStringLiteral("round"), {1, 2, Worth::Number, {}});
-    d.functions.insert(
-        QStringLiteral("dateformat"),
-        {2, 2, Worth::Text,
-         QStringLiteral("strftime(replace(replace(replace(%2,'yyyy','%Y'),'mm','%m'),'dd','%d'),%1)")});
     d.call = QStringLiteral("select %1(%2)");
 
     // --- types

@@ -1,0 +1,73 @@
+-- screen: TBalFrm, session: both
+select * from BD_BALEIL order by bel_kod
+;;
+-- screen: TBalFrm, session: mnFin_Db
+-- param kod = 'A0101'
+select bss_balkod, sas_sasnr from bd_balsas, bd_sasplan where sas_id=bss_sasid and bss_balkod=:kod
+;;
+-- screen: TBalFrm, session: mnRavl
+-- param kod = 'A0101'
+select bss_balkod, bss_sasnr from bd_balsas where bss_balkod=:kod
+;;
+-- screen: TBalFrm, session: mnFin_Db
+-- param balkod = 'A0101'
+-- param sasid = 1
+-- param tip = 'D'
+insert into bd_balsas values (NULL, :balkod, :sasid, :tip)
+;;
+-- screen: TBalFrm, session: mnRavl
+-- param balkod = 'A0101'
+-- param sasid = ' 2412, 2413'
+-- param tip = 'D'
+insert into bd_balsas values (NULL, :balkod, :sasid, :tip)
+;;
+-- screen: TBalFrm, session: both
+DELETE FROM bd_baleil
+;;
+-- screen: TBalFrm, session: both
+-- param bel_kod = 'A0102'
+-- param bel_pavad = 'Bankų sąskaitos '
+insert into bd_baleil (bel_kod, bel_pavad) values (:bel_kod, :bel_pavad)
+;;
+-- screen: TCheckSasDlg, session: mnFin_Db
+SELECT SAS_ID, SAS_SASNR, SAS_PAVAD FROM BD_SASPLAN WHERE SAS_TIP = 'D' and CheckSasInBalForm(SAS_ID, '%') = 0 ORDER BY SAS_SASNR
+;;
+-- screen: TOprFrm, session: mnFin_Db
+select opr_id, opr_pavad from bd_opr
+;;
+-- screen: TOprFrm, session: mnFin_Db
+-- param oprid = 1
+select * from bd_OprSasKor where osk_oprid=:oprid and osk_db_kr="D" and osk_1_2="1"
+;;
+-- screen: TOprFrm, session: mnFin_Db
+-- param oprid = 1
+select * from bd_OprSasKor where osk_oprid=:oprid and osk_db_kr="K" and osk_1_2="1"
+;;
+-- screen: TOprFrm, session: mnFin_Db
+-- param opr_id = 2
+-- param opr_pavad = 'Darbo užmokesčio priskaitymas'
+insert into bd_opr (opr_id, opr_pavad) values (:opr_id, :opr_pavad)
+;;
+-- screen: TOprFrm, session: mnFin_Db
+-- param opr_pavad = 'Darbo užmokestis'
+-- param OLD_opr_id = 1
+update bd_opr set opr_pavad = :opr_pavad where opr_id = :OLD_opr_id
+;;
+-- screen: TOprFrm, session: mnFin_Db
+-- param OLD_opr_id = 1
+delete from bd_opr where opr_id = :OLD_opr_id
+;;
+-- screen: TOprFrm, session: mnFin_Db
+-- param osk_oprid = 1
+-- param osk_sasid = 2
+-- param osk_db_kr = 'K'
+-- param osk_1_2 = '1'
+insert into bd_OprSasKor (OSK_OPRID, OSK_SASID, OSK_DB_KR, OSK_1_2) values (:osk_oprid, :osk_sasid, :osk_db_kr, :osk_1_2)
+;;
+-- screen: TOprFrm, session: mnFin_Db
+-- param OLD_osk_oprid = 1
+-- param OLD_osk_sasid = 2
+-- param OLD_osk_db_kr = 'K'
+-- param OLD_osk_1_2 = '1'
+delete from bd_OprSasKor where OSK_OPRID = :OLD_osk_oprid and OSK_SASID = :OLD_osk_sasid and OSK_DB_KR = :OLD_osk_db_kr and OSK_1_2 = :OLD_osk_1_2
+;;
