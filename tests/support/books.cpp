@@ -74,7 +74,7 @@ QString postgresModel(const QString &name, Book book)
         return model;
     const QString unfinished = model + u"_new"_s;
     postgresExec(u"drop database if exists %1 with (force)"_s.arg(unfinished));
-    postgresExec(u"create database %1 template template0"_s.arg(unfinished));
+    postgresExec(u"create database %1 template template0 strategy file_copy"_s.arg(unfinished));
     TSessionSettings settings;
     settings.alias = name;
     settings.engine = Engine::PostgreSql;

@@ -41,7 +41,7 @@ TSessionSettings freshPostgres(const QString &alias, const QString &original)
 {
     const QString name = freshDatabaseName(alias);
     const QString model = original.isEmpty() ? u"template0"_s : original;
-    postgresExec(u"create database %1 template %2"_s.arg(name, model));
+    postgresExec(u"create database %1 template %2 strategy file_copy"_s.arg(name, model));
     TSessionSettings settings;
     settings.alias = alias;
     settings.engine = Engine::PostgreSql;

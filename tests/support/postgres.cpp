@@ -40,6 +40,7 @@ QSqlDatabase administration()
     connection.setHostName(postgresFolder());
     connection.setUserName(u"velmora"_s);
     connection.setDatabaseName(u"postgres"_s);
+    connection.setConnectOptions(u"options='-c client_min_messages=warning'"_s);
     if (!connection.open())
         qFatal("the PostgreSQL server of the tests: %s", qPrintable(connection.lastError().text()));
     return connection;
