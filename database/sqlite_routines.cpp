@@ -6,6 +6,7 @@
 #include "database/period_routines.h"
 #include "database/person_routines.h"
 #include "database/text_functions.h"
+#include "toolkit/data/database.h"
 
 namespace {
 
@@ -37,6 +38,9 @@ constexpr Entry entries[] = {
     {"p_calcdbkrlik", 1, writes, guarded<computeDebtors>},
     {"updmatasmunq", 0, writes, guarded<mergePersons>},
 };
+
+// A program that holds the schema never has a connection that does not know its routines.
+[[maybe_unused]] const bool installed = (TDatabase::setSqliteTeacher(teachSqlite), true);
 
 } // namespace
 

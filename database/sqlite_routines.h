@@ -7,5 +7,5 @@ struct sqlite3;
 // get_last_per_id, CheckSasInBalForm, lt_raktas, DATEFORMAT and UCASE, and a sum() exact to four decimals.
 // A routine is all or nothing, inside a transaction and without one; its errors carry Lithuanian texts.
 //
-// To be installed before the first session opens: TDatabase::setSqliteTeacher(teachSqlite).
+// Loading this library installs it for every session that opens from then on (TDatabase::setSqliteTeacher).
 void teachSqlite(sqlite3 *db);
