@@ -5,7 +5,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QHeaderView>
 
 using namespace Qt::StringLiterals;
 
@@ -51,15 +50,19 @@ Variant TBrowseFrm::currentKey() const
 
 void TBrowseFrm::describeFields()
 {
+    QList<TGridColumn> columns;
     for (const TBrowseColumn &column : description.columns) {
+        columns.append({.field = column.field, .title = column.title, .width = column.width});
         d->query.describe(column.field, [column](TField &field) {
             field.DisplayLabel = column.title;
-            field.DisplayFormat = column.format;
+            if (!column.format.isEmpty())
+                field.DisplayFormat = column.format;
             const bool right = isNumeric(field.DataType());
             field.Alignment =
                 column.alignment.value_or(right ? TAlignment::taRightJustify : TAlignment::taLeftJustify);
         });
     }
+    d->grid->setColumns(columns);
 }
 
 // --- reading
@@ -107,28 +110,31 @@ void TBrowseFrm::OrderData(const QString &column, bool descending)
     }
 }
 
-void TBrowseFrm::DBGridTitleClick(int column)
+void TBrowseFrm::DBGridTitleClick(const QString &column)
 {
-    const TField *field = d->query.Field(column);
-    if (!description.titleOrder || field->isCalculated())
+    const TField *field = d->query.FindField(column);
+    if (!description.titleOrder || !field || field->isCalculated())
         return;
-    const bool again = d->orderColumn.compare(field->FieldName(), Qt::CaseInsensitive) == 0;
-    OrderData(field->FieldName(), again && !d->descending);
+    const bool again = d->orderColumn.compare(column, Qt::CaseInsensitive) == 0;
+    OrderData(column, again && !d->descending);
 }
 
 void TBrowseFrm::OrderBtnClick()
 {
-    if (findColumn() >= 0)
-        DBGridTitleClick(findColumn());
+    if (const TField *field = findField())
+        DBGridTitleClick(field->FieldName());
 }
 
 void TBrowseFrm::showSortArrow()
 {
-    const TField *field = d->query.FindField(d->orderColumn);
-    QHeaderView *header = d->grid->horizontalHeader();
-    header->setSortIndicatorShown(field != nullptr);
-    if (field)
-        header->setSortIndicator(field->index(), d->descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    d->grid->setSortMark(d->orderColumn, d->descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    const int column = d->grid->columnOf(d->orderColumn);
+    const QModelIndex current = d->grid->currentIndex();
+    // Typing searches the column that the list is ordered by.
+    if (column >= 0 && current.isValid() && current.column() != column)
+        d->grid->selectionModel()->setCurrentIndex(current.siblingAtColumn(column),
+                                                   QItemSelectionModel::NoUpdate);
+    showFindColumn();
 }
 
 bool TBrowseFrm::loading() const
@@ -149,7 +155,6 @@ void TBrowseFrm::showLoading()
     const int count = d->query.Active() ? d->query.rowCount() : 0;
     const bool partly = more || d->query.stopped();
     setPanel(0, partly ? u"Įrašų kiekis: … %1+"_s.arg(count) : u"Įrašų kiekis: %1"_s.arg(count));
-    d->grid->setEmptyText(partly ? QString() : u"Sąrašas tuščias"_s);
 }
 
 void TBrowseFrm::DataSourceDataChange()

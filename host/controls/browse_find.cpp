@@ -2,7 +2,6 @@
 #include "toolkit/widgets/db_grid.h"
 #include "toolkit/widgets/guard.h"
 
-#include <QHeaderView>
 #include <QKeyEvent>
 
 using namespace Qt::StringLiterals;
@@ -12,33 +11,28 @@ constexpr int typingPauseMs = 250;
 constexpr int searchPieceMs = 20; // the window answers between two pieces
 } // namespace
 
-// The column of the current cell; the first one shown while there is none.
-int TBrowseFrm::findColumn() const
+// The column of the current cell; the first one shown while there is none. Null while the list is closed.
+TField *TBrowseFrm::findField() const
 {
     const QModelIndex current = d->grid->currentIndex();
-    if (current.isValid() && !d->grid->isColumnHidden(current.column()))
-        return current.column();
-    const QHeaderView *header = d->grid->horizontalHeader();
-    for (int i = 0; i < header->count(); ++i) {
-        if (!header->isSectionHidden(header->logicalIndex(i)))
-            return header->logicalIndex(i);
-    }
-    return -1;
+    if (current.isValid())
+        return d->query.FindField(d->grid->fieldAt(current.column()));
+    return description.columns.empty() ? nullptr : d->query.FindField(description.columns.front().field);
 }
 
 void TBrowseFrm::showFindColumn()
 {
-    const int column = findColumn();
-    const QString title =
-        column >= 0 ? d->query.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString() : QString();
-    d->findLabel->setText(u"I&eškoti stulpelyje „%1“:"_s.arg(title));
+    const TField *field = findField();
+    const QString title = field ? field->label() : QString();
+    d->findLabel->setText(u"I&eškoti stulpelyje „%1“:"_s.arg(QString(title).replace(u'&', u"&&"_s)));
     d->findEdit->setAccessibleName(u"Ieškoti stulpelyje %1"_s.arg(title));
 }
 
 void TBrowseFrm::SetFindStr(const QString &text, TField *field)
 {
-    if (field)
-        d->grid->setCurrentIndex(d->query.index(std::max(d->query.RecNo(), 0), field->index()));
+    const int column = field ? d->grid->columnOf(field->FieldName()) : -1;
+    if (column >= 0)
+        d->grid->setCurrentIndex(d->grid->model()->index(std::max(d->query.RecNo(), 0), column));
     const QSignalBlocker blocker(d->findEdit);
     d->findEdit->setText(text);
     startSearch(0);
@@ -53,11 +47,12 @@ void TBrowseFrm::findTextChanged()
 
 void TBrowseFrm::startSearch(int fromRow)
 {
-    if (d->findEdit->text().trimmed().isEmpty() || !d->query.Active() || findColumn() < 0) {
-        d->finder.stop();
+    const TField *field = findField();
+    const QString text = d->findEdit->text().trimmed();
+    d->finder.stop();
+    if (text.isEmpty() || !field)
         return;
-    }
-    d->finder.start(d->findEdit->text().trimmed(), findColumn(), fromRow);
+    d->finder.start(text, field->index(), fromRow);
     goOnSearching();
 }
 

@@ -62,6 +62,9 @@ TBrowseFrm::TBrowseFrm(TBrowseDescription described, QWidget *owner)
 
 TBrowseFrm::~TBrowseFrm()
 {
+    // The data set goes before the widgets that look at it.
+    d->query.disconnect(this);
+    d->grid->setDataSet(nullptr);
     if (release)
         release();
 }
@@ -80,9 +83,9 @@ void TBrowseFrm::listen()
         throw EDatabaseError(why);
     });
     connectGuarded(&periodNotifier(), &TPeriodNotifier::periodChanged, this, [this] { PeriodChanged(); });
-    connectGuarded(d->grid, &QAbstractItemView::doubleClicked, this, [this] { EditBtnClick(); });
-    connectGuarded(d->grid->horizontalHeader(), &QHeaderView::sectionClicked, this,
-                   [this](int column) { DBGridTitleClick(column); });
+    connectGuarded(d->grid, &TDBGrid::rowActivated, this, [this] { EditBtnClick(); });
+    connectGuarded(d->grid, &TDBGrid::titleClicked, this,
+                   [this](const QString &column) { DBGridTitleClick(column); });
     connectGuarded(d->grid->selectionModel(), &QItemSelectionModel::currentColumnChanged, this,
                    [this] { showFindColumn(); });
     d->grid->installEventFilter(this);
@@ -100,6 +103,7 @@ void TBrowseFrm::FormCreate()
     d->query.setDatabase(Database());
     if (description.prepare)
         description.prepare(d->query);
+    d->grid->setDataSet(&d->query);
     RefreshData(Variant(0));
     restoreArrangement();
     d->created = true;

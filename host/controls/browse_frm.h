@@ -91,7 +91,7 @@ public slots:
     void ButtonsCaptionClick(); // tool buttons with or without captions; remembered
     void mnToolsClick();        // tool bar shown or hidden; remembered
     void acHelpExecute();
-    virtual void DBGridTitleClick(int column); // the data set's column
+    virtual void DBGridTitleClick(const QString &column); // a column of the statement
     virtual void DataSourceDataChange();
 
 protected:
@@ -171,7 +171,7 @@ private:
     TListPrinter printed();
 
     // Searching.
-    int findColumn() const;
+    TField *findField() const;
     void showFindColumn();
     void findTextChanged();
     void startSearch(int fromRow);

@@ -7,7 +7,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QHeaderView>
 #include <QMimeData>
 
 using namespace Qt::StringLiterals;
@@ -25,18 +24,17 @@ TListPrinter TBrowseFrm::printed()
     content.institution = organisationName();
     content.date = Date().date();
     content.rows = d->query.RecordCount();
-    const QHeaderView *header = d->grid->horizontalHeader();
-    QList<int> columns;
-    for (int i = 0; i < header->count(); ++i) {
-        const int column = header->logicalIndex(i);
-        if (header->isSectionHidden(column))
+    QList<int> sources;
+    const QList<TGridColumn> &columns = d->grid->columns();
+    for (int i = 0; i < columns.size(); ++i) {
+        const TField *field = d->query.FindField(columns[i].field);
+        if (!field || d->grid->isColumnHidden(i))
             continue;
-        columns << column;
-        content.columns.push_back({d->query.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString(),
-                                   header->sectionSize(column), d->query.Field(column)->Alignment});
+        sources << field->index();
+        content.columns.push_back({field->label(), d->grid->columnWidth(i), field->Alignment});
     }
-    content.text = [this, columns](int row, int column) {
-        return d->query.index(row, columns[column]).data(Qt::DisplayRole).toString();
+    content.text = [this, sources](int row, int column) {
+        return d->query.index(row, sources[column]).data(Qt::DisplayRole).toString();
     };
     return TListPrinter(std::move(content));
 }

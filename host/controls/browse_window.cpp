@@ -24,7 +24,7 @@ struct Described {
     bool onGridOnly = false; // its keys mean something else while the user types elsewhere
 };
 
-const std::vector<Described> &actions()
+const std::vector<Described> &everyAction()
 {
     using F = TBrowseFrm;
     static const std::vector<Described> table = {
@@ -148,7 +148,7 @@ QString hintWithKey(const QString &hint, const QAction *action)
 
 void TBrowseFrm::addActions()
 {
-    for (const Described &each : actions()) {
+    for (const Described &each : everyAction()) {
         auto *action = new QAction(each.text, this);
         this->*each.action = action;
         action->setObjectName(QString::fromLatin1(each.name));

@@ -9,7 +9,7 @@
 // diacritics count.
 class TListFinder {
 public:
-    explicit TListFinder(TDataSet *set) : set(set) {}
+    explicit TListFinder(TDataSet *dataSet) : set(dataSet) {}
 
     enum class Outcome { Idle, Searching, Found, NotFound };
 

@@ -76,6 +76,8 @@ struct TListPrinter::Layout {
     {
         const QFontMetricsF measured = metrics(font);
         const double width = widths[column] - 2 * cellMargin;
+        if (!text.contains(u'\n') && measured.horizontalAdvance(text) <= width)
+            return measured.height() + cellMargin; // the usual case, and the quick one
         const int flags = wrapped(flagsOf(list.columns[column].alignment), measured, text, width);
         return measured.boundingRect(QRectF(0, 0, width, 1e6), flags, text).height() + cellMargin;
     }
