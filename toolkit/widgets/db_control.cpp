@@ -67,13 +67,15 @@ void TDBControl::attach()
     QObject::connect(set, &TDataSet::modelReset, events, guarded(where, [this] { restore(); }));
     QObject::connect(set, &TDataSet::fieldChanged, events,
                      guarded(where, [this](const QString &name) { onField(name); }));
-    QObject::connect(set, &TDataSet::updatingRecord, events, [this] { flush(); });
+    flusher = set->addFlusher([this] { commit(); });
 }
 
 void TDBControl::detach()
 {
-    if (set)
-        QObject::disconnect(set, nullptr, events, nullptr);
+    if (!set)
+        return;
+    QObject::disconnect(set, nullptr, events, nullptr);
+    set->removeFlusher(flusher);
 }
 
 TField *TDBControl::Field() const
@@ -90,7 +92,8 @@ void TDBControl::setAlwaysReadOnly(bool on)
 bool TDBControl::canEdit() const
 {
     const TField *field = Field();
-    return field && !alwaysReadOnly && set->editing() && !field->ReadOnly && !field->isCalculated();
+    return field && !alwaysReadOnly && set->editing() && !set->ReadOnly() && !field->ReadOnly &&
+           !field->isCalculated();
 }
 
 void TDBControl::commit()
@@ -143,11 +146,6 @@ void TDBControl::onField(const QString &name)
     if (isPending && name.compare(column, Qt::CaseInsensitive) == 0)
         return;
     refresh();
-}
-
-void TDBControl::flush()
-{
-    commit();
 }
 
 void TDBControl::leave() noexcept

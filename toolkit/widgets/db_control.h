@@ -50,7 +50,6 @@ public:
     static QList<TDBControl *> allIn(const QWidget *window);
 
 protected:
-    // focus: the widget in which the user types; null: self.
     explicit TDBControl(QWidget *self);
 
     // Shows the column's value; null: there is no record.
@@ -75,7 +74,6 @@ private:
     void leave() noexcept;
     void onState();
     void onField(const QString &name);
-    void flush();
 
     QWidget *self;
     QPointer<TDataSet> set;
@@ -84,6 +82,7 @@ private:
     QString ownToolTip;
     TInvalidMark *mark = nullptr;
     class TDBControlEvents *events;
+    int flusher = 0;
     bool isPending = false;
     bool alwaysReadOnly = false;
 };

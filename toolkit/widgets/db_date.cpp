@@ -127,11 +127,7 @@ void TDBDateTimePicker::showField(TField *field)
 
 void TDBDateTimePicker::storeField(TField &field)
 {
-    const QDate typed = date();
-    if (typed.isValid())
-        field.setValue(typed);
-    else
-        field.Clear();
+    field.setEditText(text().trimmed());
 }
 
 void TDBDateTimePicker::setEditable(bool on)

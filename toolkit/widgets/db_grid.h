@@ -1,0 +1,88 @@
+#pragma once
+
+#include "toolkit/data/dataset.h"
+#include "toolkit/widgets/edit_options.h"
+
+#include <QPointer>
+#include <QTableView>
+
+#include <functional>
+#include <optional>
+
+class TGridModel;
+
+// One column of a grid, described.
+struct TGridColumn {
+    QString field;
+    QString title;                                      // empty: the field's label
+    int width = 0;                                      // pixels; 0: a width that fits the title
+    std::optional<TAlignment> alignment;                // none: as the field says
+    QString format;                                     // display format; empty: the field's
+    bool readOnly = false;                              // in a grid with cell editing
+    TEditOptions edit;                                  // what may be typed into a cell
+    std::function<QString(const QVariant &value)> text; // the cell's text instead of the field's
+    std::function<void()> browse; // a button in the cell being edited, for choosing the value elsewhere
+};
+
+// A grid over a data set. The grid's current row and the set's record are always the same one: moving in the
+// grid moves the set, and the other way round. It stays quick with a million rows: all rows are of one
+// height, columns are never measured over all rows, and more rows are fetched as they come into view.
+class TDBGrid : public QTableView {
+    Q_OBJECT
+public:
+    explicit TDBGrid(QWidget *parent = nullptr);
+    ~TDBGrid() override;
+
+    // Neither takes the set over; null unbinds.
+    void setDataSet(TDataSet *set);
+    TDataSet *DataSet() const;
+    void setColumns(const QList<TGridColumn> &columns);
+    const QList<TGridColumn> &columns() const;
+
+    // Whole rows are selected and cells are not edited (the default), or cells are.
+    void setCellEditing(bool on);
+    bool cellEditing() const { return editsCells; }
+    void setTitlesCentred(bool on);
+    // Whether Ctrl and Shift select several rows (the default: yes).
+    void setMultiSelect(bool on);
+    // What stands in an empty list; "Įrašų nėra" unless told otherwise.
+    void setEmptyText(const QString &text);
+
+    // Column widths by field name, for keeping them between sessions. Unknown names are passed over.
+    QVariantMap columnWidths() const;
+    void setColumnWidths(const QVariantMap &widths);
+
+    // The selected rows in their order, as rows of the set.
+    QList<int> selectedRows() const;
+    // The selected rows as text: cells parted by tabs, rows by line ends, columns in the order shown.
+    QString selectedText() const;
+    void copySelection() const;
+
+    QString fieldAt(int column) const;                           // the field of a grid column
+    int columnOf(const QString &field) const;                    // -1 when there is none
+    void setSortMark(const QString &field, Qt::SortOrder order); // an arrow in the title; empty: none
+
+signals:
+    void titleClicked(const QString &field);
+    void rowActivated(); // Enter or a double click on a record
+    void columnWidthsChanged();
+
+protected:
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyboardSearch(const QString &typed) override;
+    void paintEvent(QPaintEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    void followSet();
+    void layOutColumns();
+    void fixRowHeight();
+    bool moveSet(const QKeyEvent *event);
+
+    TGridModel *rows;
+    QString emptyText;
+    QVariantMap keptWidths;
+    bool editsCells = false;
+    bool following = false;
+};

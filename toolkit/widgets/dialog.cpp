@@ -1,0 +1,215 @@
+#include "toolkit/widgets/dialog.h"
+
+#include "toolkit/data/query.h"
+#include "toolkit/widgets/guard.h"
+#include "toolkit/widgets/icons.h"
+#include "toolkit/widgets/lithuanian.h"
+
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QVBoxLayout>
+
+namespace {
+
+std::function<void(int)> &helpDisplay()
+{
+    static std::function<void(int)> display;
+    return display;
+}
+
+QIcon iconOf(TDialogButton::Role role)
+{
+    switch (role) {
+    case TDialogButton::Save:
+        return icon(TIcon::Save);
+    case TDialogButton::Cancel:
+        return icon(TIcon::Cancel);
+    case TDialogButton::Help:
+        return icon(TIcon::Help);
+    case TDialogButton::Action:
+        break;
+    }
+    return {};
+}
+
+} // namespace
+
+QList<TDialogButton> saveAndCancel()
+{
+    return {{QStringLiteral(u"&Išsaugoti"), TDialogButton::Save, true, {}, {}},
+            {QStringLiteral(u"&Atšaukti"), TDialogButton::Cancel, false, {}, {}}};
+}
+
+TDialog::TDialog(QWidget *parent) : QDialog(parent)
+{
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+}
+
+TDialog::~TDialog()
+{
+    runGuarded(nullptr, [this] { cancelSet(); });
+}
+
+void TDialog::setHelpDisplay(std::function<void(int)> display)
+{
+    helpDisplay() = std::move(display);
+}
+
+void TDialog::describe(const QString &caption, const QList<TFieldRow> &rows, TDataSet *dataSet,
+                       const QList<TDialogButton> &buttons)
+{
+    Q_ASSERT(!body);
+    setWindowTitle(caption);
+    set = dataSet;
+    auto *whole = new QVBoxLayout(this);
+    body = new QVBoxLayout;
+    whole->addLayout(body, 1);
+    fields = new TFieldForm(rows, dataSet, this);
+    body->addWidget(fields);
+    addButtons(buttons);
+}
+
+void TDialog::addButtons(const QList<TDialogButton> &buttons)
+{
+    auto *line = new QHBoxLayout;
+    line->addStretch(1);
+    for (const TDialogButton &described : buttons) {
+        auto *made = new QPushButton(iconOf(described.role), described.caption, this);
+        made->setObjectName(described.name.isEmpty() ? plainCaption(described.caption) : described.name);
+        made->setAutoDefault(false);
+        made->setDefault(described.isDefault);
+        connectGuarded(made, &QPushButton::clicked, this, [this, described] { press(described); });
+        if (described.role == TDialogButton::Save)
+            saver = made;
+        line->addWidget(made);
+    }
+    static_cast<QVBoxLayout *>(layout())->addLayout(line);
+}
+
+void TDialog::press(const TDialogButton &pressed)
+{
+    switch (pressed.role) {
+    case TDialogButton::Save:
+        trySave();
+        break;
+    case TDialogButton::Cancel:
+        reject();
+        break;
+    case TDialogButton::Help:
+        if (helpDisplay())
+            helpDisplay()(help);
+        break;
+    case TDialogButton::Action:
+        if (pressed.action)
+            pressed.action();
+        break;
+    }
+}
+
+bool TDialog::run()
+{
+    Load();
+    return exec() == Accepted;
+}
+
+bool TDialog::trySave()
+{
+    // A save that paints or asks may let a second press through.
+    if (saving)
+        return false;
+    const QScopedValueRollback<bool> running(saving, true);
+    try {
+        for (TDBControl *control : TDBControl::allIn(this))
+            control->commit();
+        Validate();
+        saveInTransaction([this] { Save(); });
+    } catch (...) {
+        focusRefused();
+        showCurrentException(this);
+        return false;
+    }
+    accept();
+    return true;
+}
+
+void TDialog::Save()
+{
+    if (set && set->editing())
+        set->Post();
+    if (auto *query = qobject_cast<TQuery *>(set.data()); query && query->CachedUpdates)
+        query->ApplyUpdates();
+}
+
+void TDialog::saveInTransaction(const std::function<void()> &step)
+{
+    auto *query = qobject_cast<TQuery *>(set.data());
+    if (!query || !query->Database()) {
+        step();
+        return;
+    }
+    TTransaction transaction(query->Database());
+    step();
+    transaction.commit();
+    if (query->CachedUpdates)
+        query->CommitUpdates();
+}
+
+void TDialog::cancelSet()
+{
+    if (set && set->editing())
+        set->Cancel();
+}
+
+void TDialog::reject()
+{
+    if (saving)
+        return;
+    runGuarded(this, [this] { cancelSet(); });
+    QDialog::reject();
+}
+
+void TDialog::refuse(const QString &column, const QString &message)
+{
+    QWidget *refused = fields->control(column);
+    if (auto *control = TDBControl::of(refused))
+        control->markInvalid(message);
+    refused->setFocus();
+    throw Exception(message);
+}
+
+void TDialog::focusRefused()
+{
+    for (TDBControl *control : TDBControl::allIn(this)) {
+        if (!control->invalidReason().isEmpty() && control->widget()->isVisible()) {
+            control->widget()->setFocus();
+            return;
+        }
+    }
+}
+
+QPushButton *TDialog::button(const QString &name) const
+{
+    for (QPushButton *candidate : findChildren<QPushButton *>()) {
+        if (candidate->objectName() == name)
+            return candidate;
+    }
+    Q_UNREACHABLE();
+}
+
+void TDialog::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_F1 && help > 0 && helpDisplay()) {
+        runGuarded(this, [this] { helpDisplay()(help); });
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
+void TDialog::showEvent(QShowEvent *event)
+{
+    QDialog::showEvent(event);
+    if (!shown && fields && !focusWidget())
+        fields->focusFirst();
+    shown = true;
+}

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "toolkit/widgets/form.h"
+
+#include <QDialog>
+
+class QPushButton;
+class QVBoxLayout;
+
+// One button of a dialog, described.
+struct TDialogButton {
+    enum Role { Save, Cancel, Help, Action };
+
+    QString caption; // with its accelerator
+    Role role = Action;
+    bool isDefault = false;
+    std::function<void()> action; // of an Action button
+    QString name;                 // how the dialog finds the button again; empty: the caption without "&"
+};
+
+// "&Išsaugoti" (default) and "&Atšaukti".
+QList<TDialogButton> saveAndCancel();
+
+// The base of every dialog: described fields and buttons, and the way from loading to saving.
+//
+// - run() calls Load() and shows the dialog modally; true when the user saved. What Load() raises reaches the
+// caller
+//   and nothing is shown.
+// - The save button runs Validate() and then, in one transaction of the set's session, Save(). When one of
+// them
+//   raises, everything is rolled back, the error is shown, and the dialog stays open as it was typed; the
+//   cursor goes to the control whose value is refused.
+// - Closing in any other way, or destroying the dialog, cancels the set.
+class TDialog : public QDialog {
+    Q_OBJECT
+public:
+    explicit TDialog(QWidget *parent = nullptr);
+    ~TDialog() override;
+
+    bool run();
+
+    // F1 and the help button show this topic; 0: no help.
+    void setHelpTopic(int topic) { help = topic; }
+    int helpTopic() const { return help; }
+    // How help topics are shown; set once by the program.
+    static void setHelpDisplay(std::function<void(int topic)> display);
+
+    // Saves as the save button does; true when the dialog was closed by it.
+    bool trySave();
+
+    void reject() override;
+
+protected:
+    // Builds the dialog; to be called once by the constructor of the derived class. The set may be null.
+    void describe(const QString &caption, const QList<TFieldRow> &rows, TDataSet *set,
+                  const QList<TDialogButton> &buttons = saveAndCancel());
+
+    // --- the steps. Each raises to refuse.
+    virtual void Load() {}
+    virtual void Validate() {}
+    // Posts the set, and applies its cached updates.
+    virtual void Save();
+    // Runs the save step in a transaction of the set's session, and nothing but the step where there is no
+    // set.
+    virtual void saveInTransaction(const std::function<void()> &step);
+
+    TFieldForm &form() const { return *fields; }
+    template<typename T = QWidget> T *control(const QString &name) const { return fields->control<T>(name); }
+    QPushButton *button(const QString &name) const; // asserts that there is one
+    QPushButton *saveButton() const { return saver; }
+    TDataSet *dataSet() const { return set; }
+    // The layout above the buttons, for what no row describes.
+    QVBoxLayout *bodyLayout() const { return body; }
+    // Stops in front of a control: puts the cursor there and raises.
+    [[noreturn]] void refuse(const QString &column, const QString &message);
+
+    void keyPressEvent(QKeyEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void addButtons(const QList<TDialogButton> &buttons);
+    void press(const TDialogButton &button);
+    void cancelSet();
+    void focusRefused();
+
+    QPointer<TDataSet> set;
+    TFieldForm *fields = nullptr;
+    QVBoxLayout *body = nullptr;
+    QPushButton *saver = nullptr;
+    int help = 0;
+    bool saving = false;
+    bool shown = false;
+};

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+class TGridModel;
+
+// The cells of a grid while they are edited: a line edit with the column's options and its button.
+class TGridDelegate : public QStyledItemDelegate {
+    Q_OBJECT
+public:
+    TGridDelegate(TGridModel *model, QObject *parent);
+
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
+                          const QModelIndex &index) const override;
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override;
+    void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
+
+private:
+    void addBrowse(class QLineEdit *edit, int column) const;
+    TGridModel *rows;
+};
