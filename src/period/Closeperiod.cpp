@@ -113,17 +113,14 @@ bool TPerCloseDlg::balancesAgree()
 
 void TPerCloseDlg::StartBtnClick()
 {
-    TDatabase *books = MainDatas()->mnFin_Db();
     setClosing(true);
-    try {
-        BeginTran(books);
-        DbiQExecDirect(books, "call Close_Per()");
-        CommitTran(books);
-    } catch (...) {
-        RollBackTran(books);
-        setClosing(false);
-        throw;
-    }
+    auto restoreButtons = qScopeGuard([this] { setClosing(false); });
+    TTransaction transaction(MainDatas()->mnFin_Db());
+    DbiQExecDirect(MainDatas()->mnFin_Db(), "call Close_Per()");
+    transaction.commit();
+    restoreButtons.dismiss();
+    StartedProg->Stop();
+
     GetPeriod();
     StdMsgBox(mkInformation, "Periodas uždarytas sekmingai");
     accept();

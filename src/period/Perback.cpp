@@ -22,15 +22,13 @@ bool rollBack()
 {
     TPerBackDlg window(QApplication::activeWindow());
     window.show();
-    TDatabase *books = MainDatas()->mnFin_Db();
     try {
-        BeginTran(books);
+        TTransaction transaction(MainDatas()->mnFin_Db());
         window.ProgressBar->setValue(0);
-        DbiQExecDirect(books, "call Back_Per()");
+        DbiQExecDirect(MainDatas()->mnFin_Db(), "call Back_Per()");
         window.ProgressBar->setValue(100);
-        CommitTran(books);
+        transaction.commit();
     } catch (const Exception &) {
-        RollBackTran(books);
         return false;
     }
     return true;

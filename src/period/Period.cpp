@@ -2,12 +2,9 @@
 
 #include "src/period/UpDown.h"
 #include "toolkit/text/format.h"
-#include "toolkit/widgets/guard.h"
 
-#include <QDialogButtonBox>
-#include <QFormLayout>
-#include <QLabel>
-#include <QPushButton>
+#include <QComboBox>
+#include <QLineEdit>
 
 namespace Period {
 
@@ -25,49 +22,33 @@ const QStringList monthNames = {"Sausis", "Vasaris",   "Kovas",    "Balandis", "
 } // namespace
 
 TPeriodDlg::TPeriodDlg(QWidget *owner)
-    : QDialog(owner),
+    : TDialog(owner),
       UpDown(new TUpDown(firstYear, lastYear, "0000; ", this)),
-      MonthBox(new QComboBox(this)),
+      YearEdit(UpDown->edit()),
       qryPer(MainDatas()->mnFin_Db(), "SELECT *\nFROM bd_period", this)
 {
-    setWindowTitle("Darbo pradžios periodas");
-    YearEdit = UpDown->edit();
     YearEdit->setObjectName("YearEdit");
-    MonthBox->setObjectName("MonthBox");
-    MonthBox->addItems(monthNames);
+    describe("Darbo pradžios periodas",
+             {TFieldRow::custom("M&etai", "UpDown", UpDown),
+              TFieldRow::freeList("&Menuo", "MonthBox", monthNames)},
+             &qryPer,
+             {{"&Taip", TDialogButton::Save, true, {}, {}}, {"&Ne", TDialogButton::Cancel, false, {}, {}}});
+    setHelpTopic(16);
+    MonthBox = control<QComboBox>("MonthBox");
     MonthBox->setMaxVisibleItems(int(monthNames.size()));
 
-    auto *buttons = new QDialogButtonBox(this);
-    QPushButton *ok = buttons->addButton("&Taip", QDialogButtonBox::AcceptRole);
-    QPushButton *cancel = buttons->addButton("&Ne", QDialogButtonBox::RejectRole);
-    ok->setDefault(true);
-
-    auto *form = new QFormLayout(this);
-    form->addRow("M&etai", UpDown);
-    form->addRow("&Menuo", MonthBox);
-    form->addRow(buttons);
-
-    connectGuarded(ok, &QPushButton::clicked, this, [this] { OkBtnClick(); });
-    connectGuarded(cancel, &QPushButton::clicked, this, [this] { reject(); });
-
-    FormCreate();
-    PeriodDlg = this;
-}
-
-TPeriodDlg::~TPeriodDlg()
-{
-    if (PeriodDlg == this)
-        PeriodDlg = nullptr;
-}
-
-void TPeriodDlg::FormCreate()
-{
     qryPer.Open();
     const auto closeQuery = qScopeGuard([this] { qryPer.Close(); });
     if (qryPer.IsEmpty())
         proposeToday();
     else
         readStored();
+    PeriodDlg = this;
+}
+
+TPeriodDlg::~TPeriodDlg()
+{
+    PeriodDlg = nullptr;
 }
 
 // Without a start-of-work row the month is taken from the row the cursor stands on; a year row names no
@@ -91,34 +72,21 @@ void TPeriodDlg::proposeToday()
     MonthBox->setCurrentIndex(today.mid(5, 2).toInt() - 1);
 }
 
-void TPeriodDlg::OkBtnClick()
-{
-    checkInput();
-    TDatabase *books = MainDatas()->mnFin_Db();
-    try {
-        BeginTran(books);
-        deleteStored();
-        writeRows();
-        CommitTran(books);
-    } catch (...) {
-        qryPer.Close();
-        RollBackTran(books);
-        throw;
-    }
-    accept();
-}
-
-void TPeriodDlg::checkInput() const
+void TPeriodDlg::Validate()
 {
     const int year = YearEdit->text().toInt();
-    if (year < firstYear || year > lastYear) {
-        YearEdit->setFocus();
-        throw Exception(QString("Metai turi būti skaičius nuo %1 iki %2").arg(firstYear).arg(lastYear));
-    }
-    if (MonthBox->currentIndex() < 0) {
-        MonthBox->setFocus();
-        throw Exception("Nepasirinktas mėnuo");
-    }
+    if (year < firstYear || year > lastYear)
+        refuse("UpDown", QString("Metai turi būti skaičius nuo %1 iki %2").arg(firstYear).arg(lastYear));
+    if (MonthBox->currentIndex() < 0)
+        refuse("MonthBox", "Nepasirinktas mėnuo");
+}
+
+// Runs inside the dialog's transaction: the rows stand or fall together.
+void TPeriodDlg::Save()
+{
+    const auto closeQuery = qScopeGuard([this] { qryPer.Close(); });
+    deleteStored();
+    writeRows();
 }
 
 void TPeriodDlg::deleteStored()

@@ -3,10 +3,10 @@
 #include "src/frame/host_services.h"
 #include "src/frame/unit.h"
 
-#include <QComboBox>
-#include <QDialog>
-#include <QLineEdit>
+#include "toolkit/widgets/dialog.h"
 
+class QComboBox;
+class QLineEdit;
 class TUpDown;
 
 // The start-of-work period: set once, when an institution begins to keep its books.
@@ -16,25 +16,25 @@ extern TUnit unit;
 
 // Creating it reads the period kept so far, or proposes the computer's month.
 // Raises an error when the computer's date cannot be right.
-class TPeriodDlg : public QDialog {
+class TPeriodDlg : public TDialog {
     Q_OBJECT
 public:
     explicit TPeriodDlg(QWidget *owner);
     ~TPeriodDlg() override;
 
+protected:
+    void Validate() override;
+    void Save() override;
+
 private:
-    void FormCreate();
     void readStored();
     void proposeToday();
-
-    void OkBtnClick();
-    void checkInput() const;
     void deleteStored();
     void writeRows();
 
-    QLineEdit *YearEdit;
     TUpDown *UpDown;
-    QComboBox *MonthBox;
+    QLineEdit *YearEdit;
+    QComboBox *MonthBox = nullptr;
     TQuery qryPer;
 };
 
