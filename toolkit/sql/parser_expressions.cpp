@@ -209,11 +209,13 @@ NodePtr Parser::primary()
 NodePtr Parser::parameter()
 {
     NodePtr node = leaf(NodeKind::Parameter);
-    node->position = int(parameterNames.indexOf(node->text, Qt::CaseInsensitive)) + 1;
-    if (node->position == 0) {
+    const auto sameName = [&node](const QString &known) {
+        return known.compare(node->text, Qt::CaseInsensitive) == 0;
+    };
+    const auto known = std::find_if(parameterNames.cbegin(), parameterNames.cend(), sameName);
+    node->position = int(known - parameterNames.cbegin()) + 1;
+    if (known == parameterNames.cend())
         parameterNames.append(node->text);
-        node->position = int(parameterNames.size());
-    }
     return node;
 }
 
