@@ -1,0 +1,43 @@
+// The month close against the best single statement written by hand, run in the engine's own shell on a copy
+// of the same books with the same durability.
+//
+//   bench_close [--rows N] [--engine sqlite|postgresql]
+
+#include "bench/close_books.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+#include <cstdio>
+
+namespace {
+
+void measure(Engine engine, int rows)
+{
+    CloseBooks books(engine, rows);
+    const double shell = books.closeByShell();
+    const double routine = books.closeByRoutine();
+    books.compare();
+    std::printf("%s: %d balances, %d entries: Close_Per %.0f ms, by hand %.0f ms, ratio %.2f\n",
+                engine == Engine::Sqlite ? "sqlite" : "postgresql", rows, rows, routine, shell,
+                routine / shell);
+    std::fflush(stdout);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.addOption({"rows", "Balances and entries", "N", "1000000"});
+    parser.addOption({"engine", "Only this engine: sqlite or postgresql", "name"});
+    parser.process(application);
+    const int rows = parser.value("rows").toInt();
+    const QString engine = parser.value("engine");
+    if (engine != "postgresql")
+        measure(Engine::Sqlite, rows);
+    if (engine != "sqlite")
+        measure(Engine::PostgreSql, rows);
+    return 0;
+}
