@@ -93,6 +93,15 @@ void checkBindable(const QString &parameter, const Variant &value)
         throw EDatabaseError(u"Reikšmė „%1“ nėra baigtinis skaičius."_s.arg(parameter));
 }
 
+bool isNothing(const Variant &value)
+{
+    if (value.typeId() == QMetaType::QDate)
+        return value.toDate().isNull();
+    if (value.typeId() == QMetaType::QDateTime)
+        return value.toDateTime().isNull();
+    return value.isNull();
+}
+
 int parameterPosition(const TranslatedSql &sql, const QString &name)
 {
     for (qsizetype i = 0; i < sql.parameters.size(); ++i) {

@@ -72,6 +72,9 @@ protected:
 // Refuses what no engine may be given: a NUL inside a text, a number that is not finite.
 void checkBindable(const QString &parameter, const Variant &value);
 
+// Nothing at all: no value, or a date that is none. An empty text is a value.
+bool isNothing(const Variant &value);
+
 // The position of a parameter; raises EDatabaseError for an unknown name.
 int parameterPosition(const TranslatedSql &sql, const QString &name);
 

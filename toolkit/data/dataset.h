@@ -19,7 +19,8 @@ using enum TDataSetState;
 // Rows are fetched as they are needed and the rest in idle time on the same thread. They are kept encoded; a
 // QVariant exists only while somebody looks at it.
 //
-// Errors are raised as exceptions and leave state, cursor and typed values as they were.
+// Errors are raised as exceptions and leave state, cursor and typed values as they were. Moving the cursor
+// away from a record that is being edited posts it when it was changed and cancels it otherwise.
 class TDataSet : public QAbstractTableModel {
     Q_OBJECT
 public:
@@ -28,7 +29,7 @@ public:
     explicit TDataSet(QObject *parent = nullptr);
     ~TDataSet() override;
 
-    // --- opening
+    // --- opening. The fields stay the same objects when the set is opened again with the same columns.
     void Open();
     void Close();
     bool Active() const;
@@ -51,13 +52,17 @@ public:
     bool Locate(const QString &column, const Variant &key);
 
     // --- editing
-    void Edit();
+    void Edit();   // an empty set gets a new record
     void Insert(); // before the current record
     void Append(); // at the end
     void Post();
     void Cancel();
     void Delete();
     bool Modified() const;
+    // Called at the start of every Post to bring in what is still being typed; may raise to stop the post.
+    // Returns a number for removeFlusher().
+    int addFlusher(std::function<void()> flusher);
+    void removeFlusher(int number);
     bool editing() const { return State() == dsEdit || State() == dsInsert; }
 
     // --- fields
@@ -70,7 +75,7 @@ public:
     // Settings of a field (label, format, rules …) given before the set is open; applied at every Open.
     void describe(const QString &name, std::function<void(TField &)> settings);
 
-    // --- client filter: only records for which it is true are seen. Null: all.
+    // --- client filter: only records for which it is true are seen. Null: all. It must not raise.
     void setFilter(std::function<bool(TDataSet &)> filter);
 
     // The set refuses every change while this is on.
@@ -101,10 +106,28 @@ signals:
 protected:
     // What a kind of data set supplies.
     virtual std::unique_ptr<class TStatement> openStatement() = 0; // prepared, bound, not run
+    // Whether Open reads all rows, so that no half-read cursor stands in the way of a transaction.
+    virtual bool readsAtOnce() const { return false; }
+    // They write the current record and read back what the database assigned, all or nothing.
     virtual void writeInsert() = 0;
     virtual void writeUpdate() = 0;
     virtual void writeDelete() = 0;
-    virtual void reread() {} // after a post: read what the database assigned
+    // Whether records may be changed at all, and whether changes are held back until they are applied
+    // together.
+    virtual bool canWrite() const { return true; }
+    virtual bool holdsChanges() const { return false; }
+    // Fields, by index, as the record being written has them and as they were before it was changed.
+    const Variant &writtenValue(int field) const;
+    const Variant &unchangedValue(int field) const;
+    void setReread(int field, const Variant &value);
+
+    // The changes held back, in the order in which the records were first changed.
+    enum class RowState { Unmodified, Inserted, Modified, Deleted };
+    bool hasHeldChanges() const;
+    void
+    forEachHeldChange(const std::function<void(RowState)> &write); // within it the values above are the row's
+    void heldChangesAreWritten();
+    void dropHeldChanges(); // the rows are as they were read
 
 private:
     friend class TField;

@@ -22,6 +22,7 @@ public:
     const QString &FieldName() const { return column.name; }
     TFieldType DataType() const { return column.type; }
     int Size() const { return column.size; }
+    int Decimals() const { return column.scale; } // -1 when unknown
     bool isCalculated() const { return calculated; }
     int index() const { return position; }
     TDataSet *DataSet() const { return owner; }
@@ -42,6 +43,9 @@ public:
 
     QString label() const { return DisplayLabel.isEmpty() ? FieldName() : DisplayLabel; }
 
+    TField(const TField &) = delete;
+    TField &operator=(const TField &) = delete;
+
     bool IsNull() const;
     void Clear();
     Variant Value() const;
@@ -55,11 +59,23 @@ public:
     void setAsString(const QString &value);
     QDate AsDate() const;
 
-    QString DisplayText() const;
+    QString DisplayText() const;           // by OnGetText or DisplayFormat
     QString editText() const;              // what an edit control shows while the field is being typed in
     void setEditText(const QString &text); // what the user typed; empty is null. Raises like setValue.
 
 private:
+    friend class TDataSet;
+
+    Variant accepted(const Variant &value) const; // as the column holds it; raises to refuse
+    Variant acceptedText(const QString &text) const;
+    Variant acceptedWhole(const Variant &value) const;
+    Variant acceptedNumber(const Variant &value) const;
+    Variant acceptedDay(const Variant &value) const;
+    Variant acceptedMoment(const Variant &value) const;
+    double numberFrom(const Variant &value) const;
+    [[noreturn]] void refuse(const QString &why) const;
+    QString plainText(const Variant &value) const;
+
     TDataSet *owner;
     int position;
     TResultColumn column;

@@ -44,10 +44,12 @@ public:
 
 protected:
     std::unique_ptr<TStatement> openStatement() override;
+    bool readsAtOnce() const override { return !readsAside; }
     void writeInsert() override;
     void writeUpdate() override;
     void writeDelete() override;
-    void reread() override;
+    bool canWrite() const override;
+    bool holdsChanges() const override;
 
 private:
     struct Private;

@@ -31,7 +31,9 @@ QByteArray notNull(QByteArray bytes)
 TResultColumn serverColumn(const QString &name, Oid type, int modifier)
 {
     constexpr int modifierHeader = 4;
-    TResultColumn column{name, TFieldType::ftString, 0};
+    TResultColumn column;
+    column.name = name;
+    column.type = TFieldType::ftString;
     switch (type) {
     case ServerType::boolean:
         column.type = TFieldType::ftBoolean;
@@ -47,8 +49,14 @@ TResultColumn serverColumn(const QString &name, Oid type, int modifier)
         break;
     case ServerType::float4:
     case ServerType::float8:
+        column.type = TFieldType::ftFloat;
+        break;
     case ServerType::numeric:
         column.type = TFieldType::ftFloat;
+        if (modifier >= modifierHeader) {
+            column.digits = (modifier - modifierHeader) >> 16;
+            column.scale = (modifier - modifierHeader) & 0x7ff;
+        }
         break;
     case ServerType::date:
         column.type = TFieldType::ftDate;
@@ -73,7 +81,7 @@ TResultColumn serverColumn(const QString &name, Oid type, int modifier)
 QByteArray serverParameter(const QString &name, const Variant &value)
 {
     checkBindable(name, value);
-    if (value.isNull())
+    if (isNothing(value))
         return {};
     switch (value.typeId()) {
     case QMetaType::Double:

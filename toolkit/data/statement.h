@@ -21,7 +21,9 @@ enum class TFieldType {
 struct TResultColumn {
     QString name; // as the engine gives it
     TFieldType type = TFieldType::ftUnknown;
-    int size = 0; // characters of a varchar; 0 when unknown or no text
+    int size = 0;   // characters of a varchar; 0 when unknown or no text
+    int digits = 0; // of an amount, decimals included; 0 when unknown or no amount
+    int scale = -1; // decimals of an amount; -1 when unknown or no amount
 };
 
 // One prepared statement on one connection, straight over the engine's C interface.

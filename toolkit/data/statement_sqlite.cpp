@@ -44,13 +44,12 @@ void SqliteStatement::describeColumns()
 {
     const int count = sqlite3_column_count(statement);
     result.clear();
-    scales.clear();
     derived.clear();
     for (int i = 0; i < count; ++i) {
         const char *declared = sqlite3_column_decltype(statement, i);
         const DeclaredType type = declaredType(QString::fromUtf8(declared));
-        result.append({QString::fromUtf8(sqlite3_column_name(statement, i)), type.type, type.size});
-        scales.append(type.scale);
+        result.append({QString::fromUtf8(sqlite3_column_name(statement, i)), type.type, type.size,
+                       type.digits, type.scale});
         derived.append(!declared || !*declared);
     }
 }
@@ -90,7 +89,7 @@ void SqliteStatement::bind(const QString &name, const Variant &value)
         return sqlite3_bind_text(statement, position, bytes.constData(), int(bytes.size()), SQLITE_TRANSIENT);
     };
     int code = SQLITE_OK;
-    if (value.isNull()) {
+    if (isNothing(value)) {
         code = sqlite3_bind_null(statement, position);
     } else {
         switch (value.typeId()) {
@@ -205,7 +204,7 @@ bool SqliteStatement::isNull(int column) const
 double SqliteStatement::number(int column) const
 {
     const double value = sqlite3_column_double(statement, column);
-    const int scale = scales.at(column);
+    const int scale = result.at(column).scale;
     if (scale < 0)
         return value;
     const double power = std::pow(10.0, scale);

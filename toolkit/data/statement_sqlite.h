@@ -39,7 +39,6 @@ private:
     QByteArray text;
     sqlite3_stmt *statement;
     QList<TResultColumn> result;
-    QList<int> scales; // decimals of a declared numeric; -1: as it is
     QList<bool> derived;
     Progress progress = Progress::Idle;
     qlonglong changed = 0;

@@ -43,8 +43,10 @@ DeclaredType declaredType(const QString &declaration)
         return result;
     if (result.type == TFieldType::ftString)
         result.size = match.captured(1).toInt();
-    if (result.type == TFieldType::ftFloat)
+    if (result.type == TFieldType::ftFloat) {
+        result.digits = match.captured(1).toInt();
         result.scale = match.captured(2).toInt();
+    }
     return result;
 }
 

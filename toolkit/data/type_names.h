@@ -7,6 +7,7 @@ struct DeclaredType {
     QString name; // lower case, without sizes
     TFieldType type = TFieldType::ftUnknown;
     int size = 0;   // characters of a text; 0 when unlimited or no text
+    int digits = 0; // of an amount, decimals included; 0 when none are given
     int scale = -1; // decimals of an amount; -1 when none are given
 };
 DeclaredType declaredType(const QString &declaration);

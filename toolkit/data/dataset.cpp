@@ -1,0 +1,303 @@
+#include "toolkit/data/dataset_private.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int firstRows = 100;
+constexpr int sliceMs = 8;
+constexpr int rowsPerLook = 64; // rows between two looks at the clock
+
+} // namespace
+
+TDataSet::Private::Private(TDataSet *set) : q(set)
+{
+    idle.setInterval(0);
+    QObject::connect(&idle, &QTimer::timeout, set, [this] { idleFetch(); });
+}
+
+TDataSet::TDataSet(QObject *parent) : QAbstractTableModel(parent), d(std::make_unique<Private>(this)) {}
+
+TDataSet::~TDataSet() = default;
+
+bool TDataSet::Active() const
+{
+    return d->state != dsInactive;
+}
+
+TDataSetState TDataSet::State() const
+{
+    return d->state;
+}
+
+// --- fields
+
+TField *TDataSet::Private::fieldOf(const TResultColumn &column, int index, bool isCalculated)
+{
+    for (std::unique_ptr<TField> &old : retired) {
+        if (!old || old->calculated != isCalculated ||
+            old->column.name.compare(column.name, Qt::CaseInsensitive) != 0)
+            continue;
+        old->column = column;
+        old->position = index;
+        fields.push_back(std::move(old));
+        return fields.back().get();
+    }
+    fields.push_back(std::make_unique<TField>(q, index, column, isCalculated));
+    return fields.back().get();
+}
+
+void TDataSet::Private::makeFields(const QList<TResultColumn> &columns)
+{
+    for (std::unique_ptr<TField> &field : fields)
+        retired.push_back(std::move(field));
+    fields.clear();
+    fieldIndex.clear();
+    const qsizetype stored = columns.size();
+    for (const TResultColumn &column : columns + calculatedColumns) {
+        const int index = int(fields.size());
+        fieldOf(column, index, index >= stored);
+        if (!fieldIndex.contains(column.name.toLower()))
+            fieldIndex.insert(column.name.toLower(), index);
+    }
+    std::erase(retired, nullptr);
+    for (const auto &[name, apply] : settings) {
+        if (TField *field = q->FindField(name))
+            apply(*field);
+    }
+}
+
+TField *TDataSet::FindField(const QString &name) const
+{
+    const int index = d->fieldIndex.value(name.toLower(), -1);
+    return index < 0 ? nullptr : d->fields[size_t(index)].get();
+}
+
+TField *TDataSet::FieldByName(const QString &name) const
+{
+    if (TField *field = FindField(name))
+        return field;
+    throw EDatabaseError(u"Laukas „%1“ nerastas."_s.arg(name));
+}
+
+int TDataSet::FieldCount() const
+{
+    return int(d->fields.size());
+}
+
+TField *TDataSet::Field(int index) const
+{
+    return index >= 0 && index < FieldCount() ? d->fields[size_t(index)].get() : nullptr;
+}
+
+TField *TDataSet::addCalculated(const QString &name, TFieldType type, int size)
+{
+    Q_ASSERT(!Active());
+    TResultColumn column;
+    column.name = name;
+    column.type = type;
+    column.size = size;
+    d->calculatedColumns.append(column);
+    const int index = FieldCount();
+    d->fieldIndex.insert(name.toLower(), index);
+    return d->fieldOf(column, index, true);
+}
+
+void TDataSet::describe(const QString &name, std::function<void(TField &)> settings)
+{
+    if (TField *field = FindField(name))
+        settings(*field);
+    d->settings.emplace_back(name, std::move(settings));
+}
+
+// --- opening
+
+void TDataSet::Open()
+{
+    if (Active())
+        return;
+    if (BeforeOpen)
+        BeforeOpen(*this);
+    std::unique_ptr<TStatement> statement = openStatement();
+    statement->exec();
+    beginResetModel();
+    d->clearRows();
+    d->makeFields(statement->columns());
+    d->statement = std::move(statement);
+    d->state = dsBrowse;
+    endResetModel();
+    try {
+        d->fetchRows(readsAtOnce() ? std::numeric_limits<int>::max() : firstRows, -1);
+        d->fetchUntilSeen(1);
+    } catch (const Exception &) {
+        Close();
+        throw;
+    }
+    d->current = d->seenCount() > 0 ? 0 : -1;
+    d->bof = true;
+    d->eof = d->current < 0;
+    if (d->statement)
+        d->idle.start();
+    emit stateChanged();
+    if (AfterOpen)
+        AfterOpen(*this);
+    d->scrolled();
+}
+
+void TDataSet::Close()
+{
+    if (!Active())
+        return;
+    if (editing())
+        Cancel();
+    d->stopFetching();
+    beginResetModel();
+    d->state = dsInactive;
+    d->clearRows();
+    endResetModel();
+    emit stateChanged();
+}
+
+void TDataSet::Private::clearRows()
+{
+    stopFetching();
+    failure.clear();
+    arena.clear();
+    rows = {};
+    visible = {};
+    published = 0;
+    current = -1;
+    bof = eof = true;
+    held.clear();
+    heldDeletions.clear();
+    rowsBefore = {};
+    holding = false;
+    forgetCalculated();
+}
+
+// --- fetching
+
+void TDataSet::Private::stopFetching()
+{
+    idle.stop();
+    statement.reset();
+}
+
+bool TDataSet::Private::fetchRows(int limit, qint64 milliseconds)
+{
+    if (!statement)
+        return false;
+    const int firstNew = int(rows.size());
+    const int columns = storedFields();
+    QElapsedTimer clock;
+    clock.start();
+    bool more = true;
+    try {
+        for (int count = 0; count < limit; ++count) {
+            more = statement->next();
+            if (!more)
+                break;
+            rows.push_back(arena.append(*statement, columns));
+            if (milliseconds >= 0 && count % rowsPerLook == 0 && clock.elapsed() >= milliseconds)
+                break;
+        }
+    } catch (const Exception &error) {
+        publish(firstNew);
+        fetchFails(error);
+        throw;
+    }
+    if (!more)
+        stopFetching();
+    publish(firstNew);
+    return more;
+}
+
+// Tells the model of the rows that came; the first one seen becomes the current record.
+void TDataSet::Private::publish(int firstNew)
+{
+    const int last = int(rows.size());
+    if (last == firstNew)
+        return;
+    std::vector<int> passing;
+    if (filter) {
+        for (int source = firstNew; source < last; ++source) {
+            if (passes(source))
+                passing.push_back(source);
+        }
+    }
+    const int added = filter ? int(passing.size()) : last - firstNew;
+    const bool wasEmpty = current < 0 && state == dsBrowse;
+    if (added > 0)
+        q->beginInsertRows({}, modelRows(), modelRows() + added - 1);
+    visible.insert(visible.end(), passing.begin(), passing.end());
+    published = last;
+    if (added > 0) {
+        if (wasEmpty)
+            current = 0;
+        q->endInsertRows();
+    }
+}
+
+void TDataSet::Private::fetchFails(const Exception &error)
+{
+    stopFetching();
+    failure = error.message();
+}
+
+void TDataSet::Private::fetchAll()
+{
+    while (statement)
+        fetchRows(std::numeric_limits<int>::max(), -1);
+    if (!failure.isEmpty())
+        throw EDatabaseError(failure);
+}
+
+void TDataSet::Private::fetchUntilSeen(int seen)
+{
+    while (seenCount() < seen && fetchRows(firstRows, -1)) {
+    }
+}
+
+// Runs inside the event loop, so nothing may be raised out of it.
+void TDataSet::Private::idleFetch()
+{
+    const bool wasEmpty = current < 0;
+    try {
+        fetchRows(std::numeric_limits<int>::max(), sliceMs);
+    } catch (const Exception &error) {
+        emit q->fetchFailed(error.message());
+        return;
+    }
+    if (wasEmpty && current >= 0) {
+        eof = false;
+        emit q->scrolled();
+    }
+    emit q->fetched();
+}
+
+bool TDataSet::fetchedAll() const
+{
+    return Active() && !d->statement && d->failure.isEmpty();
+}
+
+int TDataSet::fetchedCount() const
+{
+    return d->seenCount();
+}
+
+int TDataSet::RecordCount()
+{
+    d->fetchAll();
+    return d->seenCount();
+}
+
+bool TDataSet::canFetchMore(const QModelIndex &parent) const
+{
+    return !parent.isValid() && d->statement != nullptr;
+}
+
+void TDataSet::fetchMore(const QModelIndex &parent)
+{
+    if (canFetchMore(parent))
+        d->idleFetch();
+}

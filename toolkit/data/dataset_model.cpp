@@ -1,0 +1,59 @@
+#include "toolkit/data/dataset_private.h"
+
+int TDataSet::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() || !Active() ? 0 : d->modelRows();
+}
+
+int TDataSet::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() || !Active() ? 0 : FieldCount();
+}
+
+namespace {
+
+Qt::Alignment alignmentOf(const TField &field)
+{
+    switch (field.Alignment) {
+    case TAlignment::taRightJustify:
+        return Qt::AlignRight | Qt::AlignVCenter;
+    case TAlignment::taCenter:
+        return Qt::AlignCenter;
+    case TAlignment::taLeftJustify:
+        break;
+    }
+    return Qt::AlignLeft | Qt::AlignVCenter;
+}
+
+} // namespace
+
+// Views ask while they paint: a hook that raises leaves its cell empty.
+QVariant TDataSet::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    TField &field = *d->fields[size_t(index.column())];
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(alignmentOf(field));
+    if (role != Qt::DisplayRole && role != Qt::EditRole)
+        return {};
+    const bool edited = editing() && index.row() == d->current;
+    try {
+        const LookAtRow look(d->lookAt, edited ? -1 : d->sourceOfModel(index.row()));
+        return role == Qt::EditRole ? field.Value() : QVariant(field.DisplayText());
+    } catch (const Exception &) {
+        return {};
+    }
+}
+
+QVariant TDataSet::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= FieldCount())
+        return QAbstractTableModel::headerData(section, orientation, role);
+    const TField &field = *d->fields[size_t(section)];
+    if (role == Qt::DisplayRole)
+        return field.label();
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(alignmentOf(field));
+    return {};
+}

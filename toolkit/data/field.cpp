@@ -1,0 +1,169 @@
+#include "toolkit/data/field.h"
+
+#include "toolkit/data/dataset_private.h"
+#include "toolkit/text/format.h"
+
+using namespace Qt::StringLiterals;
+
+TField::TField(TDataSet *theOwner, int index, TResultColumn theColumn, bool isCalculatedField)
+    : owner(theOwner),
+      position(index),
+      column(std::move(theColumn)),
+      calculated(isCalculatedField)
+{
+    switch (column.type) {
+    case TFieldType::ftInteger:
+    case TFieldType::ftFloat:
+    case TFieldType::ftCurrency:
+        Alignment = TAlignment::taRightJustify;
+        break;
+    default:
+        break;
+    }
+}
+
+// --- reading
+
+bool TField::IsNull() const
+{
+    return Value().isNull();
+}
+
+Variant TField::Value() const
+{
+    return owner->d->value(position);
+}
+
+Variant TField::OldValue() const
+{
+    if (calculated || owner->State() == dsInsert)
+        return {};
+    return owner->State() == dsEdit ? owner->d->before[size_t(position)] : Value();
+}
+
+double TField::AsFloat() const
+{
+    const Variant value = Value();
+    switch (value.typeId()) {
+    case QMetaType::QString:
+        return StrToFloat(value.toString());
+    case QMetaType::QDate:
+        return TDateTime(value.toDate()).value();
+    case QMetaType::QDateTime:
+        return TDateTime(value.toDateTime()).value();
+    default:
+        return value.toDouble();
+    }
+}
+
+int TField::AsInteger() const
+{
+    const double value = std::trunc(AsFloat());
+    if (value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max())
+        throw EConvertError(u"Laukas \"%1\": skaičius per didelis."_s.arg(label()));
+    return int(value);
+}
+
+QString TField::AsString() const
+{
+    return plainText(Value());
+}
+
+QDate TField::AsDate() const
+{
+    const Variant value = Value();
+    if (value.typeId() == QMetaType::Double || value.typeId() == QMetaType::LongLong)
+        return TDateTime(value.toDouble()).date();
+    return value.toDate();
+}
+
+QString TField::plainText(const Variant &value) const
+{
+    if (value.isNull())
+        return {};
+    switch (value.typeId()) {
+    case QMetaType::Double:
+        return FloatToStr(value.toDouble());
+    case QMetaType::QDate:
+        return DateToStr(TDateTime(value.toDate()));
+    case QMetaType::QDateTime:
+        return FormatDateTime(FormatSettings().ShortDateFormat + u" hh:nn:ss"_s,
+                              TDateTime(value.toDateTime()));
+    case QMetaType::Bool:
+        return value.toBool() ? u"Taip"_s : u"Ne"_s;
+    case QMetaType::QByteArray:
+        return {};
+    default:
+        return value.toString();
+    }
+}
+
+QString TField::DisplayText() const
+{
+    if (OnGetText)
+        return OnGetText(const_cast<TField &>(*this));
+    const Variant value = Value();
+    if (DisplayFormat.isEmpty() || value.isNull())
+        return plainText(value);
+    switch (value.typeId()) {
+    case QMetaType::Double:
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+        return FormatFloat(DisplayFormat, value.toDouble());
+    case QMetaType::QDate:
+        return FormatDateTime(DisplayFormat, TDateTime(value.toDate()));
+    case QMetaType::QDateTime:
+        return FormatDateTime(DisplayFormat, TDateTime(value.toDateTime()));
+    default:
+        return plainText(value);
+    }
+}
+
+QString TField::editText() const
+{
+    return plainText(Value());
+}
+
+// --- writing
+
+void TField::setValue(const Variant &value)
+{
+    if (calculated ? !owner->d->calculating : !owner->editing())
+        throw EDatabaseError(u"Laukas \"%1\" dabar nekeičiamas: įrašas neredaguojamas."_s.arg(label()));
+    const Variant proposed = accepted(value);
+    if (OnValidate && !calculated)
+        OnValidate(*this, proposed);
+    owner->d->setValue(*this, proposed);
+    if (OnChange && !calculated)
+        OnChange(*this);
+}
+
+void TField::Clear()
+{
+    setValue({});
+}
+
+void TField::setAsFloat(double value)
+{
+    setValue(value);
+}
+
+void TField::setAsInteger(int value)
+{
+    setValue(value);
+}
+
+void TField::setAsString(const QString &value)
+{
+    setValue(value);
+}
+
+void TField::setEditText(const QString &text)
+{
+    if (ReadOnly)
+        throw EDatabaseError(u"Laukas \"%1\" nekeičiamas."_s.arg(label()));
+    if (OnSetText)
+        setValue(OnSetText(*this, text));
+    else
+        setValue(text.isEmpty() ? Variant() : Variant(text));
+}
