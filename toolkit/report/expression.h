@@ -45,6 +45,6 @@ public:
     struct Node;
 
 private:
+    std::vector<const Node *> aggregates; // filled while the root is read, so it stands before it
     std::unique_ptr<Node> root;
-    std::vector<const Node *> aggregates;
 };
