@@ -9,10 +9,8 @@ TDateTime GoMonth(TDateTime date, int months)
     const QDate moved = date.date().addMonths(months);
     if (!moved.isValid() || moved.year() < 1 || moved.year() > 9999)
         throw EConvertError(QStringLiteral("Data išeina už leistinų ribų"));
-    // The fraction is the time of day, and counts forward also for days before day 0.
-    const double time = std::abs(date.value() - std::trunc(date.value()));
-    const double day = TDateTime(moved).value();
-    return TDateTime(day < 0 ? day - time : day + time);
+    const double timeOfDay = date.value() - std::floor(date.value());
+    return TDateTime(TDateTime(moved).value() + timeOfDay);
 }
 
 TQuarterMonth quarterOf(int monthIndex)

@@ -17,10 +17,10 @@ protected:
     }
     TQuery *query(const QString &sql)
     {
-        set = std::make_unique<TQuery>(mnFin_Db, sql);
-        return set.get();
+        opened = std::make_unique<TQuery>(mnFin_Db, sql);
+        return opened.get();
     }
-    std::unique_ptr<TQuery> set;
+    std::unique_ptr<TQuery> opened;
 };
 ON_BOTH_ENGINES(Lists);
 } // namespace
