@@ -13,6 +13,7 @@
 class QAction;
 class QTreeWidget;
 class QTreeWidgetItem;
+template<class T> class TCreatedForm;
 
 // An action as a tool button shows it.
 struct TBookAction {
@@ -122,6 +123,9 @@ protected:
     bool event(QEvent *event) override;
 
 private:
+    template<class T> friend class TCreatedForm;
+    void finish(); // FormDestroy, once
+
     struct Private;
     std::unique_ptr<Private> d;
     std::function<void()> hold, release;

@@ -28,7 +28,8 @@ struct TBookFrm::Private {
     QPointer<QWidget> content;
     TStatusPanels *status = nullptr;
     QAction *ownActionsEnd = nullptr; // where the screen's own tool buttons end
-    bool shown = false;               // for the first time already, and not destroyed
+    bool shown = false;               // for the first time already
+    bool destroyed = false;           // FormDestroy was called
 
     double current() const { return path.isEmpty() ? 0 : path.last().id; }
 };

@@ -305,7 +305,10 @@ void TBookFrm::FormCreate()
     if (objectName().isEmpty())
         setObjectName(QString::fromLatin1(metaObject()->className()));
     restoreArrangement();
-    connectGuarded(&periodNotifier(), &TPeriodNotifier::periodChanged, this, [this] { PeriodChanged(); });
+    connectGuarded(&periodNotifier(), &TPeriodNotifier::periodChanged, this, [this] {
+        if (!d->destroyed)
+            PeriodChanged();
+    });
     d->book = userKnyga();
     fillBooks();
     loadBook(d->book);
@@ -332,9 +335,15 @@ bool TBookFrm::FormClose()
 
 void TBookFrm::FormDestroy()
 {
-    d->shown = false;
     if (release)
         release();
+}
+
+void TBookFrm::finish()
+{
+    if (std::exchange(d->destroyed, true))
+        return;
+    runGuarded(this, [this] { FormDestroy(); });
 }
 
 // The window that the screen fills: the document window around it, if there is one.
@@ -376,12 +385,14 @@ void TBookFrm::closeEvent(QCloseEvent *event)
     bool mayClose = false;
     runGuarded(this, [&] { mayClose = FormClose(); });
     event->setAccepted(mayClose);
+    if (mayClose)
+        finish();
 }
 
 bool TBookFrm::event(QEvent *event)
 {
     const bool handled = QWidget::event(event);
-    if (event->type() == QEvent::WindowActivate && d->shown)
+    if (event->type() == QEvent::WindowActivate && d->shown && !d->destroyed)
         runGuarded(this, [this] { FormActivate(); });
     return handled;
 }

@@ -1,0 +1,189 @@
+#include "host/common/help.h"
+#include "host/common/registry.h"
+#include "tests/host/controls/bankai_fixture.h"
+
+#include <QClipboard>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMimeData>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace {
+class BrowseWindow : public Bankai {
+protected:
+    QToolBar *bar() const { return frm->findChild<QToolBar *>(u"ToolBar"_s); }
+};
+ON_BOTH_ENGINES(BrowseWindow);
+} // namespace
+
+TEST_P(BrowseWindow, MovingByButtonsAndKeys)
+{
+    open();
+    frm->LastBtnClick();
+    EXPECT_EQ(key(), 10);
+    frm->PrevBtnClick();
+    EXPECT_EQ(key(), 30);
+    frm->FirstBtnClick();
+    EXPECT_EQ(key(), 20);
+    frm->NextBtnClick();
+    EXPECT_EQ(key(), 30);
+    press(Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(key(), 10);
+    frm->NextBtnClick();
+    EXPECT_EQ(key(), 10);
+    press(Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(key(), 20);
+    press(Qt::Key_Down);
+    EXPECT_EQ(key(), 30);
+}
+
+TEST_P(BrowseWindow, CopyGivesTheSelectedRowsWithTitles)
+{
+    open();
+    load();
+    QCoreApplication::processEvents();
+    frm->grid()->selectAll();
+    press(Qt::Key_C, Qt::ControlModifier);
+    const QMimeData *copied = QApplication::clipboard()->mimeData();
+    const QStringList lines = copied->text().split(u'\n');
+    ASSERT_EQ(lines.size(), 5);
+    EXPECT_EQ(lines[0], u"Kodas\tCentrinio banko kodas\tPavadinimas\tRinkliava"_s);
+    EXPECT_TRUE(lines[1].startsWith(u"20\t\tĄžuolo kreditas\t1"_s));
+    EXPECT_TRUE(lines[3].startsWith(u"10\t\tŠiaulių bankas\t0"_s));
+    EXPECT_TRUE(copied->html().contains(u"<th>Kodas</th>"_s));
+    EXPECT_TRUE(copied->html().contains(u"<td>Ąžuolo kreditas</td>"_s));
+}
+
+TEST_P(BrowseWindow, CopyWithoutASelectionGivesTheCurrentRow)
+{
+    addBank(5, u"A\tB\nC <b>"_s, 0);
+    open();
+    frm->RefreshData(5);
+    frm->grid()->clearSelection();
+    frm->CopyBtnClick();
+    const QMimeData *copied = QApplication::clipboard()->mimeData();
+    EXPECT_EQ(copied->text().count(u'\n'), 2);
+    EXPECT_TRUE(copied->text().contains(u"A B C <b>"_s));
+    EXPECT_TRUE(copied->html().contains(u"&lt;b&gt;"_s));
+}
+
+TEST_P(BrowseWindow, PlacementWidthsToolBarAndCaptionsAreRemembered)
+{
+    open();
+    frm->setGeometry(30, 40, 640, 400);
+    frm->grid()->setColumnWidth(2, 217);
+    frm->ButtonsCaptionClick();
+    EXPECT_EQ(bar()->toolButtonStyle(), Qt::ToolButtonTextUnderIcon);
+    frm->mnToolsClick();
+    EXPECT_TRUE(bar()->isHidden());
+    close();
+    open();
+    EXPECT_EQ(frm->geometry(), QRect(30, 40, 640, 400));
+    EXPECT_EQ(frm->grid()->columnWidth(2), 217);
+    EXPECT_EQ(bar()->toolButtonStyle(), Qt::ToolButtonTextUnderIcon);
+    EXPECT_TRUE(bar()->isHidden());
+    frm->RefreshBtnClick();
+    EXPECT_EQ(frm->grid()->columnWidth(2), 217);
+}
+
+TEST_P(BrowseWindow, DamagedSettingsOpenTheListAsUsual)
+{
+    open();
+    close();
+    const QStringList kept = registry().allKeys();
+    ASSERT_FALSE(kept.isEmpty());
+    for (const QString &name : kept)
+        registry().setValue(name, u"@Rect(x"_s);
+    open();
+    EXPECT_EQ(names().size(), 3);
+    EXPECT_GT(frm->width(), 200);
+    EXPECT_GT(frm->grid()->columnWidth(2), 20);
+}
+
+TEST_P(BrowseWindow, AsADocumentWindowItIsPlacedAndClosedWithItsFrame)
+{
+    QMdiArea area;
+    area.resize(900, 700);
+    area.show();
+    const auto openIn = [&] {
+        frm = createForm<TBankaiFrm>(&area);
+        QMdiSubWindow *window = area.addSubWindow(frm);
+        window->setAttribute(Qt::WA_DeleteOnClose);
+        window->show();
+        QCoreApplication::processEvents();
+        return window;
+    };
+    QMdiSubWindow *window = openIn();
+    EXPECT_EQ(BankaiFrm, frm);
+    window->setGeometry(60, 70, 500, 300);
+    frm->CloseBtnClick();
+    EXPECT_EQ(BankaiFrm, nullptr);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(area.subWindowList().isEmpty());
+    EXPECT_TRUE(frm.isNull());
+    window = openIn();
+    EXPECT_EQ(window->geometry(), QRect(60, 70, 500, 300));
+    window->close();
+    EXPECT_EQ(BankaiFrm, nullptr);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+TEST_P(BrowseWindow, HelpShowsItsTopic)
+{
+    int topic = 0;
+    setHelpViewer([&](int number) { topic = number; });
+    open();
+    press(Qt::Key_F1);
+    setHelpViewer({});
+    EXPECT_EQ(topic, 31);
+}
+
+TEST_P(BrowseWindow, EveryButtonHasAnAccessibleNameAndEveryActionAHint)
+{
+    open();
+    const auto buttons = bar()->findChildren<QToolButton *>();
+    for (QToolButton *button : buttons) {
+        if (button->defaultAction())
+            EXPECT_FALSE(button->accessibleName().isEmpty());
+    }
+    EXPECT_EQ(frm->grid()->accessibleName(), u"Bankai"_s);
+    for (const QAction *action :
+         {frm->acNew, frm->acEdit, frm->acDelete, frm->acRefresh, frm->acFind, frm->acPrint})
+        EXPECT_FALSE(action->shortcuts().isEmpty()) << action->objectName().toStdString();
+}
+
+TEST_P(BrowseWindow, AScreensOwnActionPanelPickerAndDeleteMenu)
+{
+    struct Own : TBankaiFrm {
+        explicit Own(QWidget *owner) : TBankaiFrm(owner)
+        {
+            addPanel();
+            addToToolBar(u"&Periodas"_s, &picker);
+            own = addListAction(u"&Skaičiuoti"_s, {}, {}, Qt::CTRL | Qt::Key_K, [this] { ++runs; });
+            addToDeleteMenu(own);
+            setPanel(1, u"Suma: 5"_s);
+        }
+        QLineEdit picker;
+        QAction *own;
+        int runs = 0;
+    };
+    auto *screen = createForm<Own>(nullptr);
+    frm = screen;
+    frm->show();
+    press(Qt::Key_K, Qt::ControlModifier);
+    EXPECT_EQ(screen->runs, 1);
+    EXPECT_EQ(frm->panel(1), u"Suma: 5"_s);
+    auto *deleteButton = qobject_cast<QToolButton *>(bar()->widgetForAction(frm->acDelete));
+    ASSERT_NE(deleteButton->menu(), nullptr);
+    EXPECT_EQ(deleteButton->menu()->defaultAction(), frm->acDelete);
+    EXPECT_TRUE(screen->picker.isVisible());
+}
+
+TEST_P(BrowseWindow, AChangedPeriodIsReadAgain)
+{
+    open();
+    addBank(15, u"AB Ūkio"_s, 0);
+    GetPeriod();
+    EXPECT_EQ(names().size(), 4);
+}
