@@ -83,7 +83,7 @@ void checkReferences(TDatabase &db, const QString &title, QStringList &found)
             if (row.value(0).toLongLong() > 0)
                 found.append(
                     u"%1: lentelės „%2“ eilutės (%3) rodo į nesamą lentelės „%4“ eilutę (%5 = %6)."_s.arg(
-                        title, r.table, row.value(0).toString(), r.toTable, r.toColumn,
+                        title, r.table, row.value(0).toString(), r.toTable, r.column,
                         row.value(1).toString()));
         });
     }

@@ -42,6 +42,8 @@ TServerConsole::TServerConsole(const QString &connInfo)
         const QString text = QString::fromUtf8(PQerrorMessage(connection.get())).trimmed();
         throw EConnectionLost(u"Nepavyko prisijungti prie serverio: %1"_s.arg(text), text);
     }
+    PQsetNoticeProcessor(
+        connection.get(), [](void *, const char *) {}, nullptr);
 }
 
 QStringList TServerConsole::run(const QString &statement)

@@ -15,6 +15,14 @@ namespace {
 
 const auto silent = [](const QString &) {};
 
+// The places that all tests share; they go before the server's own data does.
+struct TSharedPlaces : testing::Environment {
+    std::map<Engine, std::unique_ptr<TestPlace>> known;
+    void TearDown() override { known.clear(); }
+};
+
+auto *const places = static_cast<TSharedPlaces *>(testing::AddGlobalTestEnvironment(new TSharedPlaces));
+
 std::unique_ptr<TDatabase> opened(const TSessionSettings &settings)
 {
     auto db = std::make_unique<TDatabase>(settings);
@@ -85,8 +93,7 @@ QByteArrayList TestPlace::fingerprints() const
 
 TestPlace &OnDemoBooks::place(Engine engine)
 {
-    static std::map<Engine, std::unique_ptr<TestPlace>> places;
-    std::unique_ptr<TestPlace> &known = places[engine];
+    std::unique_ptr<TestPlace> &known = places->known[engine];
     if (!known) {
         known = std::make_unique<TestPlace>(engine);
         createDemoBooks(*known->store(), 1, silent);

@@ -154,8 +154,8 @@ TEST_P(Backup, RestoresTheSameRows)
     ASSERT_EQ(restored.code, 0) << restored.err.toStdString();
     EXPECT_EQ(dump(*other.fin()), fin);
     EXPECT_EQ(dump(*other.ravl()), ravl);
-    EXPECT_EQ(velmoraDb(QStringList{u"check"_s} + other.arguments()).code, 0);
     EXPECT_EQ(other.everything().size(), 2);
+    EXPECT_EQ(velmoraDb(QStringList{u"check"_s} + other.arguments()).code, 0);
 }
 
 TEST_P(Backup, RestoredBooksGoOn)
