@@ -120,15 +120,15 @@ void TDataSet::Open()
         BeforeOpen(*this);
     std::unique_ptr<TStatement> statement = openStatement();
     statement->exec();
-    beginResetModel();
-    d->clearRows();
-    d->makeFields(statement->columns());
-    d->statement = std::move(statement);
-    d->state = dsBrowse;
-    endResetModel();
     try {
-        d->fetchRows(readsAtOnce() ? std::numeric_limits<int>::max() : firstRows, -1);
-        d->fetchUntilSeen(1);
+        d->reset([&] {
+            d->clearRows();
+            d->makeFields(statement->columns());
+            d->statement = std::move(statement);
+            d->state = dsBrowse;
+            d->fetchRows(readsAtOnce() ? std::numeric_limits<int>::max() : firstRows, -1);
+            d->fetchUntilSeen(1);
+        });
     } catch (const Exception &) {
         Close();
         throw;
@@ -151,11 +151,22 @@ void TDataSet::Close()
     if (editing())
         Cancel();
     d->stopFetching();
-    beginResetModel();
-    d->state = dsInactive;
-    d->clearRows();
-    endResetModel();
+    d->reset([this] {
+        d->state = dsInactive;
+        d->clearRows();
+    });
     emit stateChanged();
+}
+
+void TDataSet::Private::reset(const std::function<void()> &change)
+{
+    resetting = true;
+    q->beginResetModel();
+    const auto done = qScopeGuard([this] {
+        q->endResetModel();
+        resetting = false;
+    });
+    change();
 }
 
 void TDataSet::Private::clearRows()
@@ -227,15 +238,15 @@ void TDataSet::Private::publish(int firstNew)
     }
     const int added = filter ? int(passing.size()) : last - firstNew;
     const bool wasEmpty = current < 0 && state == dsBrowse;
-    if (added > 0)
+    const bool tells = added > 0 && !resetting;
+    if (tells)
         q->beginInsertRows({}, modelRows(), modelRows() + added - 1);
     visible.insert(visible.end(), passing.begin(), passing.end());
     published = last;
-    if (added > 0) {
-        if (wasEmpty)
-            current = 0;
+    if (wasEmpty && added > 0)
+        current = 0;
+    if (tells)
         q->endInsertRows();
-    }
 }
 
 void TDataSet::Private::fetchFails(const Exception &error)
@@ -293,7 +304,7 @@ int TDataSet::RecordCount()
 
 bool TDataSet::canFetchMore(const QModelIndex &parent) const
 {
-    return !parent.isValid() && d->statement != nullptr;
+    return !parent.isValid() && d->statement && !d->resetting;
 }
 
 void TDataSet::fetchMore(const QModelIndex &parent)

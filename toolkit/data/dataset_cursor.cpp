@@ -73,15 +73,16 @@ void TDataSet::setFilter(std::function<bool(TDataSet &)> filter)
     }
     d->leaveRecord();
     const int source = d->current < 0 ? -1 : d->sourceOfSeen(d->current);
-    beginResetModel();
-    d->filter = std::move(filter);
-    d->refilter();
-    endResetModel();
-    d->fetchUntilSeen(1);
-    d->current = source;
-    if (d->filter)
-        d->current = int(std::lower_bound(d->visible.begin(), d->visible.end(), source) - d->visible.begin());
-    d->settle();
+    d->reset([&] {
+        d->filter = std::move(filter);
+        d->refilter();
+        d->fetchUntilSeen(1);
+        d->current = source;
+        if (d->filter)
+            d->current =
+                int(std::lower_bound(d->visible.begin(), d->visible.end(), source) - d->visible.begin());
+        d->settle();
+    });
     d->scrolled();
 }
 

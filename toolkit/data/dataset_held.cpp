@@ -73,13 +73,13 @@ void TDataSet::dropHeldChanges()
         Cancel();
     if (!d->holding)
         return;
-    beginResetModel();
-    d->rows = d->rowsBefore;
-    d->published = int(d->rows.size());
-    d->forgetCalculated();
-    d->refilter();
-    heldChangesAreWritten();
-    d->settle();
-    endResetModel();
+    d->reset([this] {
+        d->rows = d->rowsBefore;
+        d->published = int(d->rows.size());
+        d->forgetCalculated();
+        d->refilter();
+        heldChangesAreWritten();
+        d->settle();
+    });
     d->scrolled();
 }

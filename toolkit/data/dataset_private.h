@@ -23,6 +23,9 @@ struct TDataSet::Private {
     TField *fieldOf(const TResultColumn &column, int index, bool calculated);
     int storedFields() const { return int(fields.size() - calculatedColumns.size()); }
 
+    // Changes the whole model; no view fetches meanwhile.
+    void reset(const std::function<void()> &change);
+
     // --- fetching
     bool fetchRows(int limit, qint64 milliseconds); // false when the last row is here; publishes what came
     void fetchAll();
@@ -92,6 +95,7 @@ struct TDataSet::Private {
 
     std::unique_ptr<TStatement> statement; // while rows are still to come
     QTimer idle;
+    bool resetting = false;
     QString failure; // why the fetching stopped early
 
     RowArena arena;

@@ -1,0 +1,189 @@
+// What a field takes, refuses and shows.
+
+#include "tests/toolkit/data/books.h"
+#include "toolkit/text/format.h"
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Fields : public OnSmallTable {
+protected:
+    void SetUp() override
+    {
+        OnSmallTable::SetUp();
+        fill(1);
+        FormatSettings().DecimalSeparator = u',';
+        set = record(1);
+        set->FieldByName(u"t_pavad"_s)->DisplayLabel = u"Pavadinimas"_s;
+        set->FieldByName(u"t_suma"_s)->DisplayLabel = u"Suma"_s;
+        set->Edit();
+    }
+
+    void TearDown() override
+    {
+        set.reset();
+        OnSmallTable::TearDown();
+    }
+
+    TField &field(const QString &name) { return *set->FieldByName(name); }
+
+    std::unique_ptr<TQuery> set;
+};
+
+ON_BOTH_ENGINES(Fields);
+
+} // namespace
+
+TEST_P(Fields, AreFoundByNameWhateverItsCase)
+{
+    EXPECT_EQ(set->FindField(u"T_SUMA"_s), &field(u"t_suma"_s));
+    EXPECT_EQ(set->FindField(u"nera"_s), nullptr);
+    EXPECT_ERROR(EDatabaseError, set->FieldByName(u"nera"_s), u"„nera“"_s);
+}
+
+TEST_P(Fields, HaveTheTypesOfTheirColumns)
+{
+    EXPECT_EQ(field(u"t_id"_s).DataType(), TFieldType::ftInteger);
+    EXPECT_EQ(field(u"t_kodas"_s).DataType(), TFieldType::ftString);
+    EXPECT_EQ(field(u"t_kodas"_s).Size(), 10);
+    EXPECT_EQ(field(u"t_suma"_s).DataType(), TFieldType::ftFloat);
+    EXPECT_EQ(field(u"t_suma"_s).Decimals(), 4);
+    EXPECT_EQ(field(u"t_data"_s).DataType(), TFieldType::ftDate);
+}
+
+TEST_P(Fields, RefuseATextThatIsTooLongAndKeepTheOldOne)
+{
+    const QString twenty = u"ąčęėįšųūžĄČĘĖĮŠŲŪŽ„“"_s;
+    field(u"t_pavad"_s).setAsString(twenty);
+    EXPECT_ERROR(EConvertError, field(u"t_pavad"_s).setAsString(twenty + u'a'),
+                 u"Laukas \"Pavadinimas\": tekstas per ilgas, daugiausia 20 ženklų."_s);
+    EXPECT_EQ(field(u"t_pavad"_s).AsString(), twenty);
+}
+
+TEST_P(Fields, RefuseWhatTheCodePageCannotHold)
+{
+    EXPECT_ERROR(EConvertError, field(u"t_pavad"_s).setAsString(u"Жуков"_s), u"„Ж“"_s);
+    EXPECT_ERROR(EConvertError, field(u"t_pavad"_s).setAsString(u"a😀"_s), u"„😀“"_s);
+    EXPECT_ERROR(EConvertError, field(u"t_pavad"_s).setAsString(u"a\0b"_s), u"nulinis ženklas"_s);
+    EXPECT_EQ(field(u"t_pavad"_s).AsString(), u"Vardas 1"_s);
+}
+
+TEST_P(Fields, TakeNumbersWithCommaAndPoint)
+{
+    field(u"t_suma"_s).setEditText(u"12,5"_s);
+    EXPECT_EQ(field(u"t_suma"_s).AsFloat(), 12.5);
+    field(u"t_suma"_s).setEditText(u"1 234.25"_s);
+    EXPECT_EQ(field(u"t_suma"_s).AsFloat(), 1234.25);
+    EXPECT_EQ(field(u"t_suma"_s).editText(), u"1234,25"_s);
+}
+
+TEST_P(Fields, RefuseWhatIsNoFiniteNumber)
+{
+    TField &sum = field(u"t_suma"_s);
+    EXPECT_ERROR(EConvertError, sum.setEditText(u"dvylika"_s),
+                 u"Laukas \"Suma\": „dvylika“ nėra skaičius."_s);
+    EXPECT_THROW(sum.setEditText(u"1e400"_s), EConvertError);
+    EXPECT_ERROR(EConvertError, sum.setAsFloat(std::numeric_limits<double>::infinity()), u"baigtinis"_s);
+    EXPECT_ERROR(EConvertError, sum.setAsFloat(std::numeric_limits<double>::quiet_NaN()), u"baigtinis"_s);
+    EXPECT_ERROR(EConvertError, sum.setAsFloat(1e11), u"per didelis"_s);
+    EXPECT_EQ(sum.AsFloat(), 1.5);
+}
+
+TEST_P(Fields, RoundAnAmountToTheDecimalsOfItsColumn)
+{
+    field(u"t_suma"_s).setAsFloat(1.00005);
+    EXPECT_EQ(field(u"t_suma"_s).AsFloat(), 1.0001);
+    field(u"t_suma"_s).setAsFloat(-0.1 - 0.2);
+    EXPECT_EQ(field(u"t_suma"_s).AsFloat(), -0.3);
+    set->Post();
+    EXPECT_EQ(stored(u"t_suma"_s, 1), u"-0.3"_s);
+}
+
+TEST_P(Fields, WholeNumbersRefuseFractions)
+{
+    EXPECT_ERROR(EConvertError, field(u"t_kiek"_s).setEditText(u"1,5"_s), u"sveikojo"_s);
+    field(u"t_kiek"_s).setEditText(u"15"_s);
+    EXPECT_EQ(field(u"t_kiek"_s).AsInteger(), 15);
+}
+
+TEST_P(Fields, TakeDatesInTheUsersFormatAndAsDayCounts)
+{
+    TField &date = field(u"t_data"_s);
+    date.setEditText(u"2004.02.29"_s);
+    EXPECT_EQ(date.AsDate(), QDate(2004, 2, 29));
+    EXPECT_EQ(date.AsFloat(), 38046);
+    date.setAsFloat(38047);
+    EXPECT_EQ(date.AsString(), u"2004.03.01"_s);
+    EXPECT_ERROR(EConvertError, date.setEditText(u"2004.02.30"_s), u"nėra data"_s);
+    EXPECT_EQ(date.AsDate(), QDate(2004, 3, 1));
+}
+
+TEST_P(Fields, AnEmptyTypedTextIsNull)
+{
+    for (const QString &name : {u"t_pavad"_s, u"t_suma"_s, u"t_data"_s, u"t_kiek"_s}) {
+        field(name).setEditText(QString());
+        EXPECT_TRUE(field(name).IsNull()) << name.toStdString();
+    }
+    set->Post();
+    EXPECT_EQ(rows(*mnFin_Db, u"select t_pavad, t_suma, t_kiek, t_data from bd_t"_s),
+              QStringList{u"NULL|NULL|NULL|NULL"_s});
+}
+
+TEST_P(Fields, RunTheirValidatorBeforeAndTheirChangeHookAfterTheValue)
+{
+    QStringList calls;
+    TField &sum = field(u"t_suma"_s);
+    sum.OnValidate = [&](TField &self, const Variant &proposed) {
+        calls.append(u"%1>%2"_s.arg(self.AsFloat()).arg(proposed.toDouble()));
+        if (proposed.toDouble() < 0)
+            throw EDatabaseError(u"Neigiama"_s);
+    };
+    sum.OnChange = [&](TField &self) { calls.append(u"=%1"_s.arg(self.AsFloat())); };
+    sum.setAsFloat(2);
+    EXPECT_ERROR(EDatabaseError, sum.setAsFloat(-2), u"Neigiama"_s);
+    EXPECT_EQ(calls, (QStringList{u"1.5>2"_s, u"=2"_s, u"2>-2"_s}));
+    EXPECT_EQ(sum.AsFloat(), 2);
+}
+
+TEST_P(Fields, TellTheOldValueWhileEdited)
+{
+    field(u"t_suma"_s).setAsFloat(9);
+    EXPECT_EQ(field(u"t_suma"_s).OldValue(), Variant(1.5));
+    EXPECT_EQ(field(u"t_suma"_s).Value(), Variant(9.0));
+}
+
+TEST_P(Fields, ShowByFormatAndHook)
+{
+    field(u"t_suma"_s).DisplayFormat = u"0.00"_s;
+    EXPECT_EQ(field(u"t_suma"_s).DisplayText(), u"1,50"_s);
+    field(u"t_data"_s).DisplayFormat = u"yyyy \"m.\" mmmm"_s;
+    EXPECT_EQ(field(u"t_data"_s).DisplayText(), u"2004 m. sausis"_s);
+    field(u"t_kiek"_s).OnGetText = [](TField &self) { return u"×%1"_s.arg(self.AsInteger()); };
+    EXPECT_EQ(field(u"t_kiek"_s).DisplayText(), u"×1"_s);
+}
+
+TEST_P(Fields, AreNotSetOutsideEditing)
+{
+    set->Cancel();
+    EXPECT_ERROR(EDatabaseError, field(u"t_suma"_s).setAsFloat(1), u"neredaguojamas"_s);
+}
+
+TEST_P(Fields, MarkedReadOnlyRefuseTypedText)
+{
+    field(u"t_suma"_s).ReadOnly = true;
+    EXPECT_ERROR(EDatabaseError, field(u"t_suma"_s).setEditText(u"1"_s), u"nekeičiamas"_s);
+}
+
+TEST_P(Fields, StayTheSameObjectsWhenTheSetIsOpenedAgain)
+{
+    TField *sum = &field(u"t_suma"_s);
+    set->describe(u"t_kiek"_s, [](TField &kiek) { kiek.DisplayLabel = u"Kiekis"_s; });
+    set->Close();
+    set->Open();
+    EXPECT_EQ(set->FieldByName(u"t_suma"_s), sum);
+    EXPECT_EQ(sum->label(), u"Suma"_s);
+    EXPECT_EQ(field(u"t_kiek"_s).label(), u"Kiekis"_s);
+}
