@@ -34,6 +34,14 @@ target_precompile_headers(pch_core PRIVATE <QtCore> <QtSql> <algorithm> <functio
 target_precompile_headers(pch_gui PRIVATE <QtWidgets> <QtSql> <algorithm> <functional> <memory> <optional> <string>
                           <unordered_map> <vector>)
 
+# Tests are compiled far more often than they are run: with a precompiled GoogleTest and without optimisation.
+add_library(pch_test STATIC ${CMAKE_SOURCE_DIR}/cmake/pch_test.cpp)
+set_target_properties(pch_test PROPERTIES AUTOMOC OFF)
+target_compile_options(pch_test PRIVATE -O0)
+target_link_libraries(pch_test PUBLIC Qt6::Widgets Qt6::Sql Qt6::PrintSupport GTest::gtest)
+target_precompile_headers(pch_test PRIVATE <QtWidgets> <QtSql> <gtest/gtest.h> <algorithm> <functional> <memory>
+                          <optional> <string> <unordered_map> <vector>)
+
 # All sources of the calling folder.
 macro(_velmora_sources out)
   file(GLOB ${out} CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h
@@ -75,16 +83,17 @@ function(velmora_program name)
   _velmora_finish(${name} ${A_GUI})
 endfunction()
 
-# velmora_test(NAME [GUI] [TIMEOUT seconds] LINK libs...): a test program of all sources in this folder.
+# velmora_test(NAME [TIMEOUT seconds] LINK libs...): a test program of all sources in this folder.
 function(velmora_test name)
-  cmake_parse_arguments(A "GUI" "TIMEOUT" "LINK" ${ARGN})
+  cmake_parse_arguments(A "" "TIMEOUT" "LINK" ${ARGN})
   _velmora_sources(sources)
   if(NOT sources)
     return()
   endif()
   add_executable(${name} ${sources})
-  target_link_libraries(${name} PRIVATE ${A_LINK} test_support GTest::gtest)
-  _velmora_finish(${name} ${A_GUI})
+  target_link_libraries(${name} PRIVATE ${A_LINK} test_support GTest::gtest Qt6::Widgets Qt6::PrintSupport Qt6::Sql)
+  target_compile_options(${name} PRIVATE -O0)
+  target_precompile_headers(${name} REUSE_FROM pch_test)
   if(NOT A_TIMEOUT)
     set(A_TIMEOUT 300)
   endif()
