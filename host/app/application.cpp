@@ -50,7 +50,7 @@ int runHost(int &argc, char **argv)
     QApplication::setOrganizationName("velmora");
     QApplication::setApplicationName("velmora");
     QApplication::setApplicationVersion(VELMORA_VERSION);
-    installLithuanianTexts(app);
+    speakLithuanian(&app);
     const TOptions options = readOptions(QApplication::arguments());
     int code = 1;
     runGuarded(nullptr, [&] { code = options.tour.isEmpty() ? runBooks(options) : runTour(options.tour); });

@@ -60,8 +60,9 @@ void TNewBooksDlg::OkBtnClick()
     if (EmptyRadio->isChecked()) {
         if (administrator().isEmpty())
             throw Exception("Neįvestas administratoriaus vardas");
-        AnsiString(administrator());
-        AnsiString(password());
+        for (const QString &text : {administrator(), password()})
+            if (const qsizetype at = firstOutsideCodePage(text); at >= 0)
+                throw Exception(QString("Simbolio „%1“ čia naudoti negalima").arg(text.at(at)));
         if (PassEdit->text() != RepeatEdit->text())
             throw Exception("Slaptažodžiai nesutampa");
     }

@@ -1,10 +1,12 @@
 #include "host/app/startup.h"
 
+#include "database/demo/demo.h"
 #include "host/app/new_books_dialog.h"
 #include "host/data/connections.h"
 #include "host/data/main_datas.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QStandardPaths>
 
 namespace {
@@ -61,6 +63,29 @@ bool openBooks(const TOptions &options)
 void openEmbeddedBooks(const QString &folder)
 {
     open(TBooksSettings::embedded(folder));
+}
+
+// Books that were left half filled by an earlier start are no books to work in: they are filled under a name
+// of their own and take their place at the end.
+void createDemonstrationBooks(const QString &folder)
+{
+    const QString growing = folder + ".kuriama";
+    QDir(growing).removeRecursively();
+    createEmbeddedBooks(growing);
+    {
+        const TBooks books = TBooksSettings::embedded(growing).books();
+        TDatabase fin(books.fin);
+        TDatabase ravl(books.ravl);
+        fin.Open();
+        ravl.Open();
+        fillDemoBooks(fin, ravl, 1, [](const QString &) {
+            QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        });
+    }
+    if (QDir(folder).exists() && !QDir().rmdir(folder))
+        throw Exception(QString("Aplankas %1 netuščias").arg(QDir::toNativeSeparators(folder)));
+    if (!QDir().rename(growing, folder))
+        throw Exception(QString("Nepavyko sukurti aplanko %1").arg(QDir::toNativeSeparators(folder)));
 }
 
 void createEmptyBooks(const QString &folder, const QString &administrator, const QString &password)

@@ -163,7 +163,7 @@ void walkDemonstrationBooks(TTourReport &report, const QString &folder)
     createDemonstrationBooks(folder);
     openEmbeddedBooks(folder);
     TTour tour(report);
-    tour.logIn("admin", "admin");
+    tour.logIn("admin", "Raktas1");
     tour.openEverything();
     tour.closeMonth();
     tour.rollBack();
