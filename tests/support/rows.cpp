@@ -19,7 +19,7 @@ QString wordingOf(const TStatement &statement, int column)
         return QString::number(statement.integer(column));
     case TFieldType::ftFloat:
     case TFieldType::ftCurrency:
-        return QString::number(statement.number(column), 'g', QLocale::FloatingPointShortest);
+        return QString::number(statement.number(column), 'f', QLocale::FloatingPointShortest);
     case TFieldType::ftDate:
         return statement.value(column).toDate().toString(Qt::ISODate);
     case TFieldType::ftDateTime:
@@ -55,15 +55,15 @@ QStringList tablesOf(TDatabase &db)
             : u"select tablename::text from pg_tables where schemaname = 'public' order by 1"_s);
 }
 
-// A select of one text per row that two rows share exactly when they hold the same bytes.
+// A select of one text ("eilute") per row that two rows share exactly when they hold the same bytes.
 QString rowTexts(TDatabase &db, const QString &table)
 {
     if (db.engine() == Engine::PostgreSql)
-        return u"select t::text from \"%1\" t order by t::text collate \"C\""_s.arg(table);
+        return u"select t::text as eilute from \"%1\" t"_s.arg(table);
     QStringList quoted;
     for (const QString &name : column(db, u"select name from pragma_table_info('%1')"_s.arg(table)))
         quoted << u"quote(\"%1\")"_s.arg(name);
-    return u"select %1 from \"%2\" order by 1"_s.arg(quoted.join(u" || ',' || "_s), table);
+    return u"select %1 as eilute from \"%2\""_s.arg(quoted.join(u" || ',' || "_s), table);
 }
 } // namespace
 
@@ -92,8 +92,10 @@ QString value(TDatabase &db, const QString &sql, const QVariantMap &parameters)
 
 QStringList dump(TDatabase &db, const QString &table)
 {
+    const QString inOrder =
+        db.engine() == Engine::Sqlite ? u"%1 order by eilute"_s : u"%1 order by t::text collate \"C\""_s;
     QStringList lines;
-    for (const QString &row : column(db, rowTexts(db, table)))
+    for (const QString &row : column(db, inOrder.arg(rowTexts(db, table))))
         lines << table + u": "_s + row;
     return lines;
 }
@@ -108,13 +110,15 @@ QStringList dump(TDatabase &db)
 
 QByteArray fingerprint(TDatabase &db)
 {
+    // The engine condenses a table, so that a large one does not pass through here row by row.
+    const QString condensed =
+        db.engine() == Engine::Sqlite
+            ? u"select group_concat(eilute, char(10)) from (%1 order by eilute)"_s
+            : u"select count(*) || ' ' || sum(hashtextextended(eilute, 0)::numeric) from (%1) t"_s;
     QCryptographicHash hash(QCryptographicHash::Sha256);
     for (const QString &table : tablesOf(db)) {
-        hash.addData(table.toUtf8());
-        for (const QString &row : column(db, rowTexts(db, table))) {
-            hash.addData(row.toUtf8());
-            hash.addData("\n");
-        }
+        hash.addData((table + u'\n').toUtf8());
+        hash.addData(column(db, condensed.arg(rowTexts(db, table))).value(0).toUtf8());
     }
     return hash.result().toHex();
 }

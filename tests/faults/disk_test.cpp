@@ -1,0 +1,81 @@
+#include "tests/faults/large_books.h"
+#include "tests/faults/raised.h"
+#include "tests/faults/victim_process.h"
+#include "tests/support/files.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <sys/mount.h>
+
+using namespace Qt::StringLiterals;
+
+// A disk that fills up in the middle of a close.
+
+namespace {
+// A disk of a given size; only root can have one.
+class SmallDisk {
+public:
+    explicit SmallDisk(qint64 bytes)
+    {
+        const QByteArray size = "size=" + QByteArray::number(bytes);
+        mounted =
+            folder.isValid() && mount("tmpfs", folder.path().toUtf8(), "tmpfs", 0, size.constData()) == 0;
+    }
+    ~SmallDisk()
+    {
+        if (mounted)
+            umount(folder.path().toUtf8());
+    }
+    SmallDisk(const SmallDisk &) = delete;
+    SmallDisk &operator=(const SmallDisk &) = delete;
+
+    bool there() const { return mounted; }
+    QString path() const { return folder.path(); }
+
+private:
+    QTemporaryDir folder;
+    bool mounted = false;
+};
+
+// How much room a close is given beside the books themselves: less than its journal takes.
+constexpr qint64 room = 1'000'000;
+} // namespace
+
+class FullDisk : public LargeBooks {
+protected:
+    // The close fails for want of room, in words, and leaves the books as they are; with room it succeeds.
+    void closeWithout(const TSessionSettings &settings, const QStringList &environment)
+    {
+        const QByteArray before = fingerprint(*open(settings));
+        VictimProcess starved(u"close"_s, settings, environment);
+        EXPECT_FALSE(starved.finish());
+        EXPECT_TRUE(tells(starved.failure(), u"vietos"_s) || tells(starved.failure(), u"Nepavyko"_s));
+        EXPECT_EQ(fingerprint(*open(settings)), before);
+    }
+};
+INSTANTIATE_TEST_SUITE_P(, FullDisk, testing::Values(Engine::Sqlite),
+                         [](const auto &) { return std::string("Sqlite"); });
+
+TEST_P(FullDisk, DuringACloseDamagesNothing)
+{
+    TSessionSettings settings = finSettings();
+    mnFin_Db->Close();
+    const SmallDisk disk(QFileInfo(settings.file).size() + room);
+    if (!disk.there())
+        GTEST_SKIP() << "only root can have a small disk";
+    const QString file = disk.path() + u"/knygos.db"_s;
+    ASSERT_TRUE(QFile::copy(settings.file, file));
+    settings.file = file;
+    closeWithout(settings, {});
+}
+
+TEST_P(FullDisk, FilesThatMayNotGrowAreNotDamaged)
+{
+    const TSessionSettings settings = finSettings();
+    mnFin_Db->Close();
+    closeWithout(settings, {u"VELMORA_FILE_LIMIT=%1"_s.arg(room)});
+    VictimProcess fed(u"close"_s, settings);
+    EXPECT_TRUE(fed.finish()) << fed.failure().toStdString();
+}

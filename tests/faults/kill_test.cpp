@@ -1,0 +1,152 @@
+#include "tests/faults/large_books.h"
+#include "tests/faults/victim_process.h"
+#include "tests/support/files.h"
+
+#include <QElapsedTimer>
+#include <QSqlQuery>
+#include <QThread>
+
+#include <iostream>
+#include <random>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+int number(const char *variable, int usual)
+{
+    bool given = false;
+    const int value = qEnvironmentVariableIntValue(variable, &given);
+    return given ? value : usual;
+}
+
+// What a kill left: the whole close, nothing of it, or something between.
+enum class Found { Before, After, Damaged };
+
+// A server goes on for a while with the statement of a client that died.
+void waitUntilAlone(TDatabase &db)
+{
+    QElapsedTimer patience;
+    patience.start();
+    while (db.engine() == Engine::PostgreSql && !patience.hasExpired(60'000)) {
+        QSqlQuery others(db.handle());
+        others.exec(
+            u"select 1 from pg_stat_activity where datname = current_database() and pid <> pg_backend_pid()"_s);
+        if (!others.next())
+            return;
+        QThread::msleep(5);
+    }
+    EXPECT_NE(db.engine(), Engine::PostgreSql) << "the killed program's session did not end";
+}
+} // namespace
+
+class KilledClose : public LargeBooks {
+protected:
+    void SetUp() override
+    {
+        LargeBooks::SetUp();
+        if (before.isEmpty()) {
+            before = fingerprint(*mnFin_Db);
+            mnFin_Db->Close();
+            fileBefore = fileContent();
+        }
+        leaveBooks();
+    }
+
+    // The undisturbed work: how long it takes and what it leaves.
+    void measure(const QString &mode)
+    {
+        VictimProcess whole(mode, finSettings());
+        ASSERT_TRUE(whole.finish()) << whole.failure().toStdString();
+        duration = whole.duration();
+        const auto fresh = open(finSettings());
+        after = fingerprint(*fresh);
+        ASSERT_NE(after, before);
+        expectCarriedBalances(*fresh);
+    }
+
+    // Kills it at a random moment of its work.
+    Found kill(const QString &mode)
+    {
+        renew();
+        std::uniform_int_distribution<qint64> moment(0, duration + duration / 20);
+        VictimProcess victim(mode, finSettings());
+        EXPECT_TRUE(victim.waitUntilItBegins()) << victim.failure().toStdString();
+        victim.killAfter(moment(random));
+        return found();
+    }
+
+    const unsigned seed = unsigned(number("VELMORA_SEED", int(std::random_device()() & 0x7fffffff)));
+    std::mt19937 random{seed};
+    qint64 duration = 0; // microseconds
+
+private:
+    // Every balance is there once more, in the new month, and debit still equals credit.
+    static void expectCarriedBalances(TDatabase &db)
+    {
+        const QStringList totals = controlTotals(db);
+        ASSERT_EQ(totals.size(), 3);
+        const QStringList opening = totals[0].split(u'|'), carried = totals[1].split(u'|');
+        EXPECT_EQ(opening[1], QString::number(balances));
+        EXPECT_EQ(carried[1], QString::number(balances));
+        EXPECT_EQ(carried[2], carried[3]);
+        EXPECT_GT(carried[2].toDouble(), opening[2].toDouble());
+    }
+
+    Found found() const
+    {
+        const auto fresh = open(finSettings());
+        waitUntilAlone(*fresh);
+        fresh->Close();
+        if (!fileBefore.isEmpty() && fileContent() == fileBefore) // no need to look at the rows
+            return Found::Before;
+        fresh->Open();
+        const QByteArray now = fingerprint(*fresh);
+        return now == before ? Found::Before : now == after ? Found::After : Found::Damaged;
+    }
+
+    QByteArray fileContent() const
+    {
+        return engine() == Engine::Sqlite ? contentOf(finSettings().file) : QByteArray();
+    }
+
+    // The fixture's own sessions would stand in the victim's way.
+    void leaveBooks()
+    {
+        mnFin_Db->Close();
+        mnRavl->Close();
+    }
+
+    // Fingerprints of the books at the beginning and closed; on SQLite also the file itself.
+    QByteArray before, after, fileBefore;
+};
+ON_BOTH_ENGINES(KilledClose);
+
+TEST_P(KilledClose, LeavesTheBooksAsTheyWereOrClosed)
+{
+    measure(u"close"_s);
+    const int kills = number("VELMORA_KILLS", 50);
+    int left[3] = {};
+    for (int i = 0; i < kills; ++i)
+        ++left[int(kill(u"close"_s))];
+    std::cout << engineName(engine()).toStdString() << ": " << kills << " kills within " << duration / 1000
+              << " ms, seed " << seed << ": " << left[int(Found::Before)] << " before, "
+              << left[int(Found::After)] << " after, " << left[int(Found::Damaged)] << " damaged\n";
+    EXPECT_EQ(left[int(Found::Damaged)], 0) << "seed " << seed;
+    EXPECT_GT(left[int(Found::Before)], 0) << "no kill met the close";
+}
+
+// The check above must be able to fail: a close that commits half-way is found out.
+TEST_P(KilledClose, CommittedInHalvesIsFoundDamaged)
+{
+    measure(u"halves"_s);
+    int kills = 0;
+    constexpr int enough = 100;
+    while (kills < enough) {
+        ++kills;
+        if (kill(u"halves"_s) == Found::Damaged)
+            break;
+    }
+    std::cout << engineName(engine()).toStdString() << ": found out at kill " << kills << ", seed " << seed
+              << '\n';
+    EXPECT_LT(kills, enough);
+}
