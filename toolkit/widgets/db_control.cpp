@@ -51,36 +51,36 @@ TDBControl::~TDBControl()
 void TDBControl::bind(TDataSet *dataSet, const QString &columnName)
 {
     detach();
-    set = dataSet;
-    column = columnName;
+    boundSet = dataSet;
+    boundColumn = columnName;
     attach();
     restore();
 }
 
 void TDBControl::attach()
 {
-    if (!set)
+    if (!boundSet)
         return;
     QWidget *where = self;
-    QObject::connect(set, &TDataSet::stateChanged, events, guarded(where, [this] { onState(); }));
-    QObject::connect(set, &TDataSet::scrolled, events, guarded(where, [this] { restore(); }));
-    QObject::connect(set, &TDataSet::modelReset, events, guarded(where, [this] { restore(); }));
-    QObject::connect(set, &TDataSet::fieldChanged, events,
+    QObject::connect(boundSet, &TDataSet::stateChanged, events, guarded(where, [this] { onState(); }));
+    QObject::connect(boundSet, &TDataSet::scrolled, events, guarded(where, [this] { restore(); }));
+    QObject::connect(boundSet, &TDataSet::modelReset, events, guarded(where, [this] { restore(); }));
+    QObject::connect(boundSet, &TDataSet::fieldChanged, events,
                      guarded(where, [this](const QString &name) { onField(name); }));
-    flusher = set->addFlusher([this] { commit(); });
+    flusher = boundSet->addFlusher([this] { commit(); });
 }
 
 void TDBControl::detach()
 {
-    if (!set)
+    if (!boundSet)
         return;
-    QObject::disconnect(set, nullptr, events, nullptr);
-    set->removeFlusher(flusher);
+    QObject::disconnect(boundSet, nullptr, events, nullptr);
+    boundSet->removeFlusher(flusher);
 }
 
 TField *TDBControl::Field() const
 {
-    return set && set->Active() ? set->FindField(column) : nullptr;
+    return boundSet && boundSet->Active() ? boundSet->FindField(boundColumn) : nullptr;
 }
 
 void TDBControl::setAlwaysReadOnly(bool on)
@@ -92,7 +92,7 @@ void TDBControl::setAlwaysReadOnly(bool on)
 bool TDBControl::canEdit() const
 {
     const TField *field = Field();
-    return field && !alwaysReadOnly && set->editing() && !set->ReadOnly() && !field->ReadOnly &&
+    return field && !alwaysReadOnly && boundSet->editing() && !boundSet->ReadOnly() && !field->ReadOnly &&
            !field->isCalculated();
 }
 
@@ -106,7 +106,8 @@ void TDBControl::commit()
         return;
     }
     try {
-        // Setting the column tells all controls of it; this one must not take that for a stranger's change.
+        // Setting the column tells all controls of it; this one must not take that for a stranger's
+        // change.
         storeField(*field);
     } catch (const Exception &error) {
         markInvalid(error.message());
@@ -130,12 +131,12 @@ void TDBControl::refresh()
     if (isPending)
         return;
     TField *field = Field();
-    showField(field && !(set->IsEmpty() && !set->editing()) ? field : nullptr);
+    showField(field && !(boundSet->IsEmpty() && !boundSet->editing()) ? field : nullptr);
 }
 
 void TDBControl::onState()
 {
-    if (!set || !set->editing())
+    if (!boundSet || !boundSet->editing())
         restore();
     else
         setEditable(canEdit());
@@ -143,7 +144,7 @@ void TDBControl::onState()
 
 void TDBControl::onField(const QString &name)
 {
-    if (isPending && name.compare(column, Qt::CaseInsensitive) == 0)
+    if (isPending && name.compare(boundColumn, Qt::CaseInsensitive) == 0)
         return;
     refresh();
 }

@@ -23,8 +23,8 @@ public:
 
     // Binds to a column; a null set unbinds.
     void bind(TDataSet *set, const QString &column);
-    TDataSet *DataSet() const { return set; }
-    const QString &DataField() const { return column; }
+    TDataSet *DataSet() const { return boundSet; }
+    const QString &DataField() const { return boundColumn; }
     TField *Field() const; // null while unbound, closed, or without such a column
 
     // Never lets the user change anything, whatever the set's state.
@@ -76,8 +76,8 @@ private:
     void onField(const QString &name);
 
     QWidget *self;
-    QPointer<TDataSet> set;
-    QString column;
+    QPointer<TDataSet> boundSet;
+    QString boundColumn;
     QString reason;
     QString ownToolTip;
     TInvalidMark *mark = nullptr;

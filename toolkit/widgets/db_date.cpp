@@ -79,10 +79,11 @@ void TDateEdit::showCalendar()
     const QDate current = typedDate(this);
     calendar->setSelectedDate(current.isValid() ? current : Date().date());
     const auto take = [this, popup](QDate picked) {
+        // Before the focus comes back: coming back shows what the column has.
         setDate(picked);
+        emit chosen(picked);
         popup->close();
         setFocus(Qt::PopupFocusReason);
-        emit chosen(picked);
     };
     connectGuarded(calendar, &QCalendarWidget::clicked, this, take);
     connectGuarded(calendar, &QCalendarWidget::activated, this, take);

@@ -25,6 +25,7 @@ void TDBEdit::setOptions(const TEditOptions &options)
 {
     given = options;
     haveApplied = false;
+    applyFor(Field());
     refresh();
 }
 

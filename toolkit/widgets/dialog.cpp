@@ -59,14 +59,14 @@ void TDialog::setHelpDisplay(std::function<void(int)> display)
 void TDialog::describe(const QString &caption, const QList<TFieldRow> &rows, TDataSet *dataSet,
                        const QList<TDialogButton> &buttons)
 {
-    Q_ASSERT(!body);
+    Q_ASSERT(!ownBody);
     setWindowTitle(caption);
-    set = dataSet;
+    ownSet = dataSet;
     auto *whole = new QVBoxLayout(this);
-    body = new QVBoxLayout;
-    whole->addLayout(body, 1);
-    fields = new TFieldForm(rows, dataSet, this);
-    body->addWidget(fields);
+    ownBody = new QVBoxLayout;
+    whole->addLayout(ownBody, 1);
+    ownFields = new TFieldForm(rows, dataSet, this);
+    ownBody->addWidget(ownFields);
     addButtons(buttons);
 }
 
@@ -81,7 +81,7 @@ void TDialog::addButtons(const QList<TDialogButton> &buttons)
         made->setDefault(described.isDefault);
         connectGuarded(made, &QPushButton::clicked, this, [this, described] { press(described); });
         if (described.role == TDialogButton::Save)
-            saver = made;
+            ownSaver = made;
         line->addWidget(made);
     }
     static_cast<QVBoxLayout *>(layout())->addLayout(line);
@@ -98,7 +98,7 @@ void TDialog::press(const TDialogButton &pressed)
         break;
     case TDialogButton::Help:
         if (helpDisplay())
-            helpDisplay()(help);
+            helpDisplay()(ownTopic);
         break;
     case TDialogButton::Action:
         if (pressed.action)
@@ -116,9 +116,9 @@ bool TDialog::run()
 bool TDialog::trySave()
 {
     // A save that paints or asks may let a second press through.
-    if (saving)
+    if (isSaving)
         return false;
-    const QScopedValueRollback<bool> running(saving, true);
+    const QScopedValueRollback<bool> running(isSaving, true);
     try {
         for (TDBControl *control : TDBControl::allIn(this))
             control->commit();
@@ -135,15 +135,15 @@ bool TDialog::trySave()
 
 void TDialog::Save()
 {
-    if (set && set->editing())
-        set->Post();
-    if (auto *query = qobject_cast<TQuery *>(set.data()); query && query->CachedUpdates)
+    if (ownSet && ownSet->editing())
+        ownSet->Post();
+    if (auto *query = qobject_cast<TQuery *>(ownSet.data()); query && query->CachedUpdates)
         query->ApplyUpdates();
 }
 
 void TDialog::saveInTransaction(const std::function<void()> &step)
 {
-    auto *query = qobject_cast<TQuery *>(set.data());
+    auto *query = qobject_cast<TQuery *>(ownSet.data());
     if (!query || !query->Database()) {
         step();
         return;
@@ -157,13 +157,13 @@ void TDialog::saveInTransaction(const std::function<void()> &step)
 
 void TDialog::cancelSet()
 {
-    if (set && set->editing())
-        set->Cancel();
+    if (ownSet && ownSet->editing())
+        ownSet->Cancel();
 }
 
 void TDialog::reject()
 {
-    if (saving)
+    if (isSaving)
         return;
     runGuarded(this, [this] { cancelSet(); });
     QDialog::reject();
@@ -171,7 +171,7 @@ void TDialog::reject()
 
 void TDialog::refuse(const QString &column, const QString &message)
 {
-    QWidget *refused = fields->control(column);
+    QWidget *refused = ownFields->control(column);
     if (auto *control = TDBControl::of(refused))
         control->markInvalid(message);
     refused->setFocus();
@@ -199,8 +199,8 @@ QPushButton *TDialog::button(const QString &name) const
 
 void TDialog::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_F1 && help > 0 && helpDisplay()) {
-        runGuarded(this, [this] { helpDisplay()(help); });
+    if (event->key() == Qt::Key_F1 && ownTopic > 0 && helpDisplay()) {
+        runGuarded(this, [this] { helpDisplay()(ownTopic); });
         return;
     }
     QDialog::keyPressEvent(event);
@@ -209,7 +209,7 @@ void TDialog::keyPressEvent(QKeyEvent *event)
 void TDialog::showEvent(QShowEvent *event)
 {
     QDialog::showEvent(event);
-    if (!shown && fields && !focusWidget())
-        fields->focusFirst();
-    shown = true;
+    if (!wasShown && ownFields && !focusWidget())
+        ownFields->focusFirst();
+    wasShown = true;
 }

@@ -40,8 +40,8 @@ public:
     bool run();
 
     // F1 and the help button show this topic; 0: no help.
-    void setHelpTopic(int topic) { help = topic; }
-    int helpTopic() const { return help; }
+    void setHelpTopic(int topic) { ownTopic = topic; }
+    int helpTopic() const { return ownTopic; }
     // How help topics are shown; set once by the program.
     static void setHelpDisplay(std::function<void(int topic)> display);
 
@@ -64,13 +64,16 @@ protected:
     // set.
     virtual void saveInTransaction(const std::function<void()> &step);
 
-    TFieldForm &form() const { return *fields; }
-    template<typename T = QWidget> T *control(const QString &name) const { return fields->control<T>(name); }
+    TFieldForm &form() const { return *ownFields; }
+    template<typename T = QWidget> T *control(const QString &name) const
+    {
+        return ownFields->control<T>(name);
+    }
     QPushButton *button(const QString &name) const; // asserts that there is one
-    QPushButton *saveButton() const { return saver; }
-    TDataSet *dataSet() const { return set; }
+    QPushButton *saveButton() const { return ownSaver; }
+    TDataSet *dataSet() const { return ownSet; }
     // The layout above the buttons, for what no row describes.
-    QVBoxLayout *bodyLayout() const { return body; }
+    QVBoxLayout *bodyLayout() const { return ownBody; }
     // Stops in front of a control: puts the cursor there and raises.
     [[noreturn]] void refuse(const QString &column, const QString &message);
 
@@ -83,11 +86,11 @@ private:
     void cancelSet();
     void focusRefused();
 
-    QPointer<TDataSet> set;
-    TFieldForm *fields = nullptr;
-    QVBoxLayout *body = nullptr;
-    QPushButton *saver = nullptr;
-    int help = 0;
-    bool saving = false;
-    bool shown = false;
+    QPointer<TDataSet> ownSet;
+    TFieldForm *ownFields = nullptr;
+    QVBoxLayout *ownBody = nullptr;
+    QPushButton *ownSaver = nullptr;
+    int ownTopic = 0;
+    bool isSaving = false;
+    bool wasShown = false;
 };

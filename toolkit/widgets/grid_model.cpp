@@ -59,10 +59,12 @@ void TGridModel::setDataSet(TDataSet *dataSet)
 
 void TGridModel::setColumns(const QList<TGridColumn> &columns)
 {
+    changing = true;
     beginResetModel();
     described = columns;
     findFields();
     endResetModel();
+    changing = false;
 }
 
 void TGridModel::connectSet()
@@ -75,8 +77,10 @@ void TGridModel::connectSet()
     connectGuarded(set.data(), &QObject::destroyed, this, [this] { startOver(); });
     connectGuarded(set.data(), &TDataSet::rowsAboutToBeInserted, this,
                    [this](const QModelIndex &, int first, int last) {
-                       if (first < shown)
-                           beginInsertRows({}, first, last);
+                       if (first >= shown)
+                           return;
+                       changing = true;
+                       beginInsertRows({}, first, last);
                    });
     connectGuarded(set.data(), &TDataSet::rowsInserted, this,
                    [this](const QModelIndex &, int first, int last) { onRowsInserted(first, last); });

@@ -1,0 +1,242 @@
+#include "tests/toolkit/widgets/window_fixture.h"
+#include "toolkit/widgets/db_grid.h"
+#include "toolkit/widgets/guard.h"
+
+#include <QClipboard>
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QSignalSpy>
+
+namespace {
+
+class DbGrid : public InWindow {
+protected:
+    void SetUp() override
+    {
+        InWindow::SetUp();
+        grid = add<TDBGrid>();
+        grid->setColumns({{.field = u"PRE_PAVAD"_s, .title = u"Prekė"_s, .width = 120},
+                          {.field = u"pre_suma"_s, .width = 80},
+                          {.field = u"pre_data"_s, .title = u"Data"_s, .format = u"yyyy \"m.\" mmmm"_s}});
+        grid->setDataSet(set.get());
+    }
+
+    QString cell(int row, int column) const { return grid->model()->index(row, column).data().toString(); }
+
+    TDBGrid *grid = nullptr;
+};
+
+} // namespace
+
+TEST_F(DbGrid, ShowsItsColumnsAsDescribed)
+{
+    EXPECT_EQ(grid->model()->rowCount(), 3);
+    EXPECT_EQ(grid->model()->columnCount(), 3);
+    EXPECT_EQ(grid->model()->headerData(0, Qt::Horizontal).toString(), u"Prekė"_s);
+    EXPECT_EQ(grid->model()->headerData(1, Qt::Horizontal).toString(), u"Suma"_s) << "the field's label";
+    EXPECT_EQ(cell(0, 0), u"Agurkai"_s);
+    EXPECT_EQ(cell(0, 1), u"12.50"_s);
+    EXPECT_EQ(cell(0, 2), u"2005 m. birželis"_s);
+    EXPECT_EQ(cell(1, 2), QString());
+    EXPECT_TRUE(grid->model()->index(0, 1).data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
+    EXPECT_EQ(grid->columnWidth(0), 120);
+}
+
+TEST_F(DbGrid, TheRowAndTheRecordAreAlwaysTheSame)
+{
+    show(grid);
+    EXPECT_EQ(grid->currentIndex().row(), 0);
+    QTest::keyClick(grid, Qt::Key_Down);
+    EXPECT_EQ(set->RecNo(), 1);
+    set->Next();
+    EXPECT_EQ(grid->currentIndex().row(), 2);
+    QTest::keyClick(grid, Qt::Key_Home);
+    EXPECT_EQ(set->RecNo(), 0);
+    QTest::keyClick(grid, Qt::Key_End);
+    EXPECT_EQ(set->RecNo(), 2);
+    EXPECT_EQ(grid->selectedRows(), QList<int>{2});
+    set->Close();
+    EXPECT_EQ(grid->model()->rowCount(), 0);
+    set->Open();
+    EXPECT_EQ(grid->currentIndex().row(), 0);
+    EXPECT_EQ(grid->columnWidth(0), 120);
+}
+
+TEST_F(DbGrid, FollowsInsertingDeletingAndCancelling)
+{
+    show(grid);
+    set->Append();
+    EXPECT_EQ(grid->model()->rowCount(), 4);
+    EXPECT_EQ(grid->currentIndex().row(), 3);
+    set->Cancel();
+    EXPECT_EQ(grid->model()->rowCount(), 3);
+    EXPECT_EQ(grid->currentIndex().row(), set->RecNo());
+    set->First();
+    set->Delete();
+    EXPECT_EQ(grid->model()->rowCount(), 2);
+    EXPECT_EQ(cell(0, 0), u"Bulvės"_s);
+    EXPECT_EQ(set->RecNo(), 0);
+    EXPECT_EQ(grid->currentIndex().row(), 0);
+    set->Insert();
+    set->FieldByName(u"pre_pavad"_s)->setValue(u"Aviečių uogienė"_s);
+    set->Post();
+    EXPECT_EQ(cell(0, 0), u"Aviečių uogienė"_s);
+    EXPECT_EQ(grid->currentIndex().row(), set->RecNo());
+}
+
+TEST_F(DbGrid, ARecordWhoseChangesAreRefusedIsNotLeft)
+{
+    show(grid);
+    set->Edit();
+    set->FieldByName(u"pre_pavad"_s)->setValue(u"kita"_s);
+    set->BeforePost = [](TDataSet &) { throw EDatabaseError(u"Taip negalima"_s); };
+    NextBoxes boxes{QMessageBox::Ok};
+    QTest::keyClick(grid, Qt::Key_Down);
+    EXPECT_EQ(boxes.at(0).text, u"Taip negalima"_s);
+    EXPECT_EQ(set->RecNo(), 0);
+    EXPECT_EQ(grid->currentIndex().row(), 0);
+    EXPECT_EQ(set->State(), dsEdit);
+    set->BeforePost = {};
+}
+
+TEST_F(DbGrid, AnEmptyListSaysSo)
+{
+    const auto painted = [this] { return grid->viewport()->grab().toImage(); };
+    show(grid);
+    const QImage full = painted();
+    db->ExecSQL(u"delete from prekes"_s);
+    set->Close();
+    set->Open();
+    const QImage empty = painted();
+    grid->setEmptyText(QString());
+    const QImage blank = painted();
+    EXPECT_NE(full, empty);
+    EXPECT_NE(empty, blank) << "nothing is written in the empty list";
+}
+
+TEST_F(DbGrid, CopiesTheSelectedRowsAsTextInTheOrderShown)
+{
+    show(grid);
+    db->ExecSQL(u"update prekes set pre_pavad = 'a	b' where pre_id = 2"_s);
+    set->Close();
+    set->Open();
+    grid->horizontalHeader()->moveSection(1, 0);
+    grid->selectAll();
+    QTest::keyClick(grid, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(),
+              u"12.50\tAgurkai\t2005 m. birželis\n0.01\ta b\t\n\tČiobreliai\t2004 m. vasaris"_s);
+    grid->clearSelection();
+    grid->selectRow(2);
+    EXPECT_EQ(grid->selectedText(), u"\tČiobreliai\t2004 m. vasaris"_s);
+}
+
+TEST_F(DbGrid, RemembersColumnWidthsByField)
+{
+    QSignalSpy changed(grid, &TDBGrid::columnWidthsChanged);
+    grid->setColumnWidth(0, 77);
+    EXPECT_EQ(changed.count(), 1);
+    const QVariantMap widths = grid->columnWidths();
+    EXPECT_EQ(widths[u"pre_pavad"_s].toInt(), 77);
+    TDBGrid another;
+    another.setColumns(grid->columns());
+    another.setColumnWidths(widths);
+    another.setColumnWidths({{u"nėra"_s, 5}, {u"pre_suma"_s, -3}});
+    EXPECT_EQ(another.columnWidth(0), 77);
+    EXPECT_EQ(another.columnWidth(1), 80);
+}
+
+TEST_F(DbGrid, TitlesAreClickedByFieldAndMayBeCentred)
+{
+    QSignalSpy clicked(grid, &TDBGrid::titleClicked);
+    grid->setTitlesCentred(true);
+    show(grid);
+    QHeaderView *header = grid->horizontalHeader();
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, QPoint(header->sectionPosition(1) + 20, 5));
+    ASSERT_EQ(clicked.count(), 1);
+    EXPECT_EQ(clicked[0][0].toString(), u"pre_suma"_s);
+    EXPECT_EQ(header->defaultAlignment(), Qt::AlignCenter);
+}
+
+TEST_F(DbGrid, EnterAndADoubleClickActivateTheRecordAndLettersGoToTheScreen)
+{
+    QSignalSpy activated(grid, &TDBGrid::rowActivated);
+    show(grid);
+    QTest::keyClick(grid, Qt::Key_Return);
+    EXPECT_EQ(activated.count(), 1);
+    QKeyEvent letter(QEvent::KeyPress, Qt::Key_B, Qt::NoModifier, u"b"_s);
+    QApplication::sendEvent(grid, &letter);
+    EXPECT_FALSE(letter.isAccepted());
+    EXPECT_EQ(set->RecNo(), 0);
+}
+
+TEST_F(DbGrid, TabLeavesAList)
+{
+    auto *next = add<QLineEdit>();
+    show(grid);
+    leave(grid);
+    EXPECT_TRUE(next->hasFocus());
+}
+
+TEST_F(DbGrid, CellsAreEditedInPlaceUnderTheColumnsRules)
+{
+    grid->setCellEditing(true);
+    show(grid);
+    grid->setCurrentIndex(grid->model()->index(1, 1));
+    EXPECT_EQ(set->RecNo(), 1);
+    QTest::keyClick(grid, Qt::Key_F2);
+    auto *editor = grid->findChild<QLineEdit *>();
+    ASSERT_NE(editor, nullptr);
+    EXPECT_EQ(editor->text(), u"0.0051"_s);
+    EXPECT_EQ(editor->accessibleName(), u"Suma"_s);
+    editor->selectAll();
+    typeLetters(editor, u"3,5"_s);
+    QTest::keyClick(editor, Qt::Key_Return);
+    QCoreApplication::processEvents(); // the cell takes its text after the key
+    EXPECT_EQ(cell(1, 1), u"3.50"_s);
+    set->Post();
+    EXPECT_EQ(stored(u"pre_suma"_s, 2).toDouble(), 3.5);
+}
+
+TEST_F(DbGrid, ARefusedCellIsShownAndKeepsItsValue)
+{
+    grid->setCellEditing(true);
+    show(grid);
+    NextBoxes boxes{QMessageBox::Ok};
+    EXPECT_FALSE(grid->model()->setData(grid->model()->index(0, 1), u"abc"_s));
+    EXPECT_TRUE(boxes.at(0).text.contains(u"abc")) << str(boxes.at(0).text);
+    EXPECT_EQ(cell(0, 1), u"12.50"_s);
+}
+
+TEST_F(DbGrid, ACellsButtonChoosesTheValueElsewhere)
+{
+    grid->setColumns({{.field = u"pre_pavad"_s, .browse = [this] {
+                           set->Edit();
+                           set->FieldByName(u"pre_pavad"_s)->setValue(u"Iš sąrašo"_s);
+                       }}});
+    grid->setCellEditing(true);
+    show(grid);
+    grid->edit(grid->model()->index(0, 0));
+    auto *editor = grid->findChild<QLineEdit *>();
+    ASSERT_NE(editor, nullptr);
+    QTest::keyClick(editor, Qt::Key_F4);
+    EXPECT_EQ(editor->text(), u"Iš sąrašo"_s);
+    QTest::keyClick(editor, Qt::Key_Return);
+    QCoreApplication::processEvents(); // the cell takes its text after the key
+    EXPECT_EQ(cell(0, 0), u"Iš sąrašo"_s);
+}
+
+TEST_F(DbGrid, RowsAreOfOneHeight)
+{
+    EXPECT_EQ(grid->verticalHeader()->sectionResizeMode(0), QHeaderView::Fixed);
+    EXPECT_EQ(grid->rowHeight(0), grid->rowHeight(2));
+}
+
+TEST_F(DbGrid, SurvivesItsDataSet)
+{
+    show(grid);
+    set.reset();
+    EXPECT_EQ(grid->DataSet(), nullptr);
+    EXPECT_EQ(grid->model()->rowCount(), 0);
+    QTest::keyClick(grid, Qt::Key_End);
+}
