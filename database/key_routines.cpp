@@ -13,10 +13,10 @@ void checkColumn(sqlite3 *db, const QByteArray &table, const QByteArray &column)
             u"Nėra lentelės „%1“ stulpelio „%2“."_s.arg(QString::fromUtf8(table), QString::fromUtf8(column))};
 }
 
+// Comes first: a statement that writes waits for other stations, one that reads before could not.
 constexpr char counterSql[] = "insert into sys_raktai (rak_lentele, rak_stulpelis, rak_paskutinis) "
                               "values (?1, ?2, 0) on conflict do nothing";
 
-// One statement: it holds the write lock from before it looks at the column until the key is drawn.
 constexpr char drawSql[] =
     "update sys_raktai "
     "set rak_paskutinis = max(rak_paskutinis, (select coalesce(max(%2), 0) from %1)) + 1 "
@@ -29,6 +29,18 @@ QByteArray worded(const char *sql, const QByteArray &table, const QByteArray &co
     return text.replace("%1", quotedName(table));
 }
 
+qint64 drawKey(sqlite3 *db, const QByteArray &table, const QByteArray &column)
+{
+    Nested(db, counterSql).bind(1, table).bind(2, column).run();
+    checkColumn(db, table, column);
+    Nested draw(db, worded(drawSql, table, column));
+    draw.bind(1, table).bind(2, column);
+    qint64 key = 0;
+    while (draw.next())
+        key = draw.integer(0);
+    return key;
+}
+
 } // namespace
 
 void nextKey(RoutineCall &call)
@@ -36,12 +48,14 @@ void nextKey(RoutineCall &call)
     sqlite3 *db = call.db();
     const QByteArray table = call.text(1).toLower();
     const QByteArray column = call.text(2).toLower();
-    checkColumn(db, table, column);
-    Nested(db, counterSql).bind(1, table).bind(2, column).run();
-    Nested draw(db, worded(drawSql, table, column));
-    draw.bind(1, table).bind(2, column);
-    while (draw.next())
-        call.give(draw.integer(0));
+    if (sqlite3_txn_state(db, "main") == SQLITE_TXN_WRITE) {
+        call.give(drawKey(db, table, column));
+        return;
+    }
+    NestedSavepoint savepoint(db);
+    const qint64 key = drawKey(db, table, column);
+    savepoint.keep();
+    call.give(key);
 }
 
 void countUses(RoutineCall &call)

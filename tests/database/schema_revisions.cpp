@@ -107,14 +107,21 @@ TEST_P(Revisions, TheOtherBooksDatabaseIsRefused)
 TEST_P(Revisions, TwoStationsAtOnceApplyEachOnce)
 {
     const TSessionSettings settings = finSettings();
-    const auto bringUp = [this, settings] {
-        const std::unique_ptr<TDatabase> station = open(settings);
-        upgrade(*station, Book::Main, {first, second});
+    const auto bringUp = [this, settings](QString &failure) {
+        try {
+            const std::unique_ptr<TDatabase> station = open(settings);
+            upgrade(*station, Book::Main, {first, second});
+        } catch (const Exception &error) {
+            failure = error.message();
+        }
     };
-    const std::unique_ptr<QThread> other(QThread::create(bringUp));
+    QString failures[2];
+    const std::unique_ptr<QThread> other(QThread::create([&] { bringUp(failures[1]); }));
     other->start();
-    bringUp();
+    bringUp(failures[0]);
     other->wait();
+    EXPECT_EQ(failures[0], QString());
+    EXPECT_EQ(failures[1], QString());
     EXPECT_EQ(revisionOf(*mnFin_Db), 2);
     EXPECT_EQ(value(*mnFin_Db, u"select count(*) from bd_a"_s), u"1");
 }

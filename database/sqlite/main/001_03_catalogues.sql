@@ -143,7 +143,7 @@ create table bd_org (
     org_tipas       integer check (typeof(org_tipas) in ('integer', 'null')),
     org_kdv         integer check (typeof(org_kdv) in ('integer', 'null')),
     org_dv          smallint check (typeof(org_dv) in ('integer', 'null')),
-    org_dv_iki      date check (org_dv_iki is date(org_dv_iki)),
+    org_dv_iki      date check (org_dv_iki is date(org_dv_iki, '+0 days')),
     org_dv_old      smallint check (typeof(org_dv_old) in ('integer', 'null')),
     org_id          integer default 1 not null check (org_id = 1) check (typeof(org_id) = 'integer'),
     primary key (org_id)

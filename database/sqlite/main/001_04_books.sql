@@ -22,8 +22,8 @@ create table bd_dbkrsut (
     dks_id    integer primary key,
     dks_dkaid integer check (typeof(dks_dkaid) in ('integer', 'null')),
     dks_nr    varchar(20) check (length(dks_nr) <= 20),
-    dks_nuo   date check (dks_nuo is date(dks_nuo)),
-    dks_iki   date check (dks_iki is date(dks_iki)),
+    dks_nuo   date check (dks_nuo is date(dks_nuo, '+0 days')),
+    dks_iki   date check (dks_iki is date(dks_iki, '+0 days')),
     dks_tipas varchar(1) check (length(dks_tipas) <= 1),
     dks_suma  numeric(15,4) check (typeof(dks_suma) in ('integer', 'real', 'null') and abs(dks_suma) < 1e11)
 );
@@ -123,7 +123,7 @@ create table bd_samkor (
     sak_id       integer primary key not null,
     sak_samid    integer not null check (typeof(sak_samid) = 'integer')
                      references bd_samatos (sam_id) on delete cascade,
-    sak_data     date check (sak_data is date(sak_data)),
+    sak_data     date check (sak_data is date(sak_data, '+0 days')),
     sak_doknr    varchar(10) check (length(sak_doknr) <= 10),
     sak_i_ketv   numeric(15,4) default 0 not null
                      check (typeof(sak_i_ketv) in ('integer', 'real') and abs(sak_i_ketv) < 1e11),
@@ -160,8 +160,8 @@ create table it_turtas (
     tur_matid    integer check (typeof(tur_matid) in ('integer', 'null')) references bd_matasm (mat_id),
     tur_objid    integer check (typeof(tur_objid) in ('integer', 'null')) references bd_objektai (obj_id),
     tur_sasid    integer check (typeof(tur_sasid) in ('integer', 'null')) references bd_sasplan (sas_id),
-    tur_isigyta  date check (tur_isigyta is date(tur_isigyta)),
-    tur_nurasyta date check (tur_nurasyta is date(tur_nurasyta)),
+    tur_isigyta  date check (tur_isigyta is date(tur_isigyta, '+0 days')),
+    tur_nurasyta date check (tur_nurasyta is date(tur_nurasyta, '+0 days')),
     tur_suma     numeric(15,4) default 0 not null
                      check (typeof(tur_suma) in ('integer', 'real') and abs(tur_suma) < 1e11)
 );
@@ -171,7 +171,7 @@ create table it_turtas (
 create table bd_irasai (
     irs_id      integer primary key not null,
     irs_perid   integer not null check (typeof(irs_perid) = 'integer'),
-    irs_data    date check (irs_data is date(irs_data)),
+    irs_data    date check (irs_data is date(irs_data, '+0 days')),
     irs_dok     varchar(20) check (length(irs_dok) <= 20),
     irs_sasid   integer check (typeof(irs_sasid) in ('integer', 'null')) references bd_sasplan (sas_id),
     irs_sum_db  numeric(15,4) default 0 not null
