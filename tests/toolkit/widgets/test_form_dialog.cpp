@@ -122,6 +122,7 @@ TEST_F(DialogTest, ARefusedSaveKeepsTheDialogOpenWithTheTextAndTheCursorThere)
         typeOver(sum, u"500"_s);
         pressButton(shown, u"Išsaugoti"_s);
         EXPECT_TRUE(shown.isVisible());
+        QApplication::setActiveWindow(&shown);
         EXPECT_EQ(QApplication::focusWidget(), sum);
         EXPECT_EQ(sum->text(), u"500"_s);
         EXPECT_EQ(sum->invalidReason(), u"Suma per didelė"_s);
@@ -139,6 +140,7 @@ TEST_F(DialogTest, ATextThatIsNoNumberIsShownOnSaving)
     EXPECT_FALSE(run([&](ProductDlg &shown) {
         typeOver(shown.control(u"pre_suma"_s), u"abc"_s);
         pressButton(shown, u"Išsaugoti"_s);
+        QApplication::setActiveWindow(&shown);
         EXPECT_EQ(QApplication::focusWidget(), shown.control(u"pre_suma"_s));
         QTest::keyClick(shown.control(u"pre_suma"_s), Qt::Key_Escape);
         EXPECT_TRUE(shown.isVisible()) << "the first Esc takes the text back";
