@@ -28,6 +28,27 @@ QByteArray withoutAccelerator(QByteArrayView text)
     return plain;
 }
 
+// Paper is called by its size; only the words around it are translated: "Envelope C5" is "Vokas C5".
+QString paperName(const char *english)
+{
+    static constexpr std::pair<const char *, const char *> parts[] = {
+        {"Double Postcard", "Dvigubas atvirukas"},
+        {"Postcard", "Atvirukas"},
+        {"Envelope", "Vokas"},
+        {"Personal", "asmeninis"},
+        {"Invite", "kvietimo"},
+        {"Italian", "itališkas"},
+        {"Small", "(mažas)"},
+        {"Extra", "(padidintas)"},
+        {"Plus", "(pailgintas)"},
+        {"Big", "(didelis)"},
+    };
+    QString name = QString::fromUtf8(english);
+    for (const auto &[word, lithuanian] : parts)
+        name.replace(QLatin1String(word), QString::fromUtf8(lithuanian));
+    return name;
+}
+
 } // namespace
 
 QString TLithuanianTranslator::translate(const char *context, const char *sourceText,
@@ -38,6 +59,8 @@ QString TLithuanianTranslator::translate(const char *context, const char *source
     const auto &words = dictionary();
     if (const auto found = words.constFind(QByteArrayView(sourceText)); found != words.constEnd())
         return *found;
+    if (qstrcmp(context, "QPageSize") == 0)
+        return paperName(sourceText);
     // Words installed beside Qt, for the dialogs that are rarely seen.
     const QString installed = QTranslator::translate(context, sourceText, disambiguation, n);
     if (!installed.isEmpty())

@@ -136,6 +136,7 @@ constexpr TLithuanianWord words[] = {
     {"Change to list view mode", "Rodyti kaip sąrašą"},
     {"Change to detail view mode", "Rodyti išsamų sąrašą"},
     {"List of places and bookmarks", "Vietos ir žymelės"},
+    {"Show ", "Rodyti: "},
     {"Sidebar", "Šoninė juosta"},
     {"Recent Places", "Paskutinės vietos"},
     {"My Computer", "Kompiuteris"},

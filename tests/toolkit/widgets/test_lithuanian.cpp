@@ -11,6 +11,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPageSize>
 #include <QPrintPreviewDialog>
 #include <QPushButton>
 #include <QSet>
@@ -109,6 +110,13 @@ TEST_F(Lithuanian, WordsAreFoundWhereverTheAcceleratorStands)
 {
     EXPECT_EQ(QCoreApplication::translate("Anything", "Can&cel"), u"Atšaukti"_s);
     EXPECT_EQ(QCoreApplication::translate("Anything", "Fahrvergnügen"), QString::fromUtf8("Fahrvergnügen"));
+}
+
+TEST_F(Lithuanian, PaperIsCalledByItsSize)
+{
+    EXPECT_EQ(QPageSize::name(QPageSize::A4), u"A4"_s);
+    EXPECT_EQ(QPageSize::name(QPageSize::EnvelopeC5), u"Vokas C5"_s);
+    EXPECT_EQ(QPageSize::name(QPageSize::DoublePostcard), u"Dvigubas atvirukas"_s);
 }
 
 TEST(Icons, NoneIsMissing)
