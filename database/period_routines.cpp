@@ -85,6 +85,14 @@ qint64 addMonth(sqlite3 *db, const PeriodMonth &month)
     return lastMonth(db).id;
 }
 
+void removeBalances(sqlite3 *db, qint64 period)
+{
+    for (const char *sql :
+         {"delete from bd_saslik where ssl_perid = ?1", "delete from bd_isllik where sml_perid = ?1",
+          "delete from bd_dbkrlik where dkl_perid = ?1"})
+        Nested(db, sql).bind(1, period).run();
+}
+
 } // namespace
 
 PeriodMonth lastMonth(sqlite3 *db)
@@ -124,6 +132,7 @@ void closePeriod(RoutineCall &call)
     takeWriteLock(db);
     const PeriodMonth last = lastMonth(db);
     const qint64 next = addMonth(db, monthAfter(last));
+    removeBalances(db, next); // left of older books over which the periods were set up anew
     for (const char *sql : {carryAccountsSql, carryExpensesSql, carryDebtorsSql})
         Nested(db, sql).bind(1, last.id).bind(2, next).run();
     savepoint.keep();
@@ -137,10 +146,8 @@ void rollPeriodBack(RoutineCall &call)
     const PeriodMonth last = lastMonth(db);
     if (nestedInteger(db, "select count(*) from bd_period where per_menuo > 0") < 2)
         throw RoutineError{u"Negalima atsukti darbo pradžios periodo!"_s};
-    for (const char *sql :
-         {"delete from bd_saslik where ssl_perid = ?1", "delete from bd_isllik where sml_perid = ?1",
-          "delete from bd_dbkrlik where dkl_perid = ?1", "delete from bd_period where per_id = ?1"})
-        Nested(db, sql).bind(1, last.id).run();
+    removeBalances(db, last.id);
+    Nested(db, "delete from bd_period where per_id = ?1").bind(1, last.id).run();
     Nested(db, removeYearSql).bind(1, last.year).run();
     savepoint.keep();
 }

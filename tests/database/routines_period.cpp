@@ -1,5 +1,7 @@
 #include "tests/database/routines_books.h"
 
+#include <QThread>
+
 using namespace Qt::StringLiterals;
 
 using Periods = SmallBooks;
@@ -247,4 +249,45 @@ TEST_P(Periods, ADateAsText)
 TEST_P(Periods, NoPeriodIsTheLastOfAnEmptyTable)
 {
     EXPECT_EQ(one(u"select get_last_per_id() from dummy"_s), u"NULL");
+}
+
+TEST_P(Periods, TwoClosesAtOnceNeverMakeOneMonthTwice)
+{
+    startOfWork(2005, 1);
+    balance(cash, 6, 5, 0);
+    mnFin_Db->StartTransaction();
+    close();
+    QString failure;
+    const TSessionSettings settings = finSettings();
+    const std::unique_ptr<QThread> other(QThread::create([&] {
+        try {
+            open(settings)->ExecSQL(u"call Close_Per()"_s);
+        } catch (const Exception &error) {
+            failure = error.message();
+        }
+    }));
+    other->start();
+    QThread::msleep(300);
+    mnFin_Db->Commit();
+    other->wait();
+    // The server tells the one that waited; a file's station starts afresh with the month that it finds.
+    const QString months = engine() == Engine::Sqlite ? u"3"_s : u"2"_s;
+    EXPECT_EQ(failure,
+              engine() == Engine::Sqlite ? QString() : u"Periodą ką tik pakeitė kita darbo vieta."_s);
+    EXPECT_EQ(one(u"select count(*) from bd_period where per_menuo > 0"_s), months);
+    EXPECT_EQ(one(u"select count(*) from bd_saslik"_s), months);
+    EXPECT_EQ(one(u"select count(distinct ssl_perid) from bd_saslik"_s), months);
+}
+
+TEST_P(Periods, WhatOlderBooksLeftInTheNextMonthIsNoPartOfIt)
+{
+    startOfWork(2005, 1);
+    balance(cash, 6, 5, 0);
+    run(u"insert into bd_isllik values (1, 6, 10, 100, 0, 0, 0, 0, 0)"_s);
+    close();
+    run(u"delete from bd_period"_s);
+    startOfWork(2006, 3);
+    close();
+    EXPECT_EQ(select(accountBalances), (QStringList{u"1|6|5|0"_s, u"1|7|5|0"_s}));
+    EXPECT_EQ(one(u"select count(*) from bd_isllik"_s), u"2");
 }

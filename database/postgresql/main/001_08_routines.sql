@@ -123,7 +123,16 @@ as $$
           having sum(suma) <> 0) as likuciai
 $$;
 
--- Closes the last month and opens the next one.
+create procedure sys_trinti_likucius(perid bigint)
+language sql
+as $$
+    delete from bd_saslik where ssl_perid = perid;
+    delete from bd_isllik where sml_perid = perid;
+    delete from bd_dbkrlik where dkl_perid = perid;
+$$;
+
+-- Closes the last month and opens the next one. Where periods were set up anew over older books, balances of
+-- the month that had this number before may still be there; they are no part of the new one.
 create procedure close_per()
 language plpgsql
 set work_mem = '256MB'
@@ -132,6 +141,7 @@ declare
     dabar constant bd_period := sys_uzrakinti_perioda();
     kitas constant bigint := sys_prideti_menesi(dabar);
 begin
+    call sys_trinti_likucius(kitas);
     call sys_perkelti_saskaitas(dabar.per_id, kitas);
     call sys_perkelti_islaidas(dabar.per_id, kitas);
     call sys_perkelti_dbkr(dabar.per_id, kitas);
@@ -148,9 +158,7 @@ begin
     if (select count(*) from bd_period where per_menuo > 0) < 2 then
         raise exception 'Negalima atsukti darbo pradžios periodo!';
     end if;
-    delete from bd_saslik where ssl_perid = dabar.per_id;
-    delete from bd_isllik where sml_perid = dabar.per_id;
-    delete from bd_dbkrlik where dkl_perid = dabar.per_id;
+    call sys_trinti_likucius(dabar.per_id);
     delete from bd_period where per_id = dabar.per_id;
     delete from bd_period
     where per_metai = dabar.per_metai
