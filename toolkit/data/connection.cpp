@@ -22,7 +22,14 @@ QString uniqueName(const TSessionSettings &settings)
     return u"%1#%2"_s.arg(settings.alias).arg(++counter);
 }
 
+bool beating = false;
+
 } // namespace
+
+bool BusyBeat::isBeating()
+{
+    return beating;
+}
 
 TDatabase::BusyHook &BusyBeat::hook()
 {
@@ -61,6 +68,18 @@ std::shared_ptr<EngineConnection> EngineConnection::create(const TSessionSetting
     if (settings.engine == Engine::Sqlite)
         return std::make_shared<SqliteConnection>(settings, use);
     return std::make_shared<PostgresConnection>(settings, use);
+}
+
+void EngineConnection::end()
+{
+    permitted = false;
+    close();
+}
+
+void EngineConnection::checkPermitted() const
+{
+    if (!permitted)
+        throw EDatabaseError(u"Duomenų bazės sesija „%1“ uždaryta."_s.arg(settings.alias));
 }
 
 void *EngineConnection::nativeHandle() const

@@ -13,11 +13,12 @@ public:
     qint64 elapsedMs() const { return sinceStart.elapsed(); }
 
     static TDatabase::BusyHook &hook();
+    // Whether the hook is running just now: nothing may be read then.
+    static bool isBeating();
 
 private:
     QElapsedTimer sinceStart;
     qint64 lastBeatMs = 0;
-    bool beating = false;
 };
 
 // What a statement and a session need of one connection. Statements hold their connection; a connection that
@@ -30,7 +31,12 @@ public:
     EngineConnection(const EngineConnection &) = delete;
     EngineConnection &operator=(const EngineConnection &) = delete;
 
-    // Connects, or connects anew after the server was lost. Does nothing while it stands.
+    // Only the session opens and ends it: a statement that outlives its session must not connect anew.
+    void permit() { permitted = true; }
+    void end();
+
+    // Connects, or connects anew after the server was lost. Does nothing while it stands. Raises when the
+    // session is closed.
     virtual void open() = 0;
     virtual void close() = 0;
     virtual bool isOpen() const = 0;
@@ -58,6 +64,7 @@ protected:
     EngineConnection(TSessionSettings settings, TDatabase::Connection use);
 
     bool reading() const { return use == TDatabase::Connection::Reading; }
+    void checkPermitted() const;
     // The driver's own connection object behind Qt's.
     void *nativeHandle() const;
     void addDatabase(const QString &driver);
@@ -67,6 +74,9 @@ protected:
     const TDatabase::Connection use;
     QSqlDatabase database;
     BusyBeat busy;
+
+private:
+    bool permitted = false;
 };
 
 // Refuses what no engine may be given: a NUL inside a text, a number that is not finite.

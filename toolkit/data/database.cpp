@@ -44,6 +44,7 @@ void TDatabase::Private::watch(const std::shared_ptr<EngineConnection> &connecti
 std::shared_ptr<EngineConnection> TDatabase::Private::anotherReading()
 {
     reading.push_back(EngineConnection::create(settings, Connection::Reading));
+    reading.back()->permit();
     watch(reading.back());
     return reading.back();
 }
@@ -81,6 +82,7 @@ TDatabase::TDatabase(TSessionSettings settings) : d(std::make_unique<Private>(st
 TDatabase::~TDatabase()
 {
     Close();
+    d->editing->onLost = nullptr;
 }
 
 void TDatabase::setSqliteTeacher(std::function<void(sqlite3 *)> teacher)
@@ -90,6 +92,7 @@ void TDatabase::setSqliteTeacher(std::function<void(sqlite3 *)> teacher)
 
 void TDatabase::Open()
 {
+    d->editing->permit();
     d->editing->open();
     d->opened = true;
 }
@@ -97,10 +100,12 @@ void TDatabase::Open()
 void TDatabase::Close()
 {
     d->opened = false;
-    for (const std::shared_ptr<EngineConnection> &each : d->reading)
-        each->close();
+    for (const std::shared_ptr<EngineConnection> &each : d->reading) {
+        each->onLost = nullptr;
+        each->end();
+    }
     d->reading.clear();
-    d->editing->close();
+    d->editing->end();
     d->catalogue.forget();
     d->translator.clear();
 }

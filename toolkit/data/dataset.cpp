@@ -1,3 +1,4 @@
+#include "toolkit/data/connection.h"
 #include "toolkit/data/dataset_private.h"
 
 using namespace Qt::StringLiterals;
@@ -269,9 +270,12 @@ void TDataSet::Private::fetchUntilSeen(int seen)
     }
 }
 
-// Runs inside the event loop, so nothing may be raised out of it.
+// Runs inside the event loop, so nothing may be raised out of it. The busy hook may let the loop run while a
+// statement is under way: nothing is read then.
 void TDataSet::Private::idleFetch()
 {
+    if (BusyBeat::isBeating())
+        return;
     const bool wasEmpty = current < 0;
     try {
         fetchRows(std::numeric_limits<int>::max(), sliceMs);

@@ -94,6 +94,11 @@ void raiseSqliteError(sqlite3 *db, int code, const QString &statement)
     }
 }
 
+void raiseBadWording(const QString &engineText, const QString &statement)
+{
+    throw EDatabaseError(brokenText(engineText), engineText, statement);
+}
+
 bool meansConnectionLost(const QString &state)
 {
     return state.startsWith(u"08") || state == u"57P01" || state == u"57P02" || state == u"57P03";
@@ -125,6 +130,13 @@ void raiseServerError(const ServerFailure &failure, const QString &statement)
         throw EDatabaseBusy(busyText, text, statement);
     if (state == u"25006")
         throw EDatabaseError(readOnlyText, text, statement);
+    if (state == u"25P02")
+        throw EDatabaseError(u"Ankstesnis operacijos veiksmas nepavyko, operaciją reikia atšaukti."_s, text,
+                             statement);
+    if (state == u"22001")
+        throw EDatabaseError(u"Tekstas per ilgas."_s, text, statement);
+    if (state == u"22003")
+        throw EDatabaseError(u"Skaičius per didelis."_s, text, statement);
     if (state == u"42501")
         throw EDatabaseError(u"Neturite teisės atlikti šio veiksmo duomenų bazėje."_s, text, statement);
     if (state == u"53100")

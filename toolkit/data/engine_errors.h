@@ -9,6 +9,9 @@ struct sqlite3;
 // Raises what the SQLite connection's last error means.
 [[noreturn]] void raiseSqliteError(sqlite3 *db, int code, const QString &statement);
 
+// Raises for a statement that the engine does not understand.
+[[noreturn]] void raiseBadWording(const QString &engineText, const QString &statement);
+
 // What a server tells of a failure; any of it may be empty.
 struct ServerFailure {
     QString state; // the five signs of the SQL state

@@ -100,6 +100,7 @@ void PostgresConnection::open()
     const bool idle = !inTransaction() && cursors == 0;
     if (conn && !lost && (trusted || !idle))
         return;
+    checkPermitted();
     close();
     connectServer();
     try {

@@ -89,6 +89,7 @@ void SqliteConnection::open()
 {
     if (db)
         return;
+    checkPermitted();
     checkPlace();
     openFile();
     try {
@@ -130,6 +131,8 @@ sqlite3_stmt *SqliteConnection::take(const QByteArray &text)
     busy.start();
     const int code = sqlite3_prepare_v3(db, text.constData(), int(text.size() + 1), SQLITE_PREPARE_PERSISTENT,
                                         &statement, &tail);
+    if (code == SQLITE_ERROR)
+        raiseBadWording(QString::fromUtf8(sqlite3_errmsg(db)), QString::fromUtf8(text));
     if (code != SQLITE_OK)
         raiseSqliteError(db, code, QString::fromUtf8(text));
     if (!statement)

@@ -2,6 +2,8 @@
 
 #include "toolkit/data/server_types.h"
 
+#include <charconv>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -149,8 +151,11 @@ qlonglong PostgresStatement::integer(int column) const
     switch (result.at(column).type) {
     case TFieldType::ftBoolean:
         return digits == "t" ? 1 : 0;
-    case TFieldType::ftInteger:
-        return QByteArray::fromRawData(digits.data(), digits.size()).toLongLong();
+    case TFieldType::ftInteger: {
+        qlonglong whole = 0;
+        std::from_chars(digits.data(), digits.data() + digits.size(), whole);
+        return whole;
+    }
     default:
         return qlonglong(numberOf(digits));
     }

@@ -2,7 +2,10 @@
 
 #include "tests/support/engines.h"
 #include "tests/toolkit/data/expect_error.h"
-#include "toolkit/data/statement.h"
+#include "toolkit/data/query.h"
+
+#include <QSignalSpy>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -83,6 +86,37 @@ TEST_P(ServerLoss, EndsAHalfReadListWithAnError)
     EXPECT_ERROR(EConnectionLost, rest(), u"Nutrūko ryšys"_s);
     list->exec();
     EXPECT_TRUE(list->next());
+}
+
+TEST_P(ServerLoss, ADialogKeepsWhatWasTypedAndSavesAtTheNextAttempt)
+{
+    TTable set(mnFin_Db, u"bd_t"_s);
+    set.Open();
+    set.Edit();
+    set.FieldByName(u"t_id"_s)->setAsInteger(7);
+    killOthers();
+    EXPECT_THROW(set.Post(), EConnectionLost);
+    EXPECT_EQ(set.State(), dsEdit);
+    EXPECT_EQ(set.FieldByName(u"t_id"_s)->AsInteger(), 7);
+    set.Post();
+    EXPECT_EQ(value(*secondFin(), u"select t_id from bd_t"_s), u"7"_s);
+}
+
+TEST_P(ServerLoss, AListThatLosesItsServerSaysSoOnceAndOpensAgain)
+{
+    mnFin_Db->nativeExec(u"insert into bd_t select generate_series(2, 50000)"_s);
+    TQuery set(mnFin_Db, u"select * from bd_t"_s);
+    set.readsAside = true;
+    set.Open();
+    killOthers();
+    QSignalSpy failed(&set, &TDataSet::fetchFailed);
+    ASSERT_TRUE(QTest::qWaitFor([&failed] { return failed.count() > 0; }, 30000));
+    QTest::qWait(50);
+    EXPECT_EQ(failed.count(), 1);
+    EXPECT_TRUE(failed.at(0).at(0).toString().contains(u"Nutrūko ryšys"_s));
+    set.Close();
+    set.Open();
+    EXPECT_EQ(set.RecordCount(), 50000);
 }
 
 TEST_P(ServerLoss, AnUnreachableServerIsToldInWords)

@@ -4,8 +4,7 @@
 #include "tests/toolkit/data/expect_error.h"
 #include "toolkit/data/statement.h"
 
-#include <QDate>
-#include <QFile>
+#include <QElapsedTimer>
 
 #include <limits>
 
@@ -222,15 +221,44 @@ TEST_P(Sessions, HalfReadListsStandSideBySideAndSeeWhatWasCommittedBefore)
     EXPECT_EQ(rest, 500);
 }
 
-TEST_P(Sessions, AStatementOutlivesItsSessionHarmlessly)
+TEST_P(Sessions, AStatementThatOutlivesItsSessionRaisesAndNeverConnects)
 {
     insert(1, u"A"_s);
-    const auto statement = mnFin_Db->prepare(u"select t_id from bd_t"_s);
-    mnFin_Db->Close();
-    EXPECT_FALSE(mnFin_Db->Connected());
-    EXPECT_ERROR(EDatabaseError, mnFin_Db->ExecSQL(u"delete from bd_t"_s), u"neatverta"_s);
-    mnFin_Db->Open();
-    EXPECT_EQ(value(*mnFin_Db, u"select count(*) from bd_t"_s), u"1"_s);
+    auto session = open(finSettings());
+    const auto statement = session->prepare(u"select t_id from bd_t"_s);
+    session->Close();
+    EXPECT_FALSE(session->Connected());
+    EXPECT_ERROR(EDatabaseError, session->ExecSQL(u"delete from bd_t"_s), u"neatverta"_s);
+    EXPECT_ERROR(EDatabaseError, statement->exec(), u"uždaryta"_s);
+    session->Open();
+    EXPECT_EQ(value(*session, u"select count(*) from bd_t"_s), u"1"_s);
+    session.reset();
+    EXPECT_THROW(statement->exec(), EDatabaseError);
+}
+
+TEST_P(Sessions, AStatementThatTheEngineDoesNotKnowIsRefused)
+{
+    EXPECT_ERROR(EDatabaseError, mnFin_Db->nativeExec(u"select nera_tokios()"_s), u"nera_tokios"_s);
+    TranslatedSql sql;
+    sql.text = u"select x from nera_lenteles"_s;
+    EXPECT_ERROR(EDatabaseError, mnFin_Db->prepareNative(sql), u"Duomenų bazės klaida: "_s);
+}
+
+TEST_P(Sessions, TheBusyHookGoesOnWhileAStatementRuns)
+{
+    int beats = 0;
+    const TDatabase::BusyHook before = TDatabase::setBusyHook([&beats] { ++beats; });
+    QElapsedTimer clock;
+    clock.start();
+    const QString counting =
+        u"with recursive n(i) as (select 1 union all select i + 1 from n where i < 1500000) "
+        "select count(*) from n"_s;
+    mnFin_Db->nativeExec(counting);
+    const qint64 elapsed = clock.elapsed();
+    TDatabase::setBusyHook(before);
+    EXPECT_LE(beats, elapsed / 40);
+    EXPECT_GE(beats, elapsed / 40 / 3);
+    EXPECT_GE(beats, 1);
 }
 
 TEST_P(Sessions, TheCatalogueKnowsColumnsKeysAndReferences)
