@@ -18,7 +18,7 @@ class TListPrinter;
 //
 //     class TObjektFrm : public TBrowseFrm {
 //     public:
-//         explicit TObjektFrm(QWidget *owner) : TBrowseFrm(description(), owner) { keepIn(ObjektFrm); }
+//         explicit TObjektFrm(QWidget *owner) : TBrowseFrm(described(), owner) { keepIn(ObjektFrm); }
 //     };
 //     TObjektFrm *frm = createForm<TObjektFrm>(owner);
 //

@@ -35,13 +35,12 @@ protected:
             ->ExecSQL(u"insert into bd_bankai (bnk_kodas, bnk_pavad, bnk_rink) values (:k, :p, :r)"_s,
                       {{u"k"_s, code}, {u"p"_s, name}, {u"r"_s, fee}});
     }
-    // More banks than a list reads at once: "Bankas 00100" and so on.
+    // More banks than a list reads at once: codes from 1000, "Bankas 1000" and so on.
     void addManyBanks(int count)
     {
-        TTransaction transaction(fin);
-        for (int i = 0; i < count; ++i)
-            addBank(100 + i, u"Bankas %1"_s.arg(100 + i, 6, 10, QChar(u'0')), 0);
-        transaction.commit();
+        fin->nativeExec(u"insert into bd_bankai (bnk_kodas, bnk_pavad, bnk_rink) "
+                        "with recursive n(i) as (select 1000 union all select i + 1 from n where i < %1) "
+                        "select i, 'Bankas ' || i, 0 from n"_s.arg(1000 + count - 1));
     }
 
     TBankaiFrm &open()
@@ -74,10 +73,16 @@ protected:
     int key() const { return frm->currentKey().toInt(); }
     QStringList stored() { return rows(*fin, u"select bnk_kodas from bd_bankai order by bnk_kodas"_s); }
     QLineEdit *findEdit() const { return frm->findChild<QLineEdit *>(u"FindEdit"_s); }
-    void press(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier)
+    // Shortcuts work in the active window alone.
+    void activate()
     {
         frm->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(frm));
         frm->grid()->setFocus();
+    }
+    void press(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier)
+    {
+        activate();
         QTest::keyClick(frm->grid(), key, held);
     }
 

@@ -6,7 +6,7 @@ TBankaiFrm *BankaiFrm = nullptr;
 std::function<bool(const QString &caption, bool isNew, Variant &key)> bankEditor;
 
 namespace {
-TBrowseDescription description()
+TBrowseDescription described()
 {
     return {
         .name = u"TBankaiFrm"_s,
@@ -28,7 +28,7 @@ TBrowseDescription description()
 }
 } // namespace
 
-TBankaiFrm::TBankaiFrm(QWidget *owner) : TBrowseFrm(description(), owner)
+TBankaiFrm::TBankaiFrm(QWidget *owner) : TBrowseFrm(described(), owner)
 {
     keepIn(BankaiFrm);
 }

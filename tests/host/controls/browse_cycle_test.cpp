@@ -242,6 +242,7 @@ TEST_P(BrowseCycle, TheModalListReturnsWhenItIsClosed)
     frm = createForm<TBankaiFrm>(nullptr);
     OnNextDialog<TBankaiFrm> user([](TBankaiFrm &list) {
         EXPECT_TRUE(list.isModal());
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&list));
         QTest::keyClick(list.grid(), Qt::Key_Escape);
     });
     frm->ShowModal();

@@ -11,9 +11,11 @@ protected:
     }
     void typeInGrid(const QString &text)
     {
-        frm->activateWindow();
-        frm->grid()->setFocus();
-        QTest::keyClicks(frm->grid(), text);
+        activate();
+        for (const QChar letter : text) {
+            QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, QString(letter));
+            QApplication::sendEvent(frm->grid(), &typed);
+        }
         waitForSearch();
     }
     void goToColumn(int column) { frm->grid()->setCurrentIndex(frm->grid()->model()->index(0, column)); }
@@ -92,18 +94,18 @@ TEST_P(BrowseFind, SetFindStrSearchesTheGivenField)
 TEST_P(BrowseFind, FindsARowThatIsNotHereYet)
 {
     addManyBanks(3000);
-    addBank(9999, u"Žemės ūkio bankas"_s, 0);
+    addBank(99999, u"Žemės ūkio bankas"_s, 0);
     open();
     goToColumn(2);
     ASSERT_FALSE(frm->dataSet()->fetchedAll());
     frm->SetFindStr(u"zemes"_s);
     waitForSearch();
-    EXPECT_EQ(key(), 9999);
+    EXPECT_EQ(key(), 99999);
 }
 
 TEST_P(BrowseFind, EscapeStopsTheSearchAndTheListStaysOpen)
 {
-    addManyBanks(3000);
+    addManyBanks(40'000);
     open();
     frm->SetFindStr(u"nėra tokio"_s, frm->dataSet()->FieldByName(u"bnk_pavad"_s));
     ASSERT_TRUE(frm->searching());
@@ -149,11 +151,11 @@ TEST_P(BrowseFind, TheFinderWorksInPiecesAndStopsWhenRowsCannotBeRead)
     set.readsAside = true;
     set.Open();
     TListFinder finder(&set);
-    finder.start(u"Bankas 000599"_s, set.FieldByName(u"bnk_pavad"_s)->index(), 0);
+    finder.start(u"Bankas 1499"_s, set.FieldByName(u"bnk_pavad"_s)->index(), 0);
     int pieces = 0;
     while (finder.step(0) == TListFinder::Outcome::Searching)
         ++pieces;
-    EXPECT_EQ(set.index(finder.row(), 0).data().toInt(), 599);
+    EXPECT_EQ(set.index(finder.row(), 0).data().toInt(), 1499);
     EXPECT_GT(pieces, 100);
     finder.start(QString(), 0, 0);
     EXPECT_EQ(finder.step(10), TListFinder::Outcome::NotFound);

@@ -8,9 +8,7 @@ protected:
     static constexpr int many = 20'000;
     void openLong()
     {
-        fin->nativeExec(u"insert into bd_bankai (bnk_kodas, bnk_pavad, bnk_rink) "
-                        "with recursive n(i) as (select 1000 union all select i + 1 from n where i < 20999) "
-                        "select i, 'Bankas ' || i, 0 from n"_s);
+        addManyBanks(many);
         open();
     }
 };

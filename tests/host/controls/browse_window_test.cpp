@@ -143,10 +143,8 @@ TEST_P(BrowseWindow, EveryButtonHasAnAccessibleNameAndEveryActionAHint)
 {
     open();
     const auto buttons = bar()->findChildren<QToolButton *>();
-    for (QToolButton *button : buttons) {
-        if (button->defaultAction())
-            EXPECT_FALSE(button->accessibleName().isEmpty());
-    }
+    for (const QToolButton *button : buttons)
+        EXPECT_TRUE(!button->accessibleName().isEmpty() || !button->defaultAction());
     EXPECT_EQ(frm->grid()->accessibleName(), u"Bankai"_s);
     for (const QAction *action :
          {frm->acNew, frm->acEdit, frm->acDelete, frm->acRefresh, frm->acFind, frm->acPrint})
