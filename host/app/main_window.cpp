@@ -34,6 +34,7 @@ TMainWindow::TMainWindow(TLoadedPackage &loaded, TMainDatas &books)
     setWindowTitle("Velmora");
     setWindowIcon(QIcon::fromTheme("accessories-calculator"));
     resize(1100, 720);
+    area->setBackground(palette().brush(QPalette::Mid).color().lighter(125));
     setCentralWidget(area);
     addEntryMenus();
     addWindowMenu();

@@ -25,6 +25,13 @@ const QString balancesByPeriod =
     "select ssl_perid, count(*) as eilutes, sum(ssl_sum_db) as debetas, sum(ssl_sum_kr) as kreditas "
     "from bd_saslik group by ssl_perid order by ssl_perid";
 
+// The platform without a display says at every window what it cannot do.
+void silencePlatform(QtMsgType type, const QMessageLogContext &context, const QString &text)
+{
+    if (!text.startsWith("This plugin does not support"))
+        std::fprintf(stderr, "%s\n", qUtf8Printable(qFormatLogMessage(type, context, text)));
+}
+
 void require(bool holds, const QString &what)
 {
     if (!holds)
@@ -41,6 +48,7 @@ public:
     {
         window.move(0, 0);
         window.show();
+        window.activateWindow();
     }
 
     void logIn(const QString &name, const QString &password)
@@ -182,6 +190,7 @@ void walkEmptyBooks(TTourReport &report, const QString &folder)
 
 int runTour(const QString &folder)
 {
+    qInstallMessageHandler(silencePlatform);
     int code = 0;
     TTourReport report(folder);
     const QTemporaryDir scratch;

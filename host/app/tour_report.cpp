@@ -10,25 +10,29 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <limits>
 
 namespace {
 
 constexpr int titleHeight = 24;
 
-// Windows in the order in which they cover each other: a window stands above its owner.
+// Windows in the order in which they cover each other: a window stands above its owner, the window that is to be
+// answered above all.
 QList<QWidget *> windowsFromBelow()
 {
     QList<QWidget *> windows;
     for (QWidget *window : QApplication::topLevelWidgets())
         if (window->isVisible() && !window->windowTitle().isEmpty())
             windows << window;
-    const auto depth = [](const QWidget *window) {
-        int owners = 0;
+    const auto height = [](const QWidget *window) {
+        if (window == QApplication::activeModalWidget())
+            return std::numeric_limits<int>::max();
+        int owners = window->isModal() ? 1 : 0;
         for (const QWidget *owner = window->parentWidget(); owner; owner = owner->parentWidget())
             ++owners;
         return owners;
     };
-    std::ranges::stable_sort(windows, {}, depth);
+    std::ranges::stable_sort(windows, {}, height);
     return windows;
 }
 

@@ -10,6 +10,7 @@ TUpDown::TUpDown(int lowest, int highest, const QString &mask, QWidget *parent)
       max(highest)
 {
     lineEdit()->setInputMask(mask);
+    setMinimumWidth(fontMetrics().horizontalAdvance(QString::number(max)) * 2 + 40);
     setPosition(min);
 }
 

@@ -2,6 +2,7 @@
 
 #include "src/frame/registry.h"
 #include "tests/support/files.h"
+#include "toolkit/text/errors.h"
 
 #include <gtest/gtest.h>
 
