@@ -14,13 +14,20 @@ constexpr Letter letters[] = {
     {u"Č", u"C~"}, {u"š", u"S~"}, {u"Š", u"S~"}, {u"ž", u"Z~"}, {u"Ž", u"Z~"},
 };
 
-} // namespace
-
-QString sortKeyExpression(const QString &column)
+QString expressionOf(const QString &column)
 {
     QString key = QStringLiteral("upper(") + column + u')';
     for (const Letter &letter : letters)
         key = QStringLiteral("replace(%1,'%2','%3')")
                   .arg(key, QString::fromUtf16(letter.from), QString::fromUtf16(letter.to));
     return key;
+}
+
+} // namespace
+
+QString sortKeyExpression(const QString &column)
+{
+    static const QString pattern = expressionOf(QStringLiteral("#"));
+    static const qsizetype place = pattern.indexOf(u'#');
+    return pattern.left(place) + column + pattern.mid(place + 1);
 }

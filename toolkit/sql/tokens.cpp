@@ -139,9 +139,10 @@ private:
     {
         static const char *const symbols[] = {"<>", "<=", ">=", "!=", "||", "(", ")", ",", ".", "+",
                                               "-",  "*",  "/",  "=",  "<",  ">", "&", "|", ";"};
+        const QStringView rest = QStringView(text).mid(at, 2);
         for (const char *symbol : symbols) {
             const QLatin1String known(symbol);
-            if (QStringView(text).mid(at, known.size()) == known) {
+            if (rest.startsWith(known)) {
                 at += known.size();
                 add(TokenKind::Symbol, at - known.size(), known);
                 return;
@@ -164,8 +165,9 @@ TokenList tokenize(const QString &statement)
 
 bool isWord(const Token &token, const char *keyword)
 {
-    return token.kind == TokenKind::Word &&
-           token.text.compare(QLatin1String(keyword), Qt::CaseInsensitive) == 0;
+    const QLatin1String word(keyword);
+    return token.kind == TokenKind::Word && token.text.size() == word.size() &&
+           token.text.compare(word, Qt::CaseInsensitive) == 0;
 }
 
 } // namespace sql
