@@ -62,6 +62,23 @@ protected:
     // From now on the database refuses to delete from the table.
     void refuseDeleting(const QString &table) { refuse("delete", table, "1 = 1"); }
 
+    // From now on every row inserted takes the engine about half a second of work.
+    void slowDownInserting(const QString &table)
+    {
+        if (engine() == Engine::Sqlite)
+            books().nativeExec(QString("create trigger t_slow after insert on %1 begin "
+                                       "update %1 set per_id = per_id where per_id = "
+                                       "(with recursive n(i) as (select 1 union all select i + 1 from n "
+                                       "where i < 1500000) select count(*) from n); end")
+                                   .arg(table));
+        else
+            books().nativeExec(QString("create function f_slow() returns trigger language plpgsql as "
+                                       "$$ begin perform pg_sleep(0.5); return null; end $$;"
+                                       "create trigger t_slow after insert on %1 for each row "
+                                       "execute function f_slow()")
+                                   .arg(table));
+    }
+
 private:
     void refuse(const QString &write, const QString &table, const QString &condition)
     {
