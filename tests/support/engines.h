@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/support/print.h"
 #include "toolkit/data/database.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/print.h"
+
 #include <QMessageBox>
 #include <QStringList>
 
