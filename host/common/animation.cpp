@@ -38,6 +38,7 @@ void hookSessions()
 void drawFolder(QPainter &painter, QRectF at)
 {
     QPainterPath path;
+    path.setFillRule(Qt::WindingFill);
     path.addRoundedRect(QRectF(at.left(), at.top(), at.width() * 0.45, at.height() * 0.4), 3, 3);
     path.addRoundedRect(at.adjusted(0, at.height() * 0.18, 0, 0), 3, 3);
     painter.setPen(QPen(QColor(0x9a, 0x70, 0x14), 1));

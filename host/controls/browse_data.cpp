@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -67,9 +68,19 @@ void TBrowseFrm::describeFields()
 
 // --- reading
 
+// Only a statement that ends in one plain column tells: its title gets the arrow, and typing searches it.
+QString TBrowseFrm::statedOrder() const
+{
+    static const QRegularExpression pattern(u"\\border\\s+by\\s+(\\w+)\\s*$"_s,
+                                            QRegularExpression::CaseInsensitiveOption);
+    const QString column = pattern.match(description.sql).captured(1);
+    const bool isShown = d->grid->columnOf(column) >= 0;
+    return description.titleOrder && isShown ? column : QString();
+}
+
 QString TBrowseFrm::orderedSql() const
 {
-    if (d->orderColumn.isEmpty())
+    if (d->orderColumn.isEmpty() || (d->orderColumn == d->statedOrder && !d->descending))
         return description.sql;
     return withOrderBy(description.sql, d->orderColumn, d->descending);
 }

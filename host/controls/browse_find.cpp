@@ -11,12 +11,15 @@ constexpr int typingPauseMs = 250;
 constexpr int searchPieceMs = 20; // the window answers between two pieces
 } // namespace
 
-// The column of the current cell; the first one shown while there is none. Null while the list is closed.
+// The column of the current cell; in an empty list the ordered one, else the first. Null while the list is
+// closed.
 TField *TBrowseFrm::findField() const
 {
     const QModelIndex current = d->grid->currentIndex();
     if (current.isValid())
         return d->query.FindField(d->grid->fieldAt(current.column()));
+    if (const TField *ordered = d->query.FindField(d->orderColumn))
+        return d->query.Field(ordered->index());
     return description.columns.empty() ? nullptr : d->query.FindField(description.columns.front().field);
 }
 

@@ -44,7 +44,8 @@ TBrowseFrm::TBrowseFrm(TBrowseDescription described, QWidget *owner)
     addSearchLine();
 
     auto *search = new QHBoxLayout;
-    search->setContentsMargins(6, 2, 6, 2);
+    search->setContentsMargins(6, 3, 6, 3);
+    search->setSpacing(6);
     search->addWidget(d->findLabel);
     search->addWidget(d->findEdit);
     search->addStretch();
@@ -100,6 +101,7 @@ void TBrowseFrm::FormCreate()
     SetPrintable(description.printable);
     acHelp->setVisible(description.help != 0);
     describeFields();
+    d->statedOrder = d->orderColumn = statedOrder();
     d->query.setDatabase(Database());
     if (description.prepare)
         description.prepare(d->query);

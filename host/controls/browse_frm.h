@@ -160,6 +160,7 @@ private:
     void showToolBar(bool on);
 
     // The data.
+    QString statedOrder() const;
     QString orderedSql() const;
     bool rowIsThere(const Variant &key) const;
     bool mayDelete();

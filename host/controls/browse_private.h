@@ -34,6 +34,7 @@ struct TBrowseFrm::Private {
     bool toolBarShown = true;
     bool editable = true;
     bool printable = true;
+    QString statedOrder; // the shown column by which the statement itself orders; empty: none
     QString orderColumn;
     bool descending = false;
 

@@ -34,7 +34,7 @@ const std::vector<Described> &everyAction()
          u"&Keisti"_s,
          u"Keisti įrašą"_s,
          TIcon::Edit,
-         {Qt::Key_Return, Qt::Key_Enter},
+         {Qt::Key_Enter, Qt::Key_Return},
          &F::EditBtnClick,
          true},
         {&F::acDelete,

@@ -38,6 +38,15 @@ TEST_P(BrowseOrder, ATitleClickOrdersAndASecondOneTurnsTheOrder)
     EXPECT_EQ(frm->grid()->horizontalHeader()->sortIndicatorSection(), 2);
 }
 
+TEST_P(BrowseOrder, TheOrderOfTheStatementIsMarkedAndTurnedByItsTitle)
+{
+    open();
+    EXPECT_EQ(frm->grid()->horizontalHeader()->sortIndicatorSection(), 2);
+    EXPECT_EQ(findEdit()->accessibleName(), u"Ieškoti stulpelyje Pavadinimas"_s);
+    clickTitle(2);
+    EXPECT_EQ(keys(), (QList<int>{10, 30, 20}));
+}
+
 TEST_P(BrowseOrder, TheCurrentRowStaysCurrent)
 {
     open();
