@@ -35,7 +35,11 @@ bool TListFinder::advance()
 {
     while (at >= set->rowCount() && !wrapped) {
         if (set->canFetchMore({})) {
+            const int before = set->fetchedCount();
             set->fetchMore({});
+            // The set has told why it cannot read; asking again would never end.
+            if (set->fetchedCount() == before && set->canFetchMore({}))
+                throw EAbort();
         } else {
             at = 0;
             wrapped = true;
