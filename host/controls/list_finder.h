@@ -15,8 +15,8 @@ public:
 
     // Starts at a row and ends before it, having gone round the end of the list. An empty text finds nothing.
     void start(const QString &text, int column, int fromRow);
-    // Goes on for about so many milliseconds. Raises EDatabaseError when rows cannot be fetched; the search
-    // is over then.
+    // Goes on for about so many milliseconds. Raises EAbort when rows cannot be fetched (the set
+    // tells why by fetchFailed); the search is over then.
     Outcome step(int milliseconds);
     void stop() { outcome = Outcome::Idle; }
 
