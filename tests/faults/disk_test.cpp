@@ -1,44 +1,17 @@
 #include "tests/faults/large_books.h"
 #include "tests/faults/raised.h"
+#include "tests/faults/small_disk.h"
 #include "tests/faults/victim_process.h"
 #include "tests/support/files.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QTemporaryDir>
-
-#include <sys/mount.h>
 
 using namespace Qt::StringLiterals;
 
 // A disk that fills up in the middle of a close.
 
 namespace {
-// A disk of a given size; only root can have one.
-class SmallDisk {
-public:
-    explicit SmallDisk(qint64 bytes)
-    {
-        const QByteArray size = "size=" + QByteArray::number(bytes);
-        mounted =
-            folder.isValid() && mount("tmpfs", folder.path().toUtf8(), "tmpfs", 0, size.constData()) == 0;
-    }
-    ~SmallDisk()
-    {
-        if (mounted)
-            umount(folder.path().toUtf8());
-    }
-    SmallDisk(const SmallDisk &) = delete;
-    SmallDisk &operator=(const SmallDisk &) = delete;
-
-    bool there() const { return mounted; }
-    QString path() const { return folder.path(); }
-
-private:
-    QTemporaryDir folder;
-    bool mounted = false;
-};
-
 // How much room a close is given beside the books themselves: less than its journal takes.
 constexpr qint64 room = 1'000'000;
 } // namespace
@@ -62,13 +35,17 @@ TEST_P(FullDisk, DuringACloseDamagesNothing)
 {
     TSessionSettings settings = finSettings();
     mnFin_Db->Close();
-    const SmallDisk disk(QFileInfo(settings.file).size() + room);
+    const qint64 size = QFileInfo(settings.file).size();
+    const SmallDisk disk(size + room);
     if (!disk.there())
         GTEST_SKIP() << "only root can have a small disk";
     const QString file = disk.path() + u"/knygos.db"_s;
     ASSERT_TRUE(QFile::copy(settings.file, file));
     settings.file = file;
     closeWithout(settings, {});
+    ASSERT_TRUE(disk.resize(size * 4));
+    VictimProcess fed(u"close"_s, settings);
+    EXPECT_TRUE(fed.finish()) << fed.failure().toStdString();
 }
 
 TEST_P(FullDisk, FilesThatMayNotGrowAreNotDamaged)

@@ -1,11 +1,15 @@
 #include "database/schema.h"
 #include "tests/faults/large_books.h"
 #include "tests/faults/raised.h"
+#include "tests/faults/small_disk.h"
 #include "tests/faults/victim_process.h"
 #include "tests/support/postgres.h"
 
 #include <iostream>
 #include <random>
+
+#include <pwd.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -39,6 +43,14 @@ protected:
         db.Open();
         upgrade(db, Book::Main);
         return settings;
+    }
+
+    // One statement to the server itself, as its superuser.
+    static void administer(const QString &statement)
+    {
+        TDatabase server(with(postgres->superuserConnInfo(u"postgres"_s)));
+        server.Open();
+        server.nativeExec(statement);
     }
 
     static void insertPeriod(TDatabase &db, int id)
@@ -123,4 +135,40 @@ TEST_F(Server, CrashedInTheMiddleOfACloseHoldsWholeBooks)
     }
     std::cout << crashes << " crashes of the server, seed " << seed << ": " << closed << " after, "
               << crashes - closed << " before\n";
+}
+
+TEST_F(Server, WithAFullDiskDamagesNothingAndClosesWhenThereIsRoom)
+{
+    const TSessionSettings original = books(u"talpios"_s);
+    const auto at = [](const TSessionSettings &settings) {
+        auto db = std::make_unique<TDatabase>(settings);
+        db->Open();
+        return db;
+    };
+    fillLargeBooks(*at(original));
+    const QByteArray before = fingerprint(*at(original));
+    const qint64 size =
+        nativeValue(*at(original), u"select pg_database_size(current_database())"_s).toLongLong();
+    constexpr qint64 room = 4'000'000; // less than a close writes
+    const SmallDisk disk(size + room);
+    if (!disk.there())
+        GTEST_SKIP() << "only root can have a small disk";
+    const passwd *owner = getpwnam("postgres");
+    ASSERT_TRUE(owner);
+    ASSERT_EQ(chown(disk.path().toUtf8(), owner->pw_uid, owner->pw_gid), 0);
+    administer(u"create tablespace ankstu location '%1'"_s.arg(disk.path()));
+    administer(
+        u"create database ankstos owner velmora template talpios tablespace ankstu strategy file_copy"_s);
+
+    const TSessionSettings settings = with(postgres->connInfo(u"ankstos"_s));
+    VictimProcess starved(u"close"_s, settings);
+    EXPECT_FALSE(starved.finish());
+    EXPECT_TRUE(tells(starved.failure(), u"nebeliko vietos"_s));
+    EXPECT_EQ(fingerprint(*at(settings)), before);
+
+    ASSERT_TRUE(disk.resize(size * 3));
+    VictimProcess fed(u"close"_s, settings);
+    EXPECT_TRUE(fed.finish()) << fed.failure().toStdString();
+    administer(u"drop database ankstos with (force)"_s);
+    administer(u"drop tablespace ankstu"_s);
 }

@@ -83,6 +83,10 @@ QStringList rows(TDatabase &db, const QString &sql, const QVariantMap &parameter
 // The single value of a select in the same wording.
 QString value(TDatabase &db, const QString &sql, const QVariantMap &parameters = {});
 
+// The first value of a statement in the engine's own wording, which the translator would not know; null
+// without rows.
+QString nativeValue(TDatabase &db, const QString &statement);
+
 // All rows of all tables exactly as the engine stores them, one line per row, in a fixed order: two dumps are
 // equal exactly when nothing was changed.
 QStringList dump(TDatabase &db);

@@ -92,6 +92,11 @@ QString OwnPostgres::connInfo(const QString &database) const
     return connInfoOf(folder, database);
 }
 
+QString OwnPostgres::superuserConnInfo(const QString &database) const
+{
+    return u"host=%1 port=5432 user=postgres dbname=%2"_s.arg(folder, database);
+}
+
 QString OwnPostgres::passwordConnInfo(const QString &database, const QString &password) const
 {
     return u"host=%1 port=5432 user=velmora_password password=%2 dbname=%3"_s.arg(folder, password, database);

@@ -25,6 +25,8 @@ public:
     OwnPostgres &operator=(const OwnPostgres &) = delete;
 
     QString connInfo(const QString &database) const;
+    // The same as the server's superuser.
+    QString superuserConnInfo(const QString &database) const;
     // A role that must show its password, which is "slaptas".
     QString passwordConnInfo(const QString &database, const QString &password) const;
 

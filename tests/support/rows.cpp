@@ -90,6 +90,11 @@ QString value(TDatabase &db, const QString &sql, const QVariantMap &parameters)
     return all.value(0);
 }
 
+QString nativeValue(TDatabase &db, const QString &statement)
+{
+    return column(db, statement).value(0);
+}
+
 QStringList dump(TDatabase &db, const QString &table)
 {
     const QString inOrder =
