@@ -3,6 +3,7 @@
 
 #include <QDateTime>
 #include <QFileInfo>
+#include <QLockFile>
 
 #include <sqlite3.h>
 
@@ -40,7 +41,6 @@ void closeForOthers(const QString &file)
         if (result == SQLITE_OK)
             result = sqlite3_exec(db, sql, nullptr, nullptr, nullptr);
     };
-    run("pragma locking_mode = exclusive");
     run("pragma journal_mode = delete");
     run("begin exclusive");
     run("commit");
@@ -52,7 +52,7 @@ void closeForOthers(const QString &file)
 
 class TEmbeddedStore : public TStore {
 public:
-    explicit TEmbeddedStore(const QString &name) : folder(name)
+    explicit TEmbeddedStore(const QString &name) : folder(name), lock(QDir(name).filePath(u"velmora.lock"_s))
     {
         place = embeddedBooks(folder);
         asidePlace = place;
@@ -66,6 +66,11 @@ public:
     {
         if (!QDir().mkpath(folder))
             throw EFileError(u"Nepavyko sukurti katalogo „%1“."_s.arg(folder));
+        lock.setStaleLockTime(0);
+        if (!lock.tryLock(0))
+            throw EFileError(
+                u"Kataloge „%1“ duomenų bazes jau kuria kita programa arba į jį negalima rašyti."_s.arg(
+                    folder));
         discardAside();
     }
 
@@ -75,21 +80,33 @@ public:
         removeDatabase(asidePlace.ravl.file);
     }
 
+    // At no moment do an old and a new file stand together under the final names, nor none of the two: a run
+    // that is killed in between leaves the budget file alone, which every program refuses to open.
     QStringList adoptAside() override
     {
         const QString stamp = u".sena-"_s + QDateTime::currentDateTime().toString(u"yyyyMMddTHHmmsszzz"_s);
         const QStringList files{place.fin.file, place.ravl.file};
-        for (const QString &file : files) {
-            closeForOthers(file + u".nauja"_s);
-            syncFile(file + u".nauja"_s);
-            if (QFileInfo::exists(file))
-                closeForOthers(file);
-        }
+        for (const QString &file : files)
+            makeReady(file);
         QStringList kept;
+        bool budgetIsNew = false;
         try {
-            for (const QString &file : files)
-                moveIn(file, stamp, kept);
+            for (const QString &file : files) {
+                moveCompanions(file, stamp);
+                if (!QFileInfo::exists(file))
+                    continue;
+                nameAgain(file, file + stamp);
+                kept.append(file + stamp);
+            }
+            QFile::remove(place.fin.file); // it keeps its second name
+            syncFolder(folder);
+            renameOver(asidePlace.ravl.file, place.ravl.file);
+            budgetIsNew = true;
+            syncFolder(folder);
+            renameOver(asidePlace.fin.file, place.fin.file);
         } catch (const Exception &) {
+            if (budgetIsNew)
+                QFile::remove(place.ravl.file);
             putBack(files, stamp);
             throw;
         }
@@ -112,25 +129,36 @@ public:
     }
 
 private:
-    static void moveIn(const QString &file, const QString &stamp, QStringList &kept)
+    static void makeReady(const QString &file)
     {
-        const QStringList existing = existingCompanions(file);
-        for (const QString &companion : existing)
-            renameOver(file + companion, file + stamp + companion);
-        if (!existing.isEmpty())
-            kept.append(file + stamp);
-        renameOver(file + u".nauja"_s, file);
+        closeForOthers(file + u".nauja"_s);
+        syncFile(file + u".nauja"_s);
+        if (QFileInfo::exists(file))
+            closeForOthers(file);
+    }
+
+    // What the engine keeps beside a file that it could not close; it must never meet a new file.
+    static void moveCompanions(const QString &file, const QString &stamp)
+    {
+        for (const QString &companion : existingCompanions(file)) {
+            if (!companion.isEmpty())
+                renameOver(file + companion, file + stamp + companion);
+        }
     }
 
     static void putBack(const QStringList &files, const QString &stamp)
     {
         for (const QString &file : files) {
-            for (const QString &companion : existingCompanions(file + stamp))
+            for (const QString &companion : existingCompanions(file + stamp)) {
                 renameOver(file + stamp + companion, file + companion);
+                QFile::remove(file + stamp +
+                              companion); // a second name of the same file survives the renaming
+            }
         }
     }
 
     QString folder;
+    QLockFile lock;
 };
 
 } // namespace

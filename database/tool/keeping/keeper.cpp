@@ -33,8 +33,9 @@ TBooks readOnly(TBooks books)
 
 void applySchema(TDatabase &db, Book book, const TProgress &progress)
 {
+    const QString title = QLatin1String(book == Book::Main ? BooksNames::fin : BooksNames::ravl);
     upgrade(db, book, [&](int number, int last) {
-        progress(u"%1: redakcija %2 iš %3…"_s.arg(db.AliasName()).arg(number).arg(last));
+        progress(u"%1: redakcija %2 iš %3…"_s.arg(title).arg(number).arg(last));
     });
 }
 
@@ -63,10 +64,9 @@ QJsonObject totalsOf(const TSessionSettings &settings)
     return controlTotals(db);
 }
 
-// A folder for the parts beside the backup: they need the same disk anyway.
-QTemporaryDir partsFolder(const QString &file)
+// A folder for the parts, in the given one.
+QTemporaryDir partsFolder(const QString &place)
 {
-    const QString place = QFileInfo(file).absolutePath();
     QTemporaryDir folder(place + u"/velmora-XXXXXX"_s);
     if (!folder.isValid())
         throw EFileError(u"Nepavyko rašyti į katalogą „%1“: %2."_s.arg(place, folder.errorString()));
@@ -83,6 +83,37 @@ QJsonObject totalsOfCopy(TStore &store, TSessionSettings aside, const QString &p
         store.load(part, aside);
     aside.readOnly = true;
     return totalsOf(aside);
+}
+
+// A server's copy is loaded aside to be read; the embedded engine reads the copy where it is.
+class TRoomAside {
+public:
+    explicit TRoomAside(TStore &aStore) : store(aStore), needed(engineName(store.books()) != u"sqlite")
+    {
+        if (needed)
+            store.prepareAside();
+    }
+    ~TRoomAside()
+    {
+        try {
+            if (needed)
+                store.discardAside();
+        } catch (const Exception &) { // the next run removes what is left
+        }
+    }
+    TRoomAside(const TRoomAside &) = delete;
+    TRoomAside &operator=(const TRoomAside &) = delete;
+
+private:
+    TStore &store;
+    bool needed;
+};
+
+// Where the parts of a backup are unpacked: beside the embedded books, which they become by a rename.
+QString partsPlace(const TStore &store)
+{
+    return store.books().fin.engine == Engine::Sqlite ? QFileInfo(store.books().fin.file).absolutePath()
+                                                      : QDir::tempPath();
 }
 
 struct TPartPlan {
@@ -162,16 +193,10 @@ void backUpBooks(TStore &store, const QString &file, const TProgress &progress)
     store.refuseWhenMissing();
     if (QFileInfo::exists(file))
         throw EFileError(u"Failas „%1“ jau yra."_s.arg(file));
-    const QTemporaryDir folder = partsFolder(file);
+    const QTemporaryDir folder = partsFolder(QFileInfo(file).absolutePath());
     TArchive archive{engineName(store.books()), QDateTime::currentDateTime().toString(Qt::ISODate), {}};
     QStringList files;
-    store.prepareAside();
-    const auto discard = qScopeGuard([&store] {
-        try {
-            store.discardAside();
-        } catch (const Exception &) { // what is left aside is removed by the next run
-        }
-    });
+    const TRoomAside room(store);
     for (const TPartPlan &part : partsOf(store)) {
         progress(u"Kopijuojama duomenų bazė %1…"_s.arg(part.name));
         files.append(folder.filePath(part.name));
@@ -189,8 +214,7 @@ QStringList restoreBooks(TStore &store, const QString &file, const TProgress &pr
     const TArchive archive = readArchive(file);
     refuseOtherEngine(archive, store);
     return buildAside(store, [&] {
-        const QTemporaryDir folder =
-            partsFolder(store.books().fin.engine == Engine::Sqlite ? store.aside().fin.file : file);
+        const QTemporaryDir folder = partsFolder(partsPlace(store));
         const QList<TPartPlan> plans = partsOf(store);
         for (qsizetype i = 0; i < plans.size(); ++i) {
             progress(u"Atkuriama duomenų bazė %1…"_s.arg(plans.at(i).name));

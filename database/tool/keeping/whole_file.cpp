@@ -114,3 +114,9 @@ void renameOver(const QString &from, const QString &to)
     if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) != 0)
         failWriting(to, systemTrouble(errno));
 }
+
+void nameAgain(const QString &file, const QString &secondName)
+{
+    if (::link(QFile::encodeName(file).constData(), QFile::encodeName(secondName).constData()) != 0)
+        failWriting(secondName, systemTrouble(errno));
+}

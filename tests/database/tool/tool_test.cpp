@@ -3,7 +3,11 @@
 #include "database/tool/keeping/archive.h"
 #include "tests/support/files.h"
 
+#include <QLockFile>
 #include <QProcess>
+#include <QtEndian>
+
+#include <bit>
 
 using namespace Qt::StringLiterals;
 
@@ -230,6 +234,58 @@ TEST_P(Backup, OfTheOtherEngineIsRefused)
     EXPECT_EQ(refused.code, 3);
     EXPECT_TRUE(refused.err.contains(u"kito variklio"_s)) << refused.err.toStdString();
     EXPECT_EQ(other.everything(), QStringList());
+}
+
+TEST(EmbeddedTool, WorksAloneInItsFolder)
+{
+    TestPlace place(Engine::Sqlite);
+    const QString folder = place.arguments().last();
+    ASSERT_TRUE(QDir().mkpath(folder));
+    QLockFile other(folder + u"/velmora.lock"_s);
+    ASSERT_TRUE(other.tryLock());
+    const TResult refused = velmoraDb(QStringList{u"create"_s} + place.arguments());
+    EXPECT_EQ(refused.code, 3);
+    EXPECT_TRUE(refused.err.contains(u"kita programa"_s)) << refused.err.toStdString();
+    EXPECT_EQ(place.everything(), QStringList{u"velmora.lock"_s});
+}
+
+TEST(EmbeddedTool, FindsAFlippedBitThatTheEngineDoesNot)
+{
+    TestPlace place(Engine::Sqlite);
+    createDemoBooks(*place.store(), 1, [](const QString &) {});
+    const QString amount =
+        value(*place.fin(), u"select max(ssl_sum_db) from bd_saslik where ssl_perid = 12 and "
+                            "ssl_sum_db <> round(ssl_sum_db)"_s);
+    const quint64 stored = qToBigEndian(std::bit_cast<quint64>(amount.toDouble()));
+    const QString file = place.store()->books().fin.file;
+    QByteArray content = contentOf(file);
+    const qsizetype at =
+        content.lastIndexOf(QByteArray(reinterpret_cast<const char *>(&stored), sizeof stored));
+    ASSERT_GE(at, 0);
+    content[at + 3] = char(content.at(at + 3) ^ 1);
+    writeFile(file, content);
+    const TResult found = velmoraDb(QStringList{u"check"_s} + place.arguments());
+    EXPECT_EQ(found.code, 1);
+    EXPECT_FALSE(found.out.contains(u"pažeistas duomenų bazės failas"_s)) << found.out.toStdString();
+    EXPECT_TRUE(found.out.contains(u"nelygus kreditui"_s)) << found.out.toStdString();
+}
+
+TEST(EmbeddedTool, RestoresOverADamagedFile)
+{
+    TestPlace place(Engine::Sqlite);
+    createDemoBooks(*place.store(), 1, [](const QString &) {});
+    const QByteArrayList before = place.fingerprints();
+    const QString backup = place.file(u"kopija"_s);
+    ASSERT_EQ(velmoraDb(QStringList{u"backup"_s, backup} + place.arguments()).code, 0);
+    const QString file = place.store()->books().fin.file;
+    writeFile(file, "sugadinta");
+    writeFile(file + u"-wal"_s, "sugadinta");
+    const TResult restored = velmoraDb(QStringList{u"restore"_s, backup} + place.arguments());
+    EXPECT_EQ(restored.code, 0) << restored.err.toStdString();
+    EXPECT_EQ(place.fingerprints(), before);
+    const QStringList kept = place.everything().filter(u"velmora_fin.db.sena-"_s);
+    ASSERT_FALSE(kept.isEmpty());
+    EXPECT_EQ(contentOf(QFileInfo(file).dir().filePath(kept.first())), "sugadinta");
 }
 
 TEST(WholeFile, ReportsAFullDiskAndLeavesNothing)
