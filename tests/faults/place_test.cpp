@@ -44,7 +44,7 @@ protected:
         all.setFlag(QFile::WriteOwner, writable);
         QFile::setPermissions(folder.path(), all);
     }
-    ~Place() override { setFolderWritable(true); }
+    void TearDown() override { setFolderWritable(true); } // else it could not be removed
 
     QTemporaryDir folder{scratchRoot() + u"/velmora-place-XXXXXX"_s};
 };

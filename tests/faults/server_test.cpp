@@ -38,7 +38,7 @@ protected:
         TDatabase server(with(postgres->connInfo(u"postgres"_s)));
         server.Open();
         server.nativeExec(u"create database %1 template template0"_s.arg(name));
-        const TSessionSettings settings = with(postgres->connInfo(name));
+        TSessionSettings settings = with(postgres->connInfo(name));
         TDatabase db(settings);
         db.Open();
         upgrade(db, Book::Main);

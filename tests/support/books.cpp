@@ -53,7 +53,7 @@ void removeOldModels()
 
 QString sqliteModel(const QString &name, Book book)
 {
-    const QString file = modelsFolder() + u'/' + name + u".db"_s;
+    QString file = modelsFolder() + u'/' + name + u".db"_s;
     if (QFile::exists(file))
         return file;
     removeOldModels();
@@ -69,7 +69,7 @@ QString sqliteModel(const QString &name, Book book)
 
 QString postgresModel(const QString &name, Book book)
 {
-    const QString model = u"model_"_s + name;
+    QString model = u"model_"_s + name;
     if (postgresHasDatabase(model))
         return model;
     const QString unfinished = model + u"_new"_s;

@@ -95,7 +95,7 @@ void append(TDatabase &db, int count)
 
 void work(const QStringList &arguments)
 {
-    const QString mode = arguments.at(1);
+    const QString &mode = arguments.at(1);
     TDatabase db(settingsOf(arguments.at(2), arguments.at(3)));
     db.Open();
     if (mode == u"create")
