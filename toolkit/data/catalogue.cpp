@@ -43,7 +43,8 @@ join pg_attribute a on a.attrelid = c.conrelid and a.attnum = k.own
 join pg_attribute b on b.attrelid = c.confrelid and b.attnum = k.other
 where c.contype = 'f' and pg_table_is_visible(t.oid) order by 1, 3, k.position)";
 
-// References that the schema declares in a table of its own, because the row referred to may be missing for a while.
+// References that the schema declares in a table of its own, because the row referred to may be missing for a
+// while.
 constexpr char16_t declaredReferences[] = uR"(select lower(nuo_lentele), lower(nuo_i_lentele), 0,
        lower(nuo_stulpelis), lower(nuo_i_stulpelis) from sys_nuorodos order by 1, 4)";
 
@@ -136,7 +137,8 @@ void Catalogue::loadReferences()
         return;
     const auto declared = read(*connection, declaredReferences);
     while (declared->next())
-        foreignKeys.append({textAt(*declared, 0), textAt(*declared, 1), {{textAt(*declared, 3), textAt(*declared, 4)}}});
+        foreignKeys.append(
+            {textAt(*declared, 0), textAt(*declared, 1), {{textAt(*declared, 3), textAt(*declared, 4)}}});
 }
 
 void Catalogue::loadRoutines()

@@ -1,6 +1,6 @@
 #include "toolkit/data/connection.h"
 
-#include "toolkit/data/postgresql_connection.h"
+#include "toolkit/data/server_module.h"
 #include "toolkit/data/sqlite_connection.h"
 
 #include <QAtomicInt>
@@ -67,7 +67,7 @@ std::shared_ptr<EngineConnection> EngineConnection::create(const TSessionSetting
 {
     if (settings.engine == Engine::Sqlite)
         return std::make_shared<SqliteConnection>(settings, use);
-    return std::make_shared<PostgresConnection>(settings, use);
+    return serverConnection(settings, use);
 }
 
 void EngineConnection::end()

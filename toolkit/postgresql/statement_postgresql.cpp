@@ -1,6 +1,6 @@
-#include "toolkit/data/statement_postgresql.h"
+#include "toolkit/postgresql/statement_postgresql.h"
 
-#include "toolkit/data/server_types.h"
+#include "toolkit/postgresql/server_types.h"
 
 #include <charconv>
 

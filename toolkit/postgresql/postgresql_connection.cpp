@@ -1,8 +1,8 @@
-#include "toolkit/data/postgresql_connection.h"
+#include "toolkit/postgresql/postgresql_connection.h"
 
 #include "toolkit/data/engine_errors.h"
-#include "toolkit/data/server_types.h"
-#include "toolkit/data/statement_postgresql.h"
+#include "toolkit/postgresql/server_types.h"
+#include "toolkit/postgresql/statement_postgresql.h"
 
 #include <array>
 #include <cerrno>

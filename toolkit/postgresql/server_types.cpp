@@ -1,4 +1,4 @@
-#include "toolkit/data/server_types.h"
+#include "toolkit/postgresql/server_types.h"
 
 #include "toolkit/data/connection.h"
 

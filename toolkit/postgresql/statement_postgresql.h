@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/data/postgresql_connection.h"
+#include "toolkit/postgresql/postgresql_connection.h"
 
 // A statement of PostgreSQL. On the editing connection it is run at once; a select on the reading connection
 // is read through a cursor, in pieces that grow.
