@@ -1,5 +1,6 @@
 #include "database/schema.h"
 
+#include "toolkit/data/statement.h"
 #include "toolkit/sql/sort_key.h"
 
 #include <QDir>
@@ -137,12 +138,21 @@ int latestRevision()
     return revisions(Engine::Sqlite, Book::Main).constLast().number;
 }
 
+// Read in the engine's own words: the catalogue of a database that may be of another revision is not asked.
 int revisionOf(TDatabase &db)
 {
-    db.forgetCatalogue();
-    if (db.columnsOf(u"bd_versija"_s).isEmpty())
-        return 0;
-    return db.fieldResult(u"select ver_numeris from bd_versija"_s).toInt();
+    const auto single = [&db](const QString &text) {
+        TranslatedSql sql;
+        sql.text = text;
+        const auto statement = db.prepareNative(sql);
+        statement->exec();
+        return statement->next() ? int(statement->integer(0)) : 0;
+    };
+    const bool known = single(db.engine() == Engine::Sqlite
+                                  ? u"select count(*) from sqlite_master where name = 'bd_versija'"_s
+                                  : u"select count(*) from pg_class where relname = 'bd_versija' "
+                                    "and pg_table_is_visible(oid)"_s);
+    return known ? single(u"select ver_numeris from bd_versija"_s) : 0;
 }
 
 void upgrade(TDatabase &db, Book book, const QList<TRevision> &list, const UpgradeProgress &progress)

@@ -6,11 +6,11 @@
 #include "host/app/options.h"
 #include "host/app/startup.h"
 #include "host/app/tour.h"
+#include "host/data/main_datas.h"
 #include "toolkit/widgets/guard.h"
 #include "toolkit/widgets/lithuanian.h"
 
 #include <QApplication>
-#include <QTimer>
 
 namespace {
 
@@ -22,22 +22,29 @@ void chooseOffscreenForTour(int argc, char **argv)
             qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
+// Opens the books over the window and lets the user in. False ends the program.
+bool enter(TMainWindow &window, const TOptions &options)
+{
+    bool entered = false;
+    const bool went = runGuarded(&window, [&] {
+        window.setWindowIcon(QIcon::fromTheme("accessories-calculator"));
+        entered = openBooks(options, &window) && logInAt(window, options.user);
+    });
+    return went && entered;
+}
+
 int runBooks(const TOptions &options)
 {
-    if (!openBooks(options))
-        return 0;
     TLoadedPackage package(TLoadedPackage::defaultFile());
-    TMainWindow window(package, *MainDatas());
+    TMainWindow window(package);
     installHelpViewer(&window);
     window.show();
-    QTimer::singleShot(0, &window, guarded([&window, &options] {
-                           if (!logInAt(window, options.user)) {
-                               window.close();
-                               return;
-                           }
-                           if (!options.open.isEmpty())
-                               window.openEntry(options.open);
-                       }));
+    QApplication::processEvents(
+        QEventLoop::ExcludeUserInputEvents); // the window is painted before the books open
+    if (!enter(window, options))
+        return 0;
+    if (!options.open.isEmpty())
+        runGuarded(&window, [&] { window.openEntry(options.open); });
     return QApplication::exec();
 }
 
@@ -52,8 +59,8 @@ int runHost(int &argc, char **argv)
     QApplication::setApplicationVersion(VELMORA_VERSION);
     speakLithuanian(&app);
     const TOptions options = readOptions(QApplication::arguments());
+    const auto closeBooks = qScopeGuard([] { setMainDatas(nullptr); });
     int code = 1;
     runGuarded(nullptr, [&] { code = options.tour.isEmpty() ? runBooks(options) : runTour(options.tour); });
-    setMainDatas(nullptr);
     return code;
 }

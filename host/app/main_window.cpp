@@ -3,6 +3,7 @@
 #include "host/app/about.h"
 #include "host/common/help.h"
 #include "host/common/registry.h"
+#include "host/data/main_datas.h"
 #include "toolkit/text/format.h"
 #include "toolkit/widgets/guard.h"
 
@@ -23,16 +24,20 @@ QString engineName(Engine engine)
     return engine == Engine::Sqlite ? "Įterptinė duomenų bazė" : "Duomenų bazės serveris";
 }
 
+QString userText()
+{
+    if (CurrentUser().name.isEmpty())
+        return {};
+    return QString("Naudotojas: %1%2")
+        .arg(CurrentUser().name, CurrentUser().viewOnly ? " (tik peržiūrai)" : "");
+}
+
 } // namespace
 
-TMainWindow::TMainWindow(TLoadedPackage &loaded, TMainDatas &books)
-    : package(loaded),
-      datas(books),
-      area(new QMdiArea(this))
+TMainWindow::TMainWindow(TLoadedPackage &loaded) : package(loaded), area(new QMdiArea(this))
 {
     setObjectName("TMainWindow");
     setWindowTitle("Velmora");
-    setWindowIcon(QIcon::fromTheme("accessories-calculator"));
     resize(1100, 720);
     area->setBackground(palette().brush(QPalette::Mid).color().lighter(125));
     setCentralWidget(area);
@@ -116,15 +121,15 @@ void TMainWindow::addStatusBar()
 
 void TMainWindow::showStatus()
 {
+    if (!MainDatas())
+        return;
     institution->setText(organisationName());
-    user->setText(CurrentUser().name.isEmpty() ? QString()
-                                               : QString("Naudotojas: %1%2")
-                                                     .arg(CurrentUser().name)
-                                                     .arg(CurrentUser().viewOnly ? " (tik peržiūrai)" : ""));
+    institution->setVisible(!institution->text().isEmpty());
+    user->setText(userText());
     period->setText(EinPer_Id() > 0
                         ? QString("Periodas: %1").arg(FormatDateTime("yyyy \"m.\" mmmm", EinPer_Date()))
                         : QString("Darbo pradžios periodas nenustatytas"));
-    engine->setText(engineName(datas.mnFin_Db()->engine()));
+    engine->setText(engineName(MainDatas()->mnFin_Db()->engine()));
 }
 
 void TMainWindow::setLoggedIn(bool on)

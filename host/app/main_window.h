@@ -1,18 +1,17 @@
 #pragma once
 
 #include "host/app/package.h"
-#include "host/data/main_datas.h"
 
 #include <QLabel>
 #include <QMainWindow>
 #include <QMdiArea>
 
 // The main window: a menu for everything the package offers, document windows, and a status bar that tells
-// institution, user, current period and engine.
+// institution, user, current period and engine. It stands before the books are opened.
 class TMainWindow : public QMainWindow {
     Q_OBJECT
 public:
-    TMainWindow(TLoadedPackage &package, TMainDatas &datas);
+    explicit TMainWindow(TLoadedPackage &package);
 
     // Opens a screen, dialog or function of the package. Raises Exception when there is no such name.
     void openEntry(const QString &name);
@@ -38,7 +37,6 @@ private:
     void runDialog(const TPackageEntry &entry);
 
     TLoadedPackage &package;
-    TMainDatas &datas;
     QMdiArea *area;
     QList<QMenu *> entryMenus;
     QLabel *institution;

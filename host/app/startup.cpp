@@ -24,20 +24,25 @@ TBooksSettings chosenBooks(const TOptions &options)
         TBooksSettings::embedded(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
 }
 
+// Embedded books belong to this workstation alone, so the program brings them up to its own revision.
 void open(const TBooksSettings &settings)
 {
     const TBooks books = settings.books();
-    if (settings.isEmbedded())
-        upgradeBooks(books);
     auto datas = std::make_unique<TMainDatas>(books.fin, books.ravl);
-    datas->Open();
+    try {
+        datas->Open();
+    } catch (const EOlderDatabase &) {
+        if (!settings.isEmbedded())
+            throw;
+        upgradeBooks(books);
+        datas->Open();
+    }
     setMainDatas(std::move(datas));
-    GetPeriod();
 }
 
-bool createFirstBooks(const QString &folder)
+bool createFirstBooks(const QString &folder, QWidget *owner)
 {
-    TNewBooksDlg dialog(folder, nullptr);
+    TNewBooksDlg dialog(folder, owner);
     if (dialog.exec() != QDialog::Accepted)
         return false;
     QApplication::setOverrideCursor(Qt::WaitCursor);
@@ -51,10 +56,11 @@ bool createFirstBooks(const QString &folder)
 
 } // namespace
 
-bool openBooks(const TOptions &options)
+bool openBooks(const TOptions &options, QWidget *owner)
 {
     const TBooksSettings settings = chosenBooks(options);
-    if (settings.isEmbedded() && !embeddedBooksExist(settings.folder) && !createFirstBooks(settings.folder))
+    if (settings.isEmbedded() && !embeddedBooksExist(settings.folder) &&
+        !createFirstBooks(settings.folder, owner))
         return false;
     open(settings);
     return true;

@@ -2,10 +2,12 @@
 
 #include "host/app/options.h"
 
+class QWidget;
+
 // Opens the books that the options, or else the settings, name, as MainDatas. Embedded books that are not
 // there yet are created after asking. False when the user gave up there. Raises EDatabaseError and
 // EConvertError.
-bool openBooks(const TOptions &options);
+bool openBooks(const TOptions &options, QWidget *owner);
 
 // Creates embedded books in the folder and fills them with the demonstration data.
 void createDemonstrationBooks(const QString &folder);

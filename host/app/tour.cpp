@@ -44,7 +44,7 @@ public:
     explicit TTour(TTourReport &tourReport)
         : report(tourReport),
           package(TLoadedPackage::defaultFile()),
-          window(package, *MainDatas())
+          window(package)
     {
         window.move(0, 0);
         window.show();

@@ -16,8 +16,8 @@ namespace {
 
 constexpr int titleHeight = 24;
 
-// Windows in the order in which they cover each other: a window stands above its owner, the window that is to be
-// answered above all.
+// Windows in the order in which they cover each other: a window stands above its owner, the window that is to
+// be answered above all.
 QList<QWidget *> windowsFromBelow()
 {
     QList<QWidget *> windows;

@@ -23,6 +23,7 @@ void setColumns(QHeaderView *header)
     header->setStretchLastSection(true);
     header->setSectionResizeMode(ccCode, QHeaderView::Interactive);
     header->setDefaultAlignment(Qt::AlignCenter);
+    header->setHighlightSections(false);
 }
 
 void setUpView(QAbstractItemView *view, QAbstractItemModel *model, const QString &name)

@@ -40,7 +40,7 @@ void requireSchema(TDatabase &database)
         throw EDatabaseError(u"Duomenų bazėje „%1“ nėra programos lentelių. Jas sukuria komanda "
                              "„velmora-db upgrade“."_s.arg(alias));
     if (revision < latestRevision())
-        throw EDatabaseError(u"Duomenų bazė „%1“ yra senesnės versijos (%2 iš %3). Ją reikia atnaujinti "
+        throw EOlderDatabase(u"Duomenų bazė „%1“ yra senesnės versijos (%2 iš %3). Ją reikia atnaujinti "
                              "komanda „velmora-db upgrade“."_s.arg(alias)
                                  .arg(revision)
                                  .arg(latestRevision()));

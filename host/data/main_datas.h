@@ -17,6 +17,12 @@ struct TCurrentUser {
 };
 TCurrentUser &CurrentUser();
 
+// A schema of an earlier revision than the program's.
+class EOlderDatabase : public EDatabaseError {
+public:
+    using EDatabaseError::EDatabaseError;
+};
+
 // The host's data module: two open sessions. MainDatas() is null while the host has opened no books.
 class TMainDatas {
 public:

@@ -183,7 +183,14 @@ void TSasEdit::commit()
     if (!searching)
         return;
     const QString text = edit->text();
-    const double found = text.trimmed().isEmpty() ? 0 : accountOf(text);
+    const QModelIndexList highlighted = completer->popup()->isVisible()
+                                            ? completer->popup()->selectionModel()->selectedIndexes()
+                                            : QModelIndexList();
+    double found = 0;
+    if (!highlighted.isEmpty())
+        found = highlighted.first().data(idRole).toDouble();
+    else if (!text.trimmed().isEmpty())
+        found = accountOf(text);
     take(found);
     if (found == 0 && !text.trimmed().isEmpty()) {
         edit->setText(text);
@@ -238,6 +245,12 @@ void TSasEdit::askPicker()
         emit browse();
 }
 
+// The list of offers would keep the focus; the search ends before the edit is left.
+void TSasEdit::commitQuietly()
+{
+    runGuarded(this, [this] { commit(); });
+}
+
 bool TSasEdit::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == edit && event->type() == QEvent::KeyPress) {
@@ -246,6 +259,8 @@ bool TSasEdit::eventFilter(QObject *watched, QEvent *event)
             askPicker();
             return true;
         }
+        if (key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab)
+            commitQuietly();
     }
     return QWidget::eventFilter(watched, event);
 }

@@ -75,6 +75,7 @@ private:
     double accountOf(const QString &text);
     bool fits(int row) const;
     const TCodeTree &chart();
+    void commitQuietly();
     void askPicker();
 
     QLineEdit *edit;
