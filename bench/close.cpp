@@ -15,8 +15,8 @@ namespace {
 void measure(Engine engine, int rows)
 {
     CloseBooks books(engine, rows);
-    const double shell = books.closeByShell();
     const double routine = books.closeByRoutine();
+    const double shell = books.closeByShell();
     books.compare();
     std::printf("%s: %d balances, %d entries: Close_Per %.0f ms, by hand %.0f ms, ratio %.2f\n",
                 engine == Engine::Sqlite ? "sqlite" : "postgresql", rows, rows, routine, shell,
