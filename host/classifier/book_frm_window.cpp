@@ -22,6 +22,7 @@ namespace {
 constexpr int treeWidth = 300;
 constexpr int wholeWidth = 900;
 constexpr int wholeHeight = 600;
+constexpr int betweenSelectors = 10;
 
 QString formsPath()
 {
@@ -221,6 +222,7 @@ void TBookFrm::buildSelectors()
 {
     d->selectors = new QHBoxLayout;
     d->selectors->setContentsMargins(6, 4, 6, 4);
+    d->selectors->setSpacing(6);
     d->books = new QComboBox;
     d->books->setObjectName(u"BookBox"_s);
     d->books->setMinimumContentsLength(22);
@@ -232,6 +234,7 @@ void TBookFrm::buildSelectors()
     d->pathBox->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     d->selectors->addWidget(labelFor(u"Kn&yga:"_s, d->books));
     d->selectors->addWidget(d->books);
+    d->selectors->addSpacing(betweenSelectors);
     d->selectors->addWidget(labelFor(u"K&elias:"_s, d->pathBox));
     d->selectors->addWidget(d->pathBox, 1);
     connectGuarded(d->books, &QComboBox::activated, this,
@@ -289,6 +292,7 @@ QAction *TBookFrm::addBookAction(const TBookAction &described)
 
 void TBookFrm::addToToolBar(const QString &label, QWidget *control)
 {
+    d->selectors->addSpacing(betweenSelectors);
     d->selectors->addWidget(labelFor(label, control));
     d->selectors->addWidget(control);
 }

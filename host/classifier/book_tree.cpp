@@ -3,7 +3,6 @@
 #include "host/common/lists.h"
 #include "toolkit/widgets/guard.h"
 
-#include <QHeaderView>
 #include <QStyle>
 
 using namespace Qt::StringLiterals;
@@ -30,8 +29,6 @@ TBookTree::TBookTree(QWidget *parent) : QTreeWidget(parent)
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setAccessibleName(u"Klasifikacijos medis"_s);
-    header()->setStretchLastSection(false);
-    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     connect(this, &QTreeWidget::itemExpanded, this,
             guarded(this, [this](QTreeWidgetItem *item) { fill(item); }));
 }

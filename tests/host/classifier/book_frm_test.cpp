@@ -349,11 +349,11 @@ TEST_P(BookFrm, TheGlobalNamesTheOpenScreen)
 TEST_P(BookFrm, RemembersItsPlaceAndCaptions)
 {
     frm->acCaptions->trigger();
-    frm->resize(700, 450);
+    frm->resize(800, 450);
     frm->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     open();
-    EXPECT_EQ(frm->size(), QSize(700, 450));
+    EXPECT_EQ(frm->size(), QSize(800, 450));
     EXPECT_EQ(frm->findChild<QToolBar *>()->toolButtonStyle(), Qt::ToolButtonTextUnderIcon);
 }
 

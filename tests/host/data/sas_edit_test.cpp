@@ -170,6 +170,16 @@ TEST_P(SasEdit, AnOfferedAccountIsChosenByKeys)
     EXPECT_EQ(sas->value(), 3);
 }
 
+TEST_P(SasEdit, LeavingTakesTheHighlightedOffer)
+{
+    typeText(u"22"_s);
+    QWidget *popup = sas->findChild<QCompleter *>()->popup();
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Tab})
+        QTest::keyClick(popup, key);
+    EXPECT_EQ(sas->GetText(), "222");
+    EXPECT_EQ(sas->value(), 4);
+}
+
 TEST_P(SasEdit, ARefusedAccountLeavesTheFormerOne)
 {
     sas->setValue(3);
