@@ -69,7 +69,7 @@ protected:
             books().nativeExec(QString("create trigger t_slow after insert on %1 begin "
                                        "update %1 set per_id = per_id where per_id = "
                                        "(with recursive n(i) as (select 1 union all select i + 1 from n "
-                                       "where i < 150000) select count(*) from n); end")
+                                       "where i < 800000) select count(*) from n); end")
                                    .arg(table));
         else
             books().nativeExec(QString("create function f_slow() returns trigger language plpgsql as "
