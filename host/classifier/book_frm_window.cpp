@@ -56,7 +56,11 @@ TBookFrm::TBookFrm(const QString &caption, int help, QWidget *owner)
     build();
 }
 
-TBookFrm::~TBookFrm() = default;
+TBookFrm::~TBookFrm()
+{
+    d->tree->disconnect(this);
+    d->list->disconnect(this);
+}
 
 // --- building
 

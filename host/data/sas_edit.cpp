@@ -1,6 +1,7 @@
 #include "host/data/sas_edit.h"
 
 #include "host/data/main_datas.h"
+#include "toolkit/data/dataset.h"
 #include "toolkit/widgets/guard.h"
 #include "toolkit/widgets/invalid_mark.h"
 
@@ -59,7 +60,22 @@ TSasEdit::TSasEdit(QWidget *parent)
             guarded(this, [this](const QModelIndex &index) { take(index.data(idRole).toDouble()); }));
 }
 
-TSasEdit::~TSasEdit() = default;
+// The edit loses the focus while it is destroyed: nothing may be taken from it any more then.
+TSasEdit::~TSasEdit()
+{
+    edit->disconnect(this);
+    edit->removeEventFilter(this);
+    commitWith(nullptr);
+}
+
+void TSasEdit::commitWith(TDataSet *set)
+{
+    if (posted)
+        posted->removeFlusher(flusher);
+    posted = set;
+    if (set)
+        flusher = set->addFlusher([this] { commit(); });
+}
 
 void TSasEdit::build()
 {

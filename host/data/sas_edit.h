@@ -2,6 +2,7 @@
 
 #include "host/data/accounts_chart.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <functional>
@@ -13,6 +14,7 @@ class QLineEdit;
 class QStandardItemModel;
 class QToolButton;
 class TInvalidMark;
+class TDataSet;
 
 // An account edit with lookup: the number is typed, the name stands beside it, the button opens a picker.
 //
@@ -42,6 +44,10 @@ public:
 
     // Takes what is typed now, as leaving the edit does. Raises what OnChange raises.
     void commit();
+
+    // Every Post of the set ends a search first, so that saving by a key does not lose the number being
+    // typed. It follows one set at a time; null: none.
+    void commitWith(TDataSet *set);
 
     // Offers detail accounts only. The number of a summary account can still be typed or set: what a summary
     // account means is the screen's rule.
@@ -85,6 +91,8 @@ private:
     QStandardItemModel *offered;
     std::unique_ptr<TCodeTree> accounts; // read at the first key of a search
     std::unique_ptr<TInvalidMark> wrong; // the frame around a text that is no account
+    QPointer<TDataSet> posted;           // its Post ends a search
+    int flusher = 0;
     double id = 0;
     bool searching = false;
     bool onlyDetails = false;

@@ -210,6 +210,40 @@ TEST_P(SasEdit, ButtonAndKeysAskForThePicker)
     EXPECT_EQ(asked.count(), 3);
 }
 
+TEST_P(SasEdit, ClosingTheWindowAmidASearchTakesNothing)
+{
+    typeText(u"221"_s);
+    heard.clear();
+    window.reset();
+    EXPECT_EQ(heard, QStringList());
+}
+
+TEST_P(SasEdit, PostingEndsTheSearch)
+{
+    fin->ExecSQL(u"insert into bd_kasos (kas_id, kas_sasid, kas_pavad) values (1, 3, 'Kasa')"_s);
+    TQuery query(fin, u"select * from bd_kasos"_s);
+    query.RequestLive = true;
+    query.Open();
+    sas->setValue(3);
+    sas->commitWith(&query);
+    sas->OnChange = [&] {
+        if (sas->Status() != u'S')
+            query.FieldByName(u"kas_sasid"_s)->setAsFloat(sas->value());
+    };
+    query.Edit();
+    typeText(u"222"_s);
+    EXPECT_EQ(query.FieldByName(u"kas_sasid"_s)->AsFloat(), 3);
+    query.Post();
+    EXPECT_EQ(value(*fin, u"select kas_sasid from bd_kasos"_s), "4");
+    query.Close();
+    delete sas;
+    query.Open();
+    query.Edit();
+    query.FieldByName(u"kas_pavad"_s)->setAsString(u"Kita"_s);
+    query.Post();
+    EXPECT_EQ(value(*fin, u"select kas_pavad from bd_kasos"_s), "Kita");
+}
+
 TEST_P(SasEdit, EveryPartOfItHasAName)
 {
     sas->setLabel(u"&Gautinų sumų sąs. Nr"_s);
