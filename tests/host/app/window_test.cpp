@@ -1,0 +1,145 @@
+#include "host/app/help_viewer.h"
+#include "host/app/main_window.h"
+#include "host/app/startup.h"
+#include "host/common/help.h"
+#include "host/data/main_datas.h"
+#include "tests/support/files.h"
+#include "tests/support/message_box.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QMenuBar>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+QString packageFile()
+{
+    return buildFolder() + "/lib/libvelmora.so";
+}
+
+class MainWindow : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        createEmptyBooks(root.filePath("knygos"), "ona", "x");
+        openEmbeddedBooks(root.filePath("knygos"));
+        package = std::make_unique<TLoadedPackage>(packageFile());
+        window = std::make_unique<TMainWindow>(*package);
+    }
+    void TearDown() override
+    {
+        window.reset();
+        package.reset();
+        setMainDatas(nullptr);
+    }
+
+    QAction *action(const QString &name) const { return window->findChild<QAction *>(name); }
+    QString panel(const QString &name) const { return window->findChild<QLabel *>(name)->text(); }
+
+    QTemporaryDir root{scratchRoot() + "/velmora-XXXXXX"};
+    std::unique_ptr<TLoadedPackage> package;
+    std::unique_ptr<TMainWindow> window;
+};
+
+} // namespace
+
+TEST_F(MainWindow, HasAMenuLineForEverythingThePackageOffers)
+{
+    for (const TPackageEntry &entry : package->entries()) {
+        ASSERT_NE(action(entry.name), nullptr) << qPrintable(entry.name);
+        EXPECT_EQ(action(entry.name)->text(), entry.caption);
+    }
+}
+
+TEST_F(MainWindow, KeepsItsMenusShutUntilSomebodyLogsIn)
+{
+    const auto enabled = [this] {
+        return qobject_cast<QMenu *>(action("StartPerClose")->parent())->isEnabled();
+    };
+    EXPECT_FALSE(enabled());
+    window->setLoggedIn(true);
+    EXPECT_TRUE(enabled());
+}
+
+TEST_F(MainWindow, ShowsThePeriodAndFollowsIt)
+{
+    window->setLoggedIn(true);
+    EXPECT_EQ(panel("period"), "Darbo pradžios periodas nenustatytas");
+    MainDatas()->mnFin_Db()->ExecSQL("insert into bd_period values (6, 2026, 2, 3)");
+    GetPeriod();
+    EXPECT_EQ(panel("period"), "Periodas: 2026 m. birželis");
+    EXPECT_EQ(panel("engine"), "Įterptinė duomenų bazė");
+}
+
+TEST_F(MainWindow, OpensADialogByItsName)
+{
+    bool seen = false;
+    OnNextDialog<QDialog> dialog([&seen](QDialog &shown) {
+        seen = shown.windowTitle() == "Darbo pradžios periodas";
+        pressButton(shown, "&Taip");
+    });
+    window->openEntry("tperioddlg");
+    EXPECT_TRUE(seen);
+    EXPECT_EQ(EinPer_Id(), 6);
+}
+
+TEST_F(MainWindow, TellsANameThatIsNone)
+{
+    try {
+        window->openEntry("TNeraTokio");
+        FAIL() << "it was opened";
+    } catch (const Exception &error) {
+        EXPECT_TRUE(error.message().contains("TNeraTokio"));
+    }
+}
+
+TEST_F(MainWindow, HasAHelpTopicForEveryScreen)
+{
+    for (const TPackageEntry &entry : package->entries())
+        EXPECT_TRUE(QFile::exists(QString(":/help/%1.md").arg(entry.help, 2, 10, QChar(u'0'))))
+            << qPrintable(entry.name);
+}
+
+TEST(Help, EveryLinkLeadsToATopic)
+{
+    const QStringList topics = QDir(":/help").entryList({"*.md"});
+    EXPECT_GE(topics.size(), 4);
+    const QRegularExpression link(R"(\]\(([^)]+)\))");
+    for (const QString &topic : topics) {
+        const QString text = QString::fromUtf8(contentOf(":/help/" + topic));
+        for (auto links = link.globalMatch(text); links.hasNext();)
+            EXPECT_TRUE(topics.contains(links.next().captured(1))) << qPrintable(topic);
+    }
+}
+
+TEST(Help, ATopicThatIsNotWrittenShowsTheContents)
+{
+    QWidget owner;
+    THelpViewer viewer(&owner);
+    viewer.showTopic(77);
+    EXPECT_TRUE(viewer.toPlainText().startsWith("Pagalba"));
+    viewer.showTopic(18);
+    EXPECT_TRUE(viewer.toPlainText().startsWith("Periodo uždarymas"));
+}
+
+TEST(Tour, WalksThroughThePeriodAndPicturesEveryStep)
+{
+    const QTemporaryDir folder;
+    QProcess host;
+    host.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    host.start(buildFolder() + "/bin/velmora-host", {"--tour", folder.path()});
+    ASSERT_TRUE(host.waitForFinished(120000));
+    EXPECT_EQ(host.exitCode(), 0);
+    const QString index = QString::fromUtf8(contentOf(folder.filePath("index.html")));
+    const int pictures = int(QDir(folder.path()).entryList({"*.png"}).size());
+    EXPECT_GE(pictures, 15);
+    EXPECT_EQ(index.count("<img "), pictures);
+    EXPECT_TRUE(index.contains("Mėnuo uždarytas"));
+    EXPECT_TRUE(index.contains("Paskutinis uždarymas atšauktas"));
+    EXPECT_TRUE(index.contains("Darbo pradžios periodas nustatytas"));
+}
