@@ -1,7 +1,9 @@
 #include "host/app/help_viewer.h"
 
 #include "host/common/help.h"
+#include "toolkit/widgets/dialog.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QPointer>
 
@@ -45,11 +47,16 @@ QVariant THelpViewer::loadResource(int type, const QUrl &name)
     return QTextBrowser::loadResource(type, name);
 }
 
+// A modal dialog shuts out every window but its own, so the viewer belongs to the dialog that asks for help.
 void installHelpViewer(QWidget *owner)
 {
     setHelpViewer([owner, viewer = QPointer<THelpViewer>()](int topic) mutable {
+        QWidget *asking = QApplication::activeModalWidget() ? QApplication::activeModalWidget() : owner;
+        if (viewer && viewer->parentWidget() != asking)
+            delete viewer;
         if (!viewer)
-            viewer = new THelpViewer(owner);
+            viewer = new THelpViewer(asking);
         viewer->showTopic(topic);
     });
+    TDialog::setHelpDisplay(showHelp);
 }
