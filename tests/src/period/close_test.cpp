@@ -196,5 +196,5 @@ TEST_P(MonthClose, TheAnimationMovesWhileTheDatabaseWorks)
         pressButton(shown, "Pradėti");
     });
     StartPerClose();
-    EXPECT_GE(frames, 5);
+    EXPECT_GE(frames, 3);
 }
