@@ -66,11 +66,16 @@ protected:
     {
         if (last != Found::Before)
             renew();
-        std::uniform_int_distribution<qint64> moment(0, duration + duration / 20);
+        std::uniform_int_distribution<qint64> moments(0, duration + duration / 20);
+        const qint64 moment = moments(random);
         VictimProcess victim(mode, finSettings());
         EXPECT_TRUE(victim.waitUntilItBegins()) << victim.failure().toStdString();
-        victim.killAfter(moment(random));
-        return last = found();
+        victim.killAfter(moment);
+        last = found();
+        // A busy machine may have measured too long; kills after the end show nothing.
+        if (last == Found::After)
+            duration = std::min(duration, moment);
+        return last;
     }
 
     const unsigned seed = unsigned(number("VELMORA_SEED", int(std::random_device()() & 0x7fffffff)));
@@ -124,10 +129,11 @@ TEST_P(KilledClose, LeavesTheBooksAsTheyWereOrClosed)
 {
     measure(u"close"_s);
     const int kills = number("VELMORA_KILLS", 50);
+    const qint64 measured = duration;
     int left[3] = {};
     for (int i = 0; i < kills; ++i)
         ++left[int(kill(u"close"_s))];
-    std::cout << engineName(engine()).toStdString() << ": " << kills << " kills within " << duration / 1000
+    std::cout << engineName(engine()).toStdString() << ": " << kills << " kills within " << measured / 1000
               << " ms, seed " << seed << ": " << left[int(Found::Before)] << " before, "
               << left[int(Found::After)] << " after, " << left[int(Found::Damaged)] << " damaged\n";
     EXPECT_EQ(left[int(Found::Damaged)], 0) << "seed " << seed;

@@ -11,12 +11,26 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-// A model for each engine that was asked for, kept until the tests of the suite are over.
-std::map<Engine, QString> &models()
-{
-    static std::map<Engine, QString> all;
-    return all;
-}
+// A model for each engine that was asked for, kept until all tests are over.
+class Models : public testing::Environment {
+public:
+    QString &of(Engine engine) { return models[engine]; }
+
+    void TearDown() override
+    {
+        for (const auto &[engine, model] : models) {
+            if (engine == Engine::Sqlite)
+                QFile::remove(model);
+            else
+                postgresExec(u"drop database %1 with (force)"_s.arg(model));
+        }
+        models.clear();
+    }
+
+private:
+    std::map<Engine, QString> models;
+};
+Models *const models = static_cast<Models *>(testing::AddGlobalTestEnvironment(new Models));
 
 const QString numbers = u"with recursive n(i) as (select 1 union all select i + 1 from n where i < %1) "_s;
 
@@ -68,7 +82,7 @@ QStringList controlTotals(TDatabase &fin)
 OnBothEngines::Origin LargeBooks::origin()
 {
     const Origin small = OnBothEngines::origin();
-    QString &model = models()[engine()];
+    QString &model = models->of(engine());
     if (model.isEmpty()) {
         const TSessionSettings settings = copyOf(engine(), small.fin);
         fillLargeBooks(*open(settings));
@@ -81,15 +95,4 @@ void LargeBooks::renew()
 {
     TearDown();
     SetUp();
-}
-
-void LargeBooks::TearDownTestSuite()
-{
-    for (const auto &[engine, model] : models()) {
-        if (engine == Engine::Sqlite)
-            QFile::remove(model);
-        else
-            postgresExec(u"drop database %1 with (force)"_s.arg(model));
-    }
-    models().clear();
 }

@@ -9,8 +9,6 @@ public:
     static constexpr int balances = 100'000;
     static constexpr int entries = 20'000;
 
-    static void TearDownTestSuite();
-
 protected:
     Origin origin() override;
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -19,14 +20,27 @@ QString sourceFolder()
     return qEnvironmentVariable("VELMORA_SOURCE_DIR", QStringLiteral(VELMORA_SOURCE_DIR));
 }
 
+namespace {
+// A test that was killed could not remove what it wrote; a day later nobody needs it.
+void removeLeftovers(const QString &root)
+{
+    const QDateTime yesterday = QDateTime::currentDateTime().addDays(-1);
+    for (const QFileInfo &folder : QDir(root).entryInfoList({u"velmora-test-*"_s}, QDir::Dirs)) {
+        if (folder.lastModified() < yesterday)
+            QDir(folder.filePath()).removeRecursively();
+    }
+}
+} // namespace
+
 QString scratchRoot()
 {
     static const QString root = [] {
-        QString memory = u"/dev/shm"_s;
         constexpr qint64 plenty = 1'000'000'000;
-        if (QFileInfo(memory).isWritable() && QStorageInfo(memory).bytesAvailable() > plenty)
-            return memory;
-        return QDir::tempPath();
+        const QStorageInfo memory(u"/dev/shm"_s);
+        const bool roomy = QFileInfo(memory.rootPath()).isWritable() && memory.bytesAvailable() > plenty;
+        QString folder = roomy && memory.rootPath() == u"/dev/shm"_s ? memory.rootPath() : QDir::tempPath();
+        removeLeftovers(folder);
+        return folder;
     }();
     return root;
 }
