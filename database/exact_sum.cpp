@@ -45,7 +45,8 @@ void addReal(Sum &sum, double value, int sign)
         const double scaled = value * scale;
         const double whole = (scaled + rounder) - rounder;
         if (std::fabs(scaled - whole) <= tolerance + std::fabs(scaled) * relativeTolerance) {
-            sum.tenThousandths += sign * static_cast<sqlite3_int64>(whole);
+            const auto exact = static_cast<sqlite3_int64>(whole);
+            sum.tenThousandths += sign < 0 ? -exact : exact;
             return;
         }
     }

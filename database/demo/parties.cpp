@@ -88,7 +88,7 @@ void fillContracts(TDemoBooks &books, int count)
         const bool monthly = books.random.chance(50);
         writer.add({QString::number(id), u"S-%1/26"_s.arg(id), u"2026-01-%1"_s.arg(padded(1 + id % 28, 2)),
                     u"2026-12-31"_s, monthly ? u"M"_s : u"B"_s,
-                    amountText(books.random.between(5, 900) * (monthly ? 1000 : 12000))});
+                    amountText(qint64(books.random.between(5, 900)) * (monthly ? 1000 : 12000))});
     }
     writer.flush();
 }
@@ -156,7 +156,8 @@ void fillAssets(TDemoBooks &books)
                     QString::number(books.random.between(1, responsiblePersons)),
                     QString::number(books.random.between(1, 8)), books.account(books.random.anyOf(accounts)),
                     u"%1-%2-15"_s.arg(year).arg(padded(books.random.between(1, 12), 2)),
-                    gone ? u"2025-11-30"_s : demoNull, amountText(books.random.between(200, 4000) * 100)});
+                    gone ? u"2025-11-30"_s : demoNull,
+                    amountText(qint64(books.random.between(200, 4000)) * 100)});
     }
     writer.flush();
 }

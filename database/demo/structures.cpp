@@ -30,7 +30,7 @@ void fillEconomic(TDemoBooks &books, TRowWriter &writer, int book, int functionN
     const QStringList parents = text.column(u"tevas"_s);
     QHash<QString, int> ids;
     for (const QStringList &row : text.rows) {
-        const QString code = row.at(0);
+        const QString &code = row.at(0);
         const bool leaf = !parents.contains(code);
         ids.insert(code, ++id);
         writer.add({QString::number(id), QString::number(book),
@@ -112,7 +112,7 @@ void fillEstimates(TDemoBooks &books)
     int id = 0;
     for (qsizetype i = 0; i < books.nodes.size(); i += 4) {
         const QString node = QString::number(books.nodes.at(i));
-        const qint64 quarter = books.random.between(200, 9000) * 10000;
+        const qint64 quarter = qint64(books.random.between(200, 9000)) * 10000;
         yearly.append(++id);
         estimates.add({QString::number(id), node, u"1"_s, amountText(quarter * 4)});
         for (int k = 1; k <= 4; ++k)
@@ -123,7 +123,7 @@ void fillEstimates(TDemoBooks &books)
         books.fin, u"bd_samkor"_s,
         u"sak_id,sak_samid,sak_data,sak_doknr,sak_i_ketv,sak_ii_ketv,sak_iii_ketv,sak_iv_ketv"_s);
     for (qsizetype i = 0; i < yearly.size(); i += 3) {
-        const qint64 moved = books.random.between(1, 90) * 1000;
+        const qint64 moved = qint64(books.random.between(1, 90)) * 1000;
         corrections.add({QString::number(i / 3 + 1), QString::number(yearly.at(i)),
                          u"2026-04-%1"_s.arg(10 + i % 18), u"SK-%1"_s.arg(100 + i), u"0"_s,
                          u'-' + amountText(moved), amountText(moved), amountText(moved)});

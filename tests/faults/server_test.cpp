@@ -68,13 +68,14 @@ TEST_F(Server, ThatIsNotThereIsToldInWords)
     const QString failure = raised<EConnectionLost>(
         [] { TDatabase(with(u"host=/nonexistent port=5432 user=velmora dbname=postgres"_s)).Open(); });
     EXPECT_TRUE(tells(failure, u"Nepavyko prisijungti prie duomenų bazės serverio"_s));
+    EXPECT_TRUE(tells(failure, u"Serveris nepasiekiamas"_s));
 }
 
 TEST_F(Server, RefusesAWrongPasswordAndTakesTheRightOne)
 {
     const QString failure = raised<EDatabaseError>(
         [] { TDatabase(with(postgres->passwordConnInfo(u"postgres"_s, u"neteisingas"_s))).Open(); });
-    EXPECT_TRUE(tells(failure, u"Nepavyko prisijungti"_s));
+    EXPECT_TRUE(tells(failure, u"Serveris nepriėmė naudotojo vardo arba slaptažodžio"_s));
     TDatabase right(with(postgres->passwordConnInfo(u"postgres"_s, u"slaptas"_s)));
     right.Open();
     EXPECT_TRUE(right.Connected());

@@ -32,6 +32,17 @@ QByteArray quotedWord(const QByteArray &value)
     return '\'' + text.replace('\\', "\\\\").replace('\'', "\\'") + '\'';
 }
 
+// What the user can do about a refused connection. The refusal has no code, only the server's words; these
+// stay in the error's details.
+QString reasonOf(const QString &text)
+{
+    if (text.contains(u"password"_s))
+        return u"Serveris nepriėmė naudotojo vardo arba slaptažodžio."_s;
+    if (text.contains(u"does not exist"_s))
+        return u"Serveryje nėra tokios duomenų bazės arba tokio naudotojo."_s;
+    return u"Serveris nepasiekiamas: patikrinkite jo vardą ir ar jis veikia."_s;
+}
+
 struct FreeOptions {
     void operator()(PQconninfoOption *options) const { PQconninfoFree(options); }
 };
@@ -121,8 +132,7 @@ void PostgresConnection::connectServer()
     if (!database.open()) {
         const QString text = database.lastError().databaseText().trimmed();
         removeDatabase();
-        throw EConnectionLost(u"Nepavyko prisijungti prie duomenų bazės serverio. %1"_s.arg(text).trimmed(),
-                              text);
+        throw EConnectionLost(u"Nepavyko prisijungti prie duomenų bazės serverio. "_s + reasonOf(text), text);
     }
     conn = static_cast<PGconn *>(nativeHandle());
     Q_ASSERT(conn);

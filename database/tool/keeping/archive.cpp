@@ -70,7 +70,7 @@ TArchive archiveOf(const QByteArray &manifest, qint64 firstPart)
     const QJsonObject object = QJsonDocument::fromJson(manifest).object();
     TArchive archive{object[u"variklis"].toString(), object[u"sukurta"].toString(), {}};
     qint64 offset = firstPart;
-    for (const QJsonValue &each : object[u"dalys"].toArray()) {
+    for (const QJsonValue each : object[u"dalys"].toArray()) {
         TArchivePart part;
         part.name = each[u"pavadinimas"].toString();
         part.offset = offset;
@@ -139,7 +139,7 @@ TArchive readArchive(const QString &name)
 {
     QFile file(name);
     openForReading(file);
-    const TArchive archive = readManifest(file);
+    TArchive archive = readManifest(file);
     verifyParts(file, archive);
     return archive;
 }
