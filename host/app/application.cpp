@@ -22,15 +22,11 @@ void chooseOffscreenForTour(int argc, char **argv)
             qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
-// Opens the books over the window and lets the user in. False ends the program.
+// Opens the books over the window and lets the user in; false when the user gave up.
 bool enter(TMainWindow &window, const TOptions &options)
 {
-    bool entered = false;
-    const bool went = runGuarded(&window, [&] {
-        window.setWindowIcon(QIcon::fromTheme("accessories-calculator"));
-        entered = openBooks(options, &window) && logInAt(window, options.user);
-    });
-    return went && entered;
+    window.setWindowIcon(QIcon::fromTheme("accessories-calculator"));
+    return openBooks(options, &window) && logInAt(window, options.user);
 }
 
 int runBooks(const TOptions &options)
@@ -41,7 +37,10 @@ int runBooks(const TOptions &options)
     window.show();
     QApplication::processEvents(
         QEventLoop::ExcludeUserInputEvents); // the window is painted before the books open
-    if (!enter(window, options))
+    bool entered = false;
+    if (!runGuarded(&window, [&] { entered = enter(window, options); }))
+        return 1;
+    if (!entered)
         return 0;
     if (!options.open.isEmpty())
         runGuarded(&window, [&] { window.openEntry(options.open); });
