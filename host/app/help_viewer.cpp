@@ -52,8 +52,10 @@ void installHelpViewer(QWidget *owner)
 {
     setHelpViewer([owner, viewer = QPointer<THelpViewer>()](int topic) mutable {
         QWidget *asking = QApplication::activeModalWidget() ? QApplication::activeModalWidget() : owner;
-        if (viewer && viewer->parentWidget() != asking)
-            delete viewer;
+        if (viewer && viewer->parentWidget() != asking) {
+            viewer->deleteLater();
+            viewer.clear();
+        }
         if (!viewer)
             viewer = new THelpViewer(asking);
         viewer->showTopic(topic);

@@ -73,7 +73,6 @@ public:
     QAction *acNew, *acEdit, *acDelete, *acRefresh, *acFind, *acFindNext, *acOrder, *acCopy, *acPrint,
         *acFirst, *acPrev, *acNext, *acLast, *acCaptions, *acToolBar, *acHelp, *acClose;
 
-public slots:
     void FirstBtnClick();
     void PrevBtnClick();
     void NextBtnClick();

@@ -2,7 +2,7 @@
 
 #include "src/frame/registry.h"
 
-#include <ranges>
+#include <algorithm>
 
 namespace Velmora {
 TUnit unit("Velmora");
@@ -29,8 +29,8 @@ void Initialize()
 
 void Finalize()
 {
-    for (TUnit *unit : packageUnits() | std::views::reverse)
-        unit->finalize();
+    const std::vector<TUnit *> &units = packageUnits();
+    std::for_each(units.rbegin(), units.rend(), [](TUnit *unit) { unit->finalize(); });
 }
 
 const TPackageEntries *GetEntryTable()
