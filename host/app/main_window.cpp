@@ -95,7 +95,7 @@ void TMainWindow::addWindowMenu()
 
 void TMainWindow::addHelpMenu()
 {
-    QMenu *help = menuBar()->addMenu("Paga&lba");
+    QMenu *help = menuBar()->addMenu("Pa&galba");
     QAction *topics = help->addAction("&Turinys");
     topics->setShortcut(QKeySequence::HelpContents);
     connectGuarded(topics, &QAction::triggered, this, [] { showHelp(1); });

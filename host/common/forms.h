@@ -1,5 +1,7 @@
 #pragma once
 
+#include "toolkit/widgets/dialog.h"
+
 #include <QDialog>
 #include <QString>
 
@@ -9,7 +11,6 @@
 // still be scrolled and selected in, but neither edited, ticked nor dragged. Buttons that cancel, close or
 // help stay usable, and so does every control with the property staysUsable set to true.
 void DisableFormControls(QWidget *form);
-inline constexpr char staysUsable[] = "staysUsable";
 
 // The base of the host's plain forms: a dialog that can be minimised and maximised.
 class TMinMaxFrm : public QDialog {

@@ -27,8 +27,8 @@ class TListPrinter;
 // display.
 //
 // Keys: Ins new, Enter edit, Del or Ctrl+Del delete, F5 refresh, F7 or Ctrl+F find, F3 find next, Ctrl+R
-// order by the current column, Ctrl+P print, Ctrl+C copy, Ctrl+Home and Ctrl+End, F1 help, Shift+F10 menu;
-// typing searches; Esc stops a search or the loading, else clears the search, else closes.
+// order by the current column, Ctrl+P print, Ctrl+C copy, Ctrl+Home and Ctrl+End, F1 help, Shift+F10 menu,
+// Ctrl+W close; typing searches; Esc stops a search or the loading, else clears the search, else closes.
 class TBrowseFrm : public QWidget {
     Q_OBJECT
 public:

@@ -133,7 +133,13 @@ const std::vector<Described> &everyAction()
          {},
          &F::mnToolsClick},
         {&F::acHelp, "acHelp", u"Pa&galba"_s, u"Pagalba"_s, TIcon::Help, {Qt::Key_F1}, &F::acHelpExecute},
-        {&F::acClose, "acClose", u"&Uždaryti"_s, u"Uždaryti langą"_s, TIcon::Close, {}, &F::CloseBtnClick},
+        {&F::acClose,
+         "acClose",
+         u"&Uždaryti"_s,
+         u"Uždaryti langą"_s,
+         TIcon::Close,
+         {Qt::CTRL | Qt::Key_W},
+         &F::CloseBtnClick},
     };
     return table;
 }

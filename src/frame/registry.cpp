@@ -1,5 +1,7 @@
 #include "src/frame/registry.h"
 
+#include "src/balances/Saslikedit.h"
+#include "src/balances/Slikuciai.h"
 #include "src/frame/SysInit.h"
 #include "src/frame/Velmora.h"
 #include "src/period/Closeperiod.h"
@@ -8,7 +10,22 @@
 
 namespace {
 
-const QString periodMenu = QStringLiteral("&Periodas");
+const QString periodMenu = QStringLiteral("Pe&riodas");
+const QString balanceMenu = QStringLiteral("Li&kučiai");
+
+template<class Form>
+TPackageEntry listScreen(const char *name, const TUnit &unit, const QString &menu, const QString &caption,
+                         int help)
+{
+    return {QString::fromLatin1(name),
+            unit.name,
+            TPackageEntry::Kind::ListScreen,
+            menu,
+            caption,
+            help,
+            [](QWidget *owner) -> QWidget * { return createForm<Form>(owner); },
+            {}};
+}
 
 // A dialog that the host creates by class.
 template<class Dialog>
@@ -37,7 +54,8 @@ TPackageEntry function(const char *name, const TUnit &unit, const QString &menu,
 const std::vector<TUnit *> &packageUnits()
 {
     static const std::vector<TUnit *> units = {
-        &Velmora::unit, &SysInit::unit, &Period::unit, &Perback::unit, &Closeperiod::unit,
+        &Velmora::unit, &SysInit::unit, &Saslikedit::unit,  &Slikuciai::unit,
+        &Period::unit,  &Perback::unit, &Closeperiod::unit,
     };
     return units;
 }
@@ -49,6 +67,8 @@ const TPackageEntries &packageEntries()
         function("StartPerClose", Closeperiod::unit, periodMenu, "Periodo &uždarymas…", 18,
                  &Closeperiod::StartPerClose),
         function("PeriodBack", Perback::unit, periodMenu, "Periodo &atsukimas…", 19, &Perback::PeriodBack),
+        listScreen<Slikuciai::TSasLikFrm>("TSasLikFrm", Slikuciai::unit, balanceMenu, "&Sąskaitų likučiai…",
+                                          17),
     };
     return entries;
 }

@@ -79,6 +79,9 @@ void TDialog::addButtons(const QList<TDialogButton> &buttons)
         made->setObjectName(described.name.isEmpty() ? plainCaption(described.caption) : described.name);
         made->setAutoDefault(false);
         made->setDefault(described.isDefault);
+        const bool onlyLeaves =
+            described.role == TDialogButton::Cancel || described.role == TDialogButton::Help;
+        made->setProperty(staysUsable, onlyLeaves);
         connectGuarded(made, &QPushButton::clicked, this, [this, described] { press(described); });
         if (described.role == TDialogButton::Save)
             ownSaver = made;

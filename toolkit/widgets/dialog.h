@@ -7,6 +7,10 @@
 class QPushButton;
 class QVBoxLayout;
 
+// The property of a control that stays usable in a dialog that is only looked at. The buttons that cancel and
+// help have it.
+inline constexpr char staysUsable[] = "staysUsable";
+
 // One button of a dialog, described.
 struct TDialogButton {
     enum Role { Save, Cancel, Help, Action };

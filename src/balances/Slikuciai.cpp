@@ -1,0 +1,155 @@
+#include "src/balances/Slikuciai.h"
+
+#include "src/balances/Saslikedit.h"
+#include "src/balances/balance_report.h"
+#include "toolkit/text/format.h"
+#include "toolkit/widgets/guard.h"
+
+#include <QComboBox>
+#include <QScopeGuard>
+#include <QSignalBlocker>
+
+namespace Slikuciai {
+
+TUnit unit("SLikuciai");
+TSasLikFrm *SasLikFrm = nullptr;
+
+namespace {
+
+constexpr int debitPanel = 1;
+constexpr int creditPanel = 2;
+
+bool editBalance(const QString &, bool isNew, Variant &key)
+{
+    double id = key.toDouble();
+    const bool saved = Saslikedit::EditLik(!isNew, id);
+    key = id;
+    return saved;
+}
+
+TBrowseDescription described()
+{
+    return {
+        .name = "TSasLikFrm",
+        .caption = "Sąskaitų likučiai",
+        .help = 17,
+        .keyColumn = "ssl_id",
+        .table = "bd_saslik",
+        .sql = "SELECT Bd_sasplan.SAS_SASNR, Bd_saslik.SSL_ID, Bd_saslik.SSL_SUM_DB, Bd_saslik.SSL_SUM_KR, "
+               "(Bd_sasplan.SAS_SASNR + '  ')  + Bd_sasplan.SAS_PAVAD as SASKAITA "
+               "FROM BD_SASLIK Bd_saslik, BD_SASPLAN Bd_sasplan "
+               "WHERE (Bd_saslik.ssl_perid = :perid) AND (Bd_saslik.SSL_SASID = Bd_sasplan.SAS_ID) "
+               "ORDER BY SASKAITA",
+        .columns = {{.field = "SASKAITA", .title = "Sąskaita", .width = 262},
+                    {.field = "SSL_SUM_DB", .title = "Debetas", .format = "0.00"},
+                    {.field = "SSL_SUM_KR", .title = "Kreditas", .format = "0.00"}},
+        .titleOrder = false,
+        .edit = editBalance,
+    };
+}
+
+} // namespace
+
+TSasLikFrm::TSasLikFrm(QWidget *owner)
+    : TBrowseFrm(described(), owner),
+      PeriodBox(new QComboBox(this)),
+      qryPeriods(MainDatas()->mnFin_Db(),
+                 "select GetDateByPeriodId(per_id) as data, per_id from bd_period "
+                 "where per_metai<>0 and per_ketv<>0 and per_menuo<>0 order by 1",
+                 this),
+      qrySum(MainDatas()->mnFin_Db(),
+             "SELECT ssl_perid, sum(ssl_sum_db) as suma_deb, sum(ssl_sum_kr) as suma_kerd "
+             "FROM bd_saslik WHERE ssl_perid=:id GROUP BY ssl_perid",
+             this)
+{
+    PeriodBox->setObjectName("PeriodBox");
+    keepIn(SasLikFrm);
+    addToToolBar("&Periodas", PeriodBox);
+    addPanel();
+    addPanel();
+}
+
+void TSasLikFrm::FormCreate()
+{
+    fillPeriods();
+    TBrowseFrm::FormCreate();
+    SetEditable(PeriodBox->count() == 1);
+    connectGuarded(PeriodBox, &QComboBox::currentIndexChanged, this, [this] { RefreshData(0); });
+}
+
+void TSasLikFrm::FormDestroy()
+{
+    const QSignalBlocker silently(PeriodBox);
+    ClearListVar(PeriodBox->model());
+    TBrowseFrm::FormDestroy();
+}
+
+void TSasLikFrm::PeriodChanged()
+{
+    fillPeriods();
+    SetEditable(PeriodBox->count() == 1);
+    RefreshData(currentKey());
+}
+
+// Month periods, the oldest first; the newest one is picked.
+void TSasLikFrm::fillPeriods()
+{
+    const QSignalBlocker silently(PeriodBox);
+    ClearListVar(PeriodBox->model());
+    ReadListVar(&qryPeriods, PeriodBox->model(), "data", "per_id");
+    for (int item = 0; item < PeriodBox->count(); ++item)
+        PeriodBox->setItemText(item,
+                               FormatDateTime("yyyy \"m.\" mmmm", StrToDate(PeriodBox->itemText(item))));
+    if (PeriodBox->count() == 0)
+        throw Exception("Darbo pradžios periodas nenustatitas!");
+    PeriodBox->setCurrentIndex(PeriodBox->count() - 1);
+}
+
+Variant TSasLikFrm::shownPeriod() const
+{
+    return GetListValue(PeriodBox->model(), PeriodBox->currentIndex());
+}
+
+void TSasLikFrm::RefreshData(const Variant &key)
+{
+    if (PeriodBox->currentIndex() < 0)
+        return;
+    dataSet()->Close();
+    description.parameters["perid"] = shownPeriod();
+    readTotals();
+    showTotals();
+    TBrowseFrm::RefreshData(key);
+}
+
+void TSasLikFrm::readTotals()
+{
+    const auto closeQuery = qScopeGuard([this] { qrySum.Close(); });
+    qrySum.Close();
+    qrySum.setParam("id", shownPeriod());
+    qrySum.Open();
+    debit = qrySum.FieldByName("suma_deb")->AsFloat();
+    credit = qrySum.FieldByName("suma_kerd")->AsFloat();
+}
+
+void TSasLikFrm::showTotals()
+{
+    setPanel(debitPanel, "Debetų suma: " + FormatFloat("0.00", debit));
+    setPanel(creditPanel, "Kreditų suma: " + FormatFloat("0.00", credit));
+    if (debit != credit)
+        StdMsgBox(mkError, "Debeto ir kredito likučių sumos nelygios!");
+}
+
+// --- printing
+
+// The balances are those at the end of the day before the period begins.
+QString TSasLikFrm::dayBeforePeriod() const
+{
+    const Variant first =
+        GetFieldResult(MainDatas()->mnFin_Db(), "SELECT DATEFORMAT(GetDateByPeriodId(" +
+                                                    shownPeriod().toString() + "),'yyyy.mm.dd') FROM dummy");
+    const QChar separator = std::exchange(FormatSettings().DateSeparator, u'.');
+    const auto restore = qScopeGuard([separator] { FormatSettings().DateSeparator = separator; });
+    return FormatDateTime("yyyy.mm.dd", TDateTime(StrToDate(first.toString()).value() - 1));
+}
+
+} // namespace Slikuciai

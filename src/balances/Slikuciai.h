@@ -1,0 +1,43 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+class QComboBox;
+
+// The opening balances of accounts, one period at a time.
+namespace Slikuciai {
+
+extern TUnit unit;
+
+class TSasLikFrm : public TBrowseFrm {
+    Q_OBJECT
+public:
+    explicit TSasLikFrm(QWidget *owner);
+
+    // Tells as well when the debit and credit totals of the period differ.
+    void RefreshData(const Variant &key) override;
+
+protected:
+    // Raises while no start-of-work period is set.
+    void FormCreate() override;
+    void FormDestroy() override;
+    void PeriodChanged() override;
+
+private:
+    void fillPeriods();
+    Variant shownPeriod() const;
+    void readTotals();
+    void showTotals();
+    QString dayBeforePeriod() const;
+
+    QComboBox *PeriodBox;
+    TQuery qryPeriods;
+    TQuery qrySum;
+    double debit = 0;
+    double credit = 0;
+};
+
+extern TSasLikFrm *SasLikFrm;
+
+} // namespace Slikuciai
