@@ -12,6 +12,7 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QMdiSubWindow>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -194,6 +195,8 @@ int runTour(const QString &folder)
     int code = 0;
     TTourReport report(folder);
     const QTemporaryDir scratch;
+    // What windows remember of the walk is nobody's settings.
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, scratch.filePath("nustatymai"));
     try {
         walkDemonstrationBooks(report, scratch.filePath("mokykla"));
         walkEmptyBooks(report, scratch.filePath("tuscia"));

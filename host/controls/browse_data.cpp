@@ -53,7 +53,8 @@ void TBrowseFrm::describeFields()
 {
     QList<TGridColumn> columns;
     for (const TBrowseColumn &column : description.columns) {
-        columns.append({.field = column.field, .title = column.title, .width = column.width});
+        columns.append(
+            {.field = column.field, .title = column.title, .width = column.width, .format = column.format});
         d->query.describe(column.field, [column](TField &field) {
             field.DisplayLabel = column.title;
             if (!column.format.isEmpty())
@@ -64,6 +65,7 @@ void TBrowseFrm::describeFields()
         });
     }
     d->grid->setColumns(columns);
+    d->grid->setTitlesCentred(description.titlesCentred);
 }
 
 // --- reading
@@ -212,7 +214,7 @@ void TBrowseFrm::LastBtnClick()
 void TBrowseFrm::SetEditable(bool on)
 {
     d->editable = on;
-    for (QAction *action : {acNew, acEdit, acDelete})
+    for (QAction *action : {acNew, acEdit, acDelete, d->afterEditing})
         action->setVisible(on);
     CheckToolButtons();
 }

@@ -45,6 +45,7 @@ struct TBrowseDescription {
     std::vector<TBrowseColumn> columns;
 
     bool titleOrder = true; // a click on a title orders the list
+    bool titlesCentred = false;
     TEditing editing = TEditing::Always;
     bool printable = true;
     TUsedCheck used;

@@ -6,6 +6,7 @@
 #include "host/data/main_datas.h"
 #include "toolkit/widgets/db_grid.h"
 #include "toolkit/widgets/guard.h"
+#include "toolkit/widgets/icons.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -31,7 +32,7 @@ TBrowseFrm::TBrowseFrm(TBrowseDescription described, QWidget *owner)
     setObjectName(description.name);
     setWindowTitle(description.caption);
     setAttribute(Qt::WA_DeleteOnClose);
-    resize(820, 520);
+    setWindowIcon(icon(TIcon::Browse));
 
     d->grid = new TDBGrid(this);
     d->grid->setObjectName(u"DBGrid"_s);

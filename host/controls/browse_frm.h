@@ -67,6 +67,8 @@ public:
     void setMessage(const QString &text);
     QString message() const;
 
+    QSize sizeHint() const override { return {820, 520}; }
+
     // Shows the list above all other windows until it is closed; the screen is gone afterwards.
     void ShowModal();
 

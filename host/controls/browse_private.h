@@ -23,6 +23,7 @@ struct TBrowseFrm::Private {
     QToolBar *bar;
     QMenu *menu = nullptr;
     QMenu *deleteMenu = nullptr;
+    QAction *afterEditing = nullptr;    // parts new, edit and delete from the rest
     QAction *afterOwnActions = nullptr; // where the screen's own tool buttons end
     QLabel *findLabel = nullptr;
     QLineEdit *findEdit = nullptr;

@@ -186,7 +186,7 @@ void TBrowseFrm::addToolBarButtons()
     d->bar->setAccessibleName(u"Įrankių juosta"_s);
     d->bar->setIconSize({20, 20});
     d->bar->addActions({acNew, acEdit, acDelete});
-    d->bar->addSeparator();
+    d->afterEditing = d->bar->addSeparator();
     d->bar->addActions({acFirst, acPrev, acNext, acLast});
     d->bar->addSeparator();
     d->bar->addActions({acRefresh, acFind, acPrint});

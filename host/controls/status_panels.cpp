@@ -34,6 +34,8 @@ void TStatusPanels::setPanel(int index, const QString &text)
     QLabel *label = panels.at(size_t(index));
     label->setText(text);
     label->setAccessibleName(text);
+    // A long text widens its panel; it is never cut off, nor drawn over the next one.
+    label->setMinimumWidth(std::max(label->minimumWidth(), label->sizeHint().width()));
 }
 
 QString TStatusPanels::panel(int index) const

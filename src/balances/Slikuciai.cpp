@@ -44,6 +44,7 @@ TBrowseDescription described()
                     {.field = "SSL_SUM_DB", .title = "Debetas", .format = "0.00"},
                     {.field = "SSL_SUM_KR", .title = "Kreditas", .format = "0.00"}},
         .titleOrder = false,
+        .titlesCentred = true,
         .edit = editBalance,
     };
 }

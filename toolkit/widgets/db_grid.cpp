@@ -1,5 +1,6 @@
 #include "toolkit/widgets/db_grid.h"
 
+#include "toolkit/text/format.h"
 #include "toolkit/widgets/grid_delegate.h"
 #include "toolkit/widgets/grid_model.h"
 #include "toolkit/widgets/guard.h"
@@ -106,9 +107,20 @@ void TDBGrid::layOutColumns()
         const TGridColumn &column = rows->columns()[i];
         const int kept = keptWidths.value(column.field.toLower()).toInt();
         const int wanted = kept > 0 ? kept : column.width;
-        // Measured over the title only: measuring the rows would fetch them all.
-        setColumnWidth(i, wanted > 0 ? wanted : horizontalHeader()->sectionSizeHint(i));
+        // Measured over title and format only: measuring the rows would fetch them all.
+        const int fitting = std::max(horizontalHeader()->sectionSizeHint(i), widthOf(column.format));
+        setColumnWidth(i, wanted > 0 ? wanted : fitting);
     }
+}
+
+// Of a usual large amount, or of a date, as the format shows it.
+int TDBGrid::widthOf(const QString &format) const
+{
+    if (format.isEmpty())
+        return 0;
+    constexpr int margins = 12;
+    const bool isDate = format.contains(u'y');
+    return fontMetrics().horizontalAdvance(isDate ? format : FormatFloat(format, 999999999.99)) + margins;
 }
 
 void TDBGrid::fixRowHeight()

@@ -14,12 +14,12 @@ class TGridModel;
 // One column of a grid, described.
 struct TGridColumn {
     QString field;
-    QString title;                                      // empty: the field's label
-    int width = 0;                                      // pixels; 0: a width that fits the title
-    std::optional<TAlignment> alignment;                // none: as the field says
-    QString format;                                     // display format; empty: the field's
-    bool readOnly = false;                              // in a grid with cell editing
-    TEditOptions edit;                                  // what may be typed into a cell
+    QString title;                       // empty: the field's label
+    int width = 0;                       // pixels; 0: fits the title and what the format usually shows
+    std::optional<TAlignment> alignment; // none: as the field says
+    QString format;                      // display format; empty: the field's
+    bool readOnly = false;               // in a grid with cell editing
+    TEditOptions edit;                   // what may be typed into a cell
     std::function<QString(const QVariant &value)> text; // the cell's text instead of the field's
     std::function<void()> browse; // a button in the cell being edited, for choosing the value elsewhere
 };
@@ -77,6 +77,7 @@ protected:
 private:
     void followSet();
     void layOutColumns();
+    int widthOf(const QString &format) const;
     void fixRowHeight();
     bool moveSet(const QKeyEvent *event);
 

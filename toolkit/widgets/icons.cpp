@@ -72,7 +72,11 @@ void prepareThemes()
                 paths += folder;
         }
         QIcon::setThemeSearchPaths(paths);
-        QIcon::setFallbackThemeName(QStringLiteral("breeze"));
+        const QString own = QStringLiteral("breeze");
+        QIcon::setFallbackThemeName(own);
+        // Without any desktop no theme is set, and then the fallback is not asked either.
+        if (QIcon::themeName().isEmpty())
+            QIcon::setThemeName(own);
         return true;
     }();
     Q_UNUSED(once);
