@@ -169,6 +169,9 @@ void TMainWindow::showDocument(const TPackageEntry &entry)
     QMdiSubWindow *window = area->addSubWindow(entry.create(area));
     window->setObjectName(entry.name);
     window->setAttribute(Qt::WA_DeleteOnClose);
+    // A list closes by a key of its own; two actions with the same key would both be deaf.
+    for (QAction *action : window->systemMenu()->actions())
+        action->setShortcuts(QList<QKeySequence>());
     window->show();
 }
 

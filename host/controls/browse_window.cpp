@@ -138,7 +138,7 @@ const std::vector<Described> &everyAction()
          u"&Uždaryti"_s,
          u"Uždaryti langą"_s,
          TIcon::Close,
-         {Qt::CTRL | Qt::Key_W},
+         {Qt::CTRL | Qt::Key_W, Qt::CTRL | Qt::Key_F4},
          &F::CloseBtnClick},
     };
     return table;

@@ -9,6 +9,8 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QProcess>
 #include <QRegularExpression>
@@ -142,4 +144,20 @@ TEST(Tour, WalksThroughThePeriodAndPicturesEveryStep)
     EXPECT_TRUE(index.contains("Mėnuo uždarytas"));
     EXPECT_TRUE(index.contains("Paskutinis uždarymas atšauktas"));
     EXPECT_TRUE(index.contains("Darbo pradžios periodas nustatytas"));
+}
+
+TEST_F(MainWindow, AListOpensOnceAndClosesByItsKey)
+{
+    MainDatas()->mnFin_Db()->ExecSQL("insert into bd_period values (6, 2026, 1, 1)");
+    window->setLoggedIn(true);
+    window->show();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    for (int press = 0; press < 2; ++press)
+        window->openEntry("TSasLikFrm");
+    const QList<QMdiSubWindow *> lists = window->documents()->subWindowList();
+    ASSERT_EQ(lists.size(), 1);
+    QTest::keyClick(lists.first()->focusWidget(), Qt::Key_W, Qt::ControlModifier);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(window->documents()->subWindowList().isEmpty());
 }
