@@ -70,7 +70,7 @@ TSasLikDlg::TSasLikDlg(QWidget *owner, double id)
     SasEdit->setDetailOnly(true);
     describe(
         isNew ? "Naujas likutis" : "Keisti sąskaitos likutį",
-        {TFieldRow::custom("&Sąskaita", "SasEdit", SasEdit),
+        {TFieldRow::custom("&Sąskaita", "SasEdit", SasEdit).width(52),
          TFieldRow::group("Likučiai", {TFieldRow::custom({}, "Side", besideEachOther(DebRadio, KredRadio))}),
          TFieldRow::edit("Suma", "SSL_SUM_DB").width(16), TFieldRow::edit("Suma", "SSL_SUM_KR").width(16)},
         &qryLik);

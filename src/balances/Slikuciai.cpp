@@ -115,7 +115,6 @@ void TSasLikFrm::RefreshData(const Variant &key)
 {
     if (PeriodBox->currentIndex() < 0)
         return;
-    dataSet()->Close();
     description.parameters["perid"] = shownPeriod();
     readTotals();
     showTotals();
