@@ -15,6 +15,7 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolButton>
 
 #include <cstdio>
 
@@ -153,7 +154,50 @@ public:
         report.step("Pagrindinis langas", "Darbo pradžios periodas nustatytas.", books(), allPeriods);
     }
 
+    // Two opening balances are entered; after the first one the sums differ.
+    void openingBalances()
+    {
+        for (const char *values : {"1, '24', 'Pinigai', 'S', null", "2, '241', 'Pinigai banke', 'D', 1",
+                                   "3, '401', 'Įstaigos kapitalas', 'D', null"})
+            books()->ExecSQL(QString("insert into bd_sasplan values (%1)").arg(values));
+        TTourHands::chooseFromMenu(window, "TSasLikFrm");
+        report.step("Sąskaitų likučiai", "Sąrašas dar tuščias.");
+        addBalance("241", false, "1250,75");
+        hands.whenAsked([&](QWidget &told) {
+            report.step("Sąskaitų likučiai", "Pasakoma, kad debeto ir kredito sumos skiriasi.");
+            QTest::keyClick(&told, Qt::Key_Return);
+        });
+        pressNew();
+        addBalance("401", true, "1250,75");
+        pressNew();
+        report.step("Sąskaitų likučiai", "Abi pusės lygios.", books(),
+                    "select sas_sasnr, ssl_sum_db, ssl_sum_kr, ssl_perid from bd_saslik, bd_sasplan "
+                    "where sas_id = ssl_sasid order by sas_sasnr");
+        window.documents()->closeAllSubWindows();
+    }
+
 private:
+    void pressNew()
+    {
+        for (auto *button : window.documents()->currentSubWindow()->findChildren<QToolButton *>())
+            if (button->defaultAction() && button->defaultAction()->objectName() == "acNew")
+                QTest::mouseClick(button, Qt::LeftButton);
+        hands.nothingLeft();
+    }
+
+    void addBalance(const QString &account, bool onCredit, const QString &amount)
+    {
+        hands.whenAsked([=, this](QWidget &dialog) {
+            TTourHands::type(*dialog.findChild<QWidget *>("SasEdit")->findChild<QLineEdit *>(), account);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            TTourHands::type(*dialog.findChild<QLineEdit *>("SSL_SUM_DB"), amount);
+            if (onCredit)
+                QTest::mouseClick(dialog.findChild<QWidget *>("KredRadio"), Qt::LeftButton);
+            report.step("Naujas likutis", QString("Įvesta sąskaita %1 ir suma.").arg(account));
+            TTourHands::press(dialog, "Išsaugoti");
+        });
+    }
+
     static TDatabase *books() { return MainDatas()->mnFin_Db(); }
 
     void lookAt(const TPackageEntry &entry, const QString &done)
@@ -185,6 +229,7 @@ void walkEmptyBooks(TTourReport &report, const QString &folder)
     TTour tour(report);
     tour.logIn("pirmas", "slaptas");
     tour.startOfWork();
+    tour.openingBalances();
 }
 
 } // namespace
