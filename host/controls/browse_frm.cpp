@@ -33,6 +33,7 @@ TBrowseFrm::TBrowseFrm(TBrowseDescription described, QWidget *owner)
     setWindowTitle(description.caption);
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowIcon(icon(TIcon::Browse));
+    resize(TBrowseFrm::sizeHint());
 
     d->grid = new TDBGrid(this);
     d->grid->setObjectName(u"DBGrid"_s);

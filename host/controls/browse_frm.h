@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/controls/browse_description.h"
+#include "toolkit/report/report.h"
 #include "toolkit/text/ansistring.h"
 
 #include <QWidget>
@@ -10,7 +11,6 @@
 class QAction;
 class QKeyEvent;
 class TDBGrid;
-class TListPrinter;
 
 // The base of every list screen: a document window with tool bar, context menu, search line, grid and status
 // bar. It owns the whole cycle of a list; a screen describes itself and overrides a step only where it
@@ -103,13 +103,15 @@ protected:
     virtual void FormDestroy();
     virtual void FormKeyPress(QChar &Key); // a character typed in the grid; null consumes it
 
-    // --- steps. The three below do what the description says.
+    // --- steps. The first three do what the description says.
     virtual void NewRecord();
     virtual void EditRecord();
     virtual void DeleteRecord();                     // checks, asks, deletes in a transaction, repositions
     virtual void CheckUsed();                        // raises when business records refer to the current row
     virtual void DeleteRow(const Variant &key);      // the statements; runs inside the transaction
-    virtual void BeforePrint(TListPrinter &printer); // raises when there is nothing to print
+    // Describes the printed list from the grid (see list_report.h); a screen adds its bands to it. Raises when
+    // there is nothing to print.
+    virtual void BeforePrint(TReport &report);
     virtual void PeriodChanged();                    // the accounting period is another one
 
     // The screen's exported global: set while the screen is open, by the activation, and null afterwards.
@@ -169,8 +171,7 @@ private:
     void showSortArrow();
     void showCount();
 
-    // What is printed: the columns and rows as they are shown.
-    TListPrinter printed();
+    void readAllRows();
 
     // Searching.
     TField *findField() const;

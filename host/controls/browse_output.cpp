@@ -1,13 +1,16 @@
 #include "host/controls/browse_private.h"
 #include "host/controls/list_copy.h"
-#include "host/controls/list_printer.h"
+#include "host/controls/list_report.h"
 #include "host/data/main_datas.h"
+#include "toolkit/report/preview.h"
 #include "toolkit/text/datetime.h"
 #include "toolkit/widgets/db_grid.h"
+#include "toolkit/widgets/progress.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
+#include <QPointer>
 
 using namespace Qt::StringLiterals;
 
@@ -17,37 +20,37 @@ void TBrowseFrm::CopyBtnClick()
         QApplication::clipboard()->setMimeData(copied);
 }
 
-TListPrinter TBrowseFrm::printed()
+// A report holds all rows or is not made.
+void TBrowseFrm::readAllRows()
 {
-    TListContent content;
-    content.title = windowTitle();
-    content.institution = organisationName();
-    content.date = Date().date();
-    content.rows = d->query.RecordCount();
-    QList<int> sources;
-    const QList<TGridColumn> &columns = d->grid->columns();
-    for (int i = 0; i < columns.size(); ++i) {
-        const TField *field = d->query.FindField(columns[i].field);
-        if (!field || d->grid->isColumnHidden(i))
-            continue;
-        sources << field->index();
-        content.columns.push_back({field->label(), d->grid->columnWidth(i), field->Alignment});
+    if (d->query.stopped())
+        throw Exception(u"Perskaityta tik dalis sąrašo. Atnaujinkite jį (F5) ir bandykite dar kartą."_s);
+    TProgress progress(windowTitle(), u"Skaitomas sąrašas…"_s, 0, this);
+    while (d->query.canFetchMore({})) {
+        const int before = d->query.fetchedCount();
+        d->query.fetchMore({});
+        // The set has told why it cannot read.
+        if (d->query.fetchedCount() == before && d->query.canFetchMore({}))
+            throw EAbort();
+        progress.step(0);
     }
-    content.text = [this, sources](int row, int column) {
-        return d->query.index(row, sources[column]).data(Qt::DisplayRole).toString();
-    };
-    return TListPrinter(std::move(content));
 }
 
-void TBrowseFrm::BeforePrint(TListPrinter &printer)
+void TBrowseFrm::BeforePrint(TReport &report)
 {
-    if (printer.content().rows == 0)
+    if (d->query.IsEmpty())
         throw Exception(u"Nėra duomenu!"_s);
+    report = reportOfList({windowTitle(), organisationName(), Date().date()}, *d->grid, d->query);
 }
 
 void TBrowseFrm::PrintBtnClick()
 {
-    TListPrinter printer = printed();
-    BeforePrint(printer);
-    printer.preview(this);
+    TReport report;
+    BeforePrint(report);
+    readAllRows();
+    // The list may go, and its preview with it, while the program is being closed.
+    const QPointer<TReportPreview> preview =
+        new TReportPreview(std::move(report), std::make_unique<TDataSetRows>(&d->query), this);
+    preview->ShowModal();
+    delete preview;
 }

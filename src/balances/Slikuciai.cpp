@@ -152,4 +152,11 @@ QString TSasLikFrm::dayBeforePeriod() const
     return FormatDateTime("yyyy.mm.dd", TDateTime(StrToDate(first.toString()).value() - 1));
 }
 
+void TSasLikFrm::BeforePrint(TReport &report)
+{
+    TBrowseFrm::BeforePrint(report);
+    readTotals();
+    addBalanceBands(report, dayBeforePeriod(), debit, credit);
+}
+
 } // namespace Slikuciai

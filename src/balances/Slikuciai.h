@@ -23,6 +23,7 @@ protected:
     void FormCreate() override;
     void FormDestroy() override;
     void PeriodChanged() override;
+    void BeforePrint(TReport &report) override;
 
 private:
     void fillPeriods();

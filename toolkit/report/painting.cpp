@@ -19,7 +19,9 @@ void paintText(QPainter &painter, const TReportPrimitive &text, const QString &h
     painter.setFont(reportFont(text.fontSize, text.bold));
     painter.save();
     painter.setClipRect(text.rect, Qt::IntersectClip);
-    const int flags = int(text.alignment) | (text.wrap ? Qt::TextWordWrap : Qt::TextSingleLine);
+    const int breaks = text.wrap ? wrapFlags(text.text, text.rect.width(), text.fontSize, text.bold)
+                                 : int(Qt::TextSingleLine);
+    const int flags = int(text.alignment) | breaks;
     painter.drawText(text.rect, flags, text.text);
     painter.restore();
 }

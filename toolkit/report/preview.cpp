@@ -2,38 +2,34 @@
 
 #include "toolkit/report/painting.h"
 #include "toolkit/widgets/guard.h"
+#include "toolkit/widgets/icons.h"
+#include "toolkit/widgets/progress.h"
 
 #include <QAction>
+#include <QCloseEvent>
+#include <QEventLoop>
 #include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QProgressDialog>
+#include <QSpinBox>
 #include <QToolBar>
 #include <QVBoxLayout>
 
 namespace {
 
 constexpr qreal zoomStep = 1.2;
-constexpr int slowMs = 600; // a progress window comes up only for work that takes longer
 
-// A progress window over counted work; step() is false once the user has stopped it.
-class Progress {
-public:
-    Progress(const QString &text, int total, QWidget *owner) : window(text, "&Nutraukti", 0, total, owner)
-    {
-        window.setWindowModality(Qt::WindowModal);
-        window.setMinimumDuration(slowMs);
-        window.setWindowTitle("Ataskaita");
-    }
-    bool step(int done)
-    {
-        window.setValue(done);
-        return !window.wasCanceled();
-    }
-
-private:
-    QProgressDialog window;
-};
+// Page counters for printing and PDF, which stop when the user does.
+std::function<bool(int)> counted(TProgress &progress)
+{
+    return [&progress](int done) {
+        progress.step(done);
+        return true;
+    };
+}
 
 } // namespace
 
@@ -42,14 +38,15 @@ TReportPreview::TReportPreview(TReport shownReport, std::unique_ptr<TReportRows>
       report(std::move(shownReport)),
       rows(std::move(shownRows)),
       tools(new QToolBar(this)),
-      pageLabel(new QLabel(this)),
-      findEdit(new QLineEdit(this))
+      pageEdit(new QSpinBox(this)),
+      findEdit(new QLineEdit(this)),
+      foundLabel(new QLabel(this))
 {
-    Progress progress("Ruošiama ataskaita…", rows->count(), owner);
-    pages =
-        std::make_unique<TReportLayout>(report, *rows, [&progress](int done) { return progress.step(done); });
+    TProgress progress(report.caption, "Ruošiama ataskaita…", rows->count(), owner);
+    pages = std::make_unique<TReportLayout>(report, *rows, counted(progress));
+    setObjectName("TReportPreview");
     setWindowTitle(QString("%1 – peržiūra").arg(report.caption));
-    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowIcon(icon(TIcon::Print));
     pageView = new TReportView(report, *pages, this);
     addTools();
     auto *all = new QVBoxLayout(this);
@@ -57,53 +54,135 @@ TReportPreview::TReportPreview(TReport shownReport, std::unique_ptr<TReportRows>
     all->setSpacing(0);
     all->addWidget(tools);
     all->addWidget(pageView);
-    resize(820, 760);
+    resize(report.page.orientation() == QPageLayout::Landscape ? QSize(1000, 760) : QSize(820, 760));
     connectGuarded(pageView, &TReportView::currentPageChanged, this, [this] { showPage(); });
     showPage();
+    setFocusProxy(pageView);
     pageView->setFocus();
 }
 
-TReportPreview::~TReportPreview() = default;
+TReportPreview::~TReportPreview()
+{
+    if (modalLoop)
+        modalLoop->quit();
+}
+
+void TReportPreview::ShowModal()
+{
+    QEventLoop loop;
+    modalLoop = &loop;
+    const QPointer<TReportPreview> self(this);
+    setWindowModality(Qt::ApplicationModal);
+    show();
+    pageView->fitWidth();
+    pageView->setFocus();
+    loop.exec();
+    if (self)
+        modalLoop = nullptr;
+}
+
+void TReportPreview::closeEvent(QCloseEvent *event)
+{
+    QWidget::closeEvent(event);
+    if (modalLoop)
+        modalLoop->quit();
+}
+
+// --- tools
+
+void TReportPreview::addTool(TIcon picture, const QString &text, const QKeySequence &key,
+                             std::function<void()> handler)
+{
+    QAction *action = tools->addAction(icon(picture), text);
+    action->setShortcut(key);
+    action->setToolTip(QString("%1 (%2)").arg(text, key.toString(QKeySequence::NativeText)));
+    tools->widgetForAction(action)->setAccessibleName(text);
+    connectGuarded(action, &QAction::triggered, this, std::move(handler));
+}
 
 void TReportPreview::addTools()
 {
-    const auto add = [this](const char *icon, const QString &text, const QKeySequence &key, auto handler) {
-        QAction *action = tools->addAction(QIcon::fromTheme(icon), text);
-        action->setShortcut(key);
-        action->setToolTip(QString("%1 (%2)").arg(text, key.toString()));
-        connectGuarded(action, &QAction::triggered, this, handler);
-    };
-    tools->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    add("document-print", "Spausdinti", QKeySequence("Ctrl+P"), [this] { print(); });
-    add("document-save-as", "PDF", QKeySequence("Ctrl+S"), [this] { savePdf(); });
+    tools->setIconSize({20, 20});
+    addTool(TIcon::Print, "Spausdinti", QKeySequence("Ctrl+P"), [this] { print(); });
+    addTool(TIcon::Save, "Įrašyti PDF", QKeySequence("Ctrl+S"), [this] { savePdf(); });
     tools->addSeparator();
-    add("zoom-in", "Didinti", QKeySequence("Ctrl++"),
-        [this] { pageView->setZoom(pageView->zoom() * zoomStep); });
-    add("zoom-out", "Mažinti", QKeySequence("Ctrl+-"),
-        [this] { pageView->setZoom(pageView->zoom() / zoomStep); });
-    add("zoom-fit-width", "Pagal plotį", QKeySequence("Ctrl+0"), [this] { pageView->fitWidth(); });
+    addTool(TIcon::ZoomIn, "Didinti", QKeySequence("Ctrl++"),
+            [this] { pageView->setZoom(pageView->zoom() * zoomStep); });
+    addTool(TIcon::ZoomOut, "Mažinti", QKeySequence("Ctrl+-"),
+            [this] { pageView->setZoom(pageView->zoom() / zoomStep); });
+    addTool(TIcon::FitWidth, "Pagal lango plotį", QKeySequence("Ctrl+0"), [this] { pageView->fitWidth(); });
+    addTool(TIcon::FitPage, "Visas lapas", QKeySequence("Ctrl+9"), [this] { pageView->fitPage(); });
     tools->addSeparator();
-    tools->addWidget(pageLabel);
+    addPageTools();
     tools->addSeparator();
+    addFindTools();
+    tools->addSeparator();
+    addTool(TIcon::Close, "Uždaryti", QKeySequence("Esc"), [this] { close(); });
+}
+
+void TReportPreview::addPageTools()
+{
+    addTool(TIcon::First, "Pirmas lapas", QKeySequence("Ctrl+Home"), [this] { pageView->goToPage(0); });
+    addTool(TIcon::Previous, "Ankstesnis lapas", QKeySequence("Alt+Up"),
+            [this] { pageView->goToPage(pageView->currentPage() - 1); });
+    pageEdit->setObjectName("PageEdit");
+    pageEdit->setAccessibleName("Lapas");
+    pageEdit->setToolTip("Lapo numeris (Ctrl+G)");
+    pageEdit->setRange(1, pages->pageCount());
+    pageEdit->setSuffix(QString(" iš %1").arg(pages->pageCount()));
+    pageEdit->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    pageEdit->setKeyboardTracking(false);
+    tools->addWidget(pageEdit);
+    connectGuarded(pageEdit, &QSpinBox::valueChanged, this,
+                   [this](int page) { pageView->goToPage(page - 1); });
+    addTool(TIcon::Next, "Kitas lapas", QKeySequence("Alt+Down"),
+            [this] { pageView->goToPage(pageView->currentPage() + 1); });
+    addTool(TIcon::Last, "Paskutinis lapas", QKeySequence("Ctrl+End"),
+            [this] { pageView->goToPage(pages->pageCount() - 1); });
+    auto *go = new QAction(this);
+    go->setShortcut(QKeySequence("Ctrl+G"));
+    addAction(go);
+    connectGuarded(go, &QAction::triggered, this, [this] {
+        pageEdit->setFocus();
+        pageEdit->selectAll();
+    });
+}
+
+void TReportPreview::addFindTools()
+{
+    findEdit->setObjectName("FindEdit");
     findEdit->setPlaceholderText("Ieškoti");
     findEdit->setAccessibleName("Ieškoti");
+    findEdit->setClearButtonEnabled(true);
     findEdit->setMaximumWidth(180);
+    foundLabel->setObjectName("FoundLabel");
     tools->addWidget(findEdit);
     connectGuarded(findEdit, &QLineEdit::returnPressed, this, [this] { find(); });
-    add("edit-find", "Ieškoti", QKeySequence("F3"), [this] { find(); });
-    add("window-close", "Uždaryti", QKeySequence("Esc"), [this] { close(); });
+    addTool(TIcon::Find, "Ieškoti toliau", QKeySequence("F3"), [this] { find(); });
+    tools->addWidget(foundLabel);
+    auto *start = new QAction(this);
+    start->setShortcut(QKeySequence("Ctrl+F"));
+    addAction(start);
+    connectGuarded(start, &QAction::triggered, this, [this] {
+        findEdit->setFocus();
+        findEdit->selectAll();
+    });
 }
 
 void TReportPreview::showPage()
 {
-    pageLabel->setText(QString(" %1 lapas iš %2 ").arg(pageView->currentPage() + 1).arg(pages->pageCount()));
+    const QSignalBlocker silently(pageEdit);
+    pageEdit->setValue(pageView->currentPage() + 1);
 }
 
 void TReportPreview::find()
 {
-    if (!pageView->findNext(findEdit->text()) && !findEdit->text().isEmpty())
-        pageLabel->setText(QString(" „%1“ nerasta ").arg(findEdit->text()));
+    const QString words = findEdit->text().trimmed();
+    const bool found = pageView->findNext(words);
+    foundLabel->setText(found || words.isEmpty() ? QString() : QString(" Nerasta: %1").arg(words));
 }
+
+// --- output
 
 void TReportPreview::print()
 {
@@ -113,16 +192,17 @@ void TReportPreview::print()
     dialog.setMinMax(1, pages->pageCount());
     if (dialog.exec() != QDialog::Accepted)
         return;
-    Progress progress("Spausdinama…", pages->pageCount(), this);
-    printReport(report, *pages, printer, [&progress](int done) { return progress.step(done); });
+    TProgress progress(report.caption, "Spausdinama…", pages->pageCount(), this);
+    printReport(report, *pages, printer, counted(progress));
 }
 
 void TReportPreview::savePdf()
 {
-    const QString file =
-        QFileDialog::getSaveFileName(this, "Įrašyti PDF", report.caption + ".pdf", "PDF failai (*.pdf)");
+    QString name = report.caption;
+    const QString file = QFileDialog::getSaveFileName(this, "Įrašyti PDF", name.replace(u'/', u'-') + ".pdf",
+                                                      "PDF failai (*.pdf)");
     if (file.isEmpty())
         return;
-    Progress progress("Rašomas PDF…", pages->pageCount(), this);
-    writeReportPdf(report, *pages, file, [&progress](int done) { return progress.step(done); });
+    TProgress progress(report.caption, "Rašomas PDF…", pages->pageCount(), this);
+    writeReportPdf(report, *pages, file, counted(progress));
 }

@@ -18,9 +18,20 @@ qreal lineHeight(int fontSize)
     return fontSize * 1.4;
 }
 
+int wrapFlags(const QString &text, qreal width, int fontSize, bool bold)
+{
+    const QFontMetricsF metrics(reportFont(fontSize, bold));
+    for (const QStringView word : QStringView(text).tokenize(u' '))
+        if (metrics.horizontalAdvance(word.toString()) > width)
+            return Qt::TextWrapAnywhere;
+    return Qt::TextWordWrap;
+}
+
 qreal wrappedHeight(const QString &text, qreal width, int fontSize, bool bold)
 {
-    return QFontMetricsF(reportFont(fontSize, bold))
-        .boundingRect(QRectF(0, 0, width, 1e6), Qt::TextWordWrap, text)
+    const QFontMetricsF metrics(reportFont(fontSize, bold));
+    if (!text.contains(u'\n') && metrics.horizontalAdvance(text) <= width)
+        return metrics.height();
+    return metrics.boundingRect(QRectF(0, 0, width, 1e6), wrapFlags(text, width, fontSize, bold), text)
         .height();
 }

@@ -74,6 +74,12 @@ void TReportView::fitWidth()
     setZoom((viewport()->width() - 2 * gap) / paper);
 }
 
+void TReportView::fitPage()
+{
+    const qreal paper = report.page.fullRect(QPageLayout::Point).height() * logicalDpiY() / pointsPerInch;
+    setZoom((viewport()->height() - 2 * gap) / paper);
+}
+
 bool TReportView::hasWords(int page, const QString &words) const
 {
     return std::ranges::any_of(layout.page(page), [&words](const TReportPrimitive &primitive) {

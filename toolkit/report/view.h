@@ -17,6 +17,7 @@ public:
     qreal zoom() const { return factor; } // 1: one point is 1/72 inch of the screen
     void setZoom(qreal zoom);             // kept within 0.25 to 4
     void fitWidth();
+    void fitPage();
 
     // Marks every text that holds the words, and goes to the next page with one, beginning behind the current
     // one and going on from the first. False when no page has it.

@@ -49,6 +49,10 @@ constexpr Entry table[] = {
     {TIcon::Information, "dialog-information", QStyle::SP_MessageBoxInformation, u'i'},
     {TIcon::Settings, "configure", none, u'*'},
     {TIcon::Quit, "application-exit", QStyle::SP_DialogCloseButton, u'×'},
+    {TIcon::ZoomIn, "zoom-in", none, u'+'},
+    {TIcon::ZoomOut, "zoom-out", none, u'−'},
+    {TIcon::FitWidth, "zoom-fit-width", none, u'↔'},
+    {TIcon::FitPage, "zoom-fit-page", none, u'↕'},
 };
 
 const Entry &entryOf(TIcon which)

@@ -35,6 +35,10 @@ enum class TIcon {
     Information,
     Settings,
     Quit,
+    ZoomIn,
+    ZoomOut,
+    FitWidth,
+    FitPage,
 };
 
 // The icon from the desktop's theme, from the theme that the system is installed with, or a drawn one: never

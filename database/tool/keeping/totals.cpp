@@ -52,7 +52,7 @@ QJsonObject totalsOf(TDatabase &db, const QString &table)
     quint64 sums[4] = {};
     eachRow(db, u"select * from "_s + table, [&](const QSqlQuery &row) {
         const QByteArray checksum = rowChecksum(row, row.record().count());
-        for (int i = 0; i < 4; ++i) {
+        for (qsizetype i = 0; i < 4; ++i) {
             quint64 part = 0;
             memcpy(&part, checksum.constData() + i * 8, 8);
             sums[i] += part;

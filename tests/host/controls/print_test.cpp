@@ -1,65 +1,43 @@
-#include "host/controls/list_printer.h"
+#include "host/controls/list_report.h"
 #include "tests/host/controls/bankai_fixture.h"
-#include "tests/support/files.h"
+#include "tests/support/clock.h"
+#include "toolkit/report/preview.h"
 
-#include <QPrintPreviewDialog>
-#include <QPrinter>
+#include <QHeaderView>
+#include <QProgressDialog>
 
 namespace {
-TListContent content(int rows, const QString &cell = u"Šiaulių bankas"_s)
+
+QStringList textsOf(const TReportPage &page)
 {
-    TListContent list;
-    list.title = u"Bankai"_s;
-    list.institution = u"Vilniaus lopšelis-darželis „Žiogelis“"_s;
-    list.date = QDate(2005, 3, 31);
-    list.columns = {{u"Kodas"_s, 80, TAlignment::taRightJustify}, {u"Pavadinimas"_s, 300}};
-    list.rows = rows;
-    list.text = [cell](int row, int column) { return column == 0 ? QString::number(row) : cell; };
-    return list;
+    QStringList texts;
+    for (const TReportPrimitive &primitive : page)
+        if (primitive.kind == TReportPrimitive::Kind::Text)
+            texts << primitive.text;
+    return texts;
 }
 
-int pages(const TListContent &list)
-{
-    QPrinter printer(QPrinter::ScreenResolution);
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setResolution(150);
-    return TListPrinter(list).pageCount(printer);
-}
+const TListHeading heading{u"Bankai"_s, u"Darželis"_s, QDate(2005, 3, 31)};
 
-class BrowsePrint : public Bankai {};
+class BrowsePrint : public Bankai {
+protected:
+    // The pages of the printed list as texts.
+    QList<QStringList> printed()
+    {
+        QList<QStringList> pages;
+        OnNextDialog<TReportPreview> preview([&pages](TReportPreview &shown) {
+            for (int page = 0; page < shown.layout().pageCount(); ++page)
+                pages << textsOf(shown.layout().page(page));
+            EXPECT_TRUE(QTest::qWaitFor([&shown] { return shown.view()->hasFocus(); }));
+            QTest::keyClick(shown.view(), Qt::Key_Escape);
+        });
+        press(Qt::Key_P, Qt::ControlModifier);
+        return pages;
+    }
+};
 ON_BOTH_ENGINES(BrowsePrint);
+
 } // namespace
-
-TEST(ListPrinter, BreaksPagesAndLosesNoRow)
-{
-    EXPECT_EQ(pages(content(1)), 1);
-    EXPECT_EQ(pages(content(30)), 1);
-    const int thousand = pages(content(1000));
-    EXPECT_GT(thousand, 10);
-    EXPECT_LT(thousand, 40);
-}
-
-TEST(ListPrinter, ALongTextTakesMoreLinesInsteadOfBeingCutOff)
-{
-    EXPECT_GT(pages(content(40, u"Ilgas pavadinimas, kuris netelpa į vieną eilutę, "_s.repeated(6))),
-              pages(content(40)));
-    EXPECT_GT(pages(content(40, QString(600, u'W'))), pages(content(40)));
-}
-
-TEST(ListPrinter, WritesAPdf)
-{
-    const QTemporaryDir folder;
-    const QString file = folder.filePath(u"sąrašas.pdf"_s);
-    TListPrinter(content(200)).toPdf(file);
-    EXPECT_TRUE(contentOf(file).startsWith("%PDF"));
-    EXPECT_GT(contentOf(file).size(), 5000);
-}
-
-TEST(ListPrinter, AFileThatCannotBeWrittenIsToldAndLeavesNothing)
-{
-    const QTemporaryDir folder;
-    EXPECT_THROW(TListPrinter(content(2)).toPdf(folder.filePath(u"nera/sarasas.pdf"_s)), Exception);
-}
 
 TEST_P(BrowsePrint, AnEmptyListIsRefused)
 {
@@ -70,33 +48,90 @@ TEST_P(BrowsePrint, AnEmptyListIsRefused)
     EXPECT_EQ(boxes.at(0).text, u"Nėra duomenu!"_s);
 }
 
-TEST_P(BrowsePrint, TheListIsPreviewedAsItIsShown)
+TEST_P(BrowsePrint, TheListIsPrintedAsItIsShown)
 {
-    struct Opened : TBankaiFrm {
-        using TBankaiFrm::TBankaiFrm;
-        void BeforePrint(TListPrinter &printer) override
-        {
-            TBankaiFrm::BeforePrint(printer);
-            printer.addTitle(u"2003.12.31"_s);
-            printed = printer.content().rows;
-            first = printer.content().text(0, 2);
-            titles = printer.content().columns.size();
-        }
-        int printed = 0;
-        size_t titles = 0;
-        QString first;
-    };
-    auto *screen = createForm<Opened>(nullptr);
-    frm = screen;
-    frm->show();
-    OnNextDialog<QPrintPreviewDialog> preview([](QPrintPreviewDialog &dialog) {
-        QTest::qWait(50);
-        dialog.close();
+    ClockAt clock(QDate(2005, 3, 31));
+    fin->ExecSQL(u"insert into bd_org (org_pavad) values ('Darželis „Žiogelis“')"_s);
+    open();
+    const QList<QStringList> pages = printed();
+    ASSERT_EQ(pages.size(), 1);
+    EXPECT_EQ(pages[0], QStringList({u"Darželis „Žiogelis“"_s,
+                                     u"2005.03.31"_s,
+                                     u"Bankai"_s,
+                                     u"Kodas"_s,
+                                     u"Centrinio banko kodas"_s,
+                                     u"Pavadinimas"_s,
+                                     u"Rinkliava"_s,
+                                     u"20"_s,
+                                     QString(),
+                                     u"Ąžuolo kreditas"_s,
+                                     u"1.00"_s,
+                                     u"30"_s,
+                                     QString(),
+                                     u"Citadelė"_s,
+                                     u"0.00"_s,
+                                     u"10"_s,
+                                     QString(),
+                                     u"Šiaulių bankas"_s,
+                                     u"0.25"_s,
+                                     u"1 puslapis iš 1"_s}));
+}
+
+TEST_P(BrowsePrint, ColumnsThatTheUserMovedOrHidAreMovedOrLeftOut)
+{
+    open();
+    frm->grid()->horizontalHeader()->moveSection(2, 0);
+    frm->grid()->setColumnHidden(1, true);
+    const QList<QStringList> pages = printed();
+    ASSERT_EQ(pages.size(), 1);
+    EXPECT_EQ(pages[0].mid(3, 6), QStringList({u"Pavadinimas"_s, u"Kodas"_s, u"Rinkliava"_s,
+                                               u"Ąžuolo kreditas"_s, u"20"_s, u"1.00"_s}));
+}
+
+TEST_P(BrowsePrint, TheCurrentRowStaysCurrent)
+{
+    open();
+    frm->LastBtnClick();
+    printed();
+    EXPECT_EQ(key(), 10);
+}
+
+TEST_P(BrowsePrint, TenThousandRowsAreAllThereInOrder)
+{
+    addManyBanks(10'000);
+    open();
+    const QList<QStringList> pages = printed();
+    EXPECT_GT(pages.size(), 100);
+    int rows = 0;
+    for (const QStringList &page : pages)
+        for (const QString &text : page)
+            rows += text.startsWith(u"Bankas "_s);
+    EXPECT_EQ(rows, 10000);
+    EXPECT_EQ(pages.last().last(), u"%1 puslapis iš %1"_s.arg(pages.size()));
+}
+
+TEST_P(BrowsePrint, EscapeStopsTheReadingOfALongListAndShowsNothing)
+{
+    addManyBanks(400'000);
+    open();
+    OnNextDialog<QProgressDialog> progress([](QProgressDialog &shown) {
+        EXPECT_TRUE(QTest::qWaitFor([&shown] { return shown.isActiveWindow(); }));
+        QTest::keyClick(&shown, Qt::Key_Escape);
     });
-    press(Qt::Key_P, Qt::ControlModifier);
-    EXPECT_EQ(screen->printed, 3);
-    EXPECT_EQ(screen->titles, 4u);
-    EXPECT_EQ(screen->first, u"Ąžuolo kreditas"_s);
+    frm->acPrint->trigger();
+    EXPECT_TRUE(progress.came());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_P(BrowsePrint, AListWhoseReadingWasStoppedIsNotPrintedInPart)
+{
+    addManyBanks(5000);
+    open();
+    frm->stopLoading();
+    QCoreApplication::processEvents();
+    NextBoxes boxes{QMessageBox::Ok};
+    frm->acPrint->trigger();
+    EXPECT_TRUE(boxes.at(0).text.startsWith(u"Perskaityta tik dalis sąrašo."_s));
 }
 
 TEST_P(BrowsePrint, AListThatIsNotPrintableHidesTheAction)
@@ -104,4 +139,51 @@ TEST_P(BrowsePrint, AListThatIsNotPrintableHidesTheAction)
     open();
     frm->SetPrintable(false);
     EXPECT_FALSE(frm->acPrint->isVisible());
+}
+
+TEST_P(BrowsePrint, AListThatIsTooWideForASheetUprightLiesAcross)
+{
+    open();
+    EXPECT_EQ(reportOfList(heading, *frm->grid(), *frm->dataSet()).page.orientation(), QPageLayout::Portrait);
+    frm->grid()->setColumnWidth(2, 900);
+    EXPECT_EQ(reportOfList(heading, *frm->grid(), *frm->dataSet()).page.orientation(),
+              QPageLayout::Landscape);
+}
+
+TEST_P(BrowsePrint, ATextTooLongForItsColumnTakesMoreLines)
+{
+    for (const QString &name : {u"Ilgas pavadinimas, kuris netelpa, tikrai"_s, QString(40, u'W')}) {
+        fin->ExecSQL(u"update bd_bankai set bnk_pavad = :p where bnk_kodas = 10"_s, {{u"p"_s, name}});
+        open();
+        load();
+        frm->grid()->setColumnWidth(2, 120);
+        TDataSetRows rows(frm->dataSet());
+        const TReport report = reportOfList(heading, *frm->grid(), *frm->dataSet());
+        QHash<QString, qreal> heights;
+        for (const TReportPrimitive &primitive : TReportLayout(report, rows).page(0))
+            heights[primitive.text] = primitive.rect.height();
+        EXPECT_GT(heights[name], 1.5 * heights[u"Citadelė"_s]) << name.toStdString();
+        close();
+    }
+}
+
+TEST_P(BrowsePrint, AListThatGoesTakesItsPreviewWithIt)
+{
+    open();
+    OnNextDialog<TReportPreview> preview([this](TReportPreview &) { delete frm; });
+    frm->PrintBtnClick();
+    EXPECT_EQ(frm, nullptr);
+}
+
+TEST_P(BrowsePrint, AClosedListHasNoRowsToPrint)
+{
+    open();
+    load();
+    TDataSetRows rows(frm->dataSet());
+    EXPECT_EQ(rows.count(), 3);
+    EXPECT_EQ(rows.value(0, u"BNK_PAVAD"_s).toString(), u"Ąžuolo kreditas"_s);
+    EXPECT_FALSE(rows.value(0, u"NERA"_s).isValid());
+    close();
+    EXPECT_EQ(rows.count(), 0);
+    EXPECT_FALSE(rows.value(0, u"BNK_PAVAD"_s).isValid());
 }
