@@ -106,13 +106,13 @@ protected:
     // --- steps. The first three do what the description says.
     virtual void NewRecord();
     virtual void EditRecord();
-    virtual void DeleteRecord();                     // checks, asks, deletes in a transaction, repositions
-    virtual void CheckUsed();                        // raises when business records refer to the current row
-    virtual void DeleteRow(const Variant &key);      // the statements; runs inside the transaction
-    // Describes the printed list from the grid (see list_report.h); a screen adds its bands to it. Raises when
-    // there is nothing to print.
+    virtual void DeleteRecord();                // checks, asks, deletes in a transaction, repositions
+    virtual void CheckUsed();                   // raises when business records refer to the current row
+    virtual void DeleteRow(const Variant &key); // the statements; runs inside the transaction
+    // Describes the printed list from the grid (see list_report.h); a screen adds its bands to it. Raises
+    // when there is nothing to print.
     virtual void BeforePrint(TReport &report);
-    virtual void PeriodChanged();                    // the accounting period is another one
+    virtual void PeriodChanged(); // the accounting period is another one
 
     // The screen's exported global: set while the screen is open, by the activation, and null afterwards.
     template<class T> void keepIn(T *&global)
@@ -170,8 +170,6 @@ private:
     void reposition();
     void showSortArrow();
     void showCount();
-
-    void readAllRows();
 
     // Searching.
     TField *findField() const;

@@ -16,6 +16,7 @@
 
 // HostData
 #include "host/data/main_datas.h"
+#include "host/data/reports.h"
 
 // HostAccounts
 #include "host/accounts/accounts.h"

@@ -1,6 +1,7 @@
 #include "host/controls/list_report.h"
 #include "tests/host/controls/bankai_fixture.h"
 #include "tests/support/clock.h"
+#include "toolkit/report/dataset_rows.h"
 #include "toolkit/report/preview.h"
 
 #include <QHeaderView>
@@ -17,7 +18,7 @@ QStringList textsOf(const TReportPage &page)
     return texts;
 }
 
-const TListHeading heading{u"Bankai"_s, u"Darželis"_s, QDate(2005, 3, 31)};
+const TTableHeading heading{u"Bankai"_s, u"Darželis"_s, QDate(2005, 3, 31)};
 
 class BrowsePrint : public Bankai {
 protected:

@@ -1,0 +1,123 @@
+#include "host/data/reports.h"
+
+#include "tests/host/books.h"
+#include "tests/support/clock.h"
+#include "tests/support/message_box.h"
+#include "toolkit/report/preview.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Reports : public WithMainDatas {
+protected:
+    void SetUp() override
+    {
+        WithMainDatas::SetUp();
+        addSmallChart(fin);
+    }
+    void addParty(int id, const QString &code, const QString &name)
+    {
+        fin->ExecSQL(
+            u"insert into bd_dbkrasm (dka_id, dka_kod, dka_pavad, dka_i_kod, dka_sasid, dka_sasid_2) "
+            "values (:id, :kod, :pavad, 123456789, 3, 7)"_s,
+            {{u"id"_s, id}, {u"kod"_s, code}, {u"pavad"_s, name}});
+    }
+    static QString refusal(const QString &parameters)
+    {
+        try {
+            OpenReports(AnsiString(parameters));
+        } catch (const Exception &error) {
+            return error.message();
+        }
+        return {};
+    }
+    // What the report's pages show, empty texts left out.
+    static QStringList shown(const QString &parameters)
+    {
+        QStringList texts;
+        OnNextDialog<TReportPreview> preview([&texts](TReportPreview &window) {
+            for (int page = 0; page < window.layout().pageCount(); ++page)
+                for (const TReportPrimitive &primitive : window.layout().page(page))
+                    if (!primitive.text.isEmpty())
+                        texts << primitive.text;
+            window.close();
+        });
+        OpenReports(AnsiString(parameters));
+        return texts;
+    }
+};
+ON_BOTH_ENGINES(Reports);
+
+} // namespace
+
+TEST_P(Reports, TheRegisterIsListedByCodeWithACount)
+{
+    ClockAt clock(QDate(2007, 1, 2));
+    addParty(1, u"B2"_s, u"Žalgirio baldai"_s);
+    addParty(2, u"A1"_s, u"Ąžuolas"_s);
+    EXPECT_EQ(shown(u"/DBN=mnFin_Db /RPTID=81"_s), QStringList({u"2007.01.02"_s,
+                                                                u"Debitoriai ir kreditoriai"_s,
+                                                                u"Kodas"_s,
+                                                                u"Pavadinimas"_s,
+                                                                u"Adresas"_s,
+                                                                u"Telefonas"_s,
+                                                                u"Įmonės kodas"_s,
+                                                                u"PVM Kodas"_s,
+                                                                u"Einamoji sąskaita"_s,
+                                                                u"Banko pavadinimas"_s,
+                                                                u"Sąskaita"_s,
+                                                                u"Mok. sumų sąskaita"_s,
+                                                                u"A1"_s,
+                                                                u"Ąžuolas"_s,
+                                                                u"123456789"_s,
+                                                                u"221  Pirkėjų skolos"_s,
+                                                                u"43  Mokėtinos sumos"_s,
+                                                                u"B2"_s,
+                                                                u"Žalgirio baldai"_s,
+                                                                u"123456789"_s,
+                                                                u"221  Pirkėjų skolos"_s,
+                                                                u"43  Mokėtinos sumos"_s,
+                                                                u"Iš viso: 2"_s,
+                                                                u"1 puslapis iš 1"_s}));
+}
+
+TEST_P(Reports, SwitchesStandInAnyOrderAndCase)
+{
+    addParty(1, u"A1"_s, u"Ąžuolas"_s);
+    EXPECT_TRUE(shown(u" /rptid=81   /dbn=MNFIN_DB "_s).contains(u"Ąžuolas"_s));
+}
+
+TEST_P(Reports, AnEmptyReportIsNotShown)
+{
+    EXPECT_EQ(refusal(u"/DBN=mnFin_Db /RPTID=81"_s), u"Nėra duomenu!"_s);
+}
+
+TEST_P(Reports, ParametersThatAreNoneAreRefused)
+{
+    const QStringList malformed = {u""_s,
+                                   u"mnFin_Db 81"_s,
+                                   u"/DBN=mnFin_Db"_s,
+                                   u"/RPTID=81"_s,
+                                   u"/DBN= /RPTID=81"_s,
+                                   u"/DBN=mnFin_Db /RPTID=81 /RPTID=81"_s,
+                                   u"/DBN=mnFin_Db /RPTID=81 /KITA=1"_s,
+                                   u"/DBN=mnFin_Db/RPTID=81"_s};
+    for (const QString &parameters : malformed)
+        EXPECT_EQ(refusal(parameters), u"Netinkami ataskaitos parametrai: „%1“"_s.arg(parameters));
+}
+
+TEST_P(Reports, AnUnknownReportOrSessionIsNamed)
+{
+    EXPECT_EQ(refusal(u"/DBN=mnFin_Db /RPTID=9999"_s), u"Ataskaitos Nr. 9999 nėra"_s);
+    EXPECT_EQ(refusal(u"/DBN=mnFin_Db /RPTID=81x"_s), u"Ataskaitos Nr. 81x nėra"_s);
+    EXPECT_EQ(refusal(u"/DBN=kita /RPTID=81"_s), u"Duomenų bazės „kita“ nėra"_s);
+}
+
+TEST_P(Reports, ClosingTheEngineClosesItsPreview)
+{
+    CloseReports();
+    addParty(1, u"A1"_s, u"Ąžuolas"_s);
+    OnNextDialog<TReportPreview> preview([](TReportPreview &) { CloseReports(); });
+    OpenReports(AnsiString(u"/DBN=mnFin_Db /RPTID=81"_s));
+}
