@@ -2,6 +2,10 @@
 
 #include "src/balances/Saslikedit.h"
 #include "src/balances/Slikuciai.h"
+#include "src/debtors/Chdbkr.h"
+#include "src/debtors/Copydbkr.h"
+#include "src/debtors/Dbkr.h"
+#include "src/debtors/Dbkrsut.h"
 #include "src/frame/SysInit.h"
 #include "src/frame/Velmora.h"
 #include "src/period/Closeperiod.h"
@@ -12,6 +16,7 @@ namespace {
 
 const QString periodMenu = QStringLiteral("Pe&riodas");
 const QString balanceMenu = QStringLiteral("Li&kučiai");
+const QString registerMenu = QStringLiteral("&Žinynai");
 
 template<class Form>
 TPackageEntry listScreen(const char *name, const TUnit &unit, const QString &menu, const QString &caption,
@@ -54,8 +59,9 @@ TPackageEntry function(const char *name, const TUnit &unit, const QString &menu,
 const std::vector<TUnit *> &packageUnits()
 {
     static const std::vector<TUnit *> units = {
-        &Velmora::unit, &SysInit::unit, &Saslikedit::unit,  &Slikuciai::unit,
-        &Period::unit,  &Perback::unit, &Closeperiod::unit,
+        &Velmora::unit,  &SysInit::unit,    &Dbkrsut::unit,     &Chdbkr::unit,
+        &Copydbkr::unit, &Saslikedit::unit, &Slikuciai::unit,   &Period::unit,
+        &Perback::unit,  &Dbkr::unit,       &Closeperiod::unit,
     };
     return units;
 }
@@ -69,6 +75,7 @@ const TPackageEntries &packageEntries()
         function("PeriodBack", Perback::unit, periodMenu, "Periodo &atsukimas…", 19, &Perback::PeriodBack),
         listScreen<Slikuciai::TSasLikFrm>("TSasLikFrm", Slikuciai::unit, balanceMenu, "&Sąskaitų likučiai…",
                                           17),
+        listScreen<Dbkr::TDbKrFrm>("TDbKrFrm", Dbkr::unit, registerMenu, "&Debitoriai ir kreditoriai…", 9),
     };
     return entries;
 }

@@ -22,7 +22,9 @@ TEST(Package, ListsItsUnitsInTheirOrder)
 {
     const TLoadedPackage package(packageFile());
     EXPECT_EQ(package.info().name, "Velmora");
-    EXPECT_EQ(package.info().units, QStringList({"Velmora", "SysInit", "SasLikEdit", "SLikuciai", "Period", "PerBack", "ClosePeriod"}));
+    EXPECT_EQ(package.info().units,
+              QStringList({"Velmora", "SysInit", "DbKrSut", "chDbKr", "CopyDbKr", "SasLikEdit", "SLikuciai",
+                           "Period", "PerBack", "DbKr", "ClosePeriod"}));
     EXPECT_EQ(package.info().required,
               QStringList({"HostControls", "HostCommon", "HostData", "HostAccounts", "HostClassifier"}));
 }

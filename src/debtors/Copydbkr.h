@@ -1,0 +1,34 @@
+#pragma once
+
+#include "src/debtors/debtor_dialog.h"
+#include "src/frame/unit.h"
+
+// A new debtor or creditor as a copy of another one.
+namespace Copydbkr {
+
+extern TUnit unit;
+
+// Shows a copy of the row whose dka_id is sourceId and saves it as a new row; the search code must become
+// another one. True when the user saved; newId is then the new row's dka_id, and otherwise stays as it was.
+bool CopyData(const AnsiString &caption, double sourceId, double &newId);
+
+class TCopyDbKrFrm : public TDbKrDialog {
+    Q_OBJECT
+public:
+    TCopyDbKrFrm(QWidget *owner, const AnsiString &caption, double sourceId);
+    ~TCopyDbKrFrm() override;
+
+protected:
+    void Load() override;
+    // Also for a query that was opened on no row, by the parameter -1.
+    bool takesNewKey() const override;
+
+private:
+    void copyRow();
+
+    TQuery qrySource;
+};
+
+extern TCopyDbKrFrm *CopyDbKrFrm;
+
+} // namespace Copydbkr

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+// The register of debtors and creditors.
+namespace Dbkr {
+
+extern TUnit unit;
+
+class TDbKrFrm : public TBrowseFrm {
+    Q_OBJECT
+public:
+    explicit TDbKrFrm(QWidget *owner);
+
+    QAction *acCopyData; // a new counterparty as a copy of the current one
+
+    void CheckToolButtons() override;
+    void PrintBtnClick() override; // the host's report 81
+
+private:
+    void copyRecord();
+};
+
+extern TDbKrFrm *DbKrFrm;
+
+} // namespace Dbkr

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+#include "toolkit/widgets/dialog.h"
+
+// The contract of a debtor or creditor.
+namespace Dbkrsut {
+
+extern TUnit unit;
+
+// Kind of the amount being edited: 'B' for the whole contract, 'M' by the month.
+extern char Tipas;
+
+// Shows the contract of the counterparty whose dka_id is given, or a new one; null stands for 0, the
+// counterparty that is not saved yet.
+void DbKrShow(const Variant &dkaId);
+
+class TDbKrSutart : public TDialog {
+    Q_OBJECT
+public:
+    TDbKrSutart(QWidget *owner, const Variant &dkaId);
+    ~TDbKrSutart() override;
+
+protected:
+    void Load() override;
+    void Validate() override;
+
+private:
+    void checkWhenLeft(QWidget *left, QWidget *entered);
+    void checkDates();
+
+    const double dkaId;
+    TQuery qrySutart;
+};
+
+extern TDbKrSutart *DbKrSutart;
+
+} // namespace Dbkrsut
