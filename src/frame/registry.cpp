@@ -11,6 +11,9 @@
 #include "src/period/Closeperiod.h"
 #include "src/period/Perback.h"
 #include "src/period/Period.h"
+#include "src/users/Confpas.h"
+#include "src/users/Usersch.h"
+#include "src/users/Userslist.h"
 
 namespace {
 
@@ -59,9 +62,9 @@ TPackageEntry function(const char *name, const TUnit &unit, const QString &menu,
 const std::vector<TUnit *> &packageUnits()
 {
     static const std::vector<TUnit *> units = {
-        &Velmora::unit,  &SysInit::unit,    &Dbkrsut::unit,     &Chdbkr::unit,
-        &Copydbkr::unit, &Saslikedit::unit, &Slikuciai::unit,   &Period::unit,
-        &Perback::unit,  &Dbkr::unit,       &Closeperiod::unit,
+        &Velmora::unit,    &SysInit::unit,   &Dbkrsut::unit,     &Chdbkr::unit,    &Copydbkr::unit,
+        &Saslikedit::unit, &Slikuciai::unit, &Usersch::unit,     &Confpas::unit,   &Period::unit,
+        &Perback::unit,    &Dbkr::unit,      &Closeperiod::unit, &Userslist::unit,
     };
     return units;
 }
@@ -76,6 +79,7 @@ const TPackageEntries &packageEntries()
         listScreen<Slikuciai::TSasLikFrm>("TSasLikFrm", Slikuciai::unit, balanceMenu, "&Sąskaitų likučiai…",
                                           17),
         listScreen<Dbkr::TDbKrFrm>("TDbKrFrm", Dbkr::unit, registerMenu, "&Debitoriai ir kreditoriai…", 9),
+        listScreen<Userslist::TUsersFrm>("TUsersFrm", Userslist::unit, registerMenu, "&Vartotojai…", 2),
     };
     return entries;
 }

@@ -31,6 +31,7 @@ Dialect postgreSqlDialect()
     // --- operators
     d.division = QStringLiteral("cast(%1 as numeric) / %2");
     d.bitOperand = QStringLiteral("cast(%1 as bigint)");
+    d.bitResult = QStringLiteral("case when abs(%1) < 9e18 then cast(%1 as bigint) else 0 end");
     d.like = QStringLiteral("ilike");
     d.likeNoEscape = QStringLiteral("escape ''");
     d.strictTypes = true;

@@ -28,6 +28,7 @@ Dialect sqliteDialect()
     // --- operators
     d.division = QStringLiteral("cast(%1 as real) / %2");
     d.bitOperand = QStringLiteral("cast(%1 as integer)");
+    d.bitResult = QStringLiteral("case when abs(%1) < 9e18 then cast(%1 as integer) else 0 end");
     d.like = QStringLiteral("like");
     d.nullGivesKey = true;
 

@@ -372,8 +372,10 @@ QString Emitter::numberOperand(const Node &node, int level, bool right)
 
 QString Emitter::bitOperand(const Node &node)
 {
-    const Node &inner = withoutGroups(node);
-    return inner.kind == NodeKind::Number ? expression(node) : fill(dialect.bitOperand, {expression(node)});
+    const NodeKind kind = withoutGroups(node).kind;
+    if (kind == NodeKind::Number)
+        return expression(node);
+    return fill(kind == NodeKind::Call ? dialect.bitResult : dialect.bitOperand, {expression(node)});
 }
 
 QString Emitter::nullTested(const Node &node)

@@ -129,7 +129,8 @@ TEST_P(Register, DeletingComesBackToTheNeighbour)
 TEST_P(Register, ACounterpartyInUseIsAskedForAndThenRefusedByName)
 {
     startOfWork(2026, 1, 1);
-    books().ExecSQL("insert into bd_dbkrlik (dkl_id, dkl_dkaid, dkl_perid) values (1, 2, 6)");
+    books().ExecSQL("insert into bd_dbkrlik (dkl_id, dkl_dkaid, dkl_perid, dkl_sum_db, dkl_sum_kr) "
+                    "values (1, 2, 6, 1, 0)");
     open();
     NextBoxes boxes{QMessageBox::Yes, QMessageBox::Ok};
     frm->acDelete->trigger();

@@ -24,7 +24,7 @@ TEST(Package, ListsItsUnitsInTheirOrder)
     EXPECT_EQ(package.info().name, "Velmora");
     EXPECT_EQ(package.info().units,
               QStringList({"Velmora", "SysInit", "DbKrSut", "chDbKr", "CopyDbKr", "SasLikEdit", "SLikuciai",
-                           "Period", "PerBack", "DbKr", "ClosePeriod"}));
+                           "UsersCh", "confpas", "Period", "PerBack", "DbKr", "ClosePeriod", "UsersList"}));
     EXPECT_EQ(package.info().required,
               QStringList({"HostControls", "HostCommon", "HostData", "HostAccounts", "HostClassifier"}));
 }

@@ -1,0 +1,359 @@
+#include "tests/src/users/users.h"
+
+#include <QApplication>
+#include <QClipboard>
+
+namespace {
+class UserEditor : public Users {};
+ON_BOTH_ENGINES(UserEditor);
+
+const QString noAdministrator = "Nors vienas vartotojas turi turėti teises administruoti vartotojus!";
+} // namespace
+
+TEST_P(UserEditor, ANewUserIsWrittenWithHisRights)
+{
+    EXPECT_TRUE(add(7, [](TEditUserDlg &dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Vartotojo informacija");
+        EXPECT_EQ(dialog.focusWidget(), dialog.LogNameEdit);
+        EXPECT_EQ(Usersch::Usr_Id, 0);
+        fill(dialog, "jonas");
+        EXPECT_FALSE(dialog.OkBtn->isEnabled());
+        tick(dialog, {1, 3});
+        selectSources(dialog, {0, 1});
+        QTest::keyClick(dialog.FinList, Qt::Key_Insert);
+        dialog.cb_userAdmin->setChecked(true);
+        EXPECT_TRUE(dialog.OkBtn->isEnabled());
+        pressButton(dialog, "Iš&saugoti");
+    }));
+    EXPECT_EQ(storedUsers(), QStringList("7|jonas|Jonas|Jonaitis||0|1"));
+    EXPECT_EQ(storedRights(), QStringList({"7|1|5", "7|2|5"}));
+    EXPECT_EQ(Usersch::EditUserDlg, nullptr);
+}
+
+TEST_P(UserEditor, AChangedUserLosesHisOldRights)
+{
+    user(3, "ona", true, 9);
+    EXPECT_TRUE(change(3, [](TEditUserDlg &dialog) {
+        EXPECT_EQ(Usersch::Usr_Id, 3);
+        EXPECT_EQ(dialog.LogNameEdit->text(), "ona");
+        EXPECT_EQ(dialog.PassEdit->text(), "slapta");
+        EXPECT_EQ(dialog.PassEdit->echoMode(), QLineEdit::Password);
+        EXPECT_TRUE(dialog.cb_userAdmin->isChecked());
+        EXPECT_EQ(tree(dialog), "Biudžetas=9(Buhalterija,Virtuvė)");
+        dialog.cb_tikPerz->setChecked(true);
+        dialog.RightsTree->setCurrentItem(dialog.RightsTree->topLevelItem(0));
+        QTest::keyClick(dialog.RightsTree, Qt::Key_Delete);
+        tick(dialog, {2});
+        selectSources(dialog, {1});
+        QTest::keyClick(dialog.FinList, Qt::Key_Insert);
+        pressButton(dialog, "Iš&saugoti");
+    }));
+    EXPECT_EQ(storedUsers(), QStringList("3|ona|Ona|Onaitė|slapta|1|1"));
+    EXPECT_EQ(storedRights(), QStringList("3|2|2"));
+}
+
+TEST_P(UserEditor, CancelChangesNothing)
+{
+    user(3, "ona", true);
+    const QStringList before = dump(budget());
+    EXPECT_FALSE(change(3, [](TEditUserDlg &dialog) {
+        type(dialog.NameEdit, "Kita");
+        pressButton(dialog, "&Atšaukti");
+    }));
+    EXPECT_EQ(dump(budget()), before);
+}
+
+TEST_P(UserEditor, AUserWithoutRightsShowsEmptyFields)
+{
+    user(3, "ona", true, 0);
+    change(3, [](TEditUserDlg &dialog) {
+        EXPECT_EQ(dialog.LogNameEdit->text(), "");
+        EXPECT_EQ(dialog.NameEdit->text(), "");
+        EXPECT_FALSE(dialog.OkBtn->isEnabled());
+        pressButton(dialog, "&Atšaukti");
+    });
+}
+
+// --- the save button
+
+TEST_P(UserEditor, SaveWaitsForNamesAndForAWorkPlaceAtEverySource)
+{
+    add(1, [](TEditUserDlg &dialog) {
+        fill(dialog, "jonas");
+        selectSources(dialog, {0});
+        QTest::keyClick(dialog.FinList, Qt::Key_Insert);
+        EXPECT_EQ(tree(dialog), "Biudžetas=0()");
+        EXPECT_FALSE(dialog.OkBtn->isEnabled());
+        tick(dialog, {1});
+        dialog.RightsTree->setCurrentItem(dialog.RightsTree->topLevelItem(0));
+        QTest::keyClick(dialog.KDVCheckList, Qt::Key_Insert);
+        EXPECT_TRUE(dialog.OkBtn->isEnabled());
+        for (QLineEdit *edit : {dialog.LogNameEdit, dialog.NameEdit, dialog.PavardeEdit}) {
+            const QString text = edit->text();
+            type(edit, "   ");
+            EXPECT_FALSE(dialog.OkBtn->isEnabled()) << qPrintable(edit->objectName());
+            type(edit, text);
+            EXPECT_TRUE(dialog.OkBtn->isEnabled());
+        }
+        pressButton(dialog, "&Atšaukti");
+    });
+}
+
+TEST_P(UserEditor, DeletingTheLastNodeLeavesTheSaveButtonAsItWas)
+{
+    add(1, [](TEditUserDlg &dialog) {
+        fill(dialog, "jonas");
+        giveRight(dialog);
+        EXPECT_TRUE(dialog.OkBtn->isEnabled());
+        const QSignalBlocker noSelection(dialog.RightsTree);
+        dialog.RightsTree->setCurrentItem(dialog.RightsTree->topLevelItem(0));
+        QTest::keyClick(dialog.RightsTree, Qt::Key_Delete);
+        EXPECT_EQ(tree(dialog), "");
+        EXPECT_TRUE(dialog.OkBtn->isEnabled());
+        pressButton(dialog, "&Atšaukti");
+    });
+}
+
+// --- administrators
+
+TEST_P(UserEditor, TheFirstUserMustAdministerUsers)
+{
+    add(1, [](TEditUserDlg &dialog) {
+        fill(dialog, "jonas");
+        giveRight(dialog);
+        NextBoxes box{QMessageBox::Ok};
+        pressButton(dialog, "Iš&saugoti");
+        EXPECT_EQ(box.at(0).kind, 49);
+        EXPECT_EQ(box.at(0).text, noAdministrator);
+        EXPECT_TRUE(dialog.isVisible());
+        pressButton(dialog, "&Atšaukti");
+    });
+    EXPECT_EQ(storedUsers(), QStringList());
+}
+
+TEST_P(UserEditor, OneOfTwoAdministratorsMayGiveUpButNotTheOnlyOne)
+{
+    user(1, "ona", true);
+    user(2, "ada", true);
+    const auto giveUp = [](TEditUserDlg &dialog) {
+        dialog.cb_userAdmin->setChecked(false);
+        pressButton(dialog, "Iš&saugoti");
+    };
+    EXPECT_TRUE(change(1, giveUp));
+    EXPECT_FALSE(change(2, [](TEditUserDlg &dialog) {
+        dialog.cb_userAdmin->setChecked(false);
+        EXPECT_EQ(refusal(dialog), noAdministrator);
+        pressButton(dialog, "&Atšaukti");
+    }));
+    EXPECT_EQ(value(budget(), "select count(*) from bd_usr where usr_user_admin = 1"), "1");
+}
+
+TEST_P(UserEditor, WhoMayNotAdministerOnlyLooks)
+{
+    user(1, "ona", true, 5);
+    CurrentUser().userAdmin = false;
+    const QStringList before = dump(budget());
+    change(1, [](TEditUserDlg &dialog) {
+        EXPECT_EQ(dialog.LogNameEdit->text(), "ona");
+        for (QWidget *input :
+             {static_cast<QWidget *>(dialog.LogNameEdit), static_cast<QWidget *>(dialog.PassEdit),
+              static_cast<QWidget *>(dialog.cb_tikPerz), static_cast<QWidget *>(dialog.OkBtn)})
+            EXPECT_FALSE(input->isEnabled()) << qPrintable(input->objectName());
+        dialog.RightsTree->setCurrentItem(dialog.RightsTree->topLevelItem(0)->child(0));
+        QTest::keyClick(dialog.RightsTree, Qt::Key_Delete);
+        QTest::keyClick(dialog.FinList, Qt::Key_Insert);
+        EXPECT_EQ(tree(dialog), "Biudžetas=5(Buhalterija,Sandėlis)");
+        EXPECT_FALSE(dialog.OkBtn->isEnabled());
+        pressButton(dialog, "&Atšaukti");
+    });
+    EXPECT_EQ(dump(budget()), before);
+}
+
+// --- the password
+
+TEST_P(UserEditor, AnUnchangedPasswordIsNotAskedForAgain)
+{
+    user(1, "ona", true);
+    EXPECT_TRUE(change(1, [](TEditUserDlg &dialog) {
+        type(dialog.NameEdit, "Kita");
+        pressButton(dialog, "Iš&saugoti");
+    }));
+}
+
+TEST_P(UserEditor, AChangedPasswordIsConfirmedOrNothingIsSaved)
+{
+    user(1, "ona", true);
+    EXPECT_TRUE(change(1, [](TEditUserDlg &dialog) {
+        type(dialog.PassEdit, "Nauja ");
+        {
+            OnNextDialog<TConfPassFrm> mistyped([](TConfPassFrm &shown) {
+                EXPECT_EQ(shown.windowTitle(), "Patvirtinkite slaptažodį");
+                EXPECT_EQ(shown.ConfEdit->echoMode(), QLineEdit::Password);
+                type(shown.ConfEdit, "nauja ");
+                pressButton(shown, "&Gerai");
+            });
+            pressButton(dialog, "Iš&saugoti");
+        }
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_EQ(storedUsers(), QStringList("1|ona|Ona|Onaitė|slapta|0|1"));
+        OnNextDialog<TConfPassFrm> right([](TConfPassFrm &shown) {
+            type(shown.ConfEdit, "Nauja ");
+            QTest::keyClick(&shown, Qt::Key_Escape);
+        });
+        pressButton(dialog, "Iš&saugoti");
+    }));
+    EXPECT_EQ(storedUsers(), QStringList("1|ona|Ona|Onaitė|Nauja |0|1"));
+}
+
+// --- keys
+
+TEST_P(UserEditor, AltWithALetterMovesTheFocus)
+{
+    add(1, [](TEditUserDlg &dialog) {
+        dialog.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        const std::pair<Qt::Key, QWidget *> keys[] = {
+            {Qt::Key_D, dialog.KDVCheckList}, {Qt::Key_F, dialog.FinList},  {Qt::Key_L, dialog.PassEdit},
+            {Qt::Key_P, dialog.PavardeEdit},  {Qt::Key_R, dialog.NameEdit}, {Qt::Key_T, dialog.RightsTree},
+            {Qt::Key_V, dialog.LogNameEdit},
+        };
+        for (const auto &[key, widget] : keys) {
+            QTest::keyClick(dialog.focusWidget(), key, Qt::AltModifier);
+            EXPECT_EQ(dialog.focusWidget(), widget) << QKeySequence(key).toString().toStdString();
+        }
+        pressButton(dialog, "&Atšaukti");
+    });
+}
+
+// --- bad input
+
+TEST_P(UserEditor, ALoginNameThatIsTooLongIsNotTakenInPart)
+{
+    add(1, [](TEditUserDlg &dialog) {
+        type(dialog.LogNameEdit, "jonas");
+        QApplication::clipboard()->setText("ABCDEFGHIJK");
+        dialog.LogNameEdit->selectAll();
+        dialog.LogNameEdit->paste();
+        EXPECT_EQ(dialog.LogNameEdit->text(), "jonas");
+        pressButton(dialog, "&Atšaukti");
+    });
+}
+
+TEST_P(UserEditor, LettersOutsideTheCodePageAreNamedAndNothingIsWritten)
+{
+    add(1, [](TEditUserDlg &dialog) {
+        fill(dialog, "jonas");
+        giveRight(dialog);
+        dialog.cb_userAdmin->setChecked(true);
+        dialog.NameEdit->setText(QString::fromUtf8("Жан"));
+        EXPECT_EQ(refusal(dialog),
+                  QString::fromUtf8("Laukas \"Vartotojo vardas\": ženklo „Ж“ negalima įrašyti."));
+        EXPECT_EQ(dialog.NameEdit->text(), QString::fromUtf8("Жан"));
+        EXPECT_EQ(storedUsers(), QStringList());
+        pressButton(dialog, "&Atšaukti");
+    });
+}
+
+TEST_P(UserEditor, QuotesAndSemicolonsAreOrdinaryLetters)
+{
+    EXPECT_TRUE(add(1, [](TEditUserDlg &dialog) {
+        type(dialog.LogNameEdit, "o'b;--");
+        type(dialog.NameEdit, "'); delete");
+        type(dialog.PavardeEdit, "\"x\";");
+        type(dialog.PassEdit, "' or 1=1");
+        giveRight(dialog);
+        dialog.cb_userAdmin->setChecked(true);
+        OnNextDialog<TConfPassFrm> confirm([](TConfPassFrm &shown) {
+            type(shown.ConfEdit, "' or 1=1");
+            pressButton(shown, "&Gerai");
+        });
+        pressButton(dialog, "Iš&saugoti");
+    }));
+    EXPECT_EQ(storedUsers(), QStringList("1|o'b;--|'); delete|\"x\";|' or 1=1|0|1"));
+}
+
+TEST_P(UserEditor, ASourceDeletedMeanwhileStopsTheSaveBeforeAnythingIsWritten)
+{
+    user(1, "ona", true, 0);
+    add(2, [](TEditUserDlg &dialog) {
+        fill(dialog, "jonas");
+        tick(dialog, {1});
+        selectSources(dialog, {0, 1});
+        QTest::keyClick(dialog.FinList, Qt::Key_Insert);
+        budget().ExecSQL("delete from bd_fin where fin_id = 2");
+        EXPECT_EQ(refusal(dialog),
+                  "Finansavimo šaltinis „Fondas“ jau ištrintas: pašalinkite jį iš vartotojo teisių.");
+        EXPECT_EQ(value(budget(), "select count(*) from bd_usr"), "1");
+        dialog.RightsTree->setCurrentItem(dialog.RightsTree->topLevelItem(1));
+        QTest::keyClick(dialog.RightsTree, Qt::Key_Delete);
+        pressButton(dialog, "Iš&saugoti");
+    });
+    EXPECT_EQ(storedRights(), QStringList("2|1|1"));
+}
+
+TEST_P(UserEditor, AUserDeletedMeanwhileIsToldAndNothingTypedIsLost)
+{
+    user(1, "ona", true);
+    user(2, "ada", true);
+    change(2, [](TEditUserDlg &dialog) {
+        type(dialog.NameEdit, "Adele");
+        budget().ExecSQL("delete from bd_usrkdv where udv_usrid = 2");
+        budget().ExecSQL("delete from bd_usr where usr_id = 2");
+        EXPECT_EQ(refusal(dialog), "Vartotojo jau nėra: jį ištrynė kitas administratorius.");
+        EXPECT_EQ(dialog.NameEdit->text(), "Adele");
+        pressButton(dialog, "&Atšaukti");
+    });
+    EXPECT_EQ(value(budget(), "select count(*) from bd_usr"), "1");
+}
+
+TEST_P(UserEditor, OfTwoAdministratorsTheLastOneWinsWithAllHisRights)
+{
+    user(1, "ona", true, 1);
+    change(1, [this](TEditUserDlg &dialog) {
+        type(dialog.NameEdit, "Antroji");
+        secondRavl()->ExecSQL("update bd_usr set usr_vardas = 'Pirmoji' where usr_id = 1");
+        secondRavl()->ExecSQL("insert into bd_usrkdv values (1, 2, 8)");
+        pressButton(dialog, "Iš&saugoti");
+    });
+    EXPECT_EQ(value(budget(), "select usr_vardas from bd_usr"), "Antroji");
+    EXPECT_EQ(storedRights(), QStringList("1|1|1"));
+}
+
+TEST_P(UserEditor, AFailureAmongTheRightsTellsWhatIsSavedAndCanBeRepeated)
+{
+    const bool isFile = engine() == Engine::Sqlite;
+    budget().nativeExec(isFile
+                            ? "create trigger t_fail before insert on bd_usrkdv when new.udv_finid = 2 begin "
+                              "select raise(abort, 'sugadinta tyčia'); end"
+                            : "create function f_fail() returns trigger language plpgsql as "
+                              "$$ begin raise exception 'sugadinta tyčia'; end $$;"
+                              "create trigger t_fail before insert on bd_usrkdv for each row "
+                              "when (new.udv_finid = 2) execute function f_fail()");
+    EXPECT_TRUE(add(1, [isFile](TEditUserDlg &dialog) {
+        fill(dialog, "jonas");
+        tick(dialog, {1});
+        selectSources(dialog, {0, 1});
+        QTest::keyClick(dialog.FinList, Qt::Key_Insert);
+        dialog.cb_userAdmin->setChecked(true);
+        const QString told = refusal(dialog);
+        EXPECT_TRUE(told.contains("sugadinta tyčia")) << qPrintable(told);
+        EXPECT_TRUE(told.contains("Vartotojo duomenys įrašyti, bet teisių įrašyta tik 1 iš 2."));
+        EXPECT_EQ(storedUsers().size(), 1);
+        EXPECT_EQ(storedRights(), QStringList("1|1|1"));
+        budget().nativeExec(isFile ? "drop trigger t_fail" : "drop trigger t_fail on bd_usrkdv");
+        pressButton(dialog, "Iš&saugoti");
+    }));
+    EXPECT_EQ(storedRights(), QStringList({"1|1|1", "1|2|1"}));
+}
+
+TEST_P(UserEditor, AnIdTakenMeanwhileIsTold)
+{
+    user(1, "ona", true);
+    add(1, [](TEditUserDlg &dialog) {
+        fill(dialog, "jonas");
+        giveRight(dialog);
+        EXPECT_EQ(refusal(dialog), "Toks įrašas jau yra (usr_id).");
+        pressButton(dialog, "&Atšaukti");
+    });
+    EXPECT_EQ(storedUsers(), QStringList("1|ona|Ona|Onaitė|slapta|0|1"));
+}

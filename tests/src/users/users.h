@@ -1,0 +1,134 @@
+#pragma once
+
+#include "src/users/Confpas.h"
+#include "src/users/Usersch.h"
+#include "src/users/Userslist.h"
+#include "tests/src/open_books.h"
+#include "tests/support/message_box.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTest>
+
+#include <QDropEvent>
+
+using Confpas::TConfPassFrm;
+using Usersch::Add_ChUser;
+using Usersch::TEditUserDlg;
+using Userslist::TUsersFrm;
+
+// Two financing sources, four work places, and an administrator who sees all sixteen.
+class Users : public OnOpenBooks {
+protected:
+    void SetUp() override
+    {
+        OnOpenBooks::SetUp();
+        for (const char *values : {"1, 'Biudžetas'", "2, 'Fondas'"})
+            budget().ExecSQL(QString("insert into bd_fin (fin_id, fin_pavad) values (%1)").arg(values));
+        for (const char *values : {"1, 'Buhalterija'", "2, 'Kasa'", "3, 'Sandėlis'", "4, 'Virtuvė'"})
+            budget().ExecSQL(QString("insert into bd_kdv (kdv_id, kdv_pav) values (%1)").arg(values));
+        CurrentUser().workPlaces = 0xFFFF;
+        CurrentUser().userAdmin = true;
+    }
+
+    static TDatabase &budget() { return *MainDatas()->mnRavl(); }
+
+    static void user(int id, const QString &login, bool isAdmin, int workPlaces = 1)
+    {
+        budget().ExecSQL("insert into bd_usr values (:id, :name, 'Ona', 'Onaitė', 'slapta', 0, :adm)",
+                         {{"id", id}, {"name", login}, {"adm", isAdmin ? 1 : 0}});
+        if (workPlaces > 0)
+            budget().ExecSQL("insert into bd_usrkdv values (:id, 1, :kdv)",
+                             {{"id", id}, {"kdv", workPlaces}});
+    }
+
+    // --- what the user does
+    static bool add(int id, std::function<void(TEditUserDlg &)> hands)
+    {
+        OnNextDialog<TEditUserDlg> dialog(std::move(hands));
+        return Add_ChUser(false, id);
+    }
+    static bool change(int id, std::function<void(TEditUserDlg &)> hands)
+    {
+        OnNextDialog<TEditUserDlg> dialog(std::move(hands));
+        return Add_ChUser(true, id);
+    }
+    static void fill(TEditUserDlg &dialog, const QString &login)
+    {
+        type(dialog.LogNameEdit, login);
+        type(dialog.NameEdit, "Jonas");
+        type(dialog.PavardeEdit, "Jonaitis");
+    }
+    // Ticks work places by their ids.
+    static void tick(TEditUserDlg &dialog, std::initializer_list<int> workPlaces)
+    {
+        for (const int id : workPlaces) {
+            QListWidgetItem *item =
+                dialog.KDVCheckList->item(IndexOfObject(dialog.KDVCheckList->model(), id));
+            dialog.KDVCheckList->setCurrentItem(item);
+            QTest::keyClick(dialog.KDVCheckList, Qt::Key_Space);
+        }
+    }
+    // Drags what is selected in a list onto the tree.
+    static void drag(TRightsList *list, TRightsTree *tree, QTreeWidgetItem *onto = nullptr)
+    {
+        const std::unique_ptr<QMimeData> dragged(
+            list->model()->mimeData({list->model()->index(std::max(list->currentRow(), 0), 0)}));
+        const QPoint at =
+            onto ? tree->visualItemRect(onto).center() : QPoint(5, tree->viewport()->height() - 3);
+        QDragEnterEvent enter(at, Qt::CopyAction, dragged.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(tree->viewport(), &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent drop(at, Qt::CopyAction, dragged.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(tree->viewport(), &drop);
+    }
+    static void selectSources(TEditUserDlg &dialog, std::initializer_list<int> rows)
+    {
+        dialog.FinList->clearSelection();
+        for (const int row : rows)
+            dialog.FinList->item(row)->setSelected(true);
+    }
+    // One right: the first source with work place 1.
+    static void giveRight(TEditUserDlg &dialog)
+    {
+        tick(dialog, {1});
+        selectSources(dialog, {0});
+        QTest::keyClick(dialog.FinList, Qt::Key_Insert);
+    }
+    static QString refusal(QWidget &dialog)
+    {
+        NextBoxes shown{QMessageBox::Ok};
+        pressButton(dialog, "Iš&saugoti");
+        EXPECT_TRUE(dialog.isVisible());
+        return shown.at(0).text;
+    }
+
+    // The tree as text: "Biudžetas=5(Buhalterija,Sandėlis)".
+    static QString tree(const TEditUserDlg &dialog)
+    {
+        QStringList nodes;
+        for (int i = 0; i < dialog.RightsTree->topLevelItemCount(); ++i) {
+            const QTreeWidgetItem *node = dialog.RightsTree->topLevelItem(i);
+            QStringList places;
+            for (int child = 0; child < node->childCount(); ++child)
+                places << node->child(child)->text(0);
+            nodes << QString("%1=%2(%3)")
+                         .arg(node->text(0))
+                         .arg(TRightsTree::valueOf(node))
+                         .arg(places.join(","));
+        }
+        return nodes.join(" ");
+    }
+    static QStringList storedUsers()
+    {
+        return rows(budget(), "select usr_id, usr_name, usr_vardas, usr_pavarde, usr_pasw, usr_perziurai, "
+                              "usr_user_admin from bd_usr order by usr_id");
+    }
+    static QStringList storedRights()
+    {
+        return rows(budget(),
+                    "select udv_usrid, udv_finid, udv_kdv from bd_usrkdv order by udv_usrid, udv_finid");
+    }
+};
