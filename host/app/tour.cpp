@@ -167,22 +167,55 @@ public:
             report.step("Sąskaitų likučiai", "Pasakoma, kad debeto ir kredito sumos skiriasi.");
             QTest::keyClick(&told, Qt::Key_Return);
         });
-        pressNew();
+        pressTool("acNew");
         addBalance("401", true, "1250,75");
-        pressNew();
+        pressTool("acNew");
         report.step("Sąskaitų likučiai", "Abi pusės lygios.", books(),
                     "select sas_sasnr, ssl_sum_db, ssl_sum_kr, ssl_perid from bd_saslik, bd_sasplan "
                     "where sas_id = ssl_sasid order by sas_sasnr");
+        lookBehind("acPrint", "Sąskaitų likučiai", "Ataskaita prieš spausdinant.");
+        window.documents()->closeAllSubWindows();
+    }
+
+    void registers()
+    {
+        TTourHands::chooseFromMenu(window, "TDbKrFrm");
+        lookBehind("acEdit", "Debitorius ar kreditorius", "Keičiamas pažymėtas įrašas.");
+        hands.whenAsked([this](QWidget &editor) {
+            hands.whenAsked([this](QWidget &contract) {
+                report.step("Sutartis", "Debitoriaus ar kreditoriaus sutartis.");
+                QTest::keyClick(&contract, Qt::Key_Escape);
+            });
+            TTourHands::press(editor, "Sutartis");
+            QTest::keyClick(&editor, Qt::Key_Escape);
+        });
+        pressTool("acEdit");
+        lookBehind("acCopyData", "Debitoriaus ar kreditoriaus kopija", "Naujas įrašas su senojo duomenimis.");
+        lookBehind("acPrint", "Debitoriai ir kreditoriai", "Ataskaita prieš spausdinant.");
+        window.documents()->closeAllSubWindows();
+        TTourHands::chooseFromMenu(window, "TUsersFrm");
+        lookBehind("acEdit", "Vartotojo informacija", "Vartotojas ir jo teisės.");
         window.documents()->closeAllSubWindows();
     }
 
 private:
-    void pressNew()
+    // Presses a tool of the list in front; what it opens is answered as said before.
+    void pressTool(const char *actionName)
     {
         for (auto *button : window.documents()->currentSubWindow()->findChildren<QToolButton *>())
-            if (button->defaultAction() && button->defaultAction()->objectName() == "acNew")
+            if (button->defaultAction() && button->defaultAction()->objectName() == actionName)
                 QTest::mouseClick(button, Qt::LeftButton);
         hands.nothingLeft();
+    }
+
+    // Looks at the window that a tool of the list opens, and leaves it.
+    void lookBehind(const char *actionName, const QString &title, const QString &told)
+    {
+        hands.whenAsked([=, this](QWidget &dialog) {
+            report.step(title, told);
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        pressTool(actionName);
     }
 
     void addBalance(const QString &account, bool onCredit, const QString &amount)
@@ -218,6 +251,7 @@ void walkDemonstrationBooks(TTourReport &report, const QString &folder)
     TTour tour(report);
     tour.logIn("admin", "Raktas1");
     tour.openEverything();
+    tour.registers();
     tour.closeMonth();
     tour.rollBack();
 }

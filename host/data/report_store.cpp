@@ -18,9 +18,9 @@ TStoredReport debtorRegister()
                "from Bd_DbKrAsm, bd_sasplan as a, bd_sasplan as b "
                "where a.sas_id=dka_sasid and b.sas_id=dka_sasid_2 ORDER BY DKA_KOD"_s,
         .columns = {{u"DKA_KOD"_s, u"Kodas"_s, 46},
-                    {u"DKA_PAVAD"_s, u"Pavadinimas"_s, 124},
-                    {u"DKA_ADR"_s, u"Adresas"_s, 96},
-                    {u"DKA_TEL"_s, u"Telefonas"_s, 54},
+                    {u"DKA_PAVAD"_s, u"Pavadinimas"_s, 120},
+                    {u"DKA_ADR"_s, u"Adresas"_s, 92},
+                    {u"DKA_TEL"_s, u"Telefonas"_s, 62},
                     {u"DKA_I_KOD"_s, u"Įmonės kodas"_s, 48, Qt::AlignRight, u"#"_s},
                     {u"DKA_PVM_KOD"_s, u"PVM Kodas"_s, 62},
                     {u"DKA_EIN_SAS"_s, u"Einamoji sąskaita"_s, 94},

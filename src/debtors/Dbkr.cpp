@@ -41,7 +41,7 @@ TBrowseDescription described()
                     {"SASKAITA", "Sąskaita", 170},
                     {"DKA_PAVAD", "Pavadinimas", 240},
                     {"DKA_ADR", "Adresas", 180},
-                    {"DKA_TEL", "Telefonas", 100, right},
+                    {"DKA_TEL", "Telefonas", 115, right},
                     {"DKA_I_KOD", "Įmonės kodas", 100, {}, "#"},
                     {"DKA_PVM_KOD", "PVM Kodas", 120, right},
                     {"DKA_EIN_SAS", "Einamoji sąskaita", 170, right},

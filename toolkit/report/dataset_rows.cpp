@@ -28,7 +28,7 @@ QVariant TDataSetRows::value(int row, const QString &field)
 
 void fetchAll(TDataSet &set, const QString &title, QWidget *owner)
 {
-    TProgress progress(title, QStringLiteral(u"Skaitomi duomenys…"), 0, owner);
+    TProgressWindow progress(title, QStringLiteral(u"Skaitomi duomenys…"), 0, owner);
     while (set.canFetchMore({})) {
         const int before = set.fetchedCount();
         set.fetchMore({});

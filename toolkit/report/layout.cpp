@@ -7,6 +7,7 @@
 namespace {
 
 constexpr int rowsBetweenProgress = 200;
+constexpr qreal belowWrapped = 2.5; // keeps a text of several lines off the next row
 
 QString shown(const QVariant &value, const QString &mask)
 {
@@ -71,9 +72,9 @@ struct TReportLayout::Private {
         for (size_t item = 0; item < use.band->band->items.size(); ++item) {
             const TReportItem &described = use.band->band->items[item];
             if (described.wrap)
-                height =
-                    std::max(height, described.y + wrappedHeight(itemText(use, item, {}), described.width,
-                                                                 described.fontSize, described.bold));
+                height = std::max(height, described.y + belowWrapped +
+                                              wrappedHeight(itemText(use, item, {}), described.width,
+                                                            described.fontSize, described.bold));
         }
         return height;
     }

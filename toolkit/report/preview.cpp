@@ -23,7 +23,7 @@ namespace {
 constexpr qreal zoomStep = 1.2;
 
 // Page counters for printing and PDF, which stop when the user does.
-std::function<bool(int)> counted(TProgress &progress)
+std::function<bool(int)> counted(TProgressWindow &progress)
 {
     return [&progress](int done) {
         progress.step(done);
@@ -42,7 +42,7 @@ TReportPreview::TReportPreview(TReport shownReport, std::unique_ptr<TReportRows>
       findEdit(new QLineEdit(this)),
       foundLabel(new QLabel(this))
 {
-    TProgress progress(report.caption, "Ruošiama ataskaita…", rows->count(), owner);
+    TProgressWindow progress(report.caption, "Ruošiama ataskaita…", rows->count(), owner);
     pages = std::make_unique<TReportLayout>(report, *rows, counted(progress));
     setObjectName("TReportPreview");
     setWindowTitle(QString("%1 – peržiūra").arg(report.caption));
@@ -192,7 +192,7 @@ void TReportPreview::print()
     dialog.setMinMax(1, pages->pageCount());
     if (dialog.exec() != QDialog::Accepted)
         return;
-    TProgress progress(report.caption, "Spausdinama…", pages->pageCount(), this);
+    TProgressWindow progress(report.caption, "Spausdinama…", pages->pageCount(), this);
     printReport(report, *pages, printer, counted(progress));
 }
 
@@ -203,6 +203,6 @@ void TReportPreview::savePdf()
                                                       "PDF failai (*.pdf)");
     if (file.isEmpty())
         return;
-    TProgress progress(report.caption, "Rašomas PDF…", pages->pageCount(), this);
+    TProgressWindow progress(report.caption, "Rašomas PDF…", pages->pageCount(), this);
     writeReportPdf(report, *pages, file, counted(progress));
 }

@@ -59,7 +59,7 @@ TFieldForm::TFieldForm(const QList<TFieldRow> &rows, TDataSet *dataSet, QWidget 
 {
     auto *layout = new QFormLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     addRows(layout, rows);
 }
 

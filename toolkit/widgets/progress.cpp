@@ -8,7 +8,7 @@ namespace {
 constexpr int shownAfterMs = 500;
 }
 
-TProgress::TProgress(const QString &title, const QString &text, int total, QWidget *owner)
+TProgressWindow::TProgressWindow(const QString &title, const QString &text, int total, QWidget *owner)
     : window(text, QStringLiteral(u"&Nutraukti"), 0, total, owner),
       patience(shownAfterMs)
 {
@@ -19,7 +19,7 @@ TProgress::TProgress(const QString &title, const QString &text, int total, QWidg
 }
 
 // Events are let in only behind the shown window, which keeps them off everything else.
-void TProgress::step(int done)
+void TProgressWindow::step(int done)
 {
     if (!patience.hasExpired())
         return;

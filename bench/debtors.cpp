@@ -1,0 +1,164 @@
+// One edited counterparty among 300,000: the save, and the refresh that comes back to it, against the bare
+// statements in the engine's own shell; finding one by typing six letters; and the preview of the report.
+//
+//   bench_debtors [--rows N] [--engine sqlite|postgresql]
+
+#include "bench/party_books.h"
+#include "host/controls/browse_frm.h"
+#include "host/data/main_datas.h"
+#include "src/debtors/Chdbkr.h"
+#include "src/debtors/Dbkr.h"
+#include "toolkit/report/preview.h"
+#include "toolkit/widgets/db_grid.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+double since(const QElapsedTimer &timer)
+{
+    return double(timer.nsecsElapsed()) / 1e6;
+}
+
+double residentMb()
+{
+    QFile status(u"/proc/self/statm"_s);
+    return status.open(QIODevice::ReadOnly) ? status.readAll().split(' ').at(1).toDouble() * 4096 / 1e6 : 0;
+}
+
+// When the next modal window of class T comes, act is called with it.
+template<typename T> void whenShown(std::function<void(T &)> act)
+{
+    auto *timer = new QTimer(qApp);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, act] {
+        if (auto *window = dynamic_cast<T *>(QApplication::activeModalWidget())) {
+            timer->deleteLater();
+            timer->stop();
+            act(*window);
+        }
+    });
+    timer->start(0);
+}
+
+// Milliseconds from the press of the save button to the end of the save.
+double saveOne(double id)
+{
+    QElapsedTimer timer;
+    whenShown<Chdbkr::TEditDbKrDlg>([&timer](Chdbkr::TEditDbKrDlg &dialog) {
+        dialog.findChild<QLineEdit *>(u"DKA_ADR"_s)->setFocus();
+        QTest::keyClicks(dialog.findChild<QLineEdit *>(u"DKA_ADR"_s), u"x"_s);
+        timer.start();
+        dialog.trySave();
+    });
+    Chdbkr::EditDbKr(AnsiString(u"x"_s), false, id);
+    return since(timer);
+}
+
+double findByTyping(Dbkr::TDbKrFrm &frm, int rows)
+{
+    frm.FirstBtnClick();
+    frm.grid()->setFocus();
+    QElapsedTimer timer;
+    timer.start();
+    QTest::keyClicks(frm.grid(), u"K%1"_s.arg(rows - 1).left(6));
+    do {
+        QCoreApplication::processEvents();
+    } while (frm.searching() || frm.dataSet()->RecNo() == 0);
+    return since(timer);
+}
+
+void preview(Dbkr::TDbKrFrm &frm)
+{
+    QElapsedTimer timer;
+    const double before = residentMb();
+    double ready = 0, after = 0;
+    int pages = 0;
+    whenShown<TReportPreview>([&](TReportPreview &shown) {
+        shown.view()->viewport()->repaint();
+        ready = since(timer);
+        after = residentMb();
+        pages = shown.layout().pageCount();
+        shown.close();
+    });
+    timer.start();
+    frm.PrintBtnClick();
+    std::printf("  preview of all rows %.0f ms until painted, %d pages, %.0f MB more\n", ready, pages,
+                after - before);
+}
+
+void measure(Engine engine, int rows, bool report)
+{
+    const PartyBooks books(engine, rows);
+    auto datas = std::make_unique<TMainDatas>(books.books().fin, books.books().ravl);
+    datas->Open();
+    setMainDatas(std::move(datas));
+    QElapsedTimer timer;
+    timer.start();
+    Dbkr::TDbKrFrm *frm = createForm<Dbkr::TDbKrFrm>(nullptr);
+    frm->show();
+    QCoreApplication::processEvents();
+    const double opened = since(timer);
+    while (frm->loading())
+        QCoreApplication::processEvents();
+    const double loaded = since(timer);
+
+    const int id = rows / 2;
+    const double save = saveOne(id);
+    timer.restart();
+    frm->RefreshData(id);
+    const double refresh = since(timer);
+    const double nothing = books.inShell("select 1;\n");
+    const double bareSave =
+        books.inShell(u"begin; select count(dka_id) from bd_dbkrasm where dka_kod = 'K%1' and dka_id <> %1; "
+                      "update bd_dbkrasm set dka_adr = 'y' where dka_id = %1; commit;\n"_s.arg(id)
+                          .toUtf8());
+    const QByteArray list =
+        MainDatas()->mnFin_Db()->translator().translate(frm->dataSet()->SQL()).text.toUtf8();
+    const double bareList = books.inShell(engine == Engine::Sqlite ? ".output /dev/null\n" + list + ";\n"
+                                                                   : "\\o /dev/null\n" + list + ";\n");
+
+    std::printf("%s, %d counterparties: list open %.0f ms, whole %.0f ms\n",
+                engine == Engine::Sqlite ? "sqlite" : "postgresql", rows, opened, loaded);
+    std::printf("  save %.1f ms, in the shell %.1f ms without its start\n", save, bareSave - nothing);
+    std::printf("  refresh back to the row %.0f ms, the whole statement in the shell %.0f ms, ratio %.2f\n",
+                refresh, bareList - nothing, refresh / (bareList - nothing));
+    std::printf("  found by six letters typed in %.0f ms, the pause after typing included\n",
+                findByTyping(*frm, rows));
+    if (report)
+        preview(*frm);
+    std::fflush(stdout);
+    delete frm;
+    setMainDatas(nullptr);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    application.setApplicationName(u"bench_debtors"_s);
+    QCommandLineParser parser;
+    parser.addOption({u"rows"_s, u"Counterparties"_s, u"N"_s, u"300000"_s});
+    parser.addOption({u"engine"_s, u"Only this engine: sqlite or postgresql"_s, u"name"_s});
+    parser.addOption({u"preview"_s, u"Measure the preview of the report as well"_s});
+    parser.process(application);
+    const QString engine = parser.value(u"engine"_s);
+    const int rows = parser.value(u"rows"_s).toInt();
+    if (engine != u"postgresql")
+        measure(Engine::Sqlite, rows, parser.isSet(u"preview"_s));
+    if (engine != u"sqlite")
+        measure(Engine::PostgreSql, rows, parser.isSet(u"preview"_s));
+    return 0;
+}

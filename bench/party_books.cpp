@@ -1,0 +1,85 @@
+#include "bench/party_books.h"
+
+#include "bench/child.h"
+#include "database/tool/keeping/keeper.h"
+#include "database/tool/keeping/server_console.h"
+#include "tests/support/postgres.h"
+
+#include <QCoreApplication>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString freshWords()
+{
+    QString words = postgresConnInfo(u"postgres"_s);
+    return words.replace(u"dbname=postgres"_s,
+                         u"fin=bench%1_fin ravl=bench%1_ravl"_s.arg(QCoreApplication::applicationPid()));
+}
+
+void fill(TDatabase &fin, int rows)
+{
+    const QString source =
+        fin.engine() == Engine::Sqlite
+            ? u"(with recursive n(i) as (select 1 union all select i + 1 from n where i < %1) select i from n) n"_s
+            : u"generate_series(1, %1) n(i)"_s;
+    TTransaction tran(&fin);
+    fin.nativeExec(u"insert into bd_sasplan (sas_id, sas_sasnr, sas_pavad, sas_tip) values "
+                   "(1, '221', 'Pirkėjų skolos', 'D'), (2, '431', 'Skolos tiekėjams', 'D')"_s);
+    fin.nativeExec(u"insert into bd_dbkrasm (dka_id, dka_kod, dka_pavad, dka_adr, dka_tel, dka_i_kod, "
+                   "dka_pvm_kod, dka_ein_sas, dka_bank_kod, dka_bank_pav, dka_sasid, dka_sasid_2, "
+                   "dka_klient_infsist) "
+                   "select i, 'K' || i, 'Įmonė „Žąsų ' || ((i * 7919) % 1000003) || ' ūkis“', "
+                   "'Šiaulių g. ' || (i % 200) || ', Kėdainiai', '+370' || (60000000 + i), 300000000 + i, "
+                   "'LT' || (100000000 + i), 'LT64704400' || (1000000000 + i), 70000 + i % 9, "
+                   "'Bankas Nr. ' || (i % 9), 1, 2, 'Klientas ' || i from "_s +
+                   source.arg(rows));
+    tran.commit();
+    fin.nativeExec(u"analyze"_s);
+}
+
+} // namespace
+
+struct PartyBooks::Private {
+    QTemporaryDir folder{QCoreApplication::applicationDirPath() + u"/bench-XXXXXX"_s};
+    std::unique_ptr<TStore> store;
+};
+
+PartyBooks::PartyBooks(Engine engine, int rows) : d(std::make_unique<Private>())
+{
+    d->store = engine == Engine::Sqlite ? embeddedStore(d->folder.path()) : serverStore(freshWords());
+    createBooks(*d->store, [](const QString &) {});
+    TDatabase fin(books().fin);
+    fin.Open();
+    fill(fin, rows);
+}
+
+PartyBooks::~PartyBooks()
+{
+    if (books().fin.engine == Engine::Sqlite)
+        return;
+    TServerConsole console(postgresConnInfo(u"postgres"_s));
+    for (const TSessionSettings &settings : {books().fin, books().ravl})
+        console.run(u"drop database %1 with (force)"_s.arg(databaseOf(settings.connInfo)));
+}
+
+const TBooks &PartyBooks::books() const
+{
+    return d->store->books();
+}
+
+double PartyBooks::inShell(const QByteArray &statements) const
+{
+    if (books().fin.engine == Engine::Sqlite)
+        return runChild(u"sqlite3"_s, {u"-bail"_s, books().fin.file},
+                        "pragma synchronous = full;\n" + statements);
+    return runChild(u"psql"_s, {u"-qX"_s, u"-v"_s, u"ON_ERROR_STOP=1"_s, books().fin.connInfo}, statements);
+}
+
+QString partyList()
+{
+    return u"select DKA_ID, DKA_KOD, DKA_PAVAD, DKA_ADR, DKA_TEL, DKA_I_KOD, DKA_PVM_KOD, DKA_EIN_SAS, "
+           "DKA_BANK_KOD, DKA_BANK_PAV, DKA_SASID, DKA_KLIENT_INFSIST from BD_DBKRASM ORDER BY DKA_PAVAD"_s;
+}
