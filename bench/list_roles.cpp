@@ -170,6 +170,11 @@ QJsonObject ourList(const TSessionSettings &fin, const TSessionSettings &ravl, i
         watch.wait();
         figures[name] = since(timer);
     };
+    measure(u"again"_s, [&] {
+        frm->RefreshData(0);
+        figures[u"read"_s] = since(timer);
+    });
+    runUntil([frm] { return !frm->loading(); });
     measure(u"end"_s, [frm] { frm->LastBtnClick(); });
     frm->FirstBtnClick();
     timer.restart();

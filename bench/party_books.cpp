@@ -28,14 +28,15 @@ void fill(TDatabase &fin, int rows)
     TTransaction tran(&fin);
     fin.nativeExec(u"insert into bd_sasplan (sas_id, sas_sasnr, sas_pavad, sas_tip) values "
                    "(1, '221', 'Pirkėjų skolos', 'D'), (2, '431', 'Skolos tiekėjams', 'D')"_s);
-    fin.nativeExec(u"insert into bd_dbkrasm (dka_id, dka_kod, dka_pavad, dka_adr, dka_tel, dka_i_kod, "
-                   "dka_pvm_kod, dka_ein_sas, dka_bank_kod, dka_bank_pav, dka_sasid, dka_sasid_2, "
-                   "dka_klient_infsist) "
-                   "select i, 'K' || i, 'Įmonė „Žąsų ' || ((i * 7919) % 1000003) || ' ūkis“', "
-                   "'Šiaulių g. ' || (i % 200) || ', Kėdainiai', '+370' || (60000000 + i), 300000000 + i, "
-                   "'LT' || (100000000 + i), 'LT64704400' || (1000000000 + i), 70000 + i % 9, "
-                   "'Bankas Nr. ' || (i % 9), 1, 2, 'Klientas ' || i from "_s +
-                   source.arg(rows));
+    fin.nativeExec(
+        u"insert into bd_dbkrasm (dka_id, dka_kod, dka_pavad, dka_adr, dka_tel, dka_i_kod, "
+        "dka_pvm_kod, dka_ein_sas, dka_bank_kod, dka_bank_pav, dka_sasid, dka_sasid_2, "
+        "dka_klient_infsist) "
+        "select i, 'K' || i, 'Įmonė „Žąsų ' || ((cast(i as bigint) * 7919) % 1000003) || ' ūkis“', "
+        "'Šiaulių g. ' || (i % 200) || ', Kėdainiai', '+370' || (60000000 + i), 300000000 + i, "
+        "'LT' || (100000000 + i), 'LT64704400' || (1000000000 + i), 70000 + i % 9, "
+        "'Bankas Nr. ' || (i % 9), 1, 2, 'Klientas ' || i from "_s +
+        source.arg(rows));
     tran.commit();
     fin.nativeExec(u"analyze"_s);
 }

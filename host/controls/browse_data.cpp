@@ -161,6 +161,16 @@ void TBrowseFrm::stopLoading()
     showLoading();
 }
 
+// Painting the count after every piece would take as long as the reading itself.
+void TBrowseFrm::rowsCame()
+{
+    constexpr int tellEveryMs = 150;
+    if (loading() && d->told.isValid() && !d->told.hasExpired(tellEveryMs))
+        return;
+    d->told.start();
+    showLoading();
+}
+
 void TBrowseFrm::showLoading()
 {
     const bool more = loading() && !d->query.stopped();

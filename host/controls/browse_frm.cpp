@@ -80,7 +80,7 @@ void TBrowseFrm::listen()
     connectGuarded(&d->tmrFind, &QTimer::timeout, this, [this] { goOnSearching(); });
     connectGuarded(&d->query, &TDataSet::scrolled, this, [this] { DataSourceDataChange(); });
     connectGuarded(&d->query, &TDataSet::stateChanged, this, [this] { DataSourceDataChange(); });
-    connectGuarded(&d->query, &TDataSet::fetched, this, [this] { showLoading(); });
+    connectGuarded(&d->query, &TDataSet::fetched, this, [this] { rowsCame(); });
     connectGuarded(&d->query, &TDataSet::fetchFailed, this, [this](const QString &why) {
         showLoading();
         throw EDatabaseError(why);

@@ -177,6 +177,7 @@ private:
     void findTextChanged();
     void startSearch(int fromRow);
     void goOnSearching();
+    void rowsCame();
     void showLoading();
     void escape();
     bool gridKey(QKeyEvent *event);

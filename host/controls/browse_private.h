@@ -5,6 +5,7 @@
 #include "host/controls/list_query.h"
 #include "host/controls/status_panels.h"
 
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QLabel>
 #include <QLineEdit>
@@ -38,6 +39,8 @@ struct TBrowseFrm::Private {
     QString statedOrder; // the shown column by which the statement itself orders; empty: none
     QString orderColumn;
     bool descending = false;
+
+    QElapsedTimer told; // since the count was shown while rows were coming
 
     qlonglong deleted = 1; // rows that the last delete found
 

@@ -184,7 +184,9 @@ void TDBGrid::followSet()
     const int record = set && set->Active() && !set->IsEmpty() ? set->RecNo() : -1;
     if (record >= rows->rowCount())
         rows->catchUp();
-    viewport()->update();
+    // Only the text of an empty list is painted by the grid itself; rows that come are the view's affair.
+    if (rows->rowCount() == 0)
+        viewport()->update();
     if (record < 0 || record >= rows->rowCount()) {
         if (record < 0)
             selectionModel()->clear();
