@@ -38,7 +38,7 @@ struct Dialect {
     QString parameter;                 // how the position %1 is marked
     QString division;                  // a quotient is never cut to a whole number
     QString bitOperand;                // & and | want whole numbers
-    QString bitResult;                 // the same for what a function gives: too large a number has no bits
+    QString bitResult;                 // the same for what a function gives: one too large has no low bits
     QString call;                      // the routine %1 with the arguments %2
     QString like;                      // the operator that ignores the case of ASCII letters
     QString likeNoEscape;              // what follows it so that no sign of a pattern has a second meaning

@@ -31,7 +31,7 @@ Dialect postgreSqlDialect()
     // --- operators
     d.division = QStringLiteral("cast(%1 as numeric) / %2");
     d.bitOperand = QStringLiteral("cast(%1 as bigint)");
-    d.bitResult = QStringLiteral("case when abs(%1) < 9e18 then cast(%1 as bigint) else 0 end");
+    d.bitResult = QStringLiteral("cast(least(%1, 9e18) as bigint)");
     d.like = QStringLiteral("ilike");
     d.likeNoEscape = QStringLiteral("escape ''");
     d.strictTypes = true;

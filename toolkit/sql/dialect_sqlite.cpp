@@ -28,7 +28,7 @@ Dialect sqliteDialect()
     // --- operators
     d.division = QStringLiteral("cast(%1 as real) / %2");
     d.bitOperand = QStringLiteral("cast(%1 as integer)");
-    d.bitResult = QStringLiteral("case when abs(%1) < 9e18 then cast(%1 as integer) else 0 end");
+    d.bitResult = QStringLiteral("cast(min(%1, 9e18) as integer)");
     d.like = QStringLiteral("like");
     d.nullGivesKey = true;
 

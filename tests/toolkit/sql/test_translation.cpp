@@ -104,12 +104,10 @@ TEST(Functions, BitsOfAPower)
 {
     const QString statement = u"select kdv_pav from bd_kdv where (POWER(2, (KDV_ID-1)) & :ORG_KDV) <> 0"_s;
     EXPECT_EQ(sqlite(statement),
-              "select kdv_pav from bd_kdv where (case when abs(POWER(2, (KDV_ID - 1))) < 9e18 then "
-              "cast(POWER(2, (KDV_ID - 1)) as integer) else 0 end & "
+              "select kdv_pav from bd_kdv where (cast(min(POWER(2, (KDV_ID - 1)), 9e18) as integer) & "
               "cast(?1 as integer)) <> 0");
     EXPECT_EQ(postgres(statement),
-              "select kdv_pav from bd_kdv where (case when abs(POWER(2, (KDV_ID - 1))) < 9e18 then "
-              "cast(POWER(2, (KDV_ID - 1)) as bigint) else 0 end & "
+              "select kdv_pav from bd_kdv where (cast(least(POWER(2, (KDV_ID - 1)), 9e18) as bigint) & "
               "cast($1 as bigint)) <> 0");
 }
 
