@@ -26,7 +26,7 @@ int playRole(const QStringList &arguments)
     TSessionSettings ravl = fin;
     ravl.alias = u"mnRavl"_s;
     (ravl.engine == Engine::Sqlite ? ravl.file : ravl.connInfo) = arguments[3];
-    const QString role = arguments[0];
+    const QString &role = arguments[0];
     const QJsonObject figures = role == u"ours"   ? ourList(fin, ravl, arguments[4].toInt())
                                 : role == u"qt"   ? qtList(fin)
                                 : role == u"loop" ? bareLoop(fin)

@@ -38,7 +38,7 @@ TEditUserDlg::TEditUserDlg(QWidget *owner, int newId)
     for (const auto &[column, label] :
          {std::pair("usr_name", "Prisijungimo vardas"), std::pair("usr_vardas", "Vartotojo vardas"),
           std::pair("usr_pavarde", "Vartotojo pavardė"), std::pair("usr_pasw", "Prisijungimo slaptažodis")})
-        qryUsr.describe(column, [label](TField &field) { field.DisplayLabel = label; });
+        qryUsr.describe(column, [label = label](TField &field) { field.DisplayLabel = label; });
     buildForm();
     listen();
     setHelpTopic(2);

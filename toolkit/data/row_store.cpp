@@ -15,7 +15,7 @@ namespace {
 enum Tag : uchar { Null, Whole, Number, WholeNumber, Date, Moment, True, False, Blob, Text, ShortText };
 constexpr qsizetype longestShortText = 0xff - ShortText;
 
-constexpr qsizetype slotSize = 256 * 1024;
+constexpr qsizetype slotSize = 0x40000;
 constexpr qsizetype alignment = 4; // addresses count units of this many bytes
 constexpr qsizetype slotUnits = slotSize / alignment;
 

@@ -21,7 +21,7 @@ QByteArray shortestText(double value)
 }
 
 // A null QByteArray means null, so an empty text must not be one.
-QByteArray notNull(QByteArray bytes)
+QByteArray notNull(const QByteArray &bytes)
 {
     return bytes.isNull() ? QByteArray("") : bytes;
 }

@@ -196,7 +196,7 @@ QString Emitter::branch(const Node &node, bool asText)
 {
     const ValueType type = inference.typeOf(node);
     const bool fits = type == ValueType::Text || type == ValueType::Null;
-    const QString text = expression(node);
+    QString text = expression(node);
     if (!asText || fits || withoutGroups(node).kind == NodeKind::Parameter)
         return text;
     return QStringLiteral("cast(") + text + QStringLiteral(" as text)");

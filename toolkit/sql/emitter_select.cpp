@@ -199,7 +199,7 @@ QString Emitter::nameKey(const OrderTarget &target, const QString &value)
 
 QString Emitter::direction(const Select &select, const OrderItem &item, const OrderTarget &target) const
 {
-    const QString down = item.descending ? QStringLiteral(" desc") : QString();
+    QString down = item.descending ? QStringLiteral(" desc") : QString();
     const bool column = target.value->kind == NodeKind::Column;
     const bool neverNull = column && catalog.isRequired(target.value->text) && !hasOuterJoin(select);
     if (dialect.nullsFirst || neverNull)

@@ -226,7 +226,6 @@ ColumnKind Inference::kindOf(const Node &node)
     case NodeKind::Group:
         return kindOf(*node.children.front());
     case NodeKind::Binary:
-        return typeOf(node) == ValueType::Text ? firstKind(node, 0, 1) : ColumnKind::Unknown;
     case NodeKind::Cast:
         return typeOf(node) == ValueType::Text ? firstKind(node, 0, 1) : ColumnKind::Unknown;
     case NodeKind::Case:

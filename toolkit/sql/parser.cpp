@@ -186,7 +186,7 @@ void Parser::callStatement(Statement &statement)
 
 QString Parser::tableName()
 {
-    const QString table = name();
+    QString table = name();
     const QString lower = table.toLower();
     if (!tableNames.contains(lower))
         tableNames.append(lower);

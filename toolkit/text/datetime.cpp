@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr qint64 dayLength = 24 * 60 * 60 * 1000;
+constexpr qint64 dayLength = qint64(24) * 60 * 60 * 1000;
 constexpr double firstDay = -693593; // the first day of year 1
 constexpr double lastDay = 2958466;  // the first day of year 10000
 

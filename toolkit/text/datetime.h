@@ -15,7 +15,7 @@ public:
     QDate date() const;         // invalid outside the years 1 to 9999
     QDateTime dateTime() const; // local time, to the millisecond
 
-    friend auto operator<=>(const TDateTime &, const TDateTime &) = default;
+    friend auto operator<=>(const TDateTime &, const TDateTime &) = default; // NOLINT(modernize-use-nullptr)
 
 private:
     double days = 0;

@@ -204,7 +204,7 @@ void TDBGrid::followSet()
 void TDBGrid::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QTableView::currentChanged(current, previous);
-    TDataSet *set = rows ? rows->dataSet() : nullptr;
+    TDataSet *set = rows->dataSet();
     if (following || rows->isChanging() || !set || !set->Active() || !current.isValid() ||
         current.row() == set->RecNo())
         return;

@@ -101,7 +101,7 @@ void applyEditOptions(QLineEdit *edit, const TEditOptions &options)
 
 QString maskedText(const QLineEdit *edit)
 {
-    const QString text = edit->text();
+    QString text = edit->text();
     if (edit->inputMask().isEmpty())
         return text;
     const bool typed = std::any_of(text.begin(), text.end(), [](QChar c) { return c.isLetterOrNumber(); });

@@ -80,6 +80,7 @@ void TFieldForm::addRow(QFormLayout *layout, const TFieldRow &row)
 {
     Made made;
     made.control = row.maker(this);
+    Q_ASSERT(made.control);
     nameControl(made.control, row.name, row.label);
     if (row.haveOptions)
         applyOptions(made.control, row.options);

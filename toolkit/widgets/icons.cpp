@@ -113,7 +113,7 @@ QIcon icon(TIcon which)
 {
     prepareThemes();
     const Entry &entry = entryOf(which);
-    const QIcon themed = QIcon::fromTheme(QLatin1String(entry.name));
+    QIcon themed = QIcon::fromTheme(QLatin1String(entry.name));
     if (!themed.isNull() && !themed.pixmap(16).isNull())
         return themed;
     const QIcon standard =

@@ -62,7 +62,7 @@ QString TLithuanianTranslator::translate(const char *context, const char *source
     if (qstrcmp(context, "QPageSize") == 0)
         return paperName(sourceText);
     // Words installed beside Qt, for the dialogs that are rarely seen.
-    const QString installed = QTranslator::translate(context, sourceText, disambiguation, n);
+    QString installed = QTranslator::translate(context, sourceText, disambiguation, n);
     if (!installed.isEmpty())
         return installed;
     const QByteArray plain = withoutAccelerator(sourceText);

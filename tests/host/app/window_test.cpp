@@ -1,4 +1,6 @@
 #include "host/app/help_viewer.h"
+#include "host/app/login.h"
+#include "host/app/login_dialog.h"
 #include "host/app/main_window.h"
 #include "host/app/startup.h"
 #include "host/common/help.h"
@@ -9,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
@@ -160,4 +163,21 @@ TEST_F(MainWindow, AListOpensOnceAndClosesByItsKey)
     QTest::keyClick(lists.first()->focusWidget(), Qt::Key_W, Qt::ControlModifier);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(window->documents()->subWindowList().isEmpty());
+}
+
+TEST_F(MainWindow, AViewOnlyUserIsToldAtLoginThatNothingCanBeChanged)
+{
+    MainDatas()->mnRavl()->ExecSQL("update bd_usr set usr_perziurai = 1");
+    OnNextDialog<TLoginDlg> login([](TLoginDlg &dialog) {
+        dialog.findChild<QLineEdit *>("NameEdit")->setText("ona");
+        dialog.findChild<QLineEdit *>("PassEdit")->setText("x");
+        QTest::keyClick(&dialog, Qt::Key_Return);
+    });
+    NextBoxes told{QMessageBox::Ok};
+    EXPECT_TRUE(logInAt(*window, {}));
+    EXPECT_EQ(told.at(0).kind, 33);
+    EXPECT_EQ(told.at(0).text,
+              "Jums leista duomenis tik peržiūrėti: nė viename lange nieko pakeisti negalėsite.");
+    for (TDatabase *session : {MainDatas()->mnFin_Db(), MainDatas()->mnRavl()})
+        EXPECT_THROW(session->nativeExec("create table t (i integer)"), EDatabaseError);
 }

@@ -55,7 +55,7 @@ TEST_P(CodeTree, ACircleOfParentsIsStillReached)
     const TCodeTree tree = chartOfAccounts(fin);
     QList<int> reached, open{-1};
     while (!open.isEmpty()) {
-        const QList<int> children = tree.childrenOf(open.takeLast());
+        const QList<int> &children = tree.childrenOf(open.takeLast());
         reached += children;
         open += children;
     }

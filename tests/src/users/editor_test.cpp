@@ -1,3 +1,4 @@
+#include "host/data/login.h"
 #include "tests/src/users/users.h"
 
 #include <QApplication>
@@ -203,6 +204,23 @@ TEST_P(UserEditor, AChangedPasswordIsConfirmedOrNothingIsSaved)
         pressButton(dialog, "Iš&saugoti");
     }));
     EXPECT_EQ(storedUsers(), QStringList("1|ona|Ona|Onaitė|Nauja |0|1"));
+}
+
+TEST_P(UserEditor, OnesOwnFlagsChangeAtTheNextLogin)
+{
+    user(1, "ona", true, 1);
+    user(2, "ada", true, 1);
+    ASSERT_TRUE(logIn(*MainDatas(), "ona", "slapta"));
+    EXPECT_TRUE(change(1, [](TEditUserDlg &dialog) {
+        dialog.cb_userAdmin->setChecked(false);
+        dialog.cb_tikPerz->setChecked(true);
+        pressButton(dialog, "Iš&saugoti");
+    }));
+    EXPECT_TRUE(CurrentUser().userAdmin);
+    EXPECT_FALSE(CurrentUser().viewOnly);
+    ASSERT_TRUE(logIn(*MainDatas(), "ona", "slapta"));
+    EXPECT_FALSE(CurrentUser().userAdmin);
+    EXPECT_TRUE(CurrentUser().viewOnly);
 }
 
 // --- keys

@@ -37,6 +37,7 @@ private:
 Balances manyRows(int count)
 {
     std::vector<Balances::Row> list;
+    list.reserve(size_t(count));
     for (int row = 0; row < count; ++row)
         list.push_back({QString::number(100 + row / 7) + "1", 0.10, 0});
     return Balances(list);

@@ -84,7 +84,7 @@ protected:
     bool timeLeft()
     {
         const int seconds = qMax(2, qEnvironmentVariableIntValue("VELMORA_SQL_PROPERTY_SECONDS"));
-        return clock.elapsed() < seconds * 1000;
+        return clock.elapsed() < seconds * 1000LL;
     }
 
     // Translates and checks; true when the statement was understood.

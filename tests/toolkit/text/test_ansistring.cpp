@@ -80,7 +80,8 @@ TEST(AnsiString, LookAlikesAreNotTakenForTheirLetters)
 TEST(AnsiString, CopiesShareTheirBytes)
 {
     const AnsiString text(QStringLiteral(u"ąžuolas"));
-    const AnsiString copy = text;
+    AnsiString copy;
+    copy = text;
     EXPECT_EQ(copy.bytes().constData(), text.bytes().constData());
     EXPECT_EQ(copy, text);
     EXPECT_TRUE(AnsiString().IsEmpty());

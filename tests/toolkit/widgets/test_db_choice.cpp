@@ -27,7 +27,7 @@ QString pictureFile(const QTemporaryDir &folder, QSize size)
 {
     QImage image(size, QImage::Format_RGB32);
     image.fill(Qt::red);
-    const QString name = folder.filePath(u"ženklas.png"_s);
+    QString name = folder.filePath(u"ženklas.png"_s);
     EXPECT_TRUE(image.save(name));
     return name;
 }
