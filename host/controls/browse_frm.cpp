@@ -85,7 +85,10 @@ void TBrowseFrm::listen()
         showLoading();
         throw EDatabaseError(why);
     });
-    connectGuarded(&periodNotifier(), &TPeriodNotifier::periodChanged, this, [this] { PeriodChanged(); });
+    connectGuarded(&periodNotifier(), &TPeriodNotifier::periodChanged, this, [this] {
+        if (d->created && !d->destroyed && !d->query.editing())
+            PeriodChanged();
+    });
     connectGuarded(d->grid, &TDBGrid::rowActivated, this, [this] { EditBtnClick(); });
     connectGuarded(d->grid, &TDBGrid::titleClicked, this,
                    [this](const QString &column) { DBGridTitleClick(column); });
@@ -146,8 +149,7 @@ void TBrowseFrm::finish()
 
 void TBrowseFrm::PeriodChanged()
 {
-    if (d->created && !d->destroyed && !d->query.editing())
-        RefreshData(currentKey());
+    RefreshData(currentKey());
 }
 
 TDatabase *TBrowseFrm::Database() const

@@ -112,7 +112,7 @@ protected:
     // Describes the printed list from the grid (see list_report.h); a screen adds its bands to it. Raises
     // when there is nothing to print.
     virtual void BeforePrint(TReport &report);
-    virtual void PeriodChanged(); // the accounting period is another one
+    virtual void PeriodChanged(); // the accounting period is another one, and the list open
 
     // The screen's exported global: set while the screen is open, by the activation, and null afterwards.
     template<class T> void keepIn(T *&global)

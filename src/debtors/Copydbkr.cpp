@@ -45,8 +45,8 @@ void TCopyDbKrFrm::Load()
     qrySource.Open();
     qryDbKr.Insert();
     copyRow();
-    TDbKrDialog::show(qrySource.FieldByName("DKA_SASID")->AsFloat(),
-                      qrySource.FieldByName("DKA_SASID_2")->AsFloat());
+    fillControls(qrySource.FieldByName("DKA_SASID")->AsFloat(),
+                 qrySource.FieldByName("DKA_SASID_2")->AsFloat());
     qrySource.Close();
     protectFromViewers();
 }

@@ -95,7 +95,7 @@ void TDbKrDialog::putButtonsBetween(const QString &before, const QString &after)
     setTabOrder(cancel, control(after));
 }
 
-void TDbKrDialog::show(double receivables, double payables)
+void TDbKrDialog::fillControls(double receivables, double payables)
 {
     SasEdit->setValue(receivables);
     SasEdit2->setValue(payables);

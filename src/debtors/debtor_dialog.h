@@ -26,7 +26,7 @@ protected:
     void putButtonsBetween(const QString &before, const QString &after);
 
     // Fills the pick lists and shows these accounts; to be called when the row is being edited.
-    void show(double receivables, double payables);
+    void fillControls(double receivables, double payables);
     void protectFromViewers();
 
     // The code must be nobody else's; a new row gets its key.

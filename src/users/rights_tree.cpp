@@ -134,6 +134,7 @@ bool TRightsTree::isComplete() const
 std::vector<TRight> TRightsTree::rights() const
 {
     std::vector<TRight> all;
+    all.reserve(size_t(topLevelItemCount()));
     for (int i = 0; i < topLevelItemCount(); ++i)
         all.push_back({topLevelItem(i)->text(0), TWorkPlaceMask(valueOf(topLevelItem(i)))});
     return all;
