@@ -18,16 +18,28 @@ TUnit unit("UsersCh");
 TEditUserDlg *EditUserDlg = nullptr;
 int Usr_Id = 0;
 
+namespace {
+
+// Closes the set; a row that is still being edited is not written.
+void abandon(TQuery &set)
+{
+    if (set.editing())
+        set.Cancel();
+    set.Close();
+}
+
+} // namespace
+
 bool Add_ChUser(const bool edit, int id)
 {
     Usr_Id = edit ? id : 0;
-    return TEditUserDlg(QApplication::activeWindow(), edit ? 0 : id).run();
+    return TEditUserDlg(QApplication::activeWindow(), edit ? std::nullopt : std::optional(id)).run();
 }
 
-TEditUserDlg::TEditUserDlg(QWidget *owner, int newId)
+TEditUserDlg::TEditUserDlg(QWidget *owner, std::optional<int> newId)
     : TDialog(owner),
-      id(newId > 0 ? newId : Usr_Id),
-      exists(newId == 0),
+      id(newId.value_or(Usr_Id)),
+      exists(!newId),
       qryUsr(MainDatas()->mnRavl(), "select *\nfrom bd_usr\nwhere usr_id=:id", this),
       qryRights(MainDatas()->mnRavl(), "select *\nfrom bd_usrkdv\nwhere udv_usrid=:id", this)
 {
@@ -143,7 +155,7 @@ bool TEditUserDlg::rightsKey(QObject *watched, int key)
     if (key == Qt::Key_Insert && watched == FinList && !FinList->selectedItems().isEmpty()) {
         addSelectedSources();
     } else if (key == Qt::Key_Insert && watched == KDVCheckList) {
-        RightsTree->addWorkPlaces(RightsTree->currentItem(), workingMask);
+        RightsTree->addWorkPlaces(RightsTree->selectedNode(), workingMask);
         recheck();
     } else if (key == Qt::Key_Delete && watched == RightsTree) {
         RightsTree->removeSelected();
@@ -179,6 +191,7 @@ void TEditUserDlg::recheck()
 void TEditUserDlg::Validate()
 {
     requireAdministrator();
+    requireStorable();
     confirmPassword();
     requireSources();
 }
@@ -186,7 +199,7 @@ void TEditUserDlg::Validate()
 void TEditUserDlg::requireAdministrator()
 {
     const QString others =
-        Format("select count() from bd_usr where usr_user_admin = 1 and usr_id <> %d", {Usr_Id});
+        Format("select count() from bd_usr where usr_user_admin = 1 and usr_id <> %d", {exists ? id : 0});
     if (GetFieldResult(MainDatas()->mnRavl(), others).toInt() >= 1 || cb_userAdmin->isChecked())
         return;
     StdMsgBox(mkWarning, "Nors vienas vartotojas turi turėti teises administruoti vartotojus!");
@@ -238,16 +251,22 @@ void TEditUserDlg::Save()
     }
 }
 
-void TEditUserDlg::writeUser()
+// What the database would not take is told before a password is asked for and anything is written.
+void TEditUserDlg::requireStorable()
 {
-    const auto close = qScopeGuard([this] {
-        if (qryUsr.editing())
-            qryUsr.Cancel();
-        qryUsr.Close();
-    });
+    const auto close = qScopeGuard([this] { abandon(qryUsr); });
+    fillUser();
+}
+
+void TEditUserDlg::fillUser()
+{
     qryUsr.Open();
     if (exists && qryUsr.IsEmpty())
         throw Exception("Vartotojo jau nėra: jį ištrynė kitas administratorius.");
+    if (!exists && !qryUsr.IsEmpty())
+        throw Exception(QString("Numeriu %1 kitas administratorius ką tik įvedė kitą vartotoją. Uždarykite "
+                                "šį langą ir kurkite vartotoją iš naujo.")
+                            .arg(id));
     if (exists)
         qryUsr.Edit();
     else
@@ -259,17 +278,19 @@ void TEditUserDlg::writeUser()
     qryUsr.FieldByName("usr_pasw")->setAsString(PassEdit->text());
     qryUsr.FieldByName("usr_perziurai")->setAsInteger(cb_tikPerz->isChecked() ? 1 : 0);
     qryUsr.FieldByName("usr_user_admin")->setAsInteger(cb_userAdmin->isChecked() ? 1 : 0);
+}
+
+void TEditUserDlg::writeUser()
+{
+    const auto close = qScopeGuard([this] { abandon(qryUsr); });
+    fillUser();
     qryUsr.Post();
     userWritten = true;
 }
 
 void TEditUserDlg::writeRights()
 {
-    const auto close = qScopeGuard([this] {
-        if (qryRights.editing())
-            qryRights.Cancel();
-        qryRights.Close();
-    });
+    const auto close = qScopeGuard([this] { abandon(qryRights); });
     if (exists)
         MainDatas()->mnRavl()->ExecSQL("delete from bd_usrkdv where udv_usrid=:id", {{"id", id}});
     exists = true;

@@ -5,6 +5,8 @@
 #include "src/users/rights_tree.h"
 #include "toolkit/widgets/dialog.h"
 
+#include <optional>
+
 class QCheckBox;
 class QLineEdit;
 class QPushButton;
@@ -25,7 +27,7 @@ class TEditUserDlg : public TDialog {
     Q_OBJECT
 public:
     // newId: the id of the user to add; without one the user Usr_Id is changed.
-    TEditUserDlg(QWidget *owner, int newId);
+    TEditUserDlg(QWidget *owner, std::optional<int> newId);
     ~TEditUserDlg() override;
 
     QLineEdit *NameEdit, *PavardeEdit, *LogNameEdit, *PassEdit;
@@ -64,7 +66,9 @@ private:
     // Saving.
     void requireAdministrator();
     void confirmPassword();
+    void requireStorable();
     void requireSources();
+    void fillUser();
     void writeUser();
     void writeRights();
     int sourceId(const QString &name) const;

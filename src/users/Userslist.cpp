@@ -59,6 +59,8 @@ void TUsersFrm::CheckToolButtons()
 {
     TBrowseFrm::CheckToolButtons();
     const bool mayAdminister = CurrentUser().userAdmin;
+    if (!mayAdminister)
+        acEdit->setText("&Peržiūrėti");
     acNew->setEnabled(acNew->isEnabled() && mayAdminister);
     acDelete->setEnabled(acDelete->isEnabled() && mayAdminister &&
                          dataSet()->RecordCount() >= fewestToDelete);

@@ -11,6 +11,7 @@
 namespace {
 
 const QString draggedType = QStringLiteral("application/x-velmora-rights");
+const QString nodeType = QStringLiteral("application/x-velmora-right");
 constexpr int largestWorkPlace = 16;
 
 void setValue(QTreeWidgetItem *node, int value)
@@ -40,6 +41,7 @@ TWorkPlaceMask workPlaceBit(int workPlace)
 TRightsList::TRightsList(QWidget *parent) : QListWidget(parent)
 {
     setDragEnabled(true);
+    setSpacing(1); // else the boxes to tick touch each other
 }
 
 QString TRightsList::origin(const QMimeData *dragged)
@@ -109,17 +111,31 @@ void TRightsTree::addWorkPlaces(QTreeWidgetItem *node, TWorkPlaceMask mask)
     setValue(node, has);
 }
 
+QTreeWidgetItem *TRightsTree::selectedNode() const
+{
+    return selectedItems().value(0);
+}
+
+// First what is under the node, so that it holds its own value again when its bit is taken from its source.
+void TRightsTree::remove(QTreeWidgetItem *node)
+{
+    while (node->childCount() > 0)
+        remove(node->child(node->childCount() - 1));
+    if (QTreeWidgetItem *above = node->parent())
+        setValue(above, valueOf(above) ^ workPlaceBit(valueOf(node)));
+    delete node;
+}
+
 void TRightsTree::removeSelected()
 {
-    QTreeWidgetItem *node = currentItem();
+    QTreeWidgetItem *node = selectedNode();
     if (!node)
         return;
+    const QSignalBlocker silently(this);
     QTreeWidgetItemIterator before(node);
     --before;
     QTreeWidgetItem *next = *before;
-    if (QTreeWidgetItem *source = node->parent())
-        setValue(source, valueOf(source) ^ workPlaceBit(valueOf(node)));
-    delete node;
+    remove(node);
     setCurrentItem(next);
 }
 
@@ -138,6 +154,26 @@ std::vector<TRight> TRightsTree::rights() const
     for (int i = 0; i < topLevelItemCount(); ++i)
         all.push_back({topLevelItem(i)->text(0), TWorkPlaceMask(valueOf(topLevelItem(i)))});
     return all;
+}
+
+void TRightsTree::focusInEvent(QFocusEvent *event)
+{
+    QTreeWidget::focusInEvent(event);
+    if (!selectedNode() && topLevelItemCount() > 0)
+        setCurrentItem(topLevelItem(0));
+}
+
+// A node can be dragged, but nothing takes it.
+QStringList TRightsTree::mimeTypes() const
+{
+    return {nodeType};
+}
+
+QMimeData *TRightsTree::mimeData(const QList<QTreeWidgetItem *> &) const
+{
+    auto *dragged = new QMimeData;
+    dragged->setData(nodeType, {});
+    return dragged;
 }
 
 void TRightsTree::dragEnterEvent(QDragEnterEvent *event)

@@ -47,8 +47,10 @@ public:
     void addSource(const QString &name, TWorkPlaceMask mask);
     // Adds those of the work places to a node that it does not have yet. Nothing for a null node.
     void addWorkPlaces(QTreeWidgetItem *node, TWorkPlaceMask mask);
-    // Removes the selected node with all under it; the node before it becomes the selected one.
+    // Removes the selected node with all under it; the node before it becomes the selected one. No change of
+    // the selection is told.
     void removeSelected();
+    QTreeWidgetItem *selectedNode() const; // or null
 
     // There is a source, and none is without a work place.
     bool isComplete() const;
@@ -61,13 +63,19 @@ signals:
     void dropped(const QString &origin, QTreeWidgetItem *node);
 
 protected:
+    // Selects the first node when nothing is selected yet, so that keys have a node in sight to act on.
+    void focusInEvent(QFocusEvent *event) override;
+
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragMoveEvent(QDragMoveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     Qt::DropActions supportedDropActions() const override { return Qt::CopyAction; }
+    QStringList mimeTypes() const override;
+    QMimeData *mimeData(const QList<QTreeWidgetItem *> &nodes) const override;
 
 private:
     bool bearsName(const QString &name) const;
+    static void remove(QTreeWidgetItem *node);
 
     const TRightsList *places = nullptr;
 };

@@ -9,6 +9,22 @@ class UserEditor : public Users {};
 ON_BOTH_ENGINES(UserEditor);
 
 const QString noAdministrator = "Nors vienas vartotojas turi turėti teises administruoti vartotojus!";
+
+// The database refuses rights to the second source, or allows them again.
+void refuseRights(TDatabase &budget, bool isFile)
+{
+    budget.nativeExec(isFile
+                          ? "create trigger t_fail before insert on bd_usrkdv when new.udv_finid = 2 begin "
+                            "select raise(abort, 'sugadinta tyčia'); end"
+                          : "create function f_fail() returns trigger language plpgsql as "
+                            "$$ begin raise exception 'sugadinta tyčia'; end $$;"
+                            "create trigger t_fail before insert on bd_usrkdv for each row "
+                            "when (new.udv_finid = 2) execute function f_fail()");
+}
+void allowRights(TDatabase &budget, bool isFile)
+{
+    budget.nativeExec(isFile ? "drop trigger t_fail" : "drop trigger t_fail on bd_usrkdv");
+}
 } // namespace
 
 TEST_P(UserEditor, ANewUserIsWrittenWithHisRights)
@@ -105,12 +121,18 @@ TEST_P(UserEditor, DeletingTheLastNodeLeavesTheSaveButtonAsItWas)
     add(1, [](TEditUserDlg &dialog) {
         fill(dialog, "jonas");
         giveRight(dialog);
-        EXPECT_TRUE(dialog.OkBtn->isEnabled());
-        const QSignalBlocker noSelection(dialog.RightsTree);
         dialog.RightsTree->setCurrentItem(dialog.RightsTree->topLevelItem(0));
+        EXPECT_TRUE(dialog.OkBtn->isEnabled());
         QTest::keyClick(dialog.RightsTree, Qt::Key_Delete);
         EXPECT_EQ(tree(dialog), "");
         EXPECT_TRUE(dialog.OkBtn->isEnabled());
+        tick(dialog, {1}); // the tick is taken back
+        QTest::keyClick(dialog.FinList, Qt::Key_Insert);
+        EXPECT_EQ(tree(dialog), "Biudžetas=0()");
+        EXPECT_FALSE(dialog.OkBtn->isEnabled());
+        dialog.RightsTree->setCurrentItem(dialog.RightsTree->topLevelItem(0));
+        QTest::keyClick(dialog.RightsTree, Qt::Key_Delete);
+        EXPECT_FALSE(dialog.OkBtn->isEnabled());
         pressButton(dialog, "&Atšaukti");
     });
 }
@@ -206,6 +228,42 @@ TEST_P(UserEditor, AChangedPasswordIsConfirmedOrNothingIsSaved)
     EXPECT_EQ(storedUsers(), QStringList("1|ona|Ona|Onaitė|Nauja |0|1"));
 }
 
+TEST_P(UserEditor, OnlyTheTypedTextConfirmsAPassword)
+{
+    const auto confirmedBy = [](const QString &typed, const QString &password) {
+        OnNextDialog<TConfPassFrm> asked([&typed](TConfPassFrm &shown) {
+            type(shown.ConfEdit, typed);
+            pressButton(shown, "&Gerai");
+        });
+        return Confpas::ShowPass(AnsiString(password));
+    };
+    EXPECT_TRUE(confirmedBy("Slapta ", "Slapta "));
+    EXPECT_FALSE(confirmedBy("Slapta", "Slapta "));
+    EXPECT_FALSE(confirmedBy("slapta ", "Slapta "));
+    EXPECT_TRUE(confirmedBy("", ""));
+    EXPECT_EQ(Confpas::ConfPassFrm, nullptr);
+}
+
+TEST_P(UserEditor, APasswordSavedWithTrailingBlanksLetsInWithThemOnly)
+{
+    EXPECT_TRUE(add(1, [](TEditUserDlg &dialog) {
+        fill(dialog, "jonas");
+        giveRight(dialog);
+        dialog.cb_userAdmin->setChecked(true);
+        type(dialog.PassEdit, "raktas  ");
+        OnNextDialog<TConfPassFrm> confirm([](TConfPassFrm &shown) {
+            type(shown.ConfEdit, "raktas  ");
+            pressButton(shown, "&Gerai");
+        });
+        pressButton(dialog, "Iš&saugoti");
+    }));
+    EXPECT_FALSE(logIn(*MainDatas(), "jonas", "raktas"));
+    EXPECT_FALSE(logIn(*MainDatas(), "jonas", "raktas "));
+    EXPECT_TRUE(logIn(*MainDatas(), "jonas", "raktas  "));
+    EXPECT_EQ(CurrentUser().workPlaces, 1);
+    EXPECT_TRUE(CurrentUser().userAdmin);
+}
+
 TEST_P(UserEditor, OnesOwnFlagsChangeAtTheNextLogin)
 {
     user(1, "ona", true, 1);
@@ -263,10 +321,17 @@ TEST_P(UserEditor, LettersOutsideTheCodePageAreNamedAndNothingIsWritten)
         fill(dialog, "jonas");
         giveRight(dialog);
         dialog.cb_userAdmin->setChecked(true);
-        dialog.NameEdit->setText(QString::fromUtf8("Жан"));
-        EXPECT_EQ(refusal(dialog),
-                  QString::fromUtf8("Laukas \"Vartotojo vardas\": ženklo „Ж“ negalima įrašyti."));
-        EXPECT_EQ(dialog.NameEdit->text(), QString::fromUtf8("Жан"));
+        const std::pair<QLineEdit *, QString> fields[] = {{dialog.NameEdit, "Vartotojo vardas"},
+                                                          {dialog.PavardeEdit, "Vartotojo pavardė"},
+                                                          {dialog.LogNameEdit, "Prisijungimo vardas"},
+                                                          {dialog.PassEdit, "Prisijungimo slaptažodis"}};
+        for (const auto &[edit, label] : fields) {
+            const QString typed = edit->text();
+            edit->setText("Жан");
+            EXPECT_EQ(refusal(dialog), QString("Laukas \"%1\": ženklo „Ж“ negalima įrašyti.").arg(label));
+            EXPECT_EQ(edit->text(), "Жан") << "and no password was asked for";
+            edit->setText(typed);
+        }
         EXPECT_EQ(storedUsers(), QStringList());
         pressButton(dialog, "&Atšaukti");
     });
@@ -340,13 +405,7 @@ TEST_P(UserEditor, OfTwoAdministratorsTheLastOneWinsWithAllHisRights)
 TEST_P(UserEditor, AFailureAmongTheRightsTellsWhatIsSavedAndCanBeRepeated)
 {
     const bool isFile = engine() == Engine::Sqlite;
-    budget().nativeExec(isFile
-                            ? "create trigger t_fail before insert on bd_usrkdv when new.udv_finid = 2 begin "
-                              "select raise(abort, 'sugadinta tyčia'); end"
-                            : "create function f_fail() returns trigger language plpgsql as "
-                              "$$ begin raise exception 'sugadinta tyčia'; end $$;"
-                              "create trigger t_fail before insert on bd_usrkdv for each row "
-                              "when (new.udv_finid = 2) execute function f_fail()");
+    refuseRights(budget(), isFile);
     EXPECT_TRUE(add(1, [isFile](TEditUserDlg &dialog) {
         fill(dialog, "jonas");
         tick(dialog, {1});
@@ -358,10 +417,29 @@ TEST_P(UserEditor, AFailureAmongTheRightsTellsWhatIsSavedAndCanBeRepeated)
         EXPECT_TRUE(told.contains("Vartotojo duomenys įrašyti, bet teisių įrašyta tik 1 iš 2."));
         EXPECT_EQ(storedUsers().size(), 1);
         EXPECT_EQ(storedRights(), QStringList("1|1|1"));
-        budget().nativeExec(isFile ? "drop trigger t_fail" : "drop trigger t_fail on bd_usrkdv");
+        allowRights(budget(), isFile);
         pressButton(dialog, "Iš&saugoti");
     }));
     EXPECT_EQ(storedRights(), QStringList({"1|1|1", "1|2|1"}));
+}
+
+// The half-written user is not one of the others who may administer users.
+TEST_P(UserEditor, ARepeatedSaveStillAsksForAnAdministrator)
+{
+    const bool isFile = engine() == Engine::Sqlite;
+    refuseRights(budget(), isFile);
+    add(1, [isFile](TEditUserDlg &dialog) {
+        fill(dialog, "jonas");
+        tick(dialog, {1});
+        selectSources(dialog, {0, 1});
+        QTest::keyClick(dialog.FinList, Qt::Key_Insert);
+        dialog.cb_userAdmin->setChecked(true);
+        EXPECT_TRUE(refusal(dialog).contains("teisių įrašyta tik 1 iš 2"));
+        allowRights(budget(), isFile);
+        dialog.cb_userAdmin->setChecked(false);
+        EXPECT_EQ(refusal(dialog), noAdministrator);
+        pressButton(dialog, "&Atšaukti");
+    });
 }
 
 TEST_P(UserEditor, AnIdTakenMeanwhileIsTold)
@@ -370,7 +448,22 @@ TEST_P(UserEditor, AnIdTakenMeanwhileIsTold)
     add(1, [](TEditUserDlg &dialog) {
         fill(dialog, "jonas");
         giveRight(dialog);
-        EXPECT_EQ(refusal(dialog), "Toks įrašas jau yra (usr_id).");
+        EXPECT_EQ(refusal(dialog),
+                  "Numeriu 1 kitas administratorius ką tik įvedė kitą vartotoją. Uždarykite šį "
+                  "langą ir kurkite vartotoją iš naujo.");
+        EXPECT_EQ(dialog.LogNameEdit->text(), "jonas");
+        pressButton(dialog, "&Atšaukti");
+    });
+    EXPECT_EQ(storedUsers(), QStringList("1|ona|Ona|Onaitė|slapta|0|1"));
+}
+
+TEST_P(UserEditor, AnUnknownUserIsNeverMadeByChanging)
+{
+    user(1, "ona", true);
+    change(0, [](TEditUserDlg &dialog) {
+        fill(dialog, "jonas");
+        giveRight(dialog);
+        EXPECT_EQ(refusal(dialog), "Vartotojo jau nėra: jį ištrynė kitas administratorius.");
         pressButton(dialog, "&Atšaukti");
     });
     EXPECT_EQ(storedUsers(), QStringList("1|ona|Ona|Onaitė|slapta|0|1"));

@@ -76,6 +76,37 @@ TEST_P(Rights, WorkPlacesAreDroppedOntoASourceOrOneOfItsWorkPlaces)
     });
 }
 
+TEST_P(Rights, TheMouseDragsSourcesAndWorkPlaces)
+{
+    add(1, [](TEditUserDlg &dialog) {
+        tick(dialog, {1});
+        dragByMouse(dialog.FinList, 1, dialog.RightsTree, {5, dialog.RightsTree->viewport()->height() - 3});
+        EXPECT_EQ(tree(dialog), "Fondas=1(Buhalterija)");
+        tick(dialog, {2});
+        dragByMouse(dialog.KDVCheckList, 1, dialog.RightsTree,
+                    dialog.RightsTree->visualItemRect(dialog.RightsTree->topLevelItem(0)).center());
+        EXPECT_EQ(tree(dialog), "Fondas=3(Buhalterija,Kasa)");
+        EXPECT_EQ(dialog.FinList->count(), 2) << "what is dragged stays where it is";
+        pressButton(dialog, "&Atšaukti");
+    });
+}
+
+TEST_P(Rights, NodesOfTheTreeCannotBeDraggedWithinIt)
+{
+    add(1, [](TEditUserDlg &dialog) {
+        tick(dialog, {1});
+        selectSources(dialog, {0, 1});
+        QTest::keyClick(dialog.FinList, Qt::Key_Insert);
+        const std::unique_ptr<QMimeData> node(
+            dialog.RightsTree->model()->mimeData({dialog.RightsTree->model()->index(0, 0)}));
+        QDropEvent drop({5, 5}, Qt::CopyAction, node.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(dialog.RightsTree->viewport(), &drop);
+        EXPECT_FALSE(drop.isAccepted());
+        EXPECT_EQ(tree(dialog), "Biudžetas=1(Buhalterija) Fondas=1(Buhalterija)");
+        pressButton(dialog, "&Atšaukti");
+    });
+}
+
 TEST_P(Rights, OtherDragsAreNotTaken)
 {
     add(1, [](TEditUserDlg &dialog) {
@@ -106,6 +137,46 @@ TEST_P(Rights, InsertOnWorkPlacesAddsToTheSelectedNodeAsItIs)
     });
 }
 
+// What is under a work place is gone before the work place itself: no other bit of the source is touched.
+TEST_P(Rights, DeletingAWorkPlaceWithMoreUnderItTakesItsOwnBitOnly)
+{
+    add(1, [](TEditUserDlg &dialog) {
+        tick(dialog, {1, 2});
+        selectSources(dialog, {0});
+        QTest::keyClick(dialog.FinList, Qt::Key_Insert);
+        dialog.RightsTree->setCurrentItem(dialog.RightsTree->topLevelItem(0)->child(0));
+        tick(dialog, {4});
+        QTest::keyClick(dialog.KDVCheckList, Qt::Key_Insert);
+        ASSERT_EQ(dialog.RightsTree->selectedNode()->childCount(), 2);
+        QTest::keyClick(dialog.RightsTree, Qt::Key_Delete);
+        EXPECT_EQ(tree(dialog), "Biudžetas=2(Kasa)");
+        pressButton(dialog, "&Atšaukti");
+    });
+}
+
+TEST_P(Rights, DeleteWithNothingSelectedDeletesNothing)
+{
+    add(1, [](TEditUserDlg &dialog) {
+        giveRight(dialog);
+        EXPECT_EQ(dialog.RightsTree->selectedNode(), nullptr);
+        QTest::keyClick(dialog.RightsTree, Qt::Key_Delete);
+        EXPECT_EQ(tree(dialog), "Biudžetas=1(Buhalterija)");
+        pressButton(dialog, "&Atšaukti");
+    });
+}
+
+TEST_P(Rights, GoingToTheTreeSelectsItsFirstNode)
+{
+    add(1, [](TEditUserDlg &dialog) {
+        giveRight(dialog);
+        dialog.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_T, Qt::AltModifier);
+        EXPECT_EQ(dialog.RightsTree->selectedNode(), dialog.RightsTree->topLevelItem(0));
+        pressButton(dialog, "&Atšaukti");
+    });
+}
+
 TEST_P(Rights, DeleteTakesAWorkPlaceOutOfItsSourcesMask)
 {
     add(1, [](TEditUserDlg &dialog) {
@@ -131,6 +202,29 @@ TEST_P(Rights, OnlyWorkPlacesThatTheAdministratorSeesAreOffered)
         ASSERT_EQ(dialog.KDVCheckList->count(), 2);
         EXPECT_EQ(dialog.KDVCheckList->item(0)->text(), "Kasa");
         EXPECT_EQ(dialog.KDVCheckList->item(1)->text(), "Virtuvė");
+        pressButton(dialog, "&Atšaukti");
+    });
+}
+
+// Bits that no work place of this list has are neither shown nor written again.
+TEST_P(Rights, ForeignBitsOfAStoredMaskAreLeftOut)
+{
+    user(1, "ona", true, (1 << 16) | (1 << 20) | 0b101);
+    EXPECT_TRUE(change(1, [](TEditUserDlg &dialog) {
+        EXPECT_EQ(tree(dialog), "Biudžetas=5(Buhalterija,Sandėlis)");
+        type(dialog.NameEdit, "Kita");
+        pressButton(dialog, "Iš&saugoti");
+    }));
+    EXPECT_EQ(storedRights(), QStringList("1|1|5"));
+}
+
+TEST_P(Rights, WorkPlacesWithoutABitAreNotOffered)
+{
+    for (const int id : {-3, 0, 17, 40})
+        budget().ExecSQL("insert into bd_kdv (kdv_id, kdv_pav) values (:id, 'Be bito')", {{"id", id}});
+    add(1, [](TEditUserDlg &dialog) {
+        EXPECT_EQ(dialog.KDVCheckList->count(), 4);
+        EXPECT_TRUE(dialog.KDVCheckList->findItems("Be bito", Qt::MatchExactly).isEmpty());
         pressButton(dialog, "&Atšaukti");
     });
 }

@@ -11,6 +11,10 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
+#include <QDrag>
+#include <QElapsedTimer>
+#include <QDebug>
 
 #include <QDropEvent>
 
@@ -83,6 +87,25 @@ protected:
         EXPECT_TRUE(enter.isAccepted());
         QDropEvent drop(at, Qt::CopyAction, dragged.get(), Qt::LeftButton, {});
         QApplication::sendEvent(tree->viewport(), &drop);
+    }
+    // The same with the mouse: pressed on an item, moved over the tree, let go.
+    static void dragByMouse(TRightsList *list, int row, TRightsTree *tree, QPoint at)
+    {
+        {auto *d = new QDrag(list); d->setMimeData(new QMimeData); QElapsedTimer t; t.start(); QTimer::singleShot(100, tree, [=]{qWarning()<<"in drag"; QDrag::cancel();}); auto r = d->exec(); qWarning() << "exec" << r << t.elapsed();}
+        const QPoint from = list->visualItemRect(list->item(row)).center();
+        QTest::mousePress(list->viewport(), Qt::LeftButton, {}, from);
+        QTimer::singleShot(0, tree, [=] {
+            qWarning() << "timer";
+            QTest::mouseMove(tree->viewport(), at);
+            QTest::mouseRelease(tree->viewport(), Qt::LeftButton, {}, at);
+        });
+        for (int step = 1; step <= 3; ++step) // the drag itself runs inside one of these
+            {qWarning() << "step" << step << from << list->isActiveWindow();moveHeld(list->viewport(), from + QPoint(step * QApplication::startDragDistance(), 0));}
+    }
+    static void moveHeld(QWidget *widget, QPoint at)
+    {
+        QMouseEvent move(QEvent::MouseMove, at, widget->mapToGlobal(at), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(widget, &move);
     }
     static void selectSources(TEditUserDlg &dialog, std::initializer_list<int> rows)
     {
