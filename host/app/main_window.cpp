@@ -2,9 +2,9 @@
 
 #include "host/app/about.h"
 #include "host/common/help.h"
-#include "host/common/registry.h"
+#include "host/common/months.h"
+#include "host/common/settings_store.h"
 #include "host/data/main_datas.h"
-#include "toolkit/text/format.h"
 #include "toolkit/widgets/guard.h"
 
 #include <QCloseEvent>
@@ -16,8 +16,6 @@
 #include <cstdio>
 
 namespace {
-
-const QString placementPath = "\\Forms";
 
 QString engineName(Engine engine)
 {
@@ -46,7 +44,7 @@ TMainWindow::TMainWindow(TLoadedPackage &loaded) : package(loaded), area(new QMd
     addHelpMenu();
     addStatusBar();
     connectGuarded(&periodNotifier(), &TPeriodNotifier::periodChanged, this, [this] { showStatus(); });
-    ReadFromReg(this, GetRegPath() + placementPath, objectName());
+    ReadFromReg(this, FormsPath(), objectName());
     setLoggedIn(false);
 }
 
@@ -126,9 +124,8 @@ void TMainWindow::showStatus()
     institution->setText(organisationName());
     institution->setVisible(!institution->text().isEmpty());
     user->setText(userText());
-    period->setText(EinPer_Id() > 0
-                        ? QString("Periodas: %1").arg(FormatDateTime("yyyy \"m.\" mmmm", EinPer_Date()))
-                        : QString("Darbo pradžios periodas nenustatytas"));
+    period->setText(EinPer_Id() > 0 ? QString("Periodas: %1").arg(PeriodText(EinPer_Date()))
+                                    : QString("Darbo pradžios periodas nenustatytas"));
     engine->setText(engineName(MainDatas()->mnFin_Db()->engine()));
 }
 
@@ -192,7 +189,7 @@ void TMainWindow::closeEvent(QCloseEvent *event)
         return;
     }
     if (CanSave())
-        SaveToReg(this, GetRegPath() + placementPath, objectName(), false);
+        SaveToReg(this, FormsPath(), objectName(), false);
     QMainWindow::closeEvent(event);
 }
 

@@ -57,11 +57,11 @@ QSet<qlonglong> parentsOnLevel(TDatabase *database, double book, double parent)
 
 } // namespace
 
-QList<TBook> booksOf(TDatabase *database)
+QList<TKnyga> booksOf(TDatabase *database)
 {
     const auto set = database->prepare(u"select isl_id, isl_pavad from bd_asgisl order by isl_pavad"_s);
     set->exec();
-    QList<TBook> books;
+    QList<TKnyga> books;
     while (set->next())
         books.append({set->number(0), QString::fromUtf8(set->utf8(1))});
     return books;

@@ -7,7 +7,7 @@
 #include <optional>
 
 // A classification book.
-struct TBook {
+struct TKnyga {
     double id = 0;
     QString name;
 };
@@ -27,7 +27,7 @@ struct TBookNode {
 };
 
 // All books, ordered by name.
-QList<TBook> booksOf(TDatabase *database);
+QList<TKnyga> booksOf(TDatabase *database);
 
 // The nodes right below a node of the book, or of its first level when parent is 0; ordered by code. Reads
 // one level only, whatever the size of the book.

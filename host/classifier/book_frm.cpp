@@ -205,8 +205,8 @@ void TBookFrm::fillBooks()
 {
     const QSignalBlocker quiet(d->books);
     d->books->clear();
-    const QList<TBook> books = booksOf(Database());
-    for (const TBook &book : books)
+    const QList<TKnyga> books = booksOf(Database());
+    for (const TKnyga &book : books)
         d->books->addItem(book.name, book.id);
     int at = d->books->findData(d->book);
     if (at < 0 && !books.isEmpty())

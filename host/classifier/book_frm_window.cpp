@@ -1,7 +1,7 @@
 #include "host/classifier/book_frm_private.h"
 
 #include "host/common/help.h"
-#include "host/common/registry.h"
+#include "host/common/settings_store.h"
 #include "toolkit/widgets/guard.h"
 #include "toolkit/widgets/icons.h"
 
@@ -336,8 +336,8 @@ bool TBookFrm::FormClose()
     if (!CanSave())
         return true;
     SaveToReg(placed(), formsPath(), objectName(), true);
-    registry().setValue(keyOf(objectName(), u"Divider"_s), d->panes->sizes().first());
-    registry().setValue(keyOf(objectName(), u"Captions"_s), acCaptions->isChecked());
+    settingsStore().setValue(keyOf(objectName(), u"Divider"_s), d->panes->sizes().first());
+    settingsStore().setValue(keyOf(objectName(), u"Captions"_s), acCaptions->isChecked());
     return true;
 }
 
@@ -371,10 +371,10 @@ void TBookFrm::restorePlacement()
 
 void TBookFrm::restoreArrangement()
 {
-    const int divider = registry().value(keyOf(objectName(), u"Divider"_s)).toInt();
+    const int divider = settingsStore().value(keyOf(objectName(), u"Divider"_s)).toInt();
     if (divider > 0 && divider < width())
         d->panes->setSizes({divider, width() - divider});
-    acCaptions->setChecked(registry().value(keyOf(objectName(), u"Captions"_s)).toBool());
+    acCaptions->setChecked(settingsStore().value(keyOf(objectName(), u"Captions"_s)).toBool());
     ButtonsCaptionClick();
 }
 

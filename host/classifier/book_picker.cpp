@@ -29,7 +29,7 @@ QWidget *buttonBar(QDialog *dialog)
 
 } // namespace
 
-TBookPicker::TBookPicker(QWidget *owner, const QList<TBook> &books, double current)
+TBookPicker::TBookPicker(QWidget *owner, const QList<TKnyga> &books, double current)
     : TMinMaxFrm(owner),
       list(new QListWidget)
 {
@@ -38,7 +38,7 @@ TBookPicker::TBookPicker(QWidget *owner, const QList<TBook> &books, double curre
     auto *label = new QLabel(u"&Knyga:"_s);
     label->setBuddy(list);
     list->setAccessibleName(u"Knyga"_s);
-    for (const TBook &book : books) {
+    for (const TKnyga &book : books) {
         auto *item = new QListWidgetItem(book.name, list);
         item->setData(Qt::UserRole, book.id);
         if (book.id == current)

@@ -10,7 +10,7 @@ class QListWidget;
 class TBookPicker : public TMinMaxFrm {
     Q_OBJECT
 public:
-    TBookPicker(QWidget *owner, const QList<TBook> &books, double current);
+    TBookPicker(QWidget *owner, const QList<TKnyga> &books, double current);
 
     // Shows it; the key of the chosen book, 0 when cancelled. Without books it says so and gives 0.
     double choose();

@@ -1,6 +1,6 @@
 #include "host/classifier/book_picker.h"
 #include "host/classifier/classifier.h"
-#include "host/common/registry.h"
+#include "host/common/settings_store.h"
 
 #include <QApplication>
 
@@ -17,14 +17,14 @@ QString keptKey()
     return key.replace(u'\\', u'/');
 }
 
-bool holds(const QList<TBook> &books, double id)
+bool holds(const QList<TKnyga> &books, double id)
 {
-    return std::any_of(books.begin(), books.end(), [id](const TBook &book) { return book.id == id; });
+    return std::any_of(books.begin(), books.end(), [id](const TKnyga &book) { return book.id == id; });
 }
 
-double keptOrFirst(const QList<TBook> &books)
+double keptOrFirst(const QList<TKnyga> &books)
 {
-    const double kept = registry().value(keptKey()).toDouble();
+    const double kept = settingsStore().value(keptKey()).toDouble();
     if (holds(books, kept))
         return kept;
     return books.isEmpty() ? 0 : books.first().id;
@@ -41,13 +41,13 @@ double userKnyga()
 void setUserKnyga(double book)
 {
     if (CanSave())
-        registry().setValue(keptKey(), book);
+        settingsStore().setValue(keptKey(), book);
 }
 
 double GetUserKnygaId()
 {
     Q_ASSERT(MainDatas());
-    const QList<TBook> books = booksOf(MainDatas()->mnFin_Db());
+    const QList<TKnyga> books = booksOf(MainDatas()->mnFin_Db());
     const double chosen = TBookPicker(QApplication::activeWindow(), books, keptOrFirst(books)).choose();
     if (chosen > 0)
         setUserKnyga(chosen);

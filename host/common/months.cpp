@@ -1,6 +1,7 @@
 #include "host/common/months.h"
 
 #include "toolkit/text/errors.h"
+#include "toolkit/text/format.h"
 
 #include <cmath>
 
@@ -11,6 +12,11 @@ TDateTime GoMonth(TDateTime date, int months)
         throw EConvertError(QStringLiteral("Data išeina už leistinų ribų"));
     const double timeOfDay = date.value() - std::floor(date.value());
     return TDateTime(TDateTime(moved).value() + timeOfDay);
+}
+
+QString PeriodText(TDateTime month)
+{
+    return FormatDateTime(QStringLiteral("yyyy \"m.\" mmmm"), month);
 }
 
 TQuarterMonth quarterOf(int monthIndex)

@@ -16,14 +16,15 @@ struct TPackageInfo {
     QStringList units;    // contained units, in order of initialization
 };
 
-// One thing that the host can open: a screen class, or an entry function that needs no arguments.
+// One thing that the host can open: a screen class, or an entry function that needs no arguments. A class
+// that opens in several ways has an entry for each, with a name and a window of its own.
 struct TPackageEntry {
     enum class Kind {
         ListScreen, // create() gives a list screen; the host shows it as a document window
         Dialog,     // create() gives a dialog; the host shows it modally
         Function,   // call() does everything
     };
-    QString name; // "TPeriodDlg", "StartPerClose": the class or the entry function
+    QString name; // "TPeriodDlg", "StartPerClose": the class or the entry function; no two are alike
     QString unit; // the unit it lives in
     Kind kind = Kind::Function;
     QString menu;    // the menu it stands in
@@ -31,6 +32,9 @@ struct TPackageEntry {
     int help = 0;    // help topic; 0: none
     std::function<QWidget *(QWidget *owner)> create;
     std::function<void()> call;
+    // A call of the screen's own between its creation and its first showing; what it raises ends the screen.
+    std::function<void(QWidget *screen)> opened;
+    bool writes = false; // it can do nothing but write: shut for a user who may only look
 };
 
 using TPackageEntries = std::vector<TPackageEntry>;

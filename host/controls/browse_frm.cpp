@@ -1,7 +1,7 @@
 #include "host/controls/browse_frm.h"
 
 #include "host/common/help.h"
-#include "host/common/registry.h"
+#include "host/common/settings_store.h"
 #include "host/controls/browse_private.h"
 #include "host/data/main_datas.h"
 #include "toolkit/widgets/db_grid.h"
@@ -241,8 +241,8 @@ QString TBrowseFrm::settingsGroup() const
 
 void TBrowseFrm::restoreArrangement()
 {
-    showToolBar(registry().value(settingsGroup() + u"/ToolBar"_s, true).toBool());
-    showCaptions(registry().value(settingsGroup() + u"/Captions"_s, false).toBool());
+    showToolBar(settingsStore().value(settingsGroup() + u"/ToolBar"_s, true).toBool());
+    showCaptions(settingsStore().value(settingsGroup() + u"/Captions"_s, false).toBool());
 }
 
 void TBrowseFrm::saveArrangement()
@@ -250,8 +250,8 @@ void TBrowseFrm::saveArrangement()
     if (!CanSave())
         return;
     SaveToReg(placed(), formsPath(), description.name, true);
-    registry().setValue(settingsGroup() + u"/ToolBar"_s, d->toolBarShown);
-    registry().setValue(settingsGroup() + u"/Captions"_s, d->captionsShown);
+    settingsStore().setValue(settingsGroup() + u"/ToolBar"_s, d->toolBarShown);
+    settingsStore().setValue(settingsGroup() + u"/Captions"_s, d->captionsShown);
 }
 
 void TBrowseFrm::showCaptions(bool on)

@@ -1,6 +1,6 @@
 #include "host/data/code_picker.h"
 
-#include "host/common/registry.h"
+#include "host/common/settings_store.h"
 
 #include <QDialogButtonBox>
 #include <QHeaderView>

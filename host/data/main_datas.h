@@ -49,12 +49,18 @@ TMainDatas *MainDatas();
 // The module becomes the owner; a null pointer closes the old one. The current period is read again.
 void setMainDatas(std::unique_ptr<TMainDatas> datas);
 
+// The period row of the start of work, whatever month it stands for.
+inline constexpr double startOfWorkPeriod = 6;
+
 // The current period: the last month row of bd_period. 0 and day 0 while there is none.
 double EinPer_Id();
 TDateTime EinPer_Date();
-// Re-reads both; to be called after the period changed. Open screens and the status bar are told, also when
-// the period is the same as before.
+// Re-reads both; to be called after the period changed. When it is another one, open screens and the status
+// bar are told. Raises EDatabaseError; the period known before stays then.
 void GetPeriod();
+// The same where nobody asked for anything: for a period that another station may have changed. Does nothing
+// inside a transaction, and leaves a database that does not answer to the next statement that needs it.
+void FollowPeriod() noexcept;
 
 // The institution of the main database: its name, and whether it is a company (organisation type 1), that is,
 // keeps separate receivables and payables. Read afresh each time; without an institution: empty, and false.
@@ -63,7 +69,7 @@ bool UAB();
 // Raises EDatabaseError while there is no institution.
 void setUAB(bool on);
 
-// Tells of a changed period; lives as long as the program.
+// Tells when the current period is another one than before; lives as long as the program.
 class TPeriodNotifier : public QObject {
     Q_OBJECT
 signals:

@@ -2,11 +2,18 @@
 
 #include "toolkit/data/statement.h"
 
+#include <utility>
+
 namespace {
 
 struct TCurrentPeriod {
     double id = 0;
     TDateTime date;
+
+    bool operator==(const TCurrentPeriod &other) const
+    {
+        return id == other.id && date.value() == other.date.value();
+    }
 };
 
 TCurrentPeriod &currentPeriod()
@@ -47,8 +54,18 @@ TDateTime EinPer_Date()
 
 void GetPeriod()
 {
-    currentPeriod() = MainDatas() ? lastMonth(MainDatas()->mnFin_Db()) : TCurrentPeriod();
-    emit periodNotifier().periodChanged();
+    const TCurrentPeriod read = MainDatas() ? lastMonth(MainDatas()->mnFin_Db()) : TCurrentPeriod();
+    if (std::exchange(currentPeriod(), read) != read)
+        emit periodNotifier().periodChanged();
+}
+
+void FollowPeriod() noexcept
+{
+    try {
+        if (MainDatas() && MainDatas()->mnFin_Db()->Connected() && !MainDatas()->mnFin_Db()->InTransaction())
+            GetPeriod();
+    } catch (...) {
+    }
 }
 
 TPeriodNotifier &periodNotifier()

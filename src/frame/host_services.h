@@ -12,7 +12,7 @@
 #include "host/common/lists.h"
 #include "host/common/months.h"
 #include "host/common/msgbox.h"
-#include "host/common/registry.h"
+#include "host/common/settings_store.h"
 
 // HostData
 #include "host/data/main_datas.h"

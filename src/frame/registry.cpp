@@ -57,6 +57,12 @@ TPackageEntry function(const char *name, const TUnit &unit, const QString &menu,
         QString::fromLatin1(name), unit.name, TPackageEntry::Kind::Function, menu, caption, help, {}, call};
 }
 
+TPackageEntry onlyWrites(TPackageEntry entry)
+{
+    entry.writes = true;
+    return entry;
+}
+
 } // namespace
 
 const std::vector<TUnit *> &packageUnits()
@@ -72,10 +78,12 @@ const std::vector<TUnit *> &packageUnits()
 const TPackageEntries &packageEntries()
 {
     static const TPackageEntries entries = {
-        dialog<Period::TPeriodDlg>("TPeriodDlg", Period::unit, periodMenu, "&Darbo pradžios periodas…", 16),
-        function("StartPerClose", Closeperiod::unit, periodMenu, "Periodo &uždarymas…", 18,
-                 &Closeperiod::StartPerClose),
-        function("PeriodBack", Perback::unit, periodMenu, "Periodo &atsukimas…", 19, &Perback::PeriodBack),
+        onlyWrites(dialog<Period::TPeriodDlg>("TPeriodDlg", Period::unit, periodMenu,
+                                              "&Darbo pradžios periodas…", 16)),
+        onlyWrites(function("StartPerClose", Closeperiod::unit, periodMenu, "Periodo &uždarymas…", 18,
+                            &Closeperiod::StartPerClose)),
+        onlyWrites(function("PeriodBack", Perback::unit, periodMenu, "Periodo &atsukimas…", 19,
+                            &Perback::PeriodBack)),
         listScreen<Slikuciai::TSasLikFrm>("TSasLikFrm", Slikuciai::unit, balanceMenu, "&Sąskaitų likučiai…",
                                           17),
         listScreen<Dbkr::TDbKrFrm>("TDbKrFrm", Dbkr::unit, registerMenu, "&Debitoriai ir kreditoriai…", 9),

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/common/registry.h"
+#include "host/common/settings_store.h"
 #include "host/data/main_datas.h"
 #include "tests/support/engines.h"
 
@@ -12,7 +12,7 @@ protected:
         OnBothEngines::SetUp();
         if (HasFatalFailure() || IsSkipped())
             return;
-        registry().clear();
+        settingsStore().clear();
         CurrentUser() = {};
         auto datas = std::make_unique<TMainDatas>(finSettings(), ravlSettings());
         datas->Open();

@@ -10,6 +10,11 @@ QDate moved(QDate from, int months)
 }
 } // namespace
 
+TEST(PeriodText, NamesYearAndMonth)
+{
+    EXPECT_EQ(PeriodText(TDateTime(QDate(2026, 6, 1))), QStringLiteral("2026 m. birželis"));
+}
+
 TEST(GoMonth, MovesForwardAndBackOverTheYear)
 {
     EXPECT_EQ(moved(QDate(2004, 12, 1), 1), QDate(2005, 1, 1));

@@ -1,5 +1,5 @@
 #include "host/common/help.h"
-#include "host/common/registry.h"
+#include "host/common/settings_store.h"
 #include "tests/host/controls/bankai_fixture.h"
 
 #include <QClipboard>
@@ -91,10 +91,10 @@ TEST_P(BrowseWindow, DamagedSettingsOpenTheListAsUsual)
 {
     open();
     close();
-    const QStringList kept = registry().allKeys();
+    const QStringList kept = settingsStore().allKeys();
     ASSERT_FALSE(kept.isEmpty());
     for (const QString &name : kept)
-        registry().setValue(name, u"@Rect(x"_s);
+        settingsStore().setValue(name, u"@Rect(x"_s);
     open();
     EXPECT_EQ(names().size(), 3);
     EXPECT_GT(frm->width(), 200);

@@ -93,6 +93,43 @@ TEST_P(Books, ReadingThePeriodAgainTellsOpenScreens)
     EXPECT_EQ(EinPer_Id(), 6);
 }
 
+TEST_P(Books, ReadingTheSamePeriodAgainTellsNobody)
+{
+    fin->ExecSQL(u"insert into bd_period values (6, 2005, 1, 1)"_s);
+    GetPeriod();
+    QSignalSpy told(&periodNotifier(), &TPeriodNotifier::periodChanged);
+    GetPeriod();
+    FollowPeriod();
+    EXPECT_EQ(told.count(), 0);
+}
+
+TEST_P(Books, AMonthThatAnotherStationClosedIsFollowed)
+{
+    fin->ExecSQL(u"insert into bd_period values (6, 2005, 1, 1)"_s);
+    GetPeriod();
+    secondFin()->ExecSQL(u"insert into bd_period values (7, 2005, 1, 2)"_s);
+    QSignalSpy told(&periodNotifier(), &TPeriodNotifier::periodChanged);
+    FollowPeriod();
+    EXPECT_EQ(told.count(), 1);
+    EXPECT_EQ(EinPer_Id(), 7);
+}
+
+TEST_P(Books, FollowingThePeriodNeverDisturbsWork)
+{
+    fin->ExecSQL(u"insert into bd_period values (6, 2005, 1, 1)"_s);
+    GetPeriod();
+    fin->StartTransaction();
+    fin->ExecSQL(u"delete from bd_period"_s);
+    FollowPeriod();
+    EXPECT_EQ(EinPer_Id(), 6);
+    fin->Rollback();
+    fin->nativeExec(u"alter table bd_period rename to kitur"_s);
+    FollowPeriod();
+    EXPECT_EQ(EinPer_Id(), 6);
+    EXPECT_THROW(GetPeriod(), EDatabaseError);
+    EXPECT_EQ(EinPer_Id(), 6);
+}
+
 TEST_P(Books, ClosingTheBooksForgetsThePeriod)
 {
     fin->ExecSQL(u"insert into bd_period values (6, 2005, 1, 1)"_s);

@@ -7,14 +7,14 @@
 #include "tests/support/message_box.h"
 
 #include <QCheckBox>
+#include <QDebug>
+#include <QDrag>
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
-#include <QDrag>
-#include <QElapsedTimer>
-#include <QDebug>
 
 #include <QDropEvent>
 
@@ -91,7 +91,18 @@ protected:
     // The same with the mouse: pressed on an item, moved over the tree, let go.
     static void dragByMouse(TRightsList *list, int row, TRightsTree *tree, QPoint at)
     {
-        {auto *d = new QDrag(list); d->setMimeData(new QMimeData); QElapsedTimer t; t.start(); QTimer::singleShot(100, tree, [=]{qWarning()<<"in drag"; QDrag::cancel();}); auto r = d->exec(); qWarning() << "exec" << r << t.elapsed();}
+        {
+            auto *d = new QDrag(list);
+            d->setMimeData(new QMimeData);
+            QElapsedTimer t;
+            t.start();
+            QTimer::singleShot(100, tree, [=] {
+                qWarning() << "in drag";
+                QDrag::cancel();
+            });
+            auto r = d->exec();
+            qWarning() << "exec" << r << t.elapsed();
+        }
         const QPoint from = list->visualItemRect(list->item(row)).center();
         QTest::mousePress(list->viewport(), Qt::LeftButton, {}, from);
         QTimer::singleShot(0, tree, [=] {
@@ -100,7 +111,10 @@ protected:
             QTest::mouseRelease(tree->viewport(), Qt::LeftButton, {}, at);
         });
         for (int step = 1; step <= 3; ++step) // the drag itself runs inside one of these
-            {qWarning() << "step" << step << from << list->isActiveWindow();moveHeld(list->viewport(), from + QPoint(step * QApplication::startDragDistance(), 0));}
+        {
+            qWarning() << "step" << step << from << list->isActiveWindow();
+            moveHeld(list->viewport(), from + QPoint(step * QApplication::startDragDistance(), 0));
+        }
     }
     static void moveHeld(QWidget *widget, QPoint at)
     {

@@ -1,4 +1,4 @@
-#include "host/common/registry.h"
+#include "host/common/settings_store.h"
 
 #include <QAbstractItemModel>
 #include <QCoreApplication>
@@ -27,8 +27,8 @@ QString pathOf(const QString &path, const QString &name)
 // A group of the store for as long as the object lives.
 class InGroup {
 public:
-    explicit InGroup(const QString &path) { registry().beginGroup(path); }
-    ~InGroup() { registry().endGroup(); }
+    explicit InGroup(const QString &path) { settingsStore().beginGroup(path); }
+    ~InGroup() { settingsStore().endGroup(); }
     InGroup(const InGroup &) = delete;
     InGroup &operator=(const InGroup &) = delete;
 };
@@ -36,7 +36,7 @@ public:
 std::optional<int> keptNumber(const QString &key)
 {
     bool ok = false;
-    const int number = registry().value(key).toString().toInt(&ok);
+    const int number = settingsStore().value(key).toString().toInt(&ok);
     return ok ? std::optional(number) : std::nullopt;
 }
 
@@ -121,7 +121,12 @@ QString GetRegPath()
     return u'\\' + QCoreApplication::applicationName();
 }
 
-QSettings &registry()
+QString FormsPath()
+{
+    return GetRegPath() + u"\\Forms"_s;
+}
+
+QSettings &settingsStore()
 {
     static std::unique_ptr<QSettings> store;
     const QString organization = QCoreApplication::organizationName().isEmpty()
@@ -137,20 +142,20 @@ QSettings &registry()
 // A damaged store is left for repair: writing would complete the loss.
 bool CanSave()
 {
-    return registry().isWritable() && registry().status() == QSettings::NoError;
+    return settingsStore().isWritable() && settingsStore().status() == QSettings::NoError;
 }
 
 bool ReadFromReg(QWidget *control, const QString &path, const QString &name)
 {
     const InGroup group(pathOf(path, name));
     forEachGrid(control, [](QTableView *grid, const QString &key) {
-        applyWidths(grid, registry().value(key).toStringList());
+        applyWidths(grid, settingsStore().value(key).toStringList());
     });
     const std::optional<QRect> placement = keptPlacement();
     if (!placement)
         return false;
     control->setGeometry(movedInto(*placement, roomFor(control, *placement)));
-    if (registry().value(u"Maximized"_s).toBool())
+    if (settingsStore().value(u"Maximized"_s).toBool())
         control->setWindowState(control->windowState() | Qt::WindowMaximized);
     return true;
 }
@@ -162,13 +167,14 @@ void SaveToReg(QWidget *control, const QString &path, const QString &name, bool 
     const InGroup group(pathOf(path, name));
     const QRect normal = control->normalGeometry();
     const QRect placement = control->isWindow() && normal.isValid() ? normal : control->geometry();
-    registry().setValue(u"Left"_s, placement.left());
-    registry().setValue(u"Top"_s, placement.top());
-    registry().setValue(u"Width"_s, placement.width());
-    registry().setValue(u"Height"_s, placement.height());
-    registry().setValue(u"Maximized"_s, control->isMaximized());
+    settingsStore().setValue(u"Left"_s, placement.left());
+    settingsStore().setValue(u"Top"_s, placement.top());
+    settingsStore().setValue(u"Width"_s, placement.width());
+    settingsStore().setValue(u"Height"_s, placement.height());
+    settingsStore().setValue(u"Maximized"_s, control->isMaximized());
     if (columns) {
-        forEachGrid(control,
-                    [](QTableView *grid, const QString &key) { registry().setValue(key, widthsOf(grid)); });
+        forEachGrid(control, [](QTableView *grid, const QString &key) {
+            settingsStore().setValue(key, widthsOf(grid));
+        });
     }
 }

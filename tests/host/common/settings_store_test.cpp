@@ -1,4 +1,4 @@
-#include "host/common/registry.h"
+#include "host/common/settings_store.h"
 
 #include <gtest/gtest.h>
 
@@ -12,14 +12,14 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-class Registry : public testing::Test {
+class SettingsStore : public testing::Test {
 protected:
-    void SetUp() override { registry().clear(); }
+    void SetUp() override { settingsStore().clear(); }
 
-    QString path() const { return GetRegPath() + u"\\Forms"_s; }
+    QString path() const { return FormsPath(); }
     void keep(const QString &key, const QVariant &value)
     {
-        registry().setValue(path().replace(u'\\', u'/') + u"/Frm/"_s + key, value);
+        settingsStore().setValue(path().replace(u'\\', u'/') + u"/Frm/"_s + key, value);
     }
 };
 
@@ -36,7 +36,7 @@ struct Window : QWidget {
 };
 } // namespace
 
-TEST_F(Registry, PlacementComesBack)
+TEST_F(SettingsStore, PlacementComesBack)
 {
     QWidget saved;
     saved.setGeometry(40, 50, 320, 240);
@@ -46,7 +46,7 @@ TEST_F(Registry, PlacementComesBack)
     EXPECT_EQ(opened.geometry(), QRect(40, 50, 320, 240));
 }
 
-TEST_F(Registry, NothingKeptLeavesTheWindowAlone)
+TEST_F(SettingsStore, NothingKeptLeavesTheWindowAlone)
 {
     QWidget window;
     window.setGeometry(10, 20, 300, 200);
@@ -54,7 +54,7 @@ TEST_F(Registry, NothingKeptLeavesTheWindowAlone)
     EXPECT_EQ(window.geometry(), QRect(10, 20, 300, 200));
 }
 
-TEST_F(Registry, DamagedPlacementLeavesTheWindowAlone)
+TEST_F(SettingsStore, DamagedPlacementLeavesTheWindowAlone)
 {
     const QList<QVariantMap> damages = {
         {{u"Left"_s, 1}, {u"Top"_s, 1}, {u"Width"_s, 100}},
@@ -64,7 +64,7 @@ TEST_F(Registry, DamagedPlacementLeavesTheWindowAlone)
         {{u"Left"_s, u"99999999999999"_s}, {u"Top"_s, 1}, {u"Width"_s, 100}, {u"Height"_s, 100}},
     };
     for (const QVariantMap &damage : damages) {
-        registry().clear();
+        settingsStore().clear();
         for (const auto &[key, value] : damage.asKeyValueRange())
             keep(key, value);
         QWidget window;
@@ -74,7 +74,7 @@ TEST_F(Registry, DamagedPlacementLeavesTheWindowAlone)
     }
 }
 
-TEST_F(Registry, PlacementOutsideEveryScreenComesBackOntoOne)
+TEST_F(SettingsStore, PlacementOutsideEveryScreenComesBackOntoOne)
 {
     QWidget saved;
     saved.setGeometry(9000, 8000, 320, 240);
@@ -85,7 +85,7 @@ TEST_F(Registry, PlacementOutsideEveryScreenComesBackOntoOne)
     EXPECT_EQ(opened.size(), QSize(320, 240));
 }
 
-TEST_F(Registry, ColumnWidthsComeBackWhenAskedFor)
+TEST_F(SettingsStore, ColumnWidthsComeBackWhenAskedFor)
 {
     Window saved;
     saved.grid.setColumnWidth(1, 177);
@@ -99,7 +99,7 @@ TEST_F(Registry, ColumnWidthsComeBackWhenAskedFor)
     EXPECT_EQ(with.grid.columnWidth(1), 177);
 }
 
-TEST_F(Registry, WidthsOfOtherColumnsOrDamagedOnesAreLeftOut)
+TEST_F(SettingsStore, WidthsOfOtherColumnsOrDamagedOnesAreLeftOut)
 {
     for (const QStringList &kept : {QStringList{u"50"_s, u"60"_s}, QStringList{u"50"_s, u"x"_s, u"70"_s},
                                     QStringList{u"50"_s, u"-9"_s, u"70"_s}}) {
@@ -111,21 +111,21 @@ TEST_F(Registry, WidthsOfOtherColumnsOrDamagedOnesAreLeftOut)
     }
 }
 
-TEST_F(Registry, DamagedFileIsNotWrittenOver)
+TEST_F(SettingsStore, DamagedFileIsNotWrittenOver)
 {
-    registry().setValue(u"a/b"_s, 1);
-    registry().sync();
-    const QString file = registry().fileName();
+    settingsStore().setValue(u"a/b"_s, 1);
+    settingsStore().sync();
+    const QString file = settingsStore().fileName();
     ASSERT_TRUE(CanSave());
     QFile damaged(file);
     ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
     damaged.write("[broken\nthis is no setting\n");
     damaged.close();
-    registry().sync();
+    settingsStore().sync();
     EXPECT_FALSE(CanSave());
     QWidget window;
     SaveToReg(&window, path(), u"Frm"_s, true);
-    registry().sync();
+    settingsStore().sync();
     ASSERT_TRUE(damaged.open(QIODevice::ReadOnly));
     EXPECT_EQ(damaged.readAll(), "[broken\nthis is no setting\n");
     damaged.close();

@@ -4,8 +4,10 @@
 #include <QString>
 #include <QWidget>
 
-// The user's settings store. Paths are written with back slashes: GetRegPath() + "\\Forms".
+// The user's settings store. Paths are written with back slashes.
 QString GetRegPath();
+// Where windows keep their placement and columns: GetRegPath() + "\\Forms".
+QString FormsPath();
 
 // True when settings may be written: the store is writable and was read without damage.
 bool CanSave();
@@ -20,4 +22,4 @@ bool ReadFromReg(QWidget *control, const QString &path, const QString &name);
 void SaveToReg(QWidget *control, const QString &path, const QString &name, bool columns);
 
 // The store itself: one file per organisation and application name.
-QSettings &registry();
+QSettings &settingsStore();
