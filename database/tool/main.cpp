@@ -1,3 +1,4 @@
+#include "database/private_place.h"
 #include "database/tool/command_line.h"
 #include "database/tool/keeping/keeper.h"
 
@@ -63,6 +64,7 @@ ExitCode run(const TCommandLine &line)
 
 int main(int argc, char *argv[])
 {
+    keepNewFilesPrivate();
     QCoreApplication application(argc, argv);
     try {
         const TCommandLine line = TCommandLine::parse(application.arguments());

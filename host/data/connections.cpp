@@ -1,5 +1,7 @@
 #include "host/data/connections.h"
 
+#include "database/private_place.h"
+
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QSettings>
@@ -85,9 +87,10 @@ void writeBooksSettings(const QString &file, const TBooksSettings &settings)
 {
     const QString line = settings.isEmbedded() ? u"Folder="_s + quotedText(settings.folder)
                                                : u"Server="_s + quotedText(settings.connection);
-    QDir().mkpath(QFileInfo(file).absolutePath());
+    makePrivateFolder(QFileInfo(file).absolutePath());
     QSaveFile out(file);
-    const bool open = out.open(QIODevice::WriteOnly);
+    const bool open =
+        out.open(QIODevice::WriteOnly) && out.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
     if (open)
         out.write((u"[Books]\n"_s + line + u'\n').toUtf8());
     if (!open || !out.commit())

@@ -24,15 +24,17 @@ struct TBooksSettings {
 // file that cannot be read, is no settings file, says too little or says something unknown raises
 // EConvertError; the program must not open other books then.
 std::optional<TBooksSettings> readBooksSettings(const QString &file);
-// Replaces the settings file. Raises EConvertError when it cannot be written; the old file stays then.
+// Replaces the settings file; as it may hold a password, it is its owner's alone. Raises EConvertError when
+// it cannot be written; the old file stays then.
 void writeBooksSettings(const QString &file, const TBooksSettings &settings);
 
-// Whether the folder holds embedded books. Raises EDatabaseError when it holds one of the two files only.
+// Whether the folder holds embedded books. Raises EDatabaseError when it holds one of the two files only, and
+// when this user may not enter it.
 bool embeddedBooksExist(const QString &folder);
 
-// First start: creates the folder and both files with the schema. The files get their names at the very end,
-// so a program that is stopped in between leaves no half books: the next call finishes or starts anew.
-// Existing books are left alone. Raises EDatabaseError.
+// First start: creates the folder and both files with the schema, readable by their owner alone. The files
+// get their names at the very end, so a program that is stopped in between leaves no half books: the next
+// call finishes or starts anew. Existing books are left alone. Raises EDatabaseError.
 void createEmbeddedBooks(const QString &folder);
 
 // Brings the schema of both databases up to this program's revision, each in one transaction.

@@ -1,5 +1,6 @@
 #include "host/data/connections.h"
 
+#include "database/private_place.h"
 #include "database/schema.h"
 #include "database/sqlite_routines.h"
 
@@ -7,6 +8,7 @@
 #include <QLockFile>
 
 #include <array>
+#include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -69,6 +71,7 @@ private:
     static void fill(TSessionSettings settings, Book book)
     {
         settings.file = unfinished(settings.file);
+        makePrivateFile(settings.file);
         TDatabase database(settings);
         database.Open();
         upgrade(database, book);
@@ -98,16 +101,27 @@ private:
     QString folder;
 };
 
+// A folder that this user may not enter says nothing about what is in it.
+void requireAccess(const QString &folder)
+{
+    if (::faccessat(AT_FDCWD, QFile::encodeName(folder).constData(), X_OK, AT_EACCESS) != 0 &&
+        errno == EACCES)
+        throw EDatabaseError(
+            u"Į aplanką „%1“ jums neleista įeiti, todėl nežinia, ar jame yra duomenų bazė. "
+            "Paprašykite teisių arba nurodykite kitą aplanką."_s.arg(QDir::toNativeSeparators(folder)));
+}
+
 } // namespace
 
 bool embeddedBooksExist(const QString &folder)
 {
+    requireAccess(folder);
     return TNewBooks(folder).exist();
 }
 
 void createEmbeddedBooks(const QString &folder)
 {
-    if (!QDir().mkpath(folder))
+    if (!makePrivateFolder(folder))
         throw EDatabaseError(u"Nepavyko sukurti aplanko „%1“."_s.arg(QDir::toNativeSeparators(folder)));
     QLockFile lock(QDir(folder).filePath(u"velmora.lock"_s));
     lock.setStaleLockTime(0);

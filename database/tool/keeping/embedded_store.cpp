@@ -1,3 +1,4 @@
+#include "database/private_place.h"
 #include "database/tool/keeping/store.h"
 #include "database/tool/keeping/whole_file.h"
 
@@ -64,7 +65,7 @@ public:
 
     void prepareAside() override
     {
-        if (!QDir().mkpath(folder))
+        if (!makePrivateFolder(folder))
             throw EFileError(u"Nepavyko sukurti katalogo „%1“."_s.arg(folder));
         lock.setStaleLockTime(0);
         if (!lock.tryLock(0))
@@ -72,6 +73,8 @@ public:
                 u"Kataloge „%1“ duomenų bazes jau kuria kita programa arba į jį negalima rašyti."_s.arg(
                     folder));
         discardAside();
+        makePrivateFile(asidePlace.fin.file);
+        makePrivateFile(asidePlace.ravl.file);
     }
 
     void discardAside() override

@@ -46,7 +46,8 @@ TWholeFile::TWholeFile(const QString &name) : target(name), file(name + u".dalin
 {
     if (QFileInfo::exists(target))
         throw EFileError(u"Failas „%1“ jau yra."_s.arg(target));
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered) ||
+        !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner))
         failWriting(file.fileName(), fileTrouble(file));
 }
 

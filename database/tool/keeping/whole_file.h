@@ -15,7 +15,8 @@ public:
 QString fileTrouble(const QFileDevice &file);
 
 // A file that stands under its name only when it is whole: written beside it under the name with ".dalinis",
-// brought to the disk and renamed by publish(). Without publish() nothing is left of it.
+// brought to the disk and renamed by publish(). Without publish() nothing is left of it. It holds books, so
+// it is readable by its owner alone.
 class TWholeFile {
 public:
     // Raises EFileError when the target exists already or its folder cannot be written.

@@ -2,6 +2,7 @@
 
 #include "database/tool/keeping/archive.h"
 #include "tests/support/files.h"
+#include "tests/support/private_files.h"
 
 #include <QLockFile>
 #include <QProcess>
@@ -88,6 +89,20 @@ TEST_P(Tool, CreatesBothDatabasesAndNothingElse)
     EXPECT_EQ(place.everything().size(), 2);
     EXPECT_EQ(value(*place.fin(), u"select count(*) from bd_sasplan"_s), u"0");
     EXPECT_EQ(value(*place.ravl(), u"select count(*) from bd_usr"_s), u"0");
+}
+
+TEST(EmbeddedTool, BooksAndBackupsAreTheirOwnersAlone)
+{
+    const OpenMask everybody;
+    const QTemporaryDir root;
+    const QString books = root.filePath(u"nauja/knygos"_s);
+    const QString copies = root.filePath(u"kopijos"_s);
+    QDir().mkdir(copies, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    ASSERT_EQ(velmoraDb({u"demo"_s, u"--data"_s, books}).code, 0);
+    ASSERT_EQ(velmoraDb({u"backup"_s, copies + u"/kopija"_s, u"--data"_s, books}).code, 0);
+    ASSERT_EQ(velmoraDb({u"restore"_s, copies + u"/kopija"_s, u"--data"_s, books}).code, 0);
+    EXPECT_GE(QDir(books).entryList(QDir::Files).size(), 4);
+    EXPECT_EQ(openToOthers(root.path()), QStringList());
 }
 
 TEST_P(Tool, NeverOverwritesBooks)

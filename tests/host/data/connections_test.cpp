@@ -2,12 +2,20 @@
 
 #include "host/data/main_datas.h"
 #include "tests/support/files.h"
+#include "tests/support/private_files.h"
 
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
 
+#include <cstdio>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+constexpr uid_t nobody = 65534;
+}
 
 class BooksSettings : public testing::Test {
 protected:
@@ -42,6 +50,14 @@ TEST_F(BooksSettings, WhatIsWrittenIsReadBack)
     ASSERT_TRUE(server);
     EXPECT_FALSE(server->isEmbedded());
     EXPECT_EQ(server->connection, words + u" fin=knygos ravl=teisės"_s);
+}
+
+TEST_F(BooksSettings, TheFileIsItsOwnersAlone)
+{
+    const OpenMask everybody;
+    const QString place = folder.filePath(u"nauja/velmora.ini"_s);
+    writeBooksSettings(place, TBooksSettings::server(u"host=a password=b"_s));
+    EXPECT_EQ(openToOthers(QFileInfo(place).path()), QStringList());
 }
 
 TEST_F(BooksSettings, AListOfHostsNeedsNoQuotes)
@@ -112,6 +128,40 @@ TEST_F(FirstStart, CreatesFolderAndBothBooks)
     createEmbeddedBooks(path());
     EXPECT_TRUE(embeddedBooksExist(path()));
     expectTheyOpen();
+}
+
+TEST_F(FirstStart, BooksAndWhatTheEngineKeepsBesideThemAreTheirOwnersAlone)
+{
+    const OpenMask everybody;
+    const QString deep = folder.filePath(u"nauja/vieta"_s);
+    createEmbeddedBooks(deep);
+    TDatabase fin(embeddedBooks(deep).fin);
+    fin.Open();
+    fin.ExecSQL(u"insert into bd_period values (6, 2026, 1, 1)"_s);
+    ASSERT_TRUE(QFile::exists(embeddedBooks(deep).fin.file + u"-wal"_s));
+    EXPECT_EQ(openToOthers(folder.filePath(u"nauja"_s)), QStringList());
+}
+
+// Root may enter everything, so the question is asked by a process that gave up its rights.
+TEST_F(FirstStart, AFolderThatMayNotBeEnteredIsNotCalledOneWithoutBooks)
+{
+    const auto askAsStranger = [](const QString &place) {
+        if (::geteuid() == 0 && ::setresuid(nobody, nobody, nobody) != 0)
+            ::_exit(9);
+        try {
+            ::_exit(embeddedBooksExist(place) ? 1 : 0);
+        } catch (const EDatabaseError &error) {
+            std::fputs(error.what(), stderr);
+            ::_exit(2);
+        }
+    };
+    createEmbeddedBooks(path());
+    QFile::setPermissions(folder.path(), QFile::Permissions::fromInt(0x7755));
+    QFile::setPermissions(path(), QFile::Permissions());
+    EXPECT_EXIT(askAsStranger(path()), testing::ExitedWithCode(2), "neleista");
+    EXPECT_EXIT(askAsStranger(path() + u"/giliau"_s), testing::ExitedWithCode(2), "neleista");
+    EXPECT_EXIT(askAsStranger(folder.filePath(u"kita"_s)), testing::ExitedWithCode(0), "");
+    QFile::setPermissions(path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
 TEST_F(FirstStart, LeavesExistingBooksAlone)
