@@ -2,11 +2,28 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
 #include <QMessageBox>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+// Ctrl+C copies what the box says.
+class TCopyableBox : public QMessageBox {
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (event->matches(QKeySequence::Copy))
+            QGuiApplication::clipboard()->setText(text());
+        else
+            QMessageBox::keyPressEvent(event);
+    }
+};
+
 struct Look {
     QMessageBox::Icon icon;
     QString title;
@@ -55,6 +72,13 @@ void nameButtons(QMessageBox &box)
     }
 }
 
+QMessageBox::StandardButton defaultOf(QMessageBox::StandardButtons buttons)
+{
+    if (buttons & QMessageBox::Cancel)
+        return QMessageBox::Yes;
+    return buttons & QMessageBox::No ? QMessageBox::No : QMessageBox::Ok;
+}
+
 QMessageBox::StandardButton escapeOf(QMessageBox::StandardButtons buttons)
 {
     for (const auto each : {QMessageBox::Cancel, QMessageBox::No}) {
@@ -89,7 +113,7 @@ int StdMsgBox(unsigned short kind, const QString &text)
 {
     const Look look = lookOf(kind);
     const QMessageBox::StandardButtons buttons = buttonsOf(kind);
-    QMessageBox box(windowInFront());
+    TCopyableBox box(windowInFront());
     box.setObjectName(u"StdMsgBox"_s);
     box.setProperty("kind", kind);
     box.setIcon(look.icon);
@@ -98,7 +122,9 @@ int StdMsgBox(unsigned short kind, const QString &text)
     box.setTextFormat(Qt::PlainText);
     box.setText(QString(text).replace(u"\r\n"_s, u"\n"_s));
     box.setStandardButtons(buttons);
+    box.setDefaultButton(defaultOf(buttons));
     box.setEscapeButton(escapeOf(buttons));
     nameButtons(box);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     return resultOf(box.exec());
 }

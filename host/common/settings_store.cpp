@@ -2,9 +2,7 @@
 
 #include <QAbstractItemModel>
 #include <QCoreApplication>
-#include <QGuiApplication>
 #include <QHeaderView>
-#include <QScreen>
 #include <QTableView>
 
 #include <memory>
@@ -40,7 +38,7 @@ std::optional<int> keptNumber(const QString &key)
     return ok ? std::optional(number) : std::nullopt;
 }
 
-// The kept frame, if all of it is there and a window can have it.
+// The kept frame of a window inside another, if all of it is there and a window can have it.
 std::optional<QRect> keptPlacement()
 {
     const auto left = keptNumber(u"Left"_s), top = keptNumber(u"Top"_s);
@@ -50,18 +48,6 @@ std::optional<QRect> keptPlacement()
     const bool possible = *width > 0 && *width <= widestWindow && *height > 0 && *height <= widestWindow &&
                           qAbs(*left) <= widestWindow && qAbs(*top) <= widestWindow;
     return possible ? std::optional(QRect(*left, *top, *width, *height)) : std::nullopt;
-}
-
-// The part of the platform that the window moves in: its parent for a window inside another, else the
-// screens.
-QRect roomFor(const QWidget *window, const QRect &wanted)
-{
-    if (!window->isWindow() && window->parentWidget())
-        return window->parentWidget()->rect();
-    const QScreen *screen = QGuiApplication::screenAt(wanted.center());
-    if (!screen)
-        screen = QGuiApplication::primaryScreen();
-    return screen->availableGeometry();
 }
 
 QRect movedInto(QRect wanted, const QRect &room)
@@ -114,6 +100,37 @@ template<class Act> void forEachGrid(QWidget *control, Act act)
             act(grid, u"Columns_"_s + grid->objectName());
     }
 }
+// A window on the screen: the toolkit knows screens, and a placement outside them.
+bool restoreWindow(QWidget *window)
+{
+    return window->restoreGeometry(settingsStore().value(u"Geometry"_s).toByteArray());
+}
+
+// A window inside another one: the toolkit's own way would measure it against the screen.
+bool restoreInner(QWidget *window)
+{
+    const std::optional<QRect> placement = keptPlacement();
+    if (!placement)
+        return false;
+    const QWidget *around = window->parentWidget();
+    window->setGeometry(around ? movedInto(*placement, around->rect()) : *placement);
+    if (settingsStore().value(u"Maximized"_s).toBool())
+        window->setWindowState(window->windowState() | Qt::WindowMaximized);
+    return true;
+}
+
+// What a maximised window returns to is kept from before, or is what its own wish would be.
+void saveInner(const QWidget *window)
+{
+    settingsStore().setValue(u"Maximized"_s, window->isMaximized());
+    if (window->isMaximized() && keptPlacement())
+        return;
+    const QRect placement = window->isMaximized() ? QRect(QPoint(), window->sizeHint()) : window->geometry();
+    settingsStore().setValue(u"Left"_s, placement.left());
+    settingsStore().setValue(u"Top"_s, placement.top());
+    settingsStore().setValue(u"Width"_s, placement.width());
+    settingsStore().setValue(u"Height"_s, placement.height());
+}
 } // namespace
 
 QString GetRegPath()
@@ -151,13 +168,7 @@ bool ReadFromReg(QWidget *control, const QString &path, const QString &name)
     forEachGrid(control, [](QTableView *grid, const QString &key) {
         applyWidths(grid, settingsStore().value(key).toStringList());
     });
-    const std::optional<QRect> placement = keptPlacement();
-    if (!placement)
-        return false;
-    control->setGeometry(movedInto(*placement, roomFor(control, *placement)));
-    if (settingsStore().value(u"Maximized"_s).toBool())
-        control->setWindowState(control->windowState() | Qt::WindowMaximized);
-    return true;
+    return control->isWindow() ? restoreWindow(control) : restoreInner(control);
 }
 
 void SaveToReg(QWidget *control, const QString &path, const QString &name, bool columns)
@@ -165,13 +176,10 @@ void SaveToReg(QWidget *control, const QString &path, const QString &name, bool 
     if (!CanSave())
         return;
     const InGroup group(pathOf(path, name));
-    const QRect normal = control->normalGeometry();
-    const QRect placement = control->isWindow() && normal.isValid() ? normal : control->geometry();
-    settingsStore().setValue(u"Left"_s, placement.left());
-    settingsStore().setValue(u"Top"_s, placement.top());
-    settingsStore().setValue(u"Width"_s, placement.width());
-    settingsStore().setValue(u"Height"_s, placement.height());
-    settingsStore().setValue(u"Maximized"_s, control->isMaximized());
+    if (control->isWindow())
+        settingsStore().setValue(u"Geometry"_s, control->saveGeometry());
+    else
+        saveInner(control);
     if (columns) {
         forEachGrid(control, [](QTableView *grid, const QString &key) {
             settingsStore().setValue(key, widthsOf(grid));

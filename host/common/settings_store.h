@@ -12,9 +12,10 @@ QString FormsPath();
 // True when settings may be written: the store is writable and was read without damage.
 bool CanSave();
 
-// Restores the placement of a window, kept under path and the given name, and the widths of the grids in it.
-// Nothing kept, or damaged: false, and the window stays as it is. A placement outside every screen is moved
-// back onto one. Widths are kept for the columns that a grid shows now; other columns leave it as it is.
+// Restores the placement of a window, kept under path and the given name, whether it was maximised, and the
+// widths of the grids in it. Nothing kept, or damaged: false, and the window stays as it is. A placement
+// outside every screen, or outside the window around it, is moved back. Widths are kept for the columns that
+// a grid shows now; other columns leave it as it is.
 bool ReadFromReg(QWidget *control, const QString &path, const QString &name);
 
 // Stores the placement; with columns true also the widths of the grids in it, by object name. Does

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -82,4 +83,27 @@ TEST(StdMsgBox, LineBreaksOfTheSystemAreLineBreaks)
     NextBoxes boxes{QMessageBox::Ok};
     StdMsgBox(33, u"a\r\n(b)"_s);
     EXPECT_EQ(boxes.at(0).text, u"a\n(b)"_s);
+}
+
+TEST(StdMsgBox, EnterAnswersNoWhereItCannotBeTakenBack)
+{
+    KeyOnBox enter(Qt::Key_Return);
+    EXPECT_EQ(StdMsgBox(18, u"Ar tikrai norite ištrinti?"_s), mrNo);
+}
+
+TEST(StdMsgBox, EnterSavesWhereThereIsAWayBack)
+{
+    KeyOnBox enter(Qt::Key_Return);
+    EXPECT_EQ(StdMsgBox(99, u"Išsaugoti?"_s), mrYes);
+}
+
+TEST(StdMsgBox, ItsTextCanBeCopied)
+{
+    QGuiApplication::clipboard()->clear();
+    OnNextDialog<QMessageBox> shown([](QMessageBox &box) {
+        QTest::keyClick(&box, Qt::Key_C, Qt::ControlModifier);
+        pressButton(box, u"Gerai"_s);
+    });
+    StdMsgBox(81, u"Klaida 17"_s);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"Klaida 17"_s);
 }

@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QScreen>
 #include <QStandardItemModel>
 #include <QTableView>
@@ -56,6 +58,15 @@ TEST_F(SettingsStore, NothingKeptLeavesTheWindowAlone)
 
 TEST_F(SettingsStore, DamagedPlacementLeavesTheWindowAlone)
 {
+    keep(u"Geometry"_s, QByteArray("damaged"));
+    QWidget window;
+    window.setGeometry(10, 20, 300, 200);
+    EXPECT_FALSE(ReadFromReg(&window, path(), u"Frm"_s));
+    EXPECT_EQ(window.geometry(), QRect(10, 20, 300, 200));
+}
+
+TEST_F(SettingsStore, DamagedPlacementLeavesAnInnerWindowAlone)
+{
     const QList<QVariantMap> damages = {
         {{u"Left"_s, 1}, {u"Top"_s, 1}, {u"Width"_s, 100}},
         {{u"Left"_s, 1}, {u"Top"_s, 1}, {u"Width"_s, 100}, {u"Height"_s, u"1x0"_s}},
@@ -67,11 +78,50 @@ TEST_F(SettingsStore, DamagedPlacementLeavesTheWindowAlone)
         settingsStore().clear();
         for (const auto &[key, value] : damage.asKeyValueRange())
             keep(key, value);
-        QWidget window;
+        QWidget around;
+        QWidget window(&around);
         window.setGeometry(10, 20, 300, 200);
         EXPECT_FALSE(ReadFromReg(&window, path(), u"Frm"_s));
         EXPECT_EQ(window.geometry(), QRect(10, 20, 300, 200));
     }
+}
+
+TEST_F(SettingsStore, AnInnerWindowComesBackInsideTheOneAroundIt)
+{
+    QWidget wide;
+    wide.resize(1000, 800);
+    QWidget saved(&wide);
+    saved.setGeometry(600, 500, 300, 200);
+    SaveToReg(&saved, path(), u"Frm"_s, false);
+    QWidget narrow;
+    narrow.resize(640, 480);
+    QWidget opened(&narrow);
+    EXPECT_TRUE(ReadFromReg(&opened, path(), u"Frm"_s));
+    EXPECT_EQ(opened.geometry(), QRect(340, 280, 300, 200));
+}
+
+TEST_F(SettingsStore, AMaximisedWindowComesBackMaximisedAndReturnsToItsPlace)
+{
+    QMdiArea area;
+    area.resize(900, 700);
+    area.show();
+    const auto open = [&area] {
+        QMdiSubWindow *window = area.addSubWindow(new QWidget);
+        window->show();
+        return window;
+    };
+    QMdiSubWindow *first = open();
+    first->setGeometry(30, 40, 400, 300);
+    SaveToReg(first, path(), u"Frm"_s, false);
+    first->showMaximized();
+    SaveToReg(first, path(), u"Frm"_s, false);
+    delete first;
+
+    QMdiSubWindow *second = open();
+    EXPECT_TRUE(ReadFromReg(second, path(), u"Frm"_s));
+    EXPECT_TRUE(second->isMaximized());
+    second->showNormal();
+    EXPECT_EQ(second->geometry(), QRect(30, 40, 400, 300));
 }
 
 TEST_F(SettingsStore, PlacementOutsideEveryScreenComesBackOntoOne)
