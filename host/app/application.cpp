@@ -1,25 +1,32 @@
 #include "host/app/application.h"
 
+#include "database/private_place.h"
 #include "host/app/help_viewer.h"
 #include "host/app/login.h"
 #include "host/app/main_window.h"
 #include "host/app/options.h"
 #include "host/app/startup.h"
-#include "host/app/tour.h"
 #include "host/data/main_datas.h"
 #include "toolkit/widgets/guard.h"
 #include "toolkit/widgets/lithuanian.h"
 
 #include <QApplication>
+#include <QLibrary>
+
+#include <cstdio>
 
 namespace {
 
-// The tour needs no display; the platform is chosen before there is an application to read options.
-void chooseOffscreenForTour(int argc, char **argv)
+constexpr int wrongUsage = 2;
+
+// The tour, the help and the version need no display; the platform is chosen before there is an application
+// to read options.
+void chooseOffscreenWhereNothingIsShown(int argc, char **argv)
 {
     for (int i = 1; i < argc; ++i)
-        if (QByteArrayView(argv[i]).startsWith("--tour"))
-            qputenv("QT_QPA_PLATFORM", "offscreen");
+        for (const char *option : {"--tour", "--help", "-h", "--version", "-v"})
+            if (QByteArrayView(argv[i]).startsWith(option))
+                qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
 // Opens the books over the window and lets the user in; false when the user gave up.
@@ -31,7 +38,7 @@ bool enter(TMainWindow &window, const TOptions &options)
 
 int runBooks(const TOptions &options)
 {
-    TLoadedPackage package(TLoadedPackage::defaultFile());
+    TLoadedPackage package(installedLibrary("libvelmora.so"));
     TMainWindow window(package);
     installHelpViewer(&window);
     window.show();
@@ -47,19 +54,40 @@ int runBooks(const TOptions &options)
     return QApplication::exec();
 }
 
+int runTour(const QString &folder)
+{
+    QLibrary module(installedLibrary("libvelmora_tour.so"));
+    auto *tour = reinterpret_cast<int (*)(const QString &)>(module.resolve("runTour"));
+    if (!tour)
+        throw Exception(module.errorString());
+    return tour(folder);
+}
+
+int run(const TOptions &options)
+{
+    const auto closeBooks = qScopeGuard([] { setMainDatas(nullptr); });
+    int code = 1;
+    runGuarded(nullptr, [&] { code = options.tour.isEmpty() ? runBooks(options) : runTour(options.tour); });
+    return code;
+}
+
 } // namespace
 
 int runHost(int &argc, char **argv)
 {
-    chooseOffscreenForTour(argc, argv);
+    keepNewFilesPrivate();
+    chooseOffscreenWhereNothingIsShown(argc, argv);
     QApplication app(argc, argv);
     QApplication::setOrganizationName("velmora");
     QApplication::setApplicationName("velmora");
     QApplication::setApplicationVersion(VELMORA_VERSION);
     speakLithuanian(&app);
-    const TOptions options = readOptions(QApplication::arguments());
-    const auto closeBooks = qScopeGuard([] { setMainDatas(nullptr); });
-    int code = 1;
-    runGuarded(nullptr, [&] { code = options.tour.isEmpty() ? runBooks(options) : runTour(options.tour); });
-    return code;
+    try {
+        const TOptions options = readOptions(QApplication::arguments());
+        std::fputs(qUtf8Printable(options.told), stdout);
+        return options.told.isEmpty() ? run(options) : 0;
+    } catch (const EUsage &error) {
+        std::fprintf(stderr, "%s\nPagalba: velmora-host --help\n", qUtf8Printable(error.message()));
+        return wrongUsage;
+    }
 }

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QKeyEvent>
 #include <QPointer>
 
 namespace {
@@ -45,6 +46,14 @@ QVariant THelpViewer::loadResource(int type, const QUrl &name)
             return QString::fromUtf8(file.readAll());
     }
     return QTextBrowser::loadResource(type, name);
+}
+
+void THelpViewer::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        QTextBrowser::keyPressEvent(event);
 }
 
 // A modal dialog shuts out every window but its own, so the viewer belongs to the dialog that asks for help.

@@ -2,7 +2,7 @@
 
 #include <QTextBrowser>
 
-// The help window: one topic of docs/help at a time, with links between topics.
+// The help window: one topic of docs/help at a time, with links between topics. Esc closes it.
 class THelpViewer : public QTextBrowser {
     Q_OBJECT
 public:
@@ -13,6 +13,7 @@ public:
 
 protected:
     QVariant loadResource(int type, const QUrl &name) override;
+    void keyPressEvent(QKeyEvent *event) override;
 };
 
 // Makes showHelp() open this viewer.

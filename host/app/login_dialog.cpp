@@ -3,56 +3,75 @@
 #include "host/data/login.h"
 #include "toolkit/widgets/guard.h"
 
-#include <QFormLayout>
-#include <QHBoxLayout>
 #include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int longestWait = 30;
+
+// Seconds before the next try after so many refusals: 1, 2, 4, 8 and so on.
+int waitAfter(int refusals)
+{
+    return std::min(longestWait, 1 << std::min(refusals - 1, 5));
+}
+
+} // namespace
 
 TLoginDlg::TLoginDlg(TMainDatas &books, const QString &name, QWidget *owner)
-    : QDialog(owner),
+    : TDialog(owner),
       datas(books),
-      NameEdit(new QLineEdit(name, this)),
-      PassEdit(new QLineEdit(this)),
       refusal(new QLabel(this))
 {
     setObjectName("TLoginDlg");
-    setWindowTitle("Prisijungimas");
-    NameEdit->setObjectName("NameEdit");
-    NameEdit->setMinimumWidth(220);
-    PassEdit->setObjectName("PassEdit");
-    PassEdit->setEchoMode(QLineEdit::Password);
+    describe("Prisijungimas",
+             {TFieldRow::freeEdit("&Vardas:", "NameEdit").width(28),
+              TFieldRow::freeEdit("&Slaptažodis:", "PassEdit").password()},
+             nullptr,
+             {{"&Prisijungti", TDialogButton::Save, true, {}, "OkBtn"},
+              {"&Atšaukti", TDialogButton::Cancel, false, {}, {}}});
+    NameEdit = control<QLineEdit>("NameEdit");
+    PassEdit = control<QLineEdit>("PassEdit");
+    NameEdit->setText(name);
+    bodyLayout()->insertWidget(
+        0, new QLabel(QString("<b>%1</b>").arg(organisationName().toHtmlEscaped()), this));
     refusal->setObjectName("refusal");
     refusal->setStyleSheet("color: #b00020");
-
-    auto *ok = new QPushButton("&Prisijungti", this);
-    ok->setObjectName("OkBtn");
-    ok->setDefault(true);
-    auto *cancel = new QPushButton("&Atšaukti", this);
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
-
-    auto *form = new QFormLayout(this);
-    form->addRow(new QLabel(QString("<b>%1</b>").arg(organisationName().toHtmlEscaped()), this));
-    form->addRow("&Vardas:", NameEdit);
-    form->addRow("&Slaptažodis:", PassEdit);
-    form->addRow(refusal);
-    form->addRow(buttons);
-
-    connectGuarded(ok, &QPushButton::clicked, this, [this] { tryLogin(); });
-    connectGuarded(cancel, &QPushButton::clicked, this, [this] { reject(); });
+    bodyLayout()->addWidget(refusal);
     if (!name.isEmpty())
         PassEdit->setFocus();
+
+    eachSecond.setInterval(1000);
+    connectGuarded(&eachSecond, &QTimer::timeout, this, [this] {
+        --secondsLeft;
+        showRefusal();
+    });
 }
 
-// Which of the two was wrong is not told.
-void TLoginDlg::tryLogin()
+// Which of the two was wrong is not told. Enter comes here also while the button waits.
+void TLoginDlg::Validate()
 {
-    if (logIn(datas, NameEdit->text(), PassEdit->text())) {
-        accept();
+    if (secondsLeft > 0)
+        throw EAbort();
+    if (logIn(datas, NameEdit->text(), PassEdit->text()))
         return;
-    }
-    refusal->setText("Neteisingas vardas arba slaptažodis.");
+    secondsLeft = waitAfter(++refusals);
+    eachSecond.start();
+    showRefusal();
     PassEdit->setFocus();
     PassEdit->selectAll();
+    throw EAbort();
+}
+
+void TLoginDlg::showRefusal()
+{
+    const QString wrong = "Neteisingas vardas arba slaptažodis.";
+    refusal->setText(secondsLeft > 0
+                         ? QString("%1\nKitą kartą bandyti galima po %2 s.").arg(wrong).arg(secondsLeft)
+                         : wrong);
+    saveButton()->setEnabled(secondsLeft <= 0);
+    if (secondsLeft <= 0)
+        eachSecond.stop();
 }

@@ -1,23 +1,31 @@
 #pragma once
 
 #include "host/data/main_datas.h"
+#include "toolkit/widgets/dialog.h"
 
-#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTimer>
 
-// Asks for name and password until they are right or the user gives up.
-class TLoginDlg : public QDialog {
+// Asks for name and password until they are right or the user gives up. After a refusal the next try waits, a
+// little longer each time; the dialog says how long, and everything in it but the button stays usable.
+class TLoginDlg : public TDialog {
     Q_OBJECT
 public:
     // name fills in the login name.
     TLoginDlg(TMainDatas &datas, const QString &name, QWidget *owner);
 
+protected:
+    void Validate() override;
+
 private:
-    void tryLogin();
+    void showRefusal();
 
     TMainDatas &datas;
     QLineEdit *NameEdit;
     QLineEdit *PassEdit;
     QLabel *refusal;
+    QTimer eachSecond;
+    int refusals = 0;
+    int secondsLeft = 0;
 };

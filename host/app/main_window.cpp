@@ -1,6 +1,7 @@
 #include "host/app/main_window.h"
 
 #include "host/app/about.h"
+#include "host/app/start_of_work.h"
 #include "host/common/help.h"
 #include "host/common/months.h"
 #include "host/common/settings_store.h"
@@ -9,13 +10,29 @@
 
 #include <QCloseEvent>
 #include <QDialog>
+#include <QGuiApplication>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QProxyStyle>
 #include <QStatusBar>
 
 #include <cstdio>
 
 namespace {
+
+constexpr int contentsTopic = 1;
+constexpr int windowsWithDigit = 9;
+
+// The platform's style, in which Alt alone leads to the menu bar.
+class TMenuBarStyle : public QProxyStyle {
+public:
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *returned) const override
+    {
+        return hint == SH_MenuBar_AltKeyNavigation ? 1
+                                                   : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
 
 QString engineName(Engine engine)
 {
@@ -32,25 +49,42 @@ QString userText()
 
 } // namespace
 
-TMainWindow::TMainWindow(TLoadedPackage &loaded) : package(loaded), area(new QMdiArea(this))
+TMainWindow::TMainWindow(TLoadedPackage &loaded) : package(loaded), area(new TDocumentArea(this))
 {
     setObjectName("TMainWindow");
     setWindowTitle("Velmora");
     resize(1100, 720);
-    area->setBackground(palette().brush(QPalette::Mid).color().lighter(125));
     setCentralWidget(area);
+    auto *style = new TMenuBarStyle;
+    style->setParent(this);
+    menuBar()->setStyle(style);
     addEntryMenus();
     addWindowMenu();
     addHelpMenu();
     addStatusBar();
     connectGuarded(&periodNotifier(), &TPeriodNotifier::periodChanged, this, [this] { showStatus(); });
+    connectGuarded(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](QWindow *window) {
+        if (window)
+            followPeriod();
+    });
+    connectGuarded(area, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *window) {
+        if (window)
+            followPeriod();
+    });
     ReadFromReg(this, FormsPath(), objectName());
     setLoggedIn(false);
 }
 
+// Later: the change of windows that is under way comes to its end first.
+void TMainWindow::followPeriod()
+{
+    QMetaObject::invokeMethod(
+        this, [] { FollowPeriod(); }, Qt::QueuedConnection);
+}
+
 void TMainWindow::addEntryMenus()
 {
-    QMenu *program = menuBar()->addMenu("Pro&grama");
+    QMenu *program = menuBar()->addMenu("&Programa");
     QAction *leave = program->addAction("&Baigti");
     leave->setShortcut(QKeySequence("Alt+F4"));
     connectGuarded(leave, &QAction::triggered, this, [this] { close(); });
@@ -71,32 +105,34 @@ void TMainWindow::addEntryMenus()
 void TMainWindow::addWindowMenu()
 {
     QMenu *windows = menuBar()->addMenu("&Langai");
-    connectGuarded(windows, &QMenu::aboutToShow, this, [this, windows] {
-        windows->clear();
-        connectGuarded(windows->addAction("&Kaskada"), &QAction::triggered, area,
-                       [this] { area->cascadeSubWindows(); });
-        connectGuarded(windows->addAction("&Greta"), &QAction::triggered, area,
-                       [this] { area->tileSubWindows(); });
-        connectGuarded(windows->addAction("&Uždaryti visus"), &QAction::triggered, area,
-                       [this] { area->closeAllSubWindows(); });
-        windows->addSeparator();
-        int number = 0;
-        for (QMdiSubWindow *window : area->subWindowList()) {
-            QAction *action = windows->addAction(QString("&%1 %2").arg(++number).arg(window->windowTitle()));
-            action->setCheckable(true);
-            action->setChecked(window == area->activeSubWindow());
-            connectGuarded(action, &QAction::triggered, window,
-                           [this, window] { area->setActiveSubWindow(window); });
-        }
-    });
+    connectGuarded(windows, &QMenu::aboutToShow, this, [this, windows] { listWindows(windows); });
+}
+
+void TMainWindow::listWindows(QMenu *menu)
+{
+    menu->clear();
+    connectGuarded(menu->addAction("&Kaskada"), &QAction::triggered, area,
+                   [this] { area->cascadeSubWindows(); });
+    connectGuarded(menu->addAction("&Greta"), &QAction::triggered, area, [this] { area->tileSubWindows(); });
+    connectGuarded(menu->addAction("&Uždaryti visus"), &QAction::triggered, area,
+                   [this] { area->closeAllSubWindows(); });
+    menu->addSeparator();
+    int number = 0;
+    for (QMdiSubWindow *window : area->subWindowList()) {
+        const QString title = window->windowTitle().replace('&', "&&");
+        QAction *action =
+            menu->addAction(++number <= windowsWithDigit ? QString("&%1 %2").arg(number).arg(title) : title);
+        action->setCheckable(true);
+        action->setChecked(window == area->activeSubWindow());
+        connectGuarded(action, &QAction::triggered, window,
+                       [this, window] { area->setActiveSubWindow(window); });
+    }
 }
 
 void TMainWindow::addHelpMenu()
 {
     QMenu *help = menuBar()->addMenu("Pa&galba");
-    QAction *topics = help->addAction("&Turinys");
-    topics->setShortcut(QKeySequence::HelpContents);
-    connectGuarded(topics, &QAction::triggered, this, [] { showHelp(1); });
+    connectGuarded(help->addAction("&Turinys"), &QAction::triggered, this, [] { showHelp(contentsTopic); });
     connectGuarded(help->addAction("&Apie programą…"), &QAction::triggered, this,
                    [this] { showAbout(package.info(), this); });
 }
@@ -107,6 +143,7 @@ void TMainWindow::addStatusBar()
         auto *label = new QLabel(this);
         label->setObjectName(name);
         label->setAccessibleName(accessibleName);
+        label->setTextFormat(Qt::PlainText);
         label->setMargin(3);
         statusBar()->addWidget(label);
         return label;
@@ -133,6 +170,9 @@ void TMainWindow::setLoggedIn(bool on)
 {
     for (QMenu *menu : std::as_const(entryMenus))
         menu->setEnabled(on);
+    for (const TPackageEntry &entry : package.entries())
+        if (auto *action = findChild<QAction *>(entry.name))
+            action->setEnabled(!entry.writes || !CurrentUser().viewOnly);
     showStatus();
 }
 
@@ -141,35 +181,20 @@ void TMainWindow::openEntry(const QString &name)
     const TPackageEntry *entry = package.find(name);
     if (!entry)
         throw Exception(QString("Nėra lango ar funkcijos „%1“").arg(name));
+    if (entry->writes && CurrentUser().viewOnly)
+        throw Exception("Jums leista duomenis tik peržiūrėti: šis veiksmas juos keičia.");
     switch (entry->kind) {
     case TPackageEntry::Kind::ListScreen:
-        showDocument(*entry);
+        area->open(*entry);
         break;
     case TPackageEntry::Kind::Dialog:
-        runDialog(*entry);
+        if (!setsStartOfWork(*entry) || mayResetStartOfWork())
+            runDialog(*entry);
         break;
     case TPackageEntry::Kind::Function:
         entry->call();
         break;
     }
-}
-
-// A screen that is open already comes to the front.
-void TMainWindow::showDocument(const TPackageEntry &entry)
-{
-    for (QMdiSubWindow *window : area->subWindowList()) {
-        if (window->objectName() == entry.name) {
-            area->setActiveSubWindow(window);
-            return;
-        }
-    }
-    QMdiSubWindow *window = area->addSubWindow(entry.create(area));
-    window->setObjectName(entry.name);
-    window->setAttribute(Qt::WA_DeleteOnClose);
-    // A list closes by a key of its own; two actions with the same key would both be deaf.
-    for (QAction *action : window->systemMenu()->actions())
-        action->setShortcuts(QList<QKeySequence>());
-    window->show();
 }
 
 void TMainWindow::runDialog(const TPackageEntry &entry)
@@ -188,9 +213,19 @@ void TMainWindow::closeEvent(QCloseEvent *event)
         event->ignore();
         return;
     }
-    if (CanSave())
-        SaveToReg(this, FormsPath(), objectName(), false);
+    SaveToReg(this, FormsPath(), objectName(), false);
     QMainWindow::closeEvent(event);
+}
+
+// Keys that nothing in front took for itself.
+void TMainWindow::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_F1 && !event->modifiers())
+        runGuarded(this, [this] { showHelp(area->helpTopic() ? area->helpTopic() : contentsTopic); });
+    else if (event->key() == Qt::Key_F10 && !event->modifiers())
+        menuBar()->setActiveAction(menuBar()->actions().first());
+    else
+        QMainWindow::keyPressEvent(event);
 }
 
 void TMainWindow::paintEvent(QPaintEvent *event)

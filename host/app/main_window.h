@@ -1,43 +1,48 @@
 #pragma once
 
+#include "host/app/document_area.h"
 #include "host/app/package.h"
 
 #include <QLabel>
 #include <QMainWindow>
-#include <QMdiArea>
 
 // The main window: a menu for everything the package offers, document windows, and a status bar that tells
-// institution, user, current period and engine. It stands before the books are opened.
+// institution, user, current period and engine. It stands before the books are opened. Whenever a window of
+// the program becomes active, the current period is read anew: another station may have closed a month.
+//
+// F1 shows the help of what is in front, F10 or Alt alone lead to the menu bar.
 class TMainWindow : public QMainWindow {
     Q_OBJECT
 public:
     explicit TMainWindow(TLoadedPackage &package);
 
-    // Opens a screen, dialog or function of the package. Raises Exception when there is no such name.
+    // Opens a screen, dialog or function of the package. Raises Exception when there is no such name, and
+    // when it only writes and the user may only look.
     void openEntry(const QString &name);
 
     // Enables the menus for the user who has logged in, or shuts them.
     void setLoggedIn(bool on);
 
-    // Everything that is open, in order of opening.
-    QMdiArea *documents() const { return area; }
+    TDocumentArea *documents() const { return area; }
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
     void addEntryMenus();
     void addWindowMenu();
+    void listWindows(QMenu *menu);
     void addHelpMenu();
     void addStatusBar();
     void showStatus();
+    void followPeriod();
 
-    void showDocument(const TPackageEntry &entry);
     void runDialog(const TPackageEntry &entry);
 
     TLoadedPackage &package;
-    QMdiArea *area;
+    TDocumentArea *area;
     QList<QMenu *> entryMenus;
     QLabel *institution;
     QLabel *user;

@@ -5,47 +5,40 @@
 #include "toolkit/widgets/guard.h"
 
 #include <QDir>
-#include <QFormLayout>
-#include <QHBoxLayout>
-#include <QPushButton>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int longestName = 10;
+
+} // namespace
 
 TNewBooksDlg::TNewBooksDlg(const QString &folder, QWidget *owner)
-    : QDialog(owner),
+    : TDialog(owner),
       DemoRadio(new QRadioButton("&Parodomosios mokyklos knygos", this)),
-      EmptyRadio(new QRadioButton("&Tuščios knygos", this)),
-      NameEdit(new QLineEdit(this)),
-      PassEdit(new QLineEdit(this)),
-      RepeatEdit(new QLineEdit(this))
+      EmptyRadio(new QRadioButton("&Tuščios knygos", this))
 {
     setObjectName("TNewBooksDlg");
-    setWindowTitle("Naujos knygos");
-    DemoRadio->setChecked(true);
-    NameEdit->setMaxLength(10);
-    PassEdit->setEchoMode(QLineEdit::Password);
-    RepeatEdit->setEchoMode(QLineEdit::Password);
-
-    auto *ok = new QPushButton("&Sukurti", this);
-    ok->setDefault(true);
-    auto *cancel = new QPushButton("&Atšaukti", this);
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
-
-    auto *form = new QFormLayout(this);
-    form->addRow(new QLabel(
+    describe("Naujos knygos",
+             {TFieldRow::custom({}, "DemoRadio", DemoRadio), TFieldRow::custom({}, "EmptyRadio", EmptyRadio),
+              TFieldRow::freeEdit("Administratoriaus &vardas:", "NameEdit").maxLength(longestName),
+              TFieldRow::freeEdit("S&laptažodis:", "PassEdit").password(),
+              TFieldRow::freeEdit("Slaptažodis &dar kartą:", "RepeatEdit").password()},
+             nullptr,
+             {{"&Sukurti", TDialogButton::Save, true, {}, {}},
+              {"&Atšaukti", TDialogButton::Cancel, false, {}, {}}});
+    NameEdit = control<QLineEdit>("NameEdit");
+    PassEdit = control<QLineEdit>("PassEdit");
+    RepeatEdit = control<QLineEdit>("RepeatEdit");
+    auto *question = new QLabel(
         QString("Aplanke %1 knygų dar nėra.\nKokias knygas sukurti?").arg(QDir::toNativeSeparators(folder)),
-        this));
-    form->addRow(DemoRadio);
-    form->addRow(EmptyRadio);
-    form->addRow("Administratoriaus &vardas:", NameEdit);
-    form->addRow("S&laptažodis:", PassEdit);
-    form->addRow("&Dar kartą:", RepeatEdit);
-    form->addRow(buttons);
-
+        this);
+    question->setTextFormat(Qt::PlainText);
+    bodyLayout()->insertWidget(0, question);
+    DemoRadio->setChecked(true);
     connectGuarded(EmptyRadio, &QRadioButton::toggled, this, [this] { showChoice(); });
-    connectGuarded(ok, &QPushButton::clicked, this, [this] { OkBtnClick(); });
-    connectGuarded(cancel, &QPushButton::clicked, this, [this] { reject(); });
     showChoice();
 }
 
@@ -55,16 +48,36 @@ void TNewBooksDlg::showChoice()
         edit->setEnabled(EmptyRadio->isChecked());
 }
 
-void TNewBooksDlg::OkBtnClick()
+QLineEdit *TNewBooksDlg::nextEmpty() const
 {
-    if (EmptyRadio->isChecked()) {
-        if (administrator().isEmpty())
-            throw Exception("Neįvestas administratoriaus vardas");
-        for (const QString &text : {administrator(), password()})
-            if (const qsizetype at = firstOutsideCodePage(text); at >= 0)
-                throw Exception(QString("Simbolio „%1“ čia naudoti negalima").arg(text.at(at)));
-        if (PassEdit->text() != RepeatEdit->text())
-            throw Exception("Slaptažodžiai nesutampa");
-    }
-    accept();
+    for (QLineEdit *edit : {NameEdit, PassEdit, RepeatEdit})
+        if (edit->text().trimmed().isEmpty())
+            return edit;
+    return nullptr;
+}
+
+void TNewBooksDlg::keyPressEvent(QKeyEvent *event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    QLineEdit *empty = nextEmpty();
+    if (enter && empty && empty != focusWidget() && qobject_cast<QLineEdit *>(focusWidget()))
+        empty->setFocus();
+    else
+        TDialog::keyPressEvent(event);
+}
+
+void TNewBooksDlg::Validate()
+{
+    if (DemoRadio->isChecked())
+        return;
+    if (administrator().isEmpty())
+        refuse("NameEdit", "Neįvestas administratoriaus vardas");
+    if (password().trimmed().isEmpty())
+        refuse("PassEdit", "Neįvestas slaptažodis");
+    for (QLineEdit *edit : {NameEdit, PassEdit})
+        if (const qsizetype at = firstOutsideCodePage(edit->text()); at >= 0)
+            refuse(edit->objectName(),
+                   QString("Simbolio „%1“ čia naudoti negalima").arg(edit->text().at(at)));
+    if (password() != RepeatEdit->text())
+        refuse("RepeatEdit", "Slaptažodžiai nesutampa");
 }

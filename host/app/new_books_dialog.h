@@ -1,13 +1,14 @@
 #pragma once
 
-#include <QDialog>
-#include <QLabel>
+#include "toolkit/widgets/dialog.h"
+
 #include <QLineEdit>
 #include <QRadioButton>
 
 // Asked at the first start, when the folder holds no books yet: demonstration books or empty ones. Empty
-// books get their first administrator here.
-class TNewBooksDlg : public QDialog {
+// books get their first administrator here, with a password typed twice. Enter in a field goes to the next
+// one that is still empty, and creates the books when there is none.
+class TNewBooksDlg : public TDialog {
     Q_OBJECT
 public:
     TNewBooksDlg(const QString &folder, QWidget *owner);
@@ -16,9 +17,13 @@ public:
     QString administrator() const { return NameEdit->text().trimmed(); }
     QString password() const { return PassEdit->text(); }
 
+protected:
+    void Validate() override;
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
-    void OkBtnClick();
     void showChoice();
+    QLineEdit *nextEmpty() const;
 
     QRadioButton *DemoRadio;
     QRadioButton *EmptyRadio;

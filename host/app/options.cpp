@@ -1,34 +1,77 @@
 #include "host/app/options.h"
 
 #include <QCommandLineParser>
+#include <QCoreApplication>
 #include <QDir>
 
 namespace {
 
-const QCommandLineOption dataOption("data", "Įterptinių knygų aplankas.", "aplankas");
-const QCommandLineOption serverOption("server", "Serverio prisijungimo žodžiai (host=… user=…).", "žodžiai");
-const QCommandLineOption userOption("user", "Prisijungimo vardas.", "vardas");
-const QCommandLineOption openOption("open", "Po prisijungimo atidaryti langą ar funkciją.", "vardas");
-const QCommandLineOption tourOption("tour", "Parodyti visus langus ir įrašyti jų vaizdus į aplanką.",
-                                    "aplankas");
+// One option of the program with a value, and the member that takes it.
+struct TOption {
+    QString name;
+    QString value; // what follows it, for the help
+    QString told;
+    QString TOptions::*member;
+};
+
+const QList<TOption> &withValues()
+{
+    static const QList<TOption> options = {
+        {"data", "aplankas", "Įterptinių knygų aplankas.", &TOptions::data},
+        {"server", "žodžiai", "Serverio prisijungimo žodžiai (host=… user=…).", &TOptions::server},
+        {"user", "vardas", "Prisijungimo vardas.", &TOptions::user},
+        {"open", "vardas", "Po prisijungimo atidaryti langą ar funkciją.", &TOptions::open},
+        {"tour", "aplankas", "Parodyti visus langus ir įrašyti jų vaizdus į aplanką.", &TOptions::tour},
+    };
+    return options;
+}
+
+QString helpText()
+{
+    QString text = "Velmora: biudžetinių įstaigų apskaitos administravimas\n\n"
+                   "Naudojimas: velmora-host [parinktys]\n\nParinktys\n";
+    const auto line = [&text](const QString &option, const QString &told) {
+        text += "  " + option.leftJustified(22) + told + '\n';
+    };
+    for (const TOption &each : withValues())
+        line(QString("--%1 <%2>").arg(each.name, each.value), each.told);
+    line("-h, --help", "Ši pagalba.");
+    line("-v, --version", "Programos versija.");
+    return text;
+}
+
+// The parser's own words are English.
+[[noreturn]] void refuse(const QCommandLineParser &parser, const QStringList &arguments)
+{
+    const QStringList unknown = parser.unknownOptionNames();
+    if (!unknown.isEmpty())
+        throw EUsage(QString("Nežinoma parinktis „%1“.").arg(unknown.first()));
+    if (arguments.last().startsWith('-') && !arguments.last().contains('='))
+        throw EUsage(QString("Parinkčiai „%1“ trūksta reikšmės.").arg(arguments.last()));
+    throw EUsage("Parinktims --help ir --version reikšmės nereikia.");
+}
 
 } // namespace
 
 TOptions readOptions(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription("Velmora: biudžetinių įstaigų apskaitos administravimas");
-    parser.addHelpOption();
-    parser.addVersionOption();
-    parser.addOptions({dataOption, serverOption, userOption, openOption, tourOption});
-    parser.process(arguments);
+    parser.addOptions({{{"h", "help"}, {}}, {{"v", "version"}, {}}});
+    for (const TOption &each : withValues())
+        parser.addOption({each.name, each.told, each.value});
+    if (!parser.parse(arguments))
+        refuse(parser, arguments);
+    if (!parser.positionalArguments().isEmpty())
+        throw EUsage(QString("Nereikalingas žodis „%1“.").arg(parser.positionalArguments().first()));
 
     TOptions options;
-    if (parser.isSet(dataOption))
-        options.data = QDir(parser.value(dataOption)).absolutePath();
-    options.server = parser.value(serverOption);
-    options.user = parser.value(userOption);
-    options.open = parser.value(openOption);
-    options.tour = parser.value(tourOption);
+    for (const TOption &each : withValues())
+        options.*each.member = parser.value(each.name);
+    if (parser.isSet("data"))
+        options.data = QDir(options.data).absolutePath();
+    if (parser.isSet("help"))
+        options.told = helpText();
+    else if (parser.isSet("version"))
+        options.told = "Velmora " + QCoreApplication::applicationVersion() + '\n';
     return options;
 }

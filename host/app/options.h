@@ -1,5 +1,7 @@
 #pragma once
 
+#include "toolkit/text/errors.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -10,7 +12,14 @@ struct TOptions {
     QString user;   // fills in the login name
     QString open;   // screen class or entry function to open after login
     QString tour;   // folder to write the tour into; empty: no tour
+    QString told;   // help or version: to be told in place of a start; empty otherwise
 };
 
-// Reads the command line. Prints help or a usage error and ends the program where that is asked for.
+// A command line that is not understood; the message says why.
+class EUsage : public Exception {
+public:
+    using Exception::Exception;
+};
+
+// Reads the command line; the first argument is the program's name. Raises EUsage.
 TOptions readOptions(const QStringList &arguments);

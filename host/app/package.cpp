@@ -15,6 +15,7 @@ TLoadedPackage::TLoadedPackage(const QString &file) : library(file)
     finalize = resolve<FinalizeFn>("Finalize");
     packageInfo = resolve<GetPackageInfoTableFn>("GetPackageInfoTable")();
     packageEntries = resolve<GetEntryTableFn>("GetEntryTable")();
+    requireNames();
     initialize();
 }
 
@@ -32,6 +33,14 @@ template<class Function> Function *TLoadedPackage::resolve(const char *name)
     return found;
 }
 
+// Menus, windows and --open find an entry by its name.
+void TLoadedPackage::requireNames() const
+{
+    for (const TPackageEntry &entry : *packageEntries)
+        if (find(entry.name) != &entry)
+            throw Exception(QString("Pakete %1 vardas „%2“ pasikartoja").arg(library.fileName(), entry.name));
+}
+
 const TPackageEntry *TLoadedPackage::find(const QString &name) const
 {
     const auto found = std::ranges::find_if(*packageEntries, [&](const TPackageEntry &entry) {
@@ -40,13 +49,13 @@ const TPackageEntry *TLoadedPackage::find(const QString &name) const
     return found == packageEntries->end() ? nullptr : &*found;
 }
 
-QString TLoadedPackage::defaultFile()
+QString installedLibrary(const QString &name)
 {
     const QDir program(QCoreApplication::applicationDirPath());
     for (const char *folder : {"../lib", "../" VELMORA_LIBDIR, "."}) {
-        const QString file = program.absoluteFilePath(QString("%1/libvelmora.so").arg(folder));
+        const QString file = program.absoluteFilePath(QString("%1/%2").arg(folder, name));
         if (QFile::exists(file))
             return QDir::cleanPath(file);
     }
-    throw Exception("Nerastas paketas libvelmora.so");
+    throw Exception(QString("Nerasta programos dalis %1").arg(name));
 }

@@ -4,11 +4,16 @@
 
 #include <QLibrary>
 
+// A library of this program: beside it in the build folder, in the folder of libraries in an installed tree.
+// Raises Exception when there is none.
+QString installedLibrary(const QString &file);
+
 // A package loaded at run time: initialized while this object lives, finalized and unloaded with it. Every
 // widget and function taken from it must be gone before.
 class TLoadedPackage {
 public:
-    // Loads the shared object. Raises Exception naming the file and what is missing.
+    // Loads the shared object. Raises Exception naming the file and what is missing, and when two entries
+    // have one name.
     explicit TLoadedPackage(const QString &file);
     ~TLoadedPackage();
     TLoadedPackage(const TLoadedPackage &) = delete;
@@ -19,11 +24,9 @@ public:
     // The entry of a screen class or entry function; null when there is none. Upper and lower case are one.
     const TPackageEntry *find(const QString &name) const;
 
-    // The package beside the program that runs: in the build folder and in an installed tree alike.
-    static QString defaultFile();
-
 private:
     template<class Function> Function *resolve(const char *name);
+    void requireNames() const;
 
     QLibrary library;
     FinalizeFn *finalize = nullptr;

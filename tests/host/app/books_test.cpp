@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QLabel>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -89,8 +91,38 @@ TEST_F(FirstStart, AWrongPasswordIsToldAndTheDialogStays)
     dialog.findChild<QLineEdit *>("PassEdit")->setText("kitas");
     pressButton(dialog, "&Prisijungti");
     EXPECT_TRUE(dialog.isVisible());
-    EXPECT_EQ(dialog.findChild<QLabel *>("refusal")->text(), "Neteisingas vardas arba slaptažodis.");
+    EXPECT_TRUE(
+        dialog.findChild<QLabel *>("refusal")->text().startsWith("Neteisingas vardas arba slaptažodis."));
     EXPECT_EQ(dialog.findChild<QLineEdit *>("NameEdit")->text(), "ona");
+}
+
+TEST_F(FirstStart, AfterEachWrongPasswordTheNextTryWaitsLonger)
+{
+    createEmptyBooks(folder(), "ona", "Slaptas1");
+    openEmbeddedBooks(folder());
+    TLoginDlg dialog(*MainDatas(), "ona", nullptr);
+    dialog.show();
+    auto *password = dialog.findChild<QLineEdit *>("PassEdit");
+    auto *button = dialog.findChild<QPushButton *>("OkBtn");
+    const auto refused = [&] { return dialog.findChild<QLabel *>("refusal")->text(); };
+    password->setText("kitas");
+    pressButton(dialog, "&Prisijungti");
+    EXPECT_TRUE(refused().endsWith("galima po 1 s.")) << qPrintable(refused());
+
+    // While it waits, Enter does nothing and typing goes on.
+    password->setText("Slaptas1");
+    QTest::keyClick(password, Qt::Key_Return);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_FALSE(button->isEnabled());
+    ASSERT_TRUE(QTest::qWaitFor([button] { return button->isEnabled(); }, 3000));
+
+    password->setText("vis kitas");
+    pressButton(dialog, "&Prisijungti");
+    EXPECT_TRUE(refused().endsWith("galima po 2 s.")) << qPrintable(refused());
+    ASSERT_TRUE(QTest::qWaitFor([button] { return button->isEnabled(); }, 5000));
+    password->setText("Slaptas1");
+    QTest::keyClick(password, Qt::Key_Return);
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
 }
 
 TEST(NewBooks, AsksForTheAdministratorOfEmptyBooks)
@@ -100,11 +132,14 @@ TEST(NewBooks, AsksForTheAdministratorOfEmptyBooks)
     const auto edits = dialog.findChildren<QLineEdit *>();
     ASSERT_EQ(edits.size(), 3);
     EXPECT_FALSE(edits[0]->isEnabled());
-    dialog.findChildren<QRadioButton *>()[1]->setChecked(true);
+    dialog.findChild<QRadioButton *>("EmptyRadio")->setChecked(true);
     EXPECT_TRUE(edits[0]->isEnabled());
     EXPECT_EQ(refusalOf(dialog), "Neįvestas administratoriaus vardas");
 
     edits[0]->setText("ona");
+    EXPECT_EQ(refusalOf(dialog), "Neįvestas slaptažodis");
+    EXPECT_EQ(dialog.focusWidget(), edits[1]);
+
     edits[1]->setText("vienas");
     edits[2]->setText("kitas");
     EXPECT_EQ(refusalOf(dialog), "Slaptažodžiai nesutampa");
@@ -119,4 +154,22 @@ TEST(NewBooks, AsksForTheAdministratorOfEmptyBooks)
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
     EXPECT_FALSE(dialog.demonstration());
     EXPECT_EQ(dialog.administrator(), "ona");
+}
+
+TEST(NewBooks, EnterGoesToTheNextFieldUntilAllIsThere)
+{
+    TNewBooksDlg dialog("/tmp/knygos", nullptr);
+    dialog.show();
+    dialog.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    dialog.findChild<QRadioButton *>("EmptyRadio")->setChecked(true);
+    dialog.findChild<QLineEdit *>("NameEdit")->setFocus();
+    for (const char *text : {"ona", "vienas", "vienas"}) {
+        EXPECT_TRUE(dialog.isVisible());
+        QTest::keyClicks(dialog.focusWidget(), text);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+    }
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_EQ(dialog.administrator(), "ona");
+    EXPECT_EQ(dialog.password(), "vienas");
 }

@@ -1,57 +1,102 @@
 #include "host/app/help_viewer.h"
 #include "host/app/login.h"
 #include "host/app/login_dialog.h"
-#include "host/app/main_window.h"
-#include "host/app/startup.h"
 #include "host/common/help.h"
-#include "host/data/main_datas.h"
-#include "tests/support/files.h"
+#include "tests/host/app/main_window.h"
 #include "tests/support/message_box.h"
-
-#include <gtest/gtest.h>
 
 #include <QDir>
 #include <QLineEdit>
-#include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QMenuBar>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 
-QString packageFile()
+// Months closed after the start of work, with balances of theirs.
+void closeMonths(TDatabase &books)
 {
-    return buildFolder() + "/lib/libvelmora.so";
+    for (const char *sql :
+         {"insert into bd_period values (6, 2026, 1, 1)", "insert into bd_period values (7, 2026, 1, 2)",
+          "insert into bd_period values (8, 2026, 1, 3)",
+          "insert into bd_sasplan (sas_id, sas_sasnr, sas_pavad, sas_tip) "
+          "values (1, '24', 'Pinigai', 'D')",
+          "insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid) values (1, 1, 6)",
+          "insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid) values (2, 1, 7)",
+          "insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid) values (3, 1, 8)"})
+        books.ExecSQL(sql);
+    GetPeriod();
 }
 
-class MainWindow : public testing::Test {
-protected:
-    void SetUp() override
-    {
-        createEmptyBooks(root.filePath("knygos"), "ona", "x");
-        openEmbeddedBooks(root.filePath("knygos"));
-        package = std::make_unique<TLoadedPackage>(packageFile());
-        window = std::make_unique<TMainWindow>(*package);
-    }
-    void TearDown() override
-    {
-        window.reset();
-        package.reset();
-        setMainDatas(nullptr);
-    }
-
-    QAction *action(const QString &name) const { return window->findChild<QAction *>(name); }
-    QString panel(const QString &name) const { return window->findChild<QLabel *>(name)->text(); }
-
-    QTemporaryDir root{scratchRoot() + "/velmora-XXXXXX"};
-    std::unique_ptr<TLoadedPackage> package;
-    std::unique_ptr<TMainWindow> window;
-};
+QStringList backupsIn(const QString &folder)
+{
+    return QDir(folder).entryList({"atsarga-*"}, QDir::Files);
+}
 
 } // namespace
+
+TEST_F(MainWindow, TheStartOfWorkIsNotSetAnewByEnterWhileMonthsAreClosed)
+{
+    closeMonths(books());
+    NextBoxes asked{QMessageBox::No};
+    window->openEntry("TPeriodDlg");
+    EXPECT_EQ(asked.at(0).kind, 18);
+    EXPECT_TRUE(
+        asked.at(0).text.contains("Mėnesių, kurie bus ištrinti: 2\nLikučių, kurie liks be periodo: 2"))
+        << qPrintable(asked.at(0).text);
+    EXPECT_EQ(EinPer_Id(), 8);
+    EXPECT_TRUE(backupsIn(root.filePath("knygos")).isEmpty());
+}
+
+TEST_F(MainWindow, BeforeTheStartOfWorkIsSetAnewTheBooksAreBackedUp)
+{
+    closeMonths(books());
+    NextBoxes asked{QMessageBox::Yes};
+    OnNextDialog<TDialog> dialog([](TDialog &shown) { pressButton(shown, "&Ne"); });
+    window->openEntry("TPeriodDlg");
+    const QStringList backups = backupsIn(root.filePath("knygos"));
+    ASSERT_EQ(backups.size(), 1);
+    EXPECT_TRUE(asked.at(0).text.contains(backups.first()));
+    EXPECT_TRUE(contentOf(root.filePath("knygos/") + backups.first()).startsWith("VELMORA-ATSARGA"));
+    EXPECT_EQ(EinPer_Id(), 8);
+}
+
+TEST_F(MainWindow, WithoutABackupTheStartOfWorkIsNotTouched)
+{
+    closeMonths(books());
+    // Where the copy is to stand there is no room for it.
+    QDir().rename(root.filePath("knygos"), root.filePath("dingo"));
+    NextBoxes asked{QMessageBox::Yes};
+    EXPECT_THROW(window->openEntry("TPeriodDlg"), Exception);
+    EXPECT_EQ(EinPer_Id(), 8);
+}
+
+TEST_F(MainWindow, WhatOnlyWritesIsShutForAUserWhoMayOnlyLook)
+{
+    CurrentUser().viewOnly = true;
+    window->setLoggedIn(true);
+    for (const char *writing : {"TPeriodDlg", "StartPerClose", "PeriodBack"}) {
+        EXPECT_FALSE(action(writing)->isEnabled()) << writing;
+        EXPECT_THROW(window->openEntry(writing), Exception) << writing;
+    }
+    EXPECT_TRUE(action("TSasLikFrm")->isEnabled());
+    CurrentUser().viewOnly = false;
+    window->setLoggedIn(true);
+    EXPECT_TRUE(action("StartPerClose")->isEnabled());
+}
+
+TEST(Shipped, NothingThatIsInstalledLinksATestLibraryButTheTour)
+{
+    QProcess elf;
+    for (const QString file : {"bin/velmora-host", "bin/velmora-db", "lib/libvelmora.so",
+                               "lib/libvelmora_app.so", "lib/libvelmora_tour.so"}) {
+        elf.start("ldd", {buildFolder() + '/' + file});
+        ASSERT_TRUE(elf.waitForFinished());
+        const QByteArray libraries = elf.readAllStandardOutput();
+        EXPECT_TRUE(libraries.contains("libQt6Core")) << qPrintable(file);
+        EXPECT_EQ(libraries.contains("libQt6Test"), file.contains("tour")) << qPrintable(file);
+    }
+}
 
 TEST_F(MainWindow, HasAMenuLineForEverythingThePackageOffers)
 {

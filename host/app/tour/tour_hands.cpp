@@ -1,6 +1,7 @@
-#include "host/app/tour_hands.h"
+#include "host/app/tour/tour_hands.h"
 
 #include "toolkit/text/errors.h"
+#include "toolkit/widgets/lithuanian.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -15,11 +16,6 @@ namespace {
 
 constexpr int lookEveryMs = 40;
 constexpr int patienceLooks = 30000 / lookEveryMs;
-
-QString plain(QString caption)
-{
-    return caption.remove(u'&');
-}
 
 } // namespace
 
@@ -91,7 +87,8 @@ void TTourHands::chooseFromMenu(QMainWindow &window, const QString &actionName)
 void TTourHands::press(QWidget &window, const QString &buttonText)
 {
     for (auto *button : window.findChildren<QAbstractButton *>()) {
-        if (button->isVisible() && button->isEnabled() && plain(button->text()) == plain(buttonText)) {
+        if (button->isVisible() && button->isEnabled() &&
+            plainCaption(button->text()) == plainCaption(buttonText)) {
             QTest::mouseClick(button, Qt::LeftButton);
             return;
         }

@@ -1,12 +1,13 @@
-#include "host/app/tour.h"
+#include "host/app/tour/tour.h"
 
 #include "host/accounts/accounts.h"
 #include "host/app/login.h"
 #include "host/app/main_window.h"
 #include "host/app/startup.h"
-#include "host/app/tour_hands.h"
-#include "host/app/tour_report.h"
+#include "host/app/tour/tour_hands.h"
+#include "host/app/tour/tour_report.h"
 #include "toolkit/text/errors.h"
+#include "toolkit/widgets/lithuanian.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -45,7 +46,7 @@ class TTour {
 public:
     explicit TTour(TTourReport &tourReport)
         : report(tourReport),
-          package(TLoadedPackage::defaultFile()),
+          package(installedLibrary("libvelmora.so")),
           window(package)
     {
         window.move(0, 0);
@@ -235,7 +236,7 @@ private:
 
     void lookAt(const TPackageEntry &entry, const QString &done)
     {
-        report.step(QString(entry.caption).remove(u'&').remove(u'…'), done);
+        report.step(plainCaption(entry.caption).remove(u'…'), done);
     }
 
     TTourReport &report;

@@ -1,4 +1,4 @@
-#include "host/app/tour_report.h"
+#include "host/app/tour/tour_report.h"
 
 #include "toolkit/data/statement.h"
 

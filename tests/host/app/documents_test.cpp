@@ -1,0 +1,234 @@
+#include "host/app/help_viewer.h"
+#include "host/common/help.h"
+#include "tests/host/app/main_window.h"
+#include "tests/support/message_box.h"
+#include "toolkit/widgets/db_grid.h"
+
+#include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+// Document windows inside the real main window, driven by keys.
+class Documents : public MainWindow {
+protected:
+    void SetUp() override
+    {
+        MainWindow::SetUp();
+        books().ExecSQL("insert into bd_period values (6, 2026, 1, 1)");
+        GetPeriod();
+        setHelpViewer([this](int topic) { helpShown << topic; });
+        start();
+    }
+    void TearDown() override
+    {
+        setHelpViewer({});
+        MainWindow::TearDown();
+    }
+
+    // The lists whose grid has the keyboard: at most one.
+    QString listWithKeyboard() const
+    {
+        QCoreApplication::processEvents();
+        QMdiSubWindow *active = window->documents()->activeSubWindow();
+        const auto *grid = qobject_cast<TDBGrid *>(QApplication::focusWidget());
+        return active && grid && active->isAncestorOf(grid) ? active->objectName() : QString();
+    }
+    QList<QMdiSubWindow *> open() const { return window->documents()->subWindowList(); }
+
+    QList<int> helpShown;
+};
+
+// A document of a package yet to come: opens in two ways, and counts its calls.
+struct TestScreen : QWidget {
+    TestScreen()
+    {
+        auto *all = new QVBoxLayout(this);
+        all->addWidget(new QLineEdit(this));
+        all->addWidget(new QPushButton("Gerai", this));
+        setWindowTitle("Formos");
+    }
+    QList<bool> initialized;
+};
+
+TPackageEntry testEntry(const QString &name, bool second)
+{
+    TPackageEntry entry{.name = name, .kind = TPackageEntry::Kind::ListScreen, .help = 33};
+    entry.create = [](QWidget *) { return new TestScreen; };
+    entry.opened = [second](QWidget *screen) { static_cast<TestScreen *>(screen)->initialized << second; };
+    return entry;
+}
+
+} // namespace
+
+TEST_F(Documents, TheListOpenedLastHasTheKeyboard)
+{
+    window->openEntry("TSasLikFrm");
+    EXPECT_EQ(listWithKeyboard(), "TSasLikFrm");
+    window->openEntry("TDbKrFrm");
+    EXPECT_EQ(listWithKeyboard(), "TDbKrFrm");
+    window->openEntry("TSasLikFrm");
+    EXPECT_EQ(listWithKeyboard(), "TSasLikFrm");
+    press(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(listWithKeyboard(), "TDbKrFrm");
+    press(Qt::Key_Escape);
+    ASSERT_EQ(open().size(), 1);
+    EXPECT_EQ(listWithKeyboard(), "TSasLikFrm");
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(open().isEmpty());
+}
+
+TEST_F(Documents, HelpOfTheListInFrontOpensByItsKey)
+{
+    window->openEntry("TSasLikFrm");
+    window->openEntry("TDbKrFrm");
+    press(Qt::Key_F1);
+    EXPECT_EQ(helpShown, QList<int>{9});
+    press(Qt::Key_Escape);
+    press(Qt::Key_F1);
+    EXPECT_EQ(helpShown, (QList<int>{9, 17}));
+    press(Qt::Key_Escape);
+    press(Qt::Key_F1);
+    EXPECT_EQ(helpShown, (QList<int>{9, 17, 1}));
+}
+
+TEST_F(Documents, AScreenWithoutAKeyForHelpIsHelpedByTheMainWindow)
+{
+    window->documents()->open(testEntry("TBandFrm", false));
+    press(Qt::Key_F1);
+    EXPECT_EQ(helpShown, QList<int>{33});
+}
+
+TEST_F(Documents, OneClassOpensInTwoWaysInWindowsOfTheirOwn)
+{
+    for (int round = 0; round < 2; ++round)
+        for (const bool second : {false, true})
+            window->documents()->open(testEntry(second ? "TBandFrm2" : "TBandFrm", second));
+    ASSERT_EQ(open().size(), 2);
+    EXPECT_EQ(static_cast<TestScreen *>(open()[0]->widget())->initialized, QList<bool>{false});
+    EXPECT_EQ(static_cast<TestScreen *>(open()[1]->widget())->initialized, QList<bool>{true});
+}
+
+TEST_F(Documents, AScreenWhoseOwnCallFailsIsGone)
+{
+    TPackageEntry entry = testEntry("TBandFrm", false);
+    entry.opened = [](QWidget *) { throw Exception("neatsidaro"); };
+    EXPECT_THROW(window->documents()->open(entry), Exception);
+    EXPECT_TRUE(open().isEmpty());
+}
+
+TEST_F(Documents, ADocumentKeepsItsOwnLastFocus)
+{
+    window->documents()->open(testEntry("TBandFrm", false));
+    QCoreApplication::processEvents();
+    auto *button = open().first()->widget()->findChild<QPushButton *>();
+    button->setFocus();
+    window->openEntry("TSasLikFrm");
+    EXPECT_EQ(listWithKeyboard(), "TSasLikFrm");
+    press(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::focusWidget(), button);
+}
+
+TEST_F(Documents, NoneCoversAnotherExactly)
+{
+    const char *names[] = {"TBandFrm", "TBandFrm2", "TBandFrm3", "TBandFrm4"};
+    for (const char *name : names) {
+        window->documents()->open(testEntry(name, false));
+        open().last()->setGeometry(0, 0, 300, 200); // where an earlier one was kept
+        QCoreApplication::processEvents();
+    }
+    for (QMdiSubWindow *one : open())
+        for (QMdiSubWindow *other : open())
+            EXPECT_TRUE(one == other || one->pos() != other->pos());
+}
+
+TEST_F(Documents, AListComesBackMaximised)
+{
+    window->openEntry("TSasLikFrm");
+    QCoreApplication::processEvents();
+    open().first()->showMaximized();
+    press(Qt::Key_W, Qt::ControlModifier);
+    ASSERT_TRUE(open().isEmpty());
+    window->openEntry("TSasLikFrm");
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(open().first()->isMaximized());
+}
+
+TEST_F(Documents, F10AndAltLeadToTheMenuBar)
+{
+    press(Qt::Key_F10);
+    EXPECT_NE(window->menuBar()->activeAction(), nullptr);
+    window->menuBar()->activeAction()->menu()->hide();
+    window->menuBar()->setActiveAction(nullptr);
+
+    QTest::keyPress(window->documents(), Qt::Key_Alt);
+    QTest::keyRelease(window->documents(), Qt::Key_Alt);
+    EXPECT_NE(window->menuBar()->activeAction(), nullptr);
+}
+
+TEST_F(Documents, ALetterWithoutAnOpenWindowRunsNothing)
+{
+    window->openEntry("TSasLikFrm");
+    press(Qt::Key_Escape);
+    for (int key = Qt::Key_A; key <= Qt::Key_Z; ++key) {
+        press(Qt::Key(key));
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << char(key);
+    }
+    EXPECT_TRUE(open().isEmpty());
+}
+
+TEST_F(Documents, NoTwoAcceleratorsOfTheMenusAreAlike)
+{
+    window->openEntry("TSasLikFrm");
+    const auto accelerators = [](const QList<QAction *> &actions) {
+        QStringList found;
+        for (const QAction *each : actions)
+            if (const QKeySequence key = QKeySequence::mnemonic(each->text()); !key.isEmpty())
+                found << key.toString();
+        return found;
+    };
+    const auto expectNoneTwice = [](QStringList keys) {
+        const QStringList all = keys;
+        EXPECT_EQ(keys.removeDuplicates(), 0) << qPrintable(all.join(' '));
+    };
+    const QList<QAction *> bar = window->menuBar()->actions();
+    EXPECT_EQ(accelerators(bar).size(), bar.size());
+    expectNoneTwice(accelerators(bar));
+    for (const QAction *title : bar) {
+        emit title->menu()->aboutToShow();
+        expectNoneTwice(accelerators(title->menu()->actions()));
+    }
+}
+
+TEST_F(Documents, EscClosesTheHelp)
+{
+    THelpViewer viewer(window.get());
+    viewer.showTopic(18);
+    ASSERT_TRUE(viewer.isVisible());
+    QTest::keyClick(&viewer, Qt::Key_Escape);
+    EXPECT_FALSE(viewer.isVisible());
+}
+
+TEST_F(Documents, AMonthClosedAtAnotherStationIsSeenWhenAWindowBecomesActive)
+{
+    window->openEntry("TSasLikFrm");
+    window->openEntry("TDbKrFrm");
+    QCoreApplication::processEvents();
+    TDatabase other(books().settings());
+    other.Open();
+    other.ExecSQL("insert into bd_period values (7, 2026, 1, 2)");
+    EXPECT_EQ(panel("period"), "Periodas: 2026 m. sausis");
+    press(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(panel("period"), "Periodas: 2026 m. vasaris");
+
+    other.ExecSQL("insert into bd_period values (8, 2026, 1, 3)");
+    QWidget elsewhere;
+    elsewhere.show();
+    elsewhere.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&elsewhere));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(panel("period"), "Periodas: 2026 m. kovas");
+}
