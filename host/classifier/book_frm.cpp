@@ -121,7 +121,7 @@ void TBookFrm::tellSubscribers()
     };
     for (const auto &subscriber : d->subscribers)
         attempt(subscriber);
-    attempt([this] { CheckActions(); });
+    attempt([this] { judgeActions(); });
     if (first)
         std::rethrow_exception(first);
 }
@@ -132,10 +132,6 @@ void TBookFrm::CheckActions()
     acNew->setEnabled(carriesData() && !viewOnly);
     acEdit->setEnabled(carriesData());
     acDelete->setEnabled(carriesData() && !viewOnly);
-    acBack->setEnabled(!d->back.isEmpty());
-    acForward->setEnabled(!d->forward.isEmpty());
-    acUp->setEnabled(level() > 0);
-    acFirst->setEnabled(level() > 0);
 }
 
 // --- navigation
@@ -261,16 +257,6 @@ void TBookFrm::showPanes()
 QTreeWidget *TBookFrm::list() const
 {
     return d->list;
-}
-
-void TBookFrm::setPanel(int index, const QString &text)
-{
-    d->status->setPanel(index, text);
-}
-
-QString TBookFrm::panel(int index) const
-{
-    return d->status->panel(index);
 }
 
 TDatabase *TBookFrm::Database() const

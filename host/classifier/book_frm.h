@@ -2,28 +2,11 @@
 
 #include "host/classifier/book_data.h"
 #include "host/classifier/classifier.h"
+#include "host/controls/document_frm.h"
 
-#include <QIcon>
-#include <QKeySequence>
-#include <QWidget>
-
-#include <functional>
-#include <memory>
-
-class QAction;
+class QComboBox;
 class QTreeWidget;
 class QTreeWidgetItem;
-template<class T> class TCreatedForm;
-
-// An action as a tool button shows it.
-struct TBookAction {
-    QString name; // its object name
-    QString text;
-    QString hint;
-    QIcon picture;
-    QList<QKeySequence> keys;
-    std::function<void()> handler;
-};
 
 // The base of every classification-book screen (unit Bookparent): a document window with tool bar, book
 // selector, path box, the tree of the book on the left, and on the right the list of the nodes below the
@@ -36,11 +19,10 @@ struct TBookAction {
 //
 // Keys: Ins new, Enter (in the content) edit, Del delete, F5 refresh, Alt+Left back, Alt+Right forward,
 // Alt+Up or Backspace up, Alt+Home first level, F1 help, Esc closes.
-class TBookFrm : public QWidget {
+class TBookFrm : public TDocumentFrm {
     Q_OBJECT
 public:
-    // caption is the window's title; help its help topic, 0 for none.
-    TBookFrm(const QString &caption, int help, QWidget *owner);
+    TBookFrm(const TDocumentDescription &described, QWidget *owner);
     ~TBookFrm() override;
 
     // --- the current node
@@ -71,75 +53,39 @@ public:
 
     // Enables the actions for the current node and user. The book allows new, edit and delete for a node that
     // carries data; new and delete not for a view-only user (his edit only shows). A screen that overrides it
-    // calls the base first and only narrows.
+    // calls the base first and only narrows. Status panel 0 is the number of nodes in the list.
     virtual void CheckActions();
+    void CheckToolButtons() override { CheckActions(); }
 
-    // The text of a status panel; panel 0 is the number of nodes in the list.
-    void setPanel(int index, const QString &text);
-    QString panel(int index) const;
-
-    QAction *acNew, *acEdit, *acDelete, *acRefresh, *acPrint, *acBack, *acForward, *acUp, *acFirst,
-        *acCaptions, *acHelp, *acClose;
-
-    void ButtonsCaptionClick(); // tool buttons with or without captions; remembered
+    QAction *acNew, *acEdit, *acDelete, *acRefresh, *acPrint, *acBack, *acForward, *acUp, *acFirst;
 
 protected:
-    // --- the life of a screen; a screen that overrides one calls the base's
-    virtual void FormCreate(); // shows the book of the current user above its first level
-    virtual void FormActivate();
-    virtual bool FormClose(); // whether the window may close; remembers placement and division
-    virtual void FormDestroy();
+    void FormCreate() override; // shows the book of the current user above its first level
+    void restoreArrangement() override;
+    void saveArrangement() override;
 
     // --- steps
     virtual void NewRecord() = 0;
     virtual void EditRecord() = 0;
     virtual void DeleteRecord() = 0;
     virtual void PrintRecords() {}
-    virtual void PeriodChanged() {} // the accounting period is another one
-
-    // The screen's exported global: set while the screen is open, by the activation, and null afterwards.
-    template<class T> void keepIn(T *&global)
-    {
-        hold = [this, &global] { global = static_cast<T *>(this); };
-        release = [&global, self = static_cast<T *>(this)] {
-            if (global == self)
-                global = nullptr;
-        };
-    }
 
     // The screen's own grid, below the list: seen only while the current node carries data.
     void setContent(QWidget *content);
     // Shows the print action.
     void SetPrintable(bool on);
-    // A further action: a tool button. Its handler is guarded.
-    QAction *addBookAction(const TBookAction &described);
     // A control beside the book selector, with a label whose accelerator leads to it.
-    void addToToolBar(const QString &label, QWidget *control);
-    void addPanel(int width = 150);
+    void addToToolBar(const QString &label, QWidget *control) override;
     TDatabase *Database() const;
 
-    void showEvent(QShowEvent *event) override;
-    void closeEvent(QCloseEvent *event) override;
-    bool event(QEvent *event) override;
-
 private:
-    template<class T> friend class TCreatedForm;
-    void finish(); // FormDestroy, once
-
     struct Private;
     std::unique_ptr<Private> d;
-    std::function<void()> hold, release;
 
-    void build();
     void buildActions();
-    void buildToolBar();
-    void buildSelectors();
+    QWidget *buildBody();
+    QBoxLayout *buildSelectors();
     void buildPanes();
-    QAction *makeAction(const TBookAction &described);
-    void placeButton(QAction *action, QAction *before);
-    QWidget *placed();
-    void restoreArrangement();
-    void restorePlacement();
 
     void readNode(double node);
     void loadBook(double book);

@@ -2,22 +2,18 @@
 
 #include "host/classifier/book_frm.h"
 #include "host/classifier/book_tree.h"
-#include "host/controls/status_panels.h"
 
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QPointer>
 #include <QSplitter>
-#include <QToolBar>
 
 struct TBookFrm::Private {
     double book = 0;
     QList<TBookNode> path; // from the first level to the current node; empty above the first level
     QList<double> back, forward;
     std::vector<std::function<void()>> subscribers;
-    int help = 0;
 
-    QToolBar *tools = nullptr;
     QBoxLayout *selectors = nullptr;
     QComboBox *books = nullptr;
     QComboBox *pathBox = nullptr;
@@ -26,10 +22,6 @@ struct TBookFrm::Private {
     TBookTree *tree = nullptr;
     QTreeWidget *list = nullptr;
     QPointer<QWidget> content;
-    TStatusPanels *status = nullptr;
-    QAction *ownActionsEnd = nullptr; // where the screen's own tool buttons end
-    bool shown = false;               // for the first time already
-    bool destroyed = false;           // FormDestroy was called
 
     double current() const { return path.isEmpty() ? 0 : path.last().id; }
 };

@@ -1,19 +1,14 @@
 #include "host/classifier/book_frm_private.h"
 
-#include "host/common/help.h"
 #include "host/common/settings_store.h"
 #include "toolkit/widgets/guard.h"
-#include "toolkit/widgets/icons.h"
 
 #include <QAbstractItemView>
 #include <QAction>
-#include <QCloseEvent>
+#include <QBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QMdiSubWindow>
-#include <QMenu>
 #include <QShortcut>
-#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
@@ -24,36 +19,17 @@ constexpr int wholeWidth = 900;
 constexpr int wholeHeight = 600;
 constexpr int betweenSelectors = 10;
 
-QString formsPath()
-{
-    return GetRegPath() + u"\\Forms"_s;
-}
-
-QString keyOf(const QString &form, const QString &what)
-{
-    QString key = formsPath() + u'\\' + form + u'\\' + what;
-    return key.replace(u'\\', u'/');
-}
-
-QLabel *labelFor(const QString &text, QWidget *control)
-{
-    auto *label = new QLabel(text);
-    label->setBuddy(control);
-    if (control->accessibleName().isEmpty())
-        control->setAccessibleName(QString(text).remove(u'&').remove(u':'));
-    return label;
-}
-
 } // namespace
 
-TBookFrm::TBookFrm(const QString &caption, int help, QWidget *owner)
-    : QWidget(owner),
+TBookFrm::TBookFrm(const TDocumentDescription &described, QWidget *owner)
+    : TDocumentFrm(described, owner),
       d(std::make_unique<Private>())
 {
-    setWindowTitle(caption);
-    setAttribute(Qt::WA_DeleteOnClose);
-    d->help = help;
-    build();
+    buildActions();
+    setBody(buildBody());
+    addPanel();
+    resize(wholeWidth, wholeHeight);
+    setFocusProxy(d->tree);
 }
 
 TBookFrm::~TBookFrm()
@@ -64,165 +40,100 @@ TBookFrm::~TBookFrm()
 
 // --- building
 
-void TBookFrm::build()
-{
-    auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    buildActions();
-    buildToolBar();
-    buildSelectors();
-    buildPanes();
-    d->status = new TStatusPanels(this);
-    layout->addWidget(d->tools);
-    layout->addLayout(d->selectors);
-    layout->addWidget(d->panes, 1);
-    layout->addWidget(d->status);
-    addPanel();
-    resize(wholeWidth, wholeHeight);
-}
-
-QAction *TBookFrm::makeAction(const TBookAction &described)
-{
-    auto *action = new QAction(described.picture, described.text, this);
-    action->setObjectName(described.name);
-    action->setShortcuts(described.keys);
-    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    const QString key =
-        described.keys.isEmpty() ? QString() : described.keys.first().toString(QKeySequence::NativeText);
-    action->setToolTip(key.isEmpty() ? described.hint : u"%1 (%2)"_s.arg(described.hint, key));
-    connectGuarded(action, &QAction::triggered, this, described.handler);
-    addAction(action);
-    return action;
-}
-
-void TBookFrm::placeButton(QAction *action, QAction *before)
-{
-    d->tools->insertAction(before, action);
-    d->tools->widgetForAction(action)->setAccessibleName(QString(action->text()).remove(u'&'));
-}
-
 void TBookFrm::buildActions()
 {
-    const std::vector<std::pair<QAction * TBookFrm::*, TBookAction>> table = {
+    const std::vector<std::pair<QAction * TBookFrm::*, TFormAction>> table = {
         {&TBookFrm::acNew,
-         {u"acNew"_s,
-          u"&Naujas"_s,
-          u"Naujas įrašas"_s,
-          icon(TIcon::New),
-          {Qt::Key_Insert},
-          [this] { NewRecord(); }}},
+         {.name = u"acNew"_s,
+          .text = u"&Naujas"_s,
+          .hint = u"Naujas įrašas"_s,
+          .picture = TIcon::New,
+          .keys = {Qt::Key_Insert},
+          .handler = [this] { NewRecord(); }}},
         {&TBookFrm::acEdit,
-         {u"acEdit"_s, u"&Keisti"_s, u"Keisti įrašą"_s, icon(TIcon::Edit), {}, [this] { EditRecord(); }}},
+         {.name = u"acEdit"_s,
+          .text = u"&Keisti"_s,
+          .hint = u"Keisti įrašą"_s,
+          .picture = TIcon::Edit,
+          .handler = [this] { EditRecord(); }}},
         {&TBookFrm::acDelete,
-         {u"acDelete"_s,
-          u"&Trinti"_s,
-          u"Ištrinti įrašą"_s,
-          icon(TIcon::Delete),
-          {Qt::Key_Delete, Qt::CTRL | Qt::Key_Delete},
-          [this] { DeleteRecord(); }}},
+         {.name = u"acDelete"_s,
+          .text = u"&Trinti"_s,
+          .hint = u"Ištrinti įrašą"_s,
+          .picture = TIcon::Delete,
+          .keys = {Qt::Key_Delete, Qt::CTRL | Qt::Key_Delete},
+          .handler = [this] { DeleteRecord(); }}},
         {&TBookFrm::acBack,
-         {u"acBack"_s,
-          u"At&gal"_s,
-          u"Grįžti atgal"_s,
-          icon(TIcon::Previous),
-          {Qt::ALT | Qt::Key_Left},
-          [this] { goBack(); }}},
+         {.name = u"acBack"_s,
+          .text = u"At&gal"_s,
+          .hint = u"Grįžti atgal"_s,
+          .picture = TIcon::Previous,
+          .keys = {Qt::ALT | Qt::Key_Left},
+          .handler = [this] { goBack(); },
+          .enabled = [this] { return !d->back.isEmpty(); }}},
         {&TBookFrm::acForward,
-         {u"acForward"_s,
-          u"P&irmyn"_s,
-          u"Eiti pirmyn"_s,
-          icon(TIcon::Next),
-          {Qt::ALT | Qt::Key_Right},
-          [this] { goForward(); }}},
+         {.name = u"acForward"_s,
+          .text = u"P&irmyn"_s,
+          .hint = u"Eiti pirmyn"_s,
+          .picture = TIcon::Next,
+          .keys = {Qt::ALT | Qt::Key_Right},
+          .handler = [this] { goForward(); },
+          .enabled = [this] { return !d->forward.isEmpty(); }}},
         {&TBookFrm::acUp,
-         {u"acUp"_s,
-          u"A&ukštyn"_s,
-          u"Vienu lygiu aukštyn"_s,
-          style()->standardIcon(QStyle::SP_ArrowUp),
-          {Qt::ALT | Qt::Key_Up, Qt::Key_Backspace},
-          [this] { goUp(); }}},
+         {.name = u"acUp"_s,
+          .text = u"A&ukštyn"_s,
+          .hint = u"Vienu lygiu aukštyn"_s,
+          .picture = TIcon::Up,
+          .keys = {Qt::ALT | Qt::Key_Up, Qt::Key_Backspace},
+          .handler = [this] { goUp(); },
+          .enabled = [this] { return level() > 0; }}},
         {&TBookFrm::acFirst,
-         {u"acFirst"_s,
-          u"Pirmas &lygis"_s,
-          u"Į pirmą lygį"_s,
-          icon(TIcon::First),
-          {Qt::ALT | Qt::Key_Home},
-          [this] { SetJungId(0); }}},
+         {.name = u"acFirst"_s,
+          .text = u"Pirmas &lygis"_s,
+          .hint = u"Į pirmą lygį"_s,
+          .picture = TIcon::First,
+          .keys = {Qt::ALT | Qt::Key_Home},
+          .handler = [this] { SetJungId(0); },
+          .enabled = [this] { return level() > 0; }}},
         {&TBookFrm::acRefresh,
-         {u"acRefresh"_s,
-          u"&Atnaujinti"_s,
-          u"Perskaityti knygą iš naujo"_s,
-          icon(TIcon::Refresh),
-          {Qt::Key_F5},
-          [this] { RefreshBook(); }}},
+         {.name = u"acRefresh"_s,
+          .text = u"&Atnaujinti"_s,
+          .hint = u"Perskaityti knygą iš naujo"_s,
+          .picture = TIcon::Refresh,
+          .keys = {Qt::Key_F5},
+          .handler = [this] { RefreshBook(); }}},
         {&TBookFrm::acPrint,
-         {u"acPrint"_s,
-          u"&Spausdinti"_s,
-          u"Spausdinti"_s,
-          icon(TIcon::Print),
-          {Qt::CTRL | Qt::Key_P},
-          [this] { PrintRecords(); }}},
-        {&TBookFrm::acCaptions,
-         {u"acCaptions"_s,
-          u"Mygtukai su &pavadinimais"_s,
-          u"Mygtukai su pavadinimais"_s,
-          {},
-          {},
-          [this] { ButtonsCaptionClick(); }}},
-        {&TBookFrm::acHelp,
-         {u"acHelp"_s,
-          u"Pagal&ba"_s,
-          u"Pagalba"_s,
-          icon(TIcon::Help),
-          {Qt::Key_F1},
-          [this] { showHelp(d->help); }}},
-        {&TBookFrm::acClose,
-         {u"acClose"_s,
-          u"Už&daryti"_s,
-          u"Uždaryti langą"_s,
-          icon(TIcon::Close),
-          {Qt::Key_Escape},
-          [this] { placed()->close(); }}},
+         {.name = u"acPrint"_s,
+          .text = u"&Spausdinti"_s,
+          .picture = TIcon::Print,
+          .keys = {Qt::CTRL | Qt::Key_P},
+          .handler = [this] { PrintRecords(); }}},
     };
-    for (const auto &[action, described] : table)
-        this->*action = makeAction(described);
-    acPrint->setVisible(false);
-    acHelp->setVisible(d->help > 0);
-    acCaptions->setCheckable(true);
-}
-
-void TBookFrm::buildToolBar()
-{
-    d->tools = new QToolBar;
-    d->tools->setObjectName(u"ToolBar"_s);
-    d->tools->setAccessibleName(u"Įrankių juosta"_s);
-    d->tools->setIconSize({20, 20});
-    const QList<QList<QAction *>> groups = {{acNew, acEdit, acDelete},
-                                            {acBack, acForward, acUp, acFirst},
-                                            {acRefresh, acPrint},
-                                            {acHelp, acClose}};
-    for (const QList<QAction *> &group : groups) {
-        if (group != groups.first())
-            d->ownActionsEnd = d->tools->addSeparator();
-        for (QAction *action : group)
-            placeButton(action, nullptr);
+    for (auto [action, described] : table) {
+        described.place = TActionPlace::KeyOnly;
+        this->*action = addFormAction(described);
     }
-    d->tools->setContextMenuPolicy(Qt::CustomContextMenu);
-    connectGuarded(d->tools, &QWidget::customContextMenuRequested, this, [this](const QPoint &at) {
-        QMenu menu;
-        menu.addAction(acCaptions);
-        menu.exec(d->tools->mapToGlobal(at));
-    });
+    acPrint->setVisible(false);
+    addButtonGroup({acNew, acEdit, acDelete});
+    addButtonGroup({acBack, acForward, acUp, acFirst});
+    addButtonGroup({acRefresh, acPrint});
+    addMenuGroup({acNew, acEdit, acDelete});
+    addMenuGroup({acRefresh, acPrint});
 }
 
-void TBookFrm::ButtonsCaptionClick()
+QWidget *TBookFrm::buildBody()
 {
-    d->tools->setToolButtonStyle(acCaptions->isChecked() ? Qt::ToolButtonTextUnderIcon
-                                                         : Qt::ToolButtonIconOnly);
+    auto *body = new QWidget(this);
+    auto *layout = new QVBoxLayout(body);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(buildSelectors());
+    buildPanes();
+    layout->addWidget(d->panes, 1);
+    return body;
 }
 
-void TBookFrm::buildSelectors()
+QBoxLayout *TBookFrm::buildSelectors()
 {
     d->selectors = new QHBoxLayout;
     d->selectors->setContentsMargins(6, 4, 6, 4);
@@ -245,6 +156,7 @@ void TBookFrm::buildSelectors()
                    [this] { setBook(d->books->currentData().toDouble()); });
     connectGuarded(d->pathBox, &QComboBox::activated, this,
                    [this] { SetJungId(d->pathBox->currentData().toDouble()); });
+    return d->selectors;
 }
 
 void TBookFrm::buildPanes()
@@ -276,6 +188,7 @@ void TBookFrm::setContent(QWidget *content)
     d->content = content;
     d->nodePanes->addWidget(content);
     content->hide();
+    offerMenu(content);
     auto *enter = new QShortcut(Qt::Key_Return, content, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connectGuarded(enter, &QShortcut::activated, this, [this] { acEdit->trigger(); });
     if (auto *view = qobject_cast<QAbstractItemView *>(content))
@@ -287,13 +200,6 @@ void TBookFrm::SetPrintable(bool on)
     acPrint->setVisible(on);
 }
 
-QAction *TBookFrm::addBookAction(const TBookAction &described)
-{
-    QAction *action = makeAction(described);
-    placeButton(action, d->ownActionsEnd);
-    return action;
-}
-
 void TBookFrm::addToToolBar(const QString &label, QWidget *control)
 {
     d->selectors->addSpacing(betweenSelectors);
@@ -301,22 +207,11 @@ void TBookFrm::addToToolBar(const QString &label, QWidget *control)
     d->selectors->addWidget(control);
 }
 
-void TBookFrm::addPanel(int width)
-{
-    d->status->addPanel(width);
-}
-
 // --- the life of a screen
 
 void TBookFrm::FormCreate()
 {
-    if (objectName().isEmpty())
-        setObjectName(QString::fromLatin1(metaObject()->className()));
-    restoreArrangement();
-    connectGuarded(&periodNotifier(), &TPeriodNotifier::periodChanged, this, [this] {
-        if (!d->destroyed)
-            PeriodChanged();
-    });
+    TDocumentFrm::FormCreate();
     d->book = userKnyga();
     fillBooks();
     loadBook(d->book);
@@ -324,83 +219,14 @@ void TBookFrm::FormCreate()
     tellSubscribers();
 }
 
-void TBookFrm::FormActivate()
-{
-    if (hold)
-        hold();
-    CheckActions();
-}
-
-bool TBookFrm::FormClose()
-{
-    if (!CanSave())
-        return true;
-    SaveToReg(placed(), formsPath(), objectName(), true);
-    settingsStore().setValue(keyOf(objectName(), u"Divider"_s), d->panes->sizes().first());
-    settingsStore().setValue(keyOf(objectName(), u"Captions"_s), acCaptions->isChecked());
-    return true;
-}
-
-void TBookFrm::FormDestroy()
-{
-    if (release)
-        release();
-}
-
-void TBookFrm::finish()
-{
-    if (std::exchange(d->destroyed, true))
-        return;
-    runGuarded(this, [this] { FormDestroy(); });
-}
-
-// The window that the screen fills: the document window around it, if there is one.
-QWidget *TBookFrm::placed()
-{
-    auto *around = qobject_cast<QMdiSubWindow *>(parentWidget());
-    return around ? around : static_cast<QWidget *>(this);
-}
-
-// A document window is placed by its area after it is shown; the kept placement comes after that.
-void TBookFrm::restorePlacement()
-{
-    QMetaObject::invokeMethod(this,
-                              guarded(this, [this] { ReadFromReg(placed(), formsPath(), objectName()); }),
-                              placed() == this ? Qt::DirectConnection : Qt::QueuedConnection);
-}
-
 void TBookFrm::restoreArrangement()
 {
-    const int divider = settingsStore().value(keyOf(objectName(), u"Divider"_s)).toInt();
-    if (divider > 0 && divider < width())
-        d->panes->setSizes({divider, width() - divider});
-    acCaptions->setChecked(settingsStore().value(keyOf(objectName(), u"Captions"_s)).toBool());
-    ButtonsCaptionClick();
+    TDocumentFrm::restoreArrangement();
+    d->panes->restoreState(settingsStore().value(settingsGroup() + u"/Divider"_s).toByteArray());
 }
 
-void TBookFrm::showEvent(QShowEvent *event)
+void TBookFrm::saveArrangement()
 {
-    QWidget::showEvent(event);
-    runGuarded(this, [this] {
-        if (!std::exchange(d->shown, true))
-            restorePlacement();
-        FormActivate();
-    });
-}
-
-void TBookFrm::closeEvent(QCloseEvent *event)
-{
-    bool mayClose = false;
-    runGuarded(this, [&] { mayClose = FormClose(); });
-    event->setAccepted(mayClose);
-    if (mayClose)
-        finish();
-}
-
-bool TBookFrm::event(QEvent *event)
-{
-    const bool handled = QWidget::event(event);
-    if (event->type() == QEvent::WindowActivate && d->shown && !d->destroyed)
-        runGuarded(this, [this] { FormActivate(); });
-    return handled;
+    TDocumentFrm::saveArrangement();
+    settingsStore().setValue(settingsGroup() + u"/Divider"_s, d->panes->saveState());
 }

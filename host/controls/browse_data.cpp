@@ -55,17 +55,31 @@ void TBrowseFrm::describeFields()
     for (const TBrowseColumn &column : description.columns) {
         columns.append(
             {.field = column.field, .title = column.title, .width = column.width, .format = column.format});
-        d->query.describe(column.field, [column](TField &field) {
-            field.DisplayLabel = column.title;
-            if (!column.format.isEmpty())
-                field.DisplayFormat = column.format;
-            const bool right = isNumeric(field.DataType());
-            field.Alignment =
-                column.alignment.value_or(right ? TAlignment::taRightJustify : TAlignment::taLeftJustify);
-        });
+        describeField(column);
     }
     d->grid->setColumns(columns);
     d->grid->setTitlesCentred(description.titlesCentred);
+}
+
+void TBrowseFrm::describeField(const TBrowseColumn &column)
+{
+    std::shared_ptr<TLookupTexts> texts;
+    if (column.text)
+        texts = std::make_shared<TLookupTexts>(column.text);
+    else if (!column.lookup.isEmpty())
+        texts = std::make_shared<TLookupTexts>([this] { return Database(); }, column.lookup);
+    if (texts)
+        d->lookups.push_back(texts);
+    d->query.describe(column.field, [column, texts](TField &field) {
+        field.DisplayLabel = column.title;
+        if (!column.format.isEmpty())
+            field.DisplayFormat = column.format;
+        if (texts)
+            field.OnGetText = [texts](TField &shown) { return texts->of(shown.Value()); };
+        const bool right = isNumeric(field.DataType()) && !texts;
+        field.Alignment =
+            column.alignment.value_or(right ? TAlignment::taRightJustify : TAlignment::taLeftJustify);
+    });
 }
 
 // --- reading
@@ -93,6 +107,8 @@ void TBrowseFrm::RefreshData(const Variant &key)
     d->finder.stop();
     d->tmrFind.stop();
     d->query.Close();
+    for (const auto &texts : d->lookups)
+        texts->forget();
     const QString sql = orderedSql();
     if (d->query.SQL() != sql)
         d->query.setSQL(sql);
@@ -174,7 +190,7 @@ void TBrowseFrm::rowsCame()
 void TBrowseFrm::showLoading()
 {
     const bool more = loading() && !d->query.stopped();
-    d->status->setLoading(more);
+    setLoading(more);
     const int count = d->query.Active() ? d->query.rowCount() : 0;
     const bool partly = more || d->query.stopped();
     setPanel(0, partly ? u"Įrašų kiekis: … %1+"_s.arg(count) : u"Įrašų kiekis: %1"_s.arg(count));
@@ -182,10 +198,10 @@ void TBrowseFrm::showLoading()
 
 void TBrowseFrm::DataSourceDataChange()
 {
-    if (d->destroyed)
+    if (isDestroyed())
         return;
     showLoading();
-    CheckToolButtons();
+    judgeActions();
 }
 
 void TBrowseFrm::RefreshBtnClick()
@@ -226,7 +242,7 @@ void TBrowseFrm::SetEditable(bool on)
     d->editable = on;
     for (QAction *action : {acNew, acEdit, acDelete, d->afterEditing})
         action->setVisible(on);
-    CheckToolButtons();
+    judgeActions();
 }
 
 bool TBrowseFrm::Editable() const
@@ -238,7 +254,7 @@ void TBrowseFrm::SetPrintable(bool on)
 {
     d->printable = on;
     acPrint->setVisible(on);
-    CheckToolButtons();
+    judgeActions();
 }
 
 void TBrowseFrm::CheckToolButtons()
@@ -253,108 +269,4 @@ void TBrowseFrm::CheckToolButtons()
     acPrint->setEnabled(d->printable);
     for (QAction *action : {acFirst, acPrev, acNext, acLast, acFind, acFindNext, acOrder, acCopy})
         action->setEnabled(rows);
-}
-
-// --- the cycle
-
-void TBrowseFrm::NewBtnClick()
-{
-    if (acNew->isEnabled() && acNew->isVisible())
-        NewRecord();
-}
-
-void TBrowseFrm::EditBtnClick()
-{
-    if (acEdit->isEnabled() && acEdit->isVisible())
-        EditRecord();
-}
-
-void TBrowseFrm::DelBtnClick()
-{
-    if (acDelete->isEnabled() && acDelete->isVisible())
-        DeleteRecord();
-}
-
-void TBrowseFrm::NewRecord()
-{
-    Q_ASSERT(description.edit);
-    Variant key = 0.0;
-    if (description.edit(description.newCaption, true, key))
-        RefreshData(key);
-}
-
-void TBrowseFrm::EditRecord()
-{
-    Q_ASSERT(description.edit);
-    Variant key = currentKey();
-    if (key.isNull())
-        return;
-    if (!rowIsThere(key)) {
-        RefreshData(0);
-        throw Exception(u"Įrašas jau ištrintas kitoje darbo vietoje"_s);
-    }
-    if (description.edit(description.editCaption, false, key))
-        RefreshData(key);
-}
-
-bool TBrowseFrm::rowIsThere(const Variant &key) const
-{
-    const QString sql =
-        u"select count(*) from %1 where %2 = :key"_s.arg(description.table, description.keyColumn);
-    return description.table.isEmpty() || Database()->fieldResult(sql, {{u"key"_s, key}}).toInt() > 0;
-}
-
-void TBrowseFrm::CheckUsed()
-{
-    if (description.used.message.isEmpty())
-        return;
-    const QString sql = u"select f_CheckUsed('%1', '%2', %3) from dummy"_s.arg(
-        description.table, description.keyColumn, TDatabase::quoted(currentKey().toString()));
-    if (Database()->fieldResult(sql).toInt() <= 0)
-        return;
-    QString refusal = description.used.message;
-    throw Exception(refusal.replace(u"%s"_s, d->query.FieldByName(description.used.nameColumn)->AsString()));
-}
-
-bool TBrowseFrm::mayDelete()
-{
-    if (!description.used.afterQuestion)
-        CheckUsed();
-    if (StdMsgBox(mkQuestion, u"Ar tikrai norite ištrinti?"_s) != mrYes)
-        return false;
-    if (description.used.afterQuestion)
-        CheckUsed();
-    return true;
-}
-
-void TBrowseFrm::DeleteRow(const Variant &key)
-{
-    const QString sql = u"delete from %1 where %2 = :key"_s.arg(description.table, description.keyColumn);
-    d->deleted = Database()->ExecSQL(sql, {{u"key"_s, key}});
-}
-
-void TBrowseFrm::DeleteRecord()
-{
-    const Variant key = currentKey();
-    if (key.isNull() || !mayDelete())
-        return;
-    d->deleted = 1;
-    TTransaction transaction(Database());
-    DeleteRow(key);
-    transaction.commit();
-    reposition();
-    if (d->deleted == 0)
-        setMessage(u"Įrašas jau buvo ištrintas kitoje darbo vietoje"_s);
-}
-
-// The row is gone from the books but still in the list: the cursor goes to the row before it, from the first
-// row to the one after it.
-void TBrowseFrm::reposition()
-{
-    const int row = d->query.RecNo();
-    if (row > 0)
-        d->query.Prior();
-    else
-        d->query.Next();
-    RefreshData(d->query.RecNo() == row || d->query.Eof() ? Variant(0) : currentKey());
 }

@@ -1,13 +1,12 @@
 #pragma once
 
+#include "host/controls/key_rule.h"
+#include "host/controls/session.h"
 #include "toolkit/data/query.h"
 
 #include <functional>
 #include <optional>
 #include <vector>
-
-// Which of the host's sessions a list reads.
-enum class TSession { Main, Budget };
 
 // Who may change the rows of a list.
 enum class TEditing {
@@ -23,6 +22,20 @@ struct TBrowseColumn {
     int width = 0;                       // pixels; 0: wide enough for the title and the usual value
     std::optional<TAlignment> alignment; // without one numbers stand right, everything else left
     QString format;                      // of the shown value: "0.00", "#", "yyyy.mm.dd" …
+    // The text shown for a key, looked up once for each key until the list is read again. A null key shows
+    // nothing.
+    std::function<QString(const Variant &key)> text;
+    // The same by a statement with the key in its first column and the text in its second, run at first use.
+    QString lookup;
+};
+
+// A list that writes its rows itself: its dialog only asks for values.
+struct TListValues {
+    // Shows the dialog with a row's values by column, none for a new row; null when the user gave up.
+    std::function<std::optional<QVariantMap>(const QString &caption, const QVariantMap &now)> ask;
+    TKeyRule key;
+    // Shown instead of what the database says when it refuses; empty: its own words.
+    QString newFailure, editFailure;
 };
 
 // Rows that business records refer to are not deleted.
@@ -50,11 +63,28 @@ struct TBrowseDescription {
     bool printable = true;
     TUsedCheck used;
 
-    // The editor of one row: shows it and returns whether the user saved; a new row's key comes back in key.
     QString newCaption;
     QString editCaption;
+    // One of three. The editor of one row: shows it and returns whether the user saved; a new row's key comes
+    // back in key.
     std::function<bool(const QString &caption, bool isNew, Variant &key)> edit;
+    // A dialog over the list's own current row, which the list has put into insert or edit state before.
+    // Returns whether the user saved.
+    std::function<bool(const QString &caption, bool isNew)> editRow;
+    // A dialog that only asks for values.
+    TListValues values;
 
     // Further settings of the data set before it is opened first: live, cached updates, calculated fields.
     std::function<void(TQuery &)> prepare;
 };
+
+// An editor whose keys are of type Key (double, int, AnsiString) as a list calls it.
+template<class Key, class Editor> auto keyed(Editor editor)
+{
+    return [editor](const QString &caption, bool isNew, Variant &key) {
+        auto typed = TKeyOf<Key>::from(key);
+        const bool saved = editor(caption, isNew, typed);
+        key = TKeyOf<Key>::to(typed);
+        return saved;
+    };
+}

@@ -23,10 +23,16 @@ TField *TBrowseFrm::findField() const
     return description.columns.empty() ? nullptr : d->query.FindField(description.columns.front().field);
 }
 
+// What was looked for in one column says nothing about another.
 void TBrowseFrm::showFindColumn()
 {
     const TField *field = findField();
     const QString title = field ? field->label() : QString();
+    if (title == d->findTitle)
+        return;
+    d->findTitle = title;
+    if (!searching())
+        d->findEdit->clear();
     d->findLabel->setText(u"I&eškoti stulpelyje „%1“:"_s.arg(QString(title).replace(u'&', u"&&"_s)));
     d->findEdit->setAccessibleName(u"Ieškoti stulpelyje %1"_s.arg(title));
 }
@@ -118,7 +124,7 @@ void TBrowseFrm::escape()
         d->findEdit->clear();
         d->grid->setFocus();
     } else {
-        CloseBtnClick();
+        TDocumentFrm::escape();
     }
 }
 
@@ -150,5 +156,5 @@ bool TBrowseFrm::eventFilter(QObject *watched, QEvent *event)
     bool consumed = false;
     if (watched == d->grid && event->type() == QEvent::KeyPress)
         runGuarded(this, [&] { consumed = gridKey(static_cast<QKeyEvent *>(event)); });
-    return consumed || QWidget::eventFilter(watched, event);
+    return consumed || TDocumentFrm::eventFilter(watched, event);
 }

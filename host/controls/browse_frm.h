@@ -1,35 +1,25 @@
 #pragma once
 
 #include "host/controls/browse_description.h"
+#include "host/controls/document_frm.h"
 #include "toolkit/report/report.h"
-#include "toolkit/text/ansistring.h"
 
-#include <QWidget>
-
-#include <memory>
-
-class QAction;
 class QKeyEvent;
 class TDBGrid;
 
-// The base of every list screen: a document window with tool bar, context menu, search line, grid and status
-// bar. It owns the whole cycle of a list; a screen describes itself and overrides a step only where it
-// differs:
+// The base of every list screen: a document window with search line, grid and status bar. It owns the whole
+// cycle of a list; a screen describes itself and overrides a step only where it differs:
 //
-//     class TObjektFrm : public TBrowseFrm {
-//     public:
-//         explicit TObjektFrm(QWidget *owner) : TBrowseFrm(described(), owner) { keepIn(ObjektFrm); }
-//     };
-//     TObjektFrm *frm = createForm<TObjektFrm>(owner);
-//
-// createForm() runs FormCreate, and FormDestroy at the end however the window goes; a screen whose FormCreate
-// raises an error is gone again. Handlers that the user starts are guarded: their errors go to the error
-// display.
+//     TObjektFrm::TObjektFrm(QWidget *owner)
+//         : TBrowseFrm({.name = "TObjektFrm", .caption = "Objektų sąrašas", …}, owner)
+//     {
+//         keepIn(ObjektFrm);
+//     }
 //
 // Keys: Ins new, Enter edit, Del or Ctrl+Del delete, F5 refresh, F7 or Ctrl+F find, F3 find next, Ctrl+R
-// order by the current column, Ctrl+P print, Ctrl+C copy, Ctrl+Home and Ctrl+End, F1 help, Shift+F10 menu,
-// Ctrl+W close; typing searches; Esc stops a search or the loading, else clears the search, else closes.
-class TBrowseFrm : public QWidget {
+// order by the current column, Ctrl+P print, Ctrl+C copy, Ctrl+Home and Ctrl+End, Shift+F10 menu; typing
+// searches; Esc stops a search or the loading, else clears the search, else closes.
+class TBrowseFrm : public TDocumentFrm {
     Q_OBJECT
 public:
     TBrowseFrm(TBrowseDescription description, QWidget *owner);
@@ -58,22 +48,12 @@ public:
     bool searching() const; // a search is still going on
     void stopLoading();     // what is there stays; the count then tells that there are more
 
-    // Enables the actions for the current row and user; called whenever either changes.
-    virtual void CheckToolButtons();
-
-    // The text of a status panel; panel 0 is the record count. The message stays until the next one.
-    void setPanel(int index, const QString &text);
-    QString panel(int index) const;
-    void setMessage(const QString &text);
-    QString message() const;
+    void CheckToolButtons() override; // status panel 0 is the record count
 
     QSize sizeHint() const override { return {820, 520}; }
 
-    // Shows the list above all other windows until it is closed; the screen is gone afterwards.
-    void ShowModal();
-
     QAction *acNew, *acEdit, *acDelete, *acRefresh, *acFind, *acFindNext, *acOrder, *acCopy, *acPrint,
-        *acFirst, *acPrev, *acNext, *acLast, *acCaptions, *acToolBar, *acHelp, *acClose;
+        *acFirst, *acPrev, *acNext, *acLast;
 
     void FirstBtnClick();
     void PrevBtnClick();
@@ -88,20 +68,16 @@ public:
     void OrderBtnClick(); // by the current column; once more: the other way round
     virtual void PrintBtnClick();
     void CopyBtnClick();
-    void CloseBtnClick();
-    void ButtonsCaptionClick(); // tool buttons with or without captions; remembered
-    void mnToolsClick();        // tool bar shown or hidden; remembered
-    void acHelpExecute();
     virtual void DBGridTitleClick(const QString &column); // a column of the statement
     virtual void DataSourceDataChange();
 
 protected:
-    // --- the life of a screen; a screen that overrides one calls the base's
-    virtual void FormCreate(); // opens the list
-    virtual void FormActivate();
-    virtual bool FormClose(); // whether the window may close; remembers placement and widths
-    virtual void FormDestroy();
+    void FormCreate() override; // opens the list
+    void FormActivate() override;
+    void FormDestroy() override;
     virtual void FormKeyPress(QChar &Key); // a character typed in the grid; null consumes it
+    void PeriodChanged() override;         // reads the list anew
+    void escape() override;
 
     // --- steps. The first three do what the description says.
     virtual void NewRecord();
@@ -112,55 +88,24 @@ protected:
     // Describes the printed list from the grid (see list_report.h); a screen adds its bands to it. Raises
     // when there is nothing to print.
     virtual void BeforePrint(TReport &report);
-    virtual void PeriodChanged(); // the accounting period is another one, and the list open
-
-    // The screen's exported global: set while the screen is open, by the activation, and null afterwards.
-    template<class T> void keepIn(T *&global)
-    {
-        hold = [this, &global] { global = static_cast<T *>(this); };
-        release = [&global, self = static_cast<T *>(this)] {
-            if (global == self)
-                global = nullptr;
-        };
-    }
 
     TDatabase *Database() const;
-    // A further action: a tool button and a line in the menu. Its handler is guarded.
-    QAction *addListAction(const QString &text, const QString &hint, const QIcon &icon,
-                           const QKeySequence &key, std::function<void()> handler);
-    // A line in the drop-down of the delete button, whose default stays the delete of one row.
-    void addToDeleteMenu(QAction *action);
-    // A control at the end of the tool bar, with a label whose accelerator leads to it.
-    void addToToolBar(const QString &label, QWidget *control);
-    void addPanel(int width = 150);
+    // A further action of the list; in DeleteMenu it stands in the window's menu too.
+    QAction *addListAction(const TFormAction &described);
+    // A control beside the search line, with a label whose accelerator leads to it.
+    void addToToolBar(const QString &label, QWidget *control) override;
 
     TBrowseDescription description;
 
-    void closeEvent(QCloseEvent *event) override;
-    void showEvent(QShowEvent *event) override;
-    bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    template<class T> friend class TCreatedForm;
-    void finish(); // FormDestroy, once
-
     // Building the window.
     void addActions();
-    void addToolBarButtons();
-    void addMenu();
-    void addSearchLine();
+    void addSearchLine(class QBoxLayout *layout);
     void listen();
     void describeFields();
-
-    // Keeping what the user arranged.
-    QWidget *placed();
-    QString settingsGroup() const;
-    void restorePlacement();
-    void restoreArrangement();
-    void saveArrangement();
-    void showCaptions(bool on);
-    void showToolBar(bool on);
+    void describeField(const TBrowseColumn &column);
 
     // The data.
     QString statedOrder() const;
@@ -171,6 +116,11 @@ private:
     void showSortArrow();
     void showCount();
 
+    // The cycle.
+    bool askFor(bool isNew, Variant &key);
+    bool editListRow(bool isNew);
+    bool askForValues(bool isNew, Variant &key);
+
     // Searching.
     TField *findField() const;
     void showFindColumn();
@@ -179,26 +129,8 @@ private:
     void goOnSearching();
     void rowsCame();
     void showLoading();
-    void escape();
     bool gridKey(QKeyEvent *event);
 
     struct Private;
     std::unique_ptr<Private> d;
-    std::function<void()> hold, release;
 };
-
-// Runs FormDestroy while the object is still a T.
-template<class T> class TCreatedForm final : public T {
-public:
-    using T::T;
-    void create() { this->FormCreate(); }
-    ~TCreatedForm() override { this->finish(); }
-};
-
-// Creates a list screen. Arguments are those of its constructor.
-template<class T, class... Arguments> T *createForm(Arguments &&...arguments)
-{
-    auto form = std::make_unique<TCreatedForm<T>>(std::forward<Arguments>(arguments)...);
-    form->create();
-    return form.release();
-}

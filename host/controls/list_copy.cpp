@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QTableView>
 
 using namespace Qt::StringLiterals;
@@ -49,8 +50,9 @@ QStringList cellsOf(const QTableView &grid, const QList<int> &columns, int row)
 // A tab or a line break inside a value would tear the table apart.
 QString asText(QStringList cells)
 {
+    static const QRegularExpression breaks(u"[\\t\\r\\n\\v\\f]+"_s);
     for (QString &cell : cells)
-        cell = cell.simplified();
+        cell.replace(breaks, u" "_s);
     return cells.join(u'\t') + u'\n';
 }
 

@@ -5,9 +5,7 @@
 #include "toolkit/text/format.h"
 #include "toolkit/widgets/guard.h"
 
-#include <QComboBox>
 #include <QScopeGuard>
-#include <QSignalBlocker>
 
 namespace Slikuciai {
 
@@ -18,14 +16,6 @@ namespace {
 
 constexpr int debitPanel = 1;
 constexpr int creditPanel = 2;
-
-bool editBalance(const QString &, bool isNew, Variant &key)
-{
-    double id = key.toDouble();
-    const bool saved = Saslikedit::EditLik(!isNew, id);
-    key = id;
-    return saved;
-}
 
 TBrowseDescription described()
 {
@@ -45,7 +35,8 @@ TBrowseDescription described()
                     {.field = "SSL_SUM_KR", .title = "Kreditas", .format = "0.00"}},
         .titleOrder = false,
         .titlesCentred = true,
-        .edit = editBalance,
+        .edit = keyed<double>(
+            [](const QString &, bool isNew, double &id) { return Saslikedit::EditLik(!isNew, id); }),
     };
 }
 
@@ -53,17 +44,12 @@ TBrowseDescription described()
 
 TSasLikFrm::TSasLikFrm(QWidget *owner)
     : TBrowseFrm(described(), owner),
-      PeriodBox(new QComboBox(this)),
-      qryPeriods(MainDatas()->mnFin_Db(),
-                 "select GetDateByPeriodId(per_id) as data, per_id from bd_period "
-                 "where per_metai<>0 and per_ketv<>0 and per_menuo<>0 order by 1",
-                 this),
+      PeriodBox(new TPeriodBox(TPeriodBox::Order::OldestFirst, this)),
       qrySum(MainDatas()->mnFin_Db(),
              "SELECT ssl_perid, sum(ssl_sum_db) as suma_deb, sum(ssl_sum_kr) as suma_kerd "
              "FROM bd_saslik WHERE ssl_perid=:id GROUP BY ssl_perid",
              this)
 {
-    PeriodBox->setObjectName("PeriodBox");
     keepIn(SasLikFrm);
     addToToolBar("&Periodas", PeriodBox);
     addPanel();
@@ -72,50 +58,27 @@ TSasLikFrm::TSasLikFrm(QWidget *owner)
 
 void TSasLikFrm::FormCreate()
 {
-    fillPeriods();
+    PeriodBox->fillOrRaise();
     TBrowseFrm::FormCreate();
     SetEditable(PeriodBox->count() == 1);
-    connectGuarded(PeriodBox, &QComboBox::currentIndexChanged, this, [this] { RefreshData(0); });
+    connectGuarded(PeriodBox, &QComboBox::currentIndexChanged, this, [this] { RefreshData(Variant()); });
 }
 
-void TSasLikFrm::FormDestroy()
-{
-    const QSignalBlocker silently(PeriodBox);
-    ClearListVar(PeriodBox->model());
-    TBrowseFrm::FormDestroy();
-}
-
+// Without any period nothing is left to show.
 void TSasLikFrm::PeriodChanged()
 {
-    fillPeriods();
+    const Variant key = currentKey();
+    dataSet()->Close();
+    PeriodBox->fillOrRaise();
     SetEditable(PeriodBox->count() == 1);
-    RefreshData(currentKey());
-}
-
-// Month periods, the oldest first; the newest one is picked.
-void TSasLikFrm::fillPeriods()
-{
-    const QSignalBlocker silently(PeriodBox);
-    ClearListVar(PeriodBox->model());
-    ReadListVar(&qryPeriods, PeriodBox->model(), "data", "per_id");
-    for (int item = 0; item < PeriodBox->count(); ++item)
-        PeriodBox->setItemText(item,
-                               FormatDateTime("yyyy \"m.\" mmmm", StrToDate(PeriodBox->itemText(item))));
-    if (PeriodBox->count() == 0)
-        throw Exception("Darbo pradžios periodas nenustatitas!");
-    PeriodBox->setCurrentIndex(PeriodBox->count() - 1);
-}
-
-Variant TSasLikFrm::shownPeriod() const
-{
-    return GetListValue(PeriodBox->model(), PeriodBox->currentIndex());
+    RefreshData(key);
 }
 
 void TSasLikFrm::RefreshData(const Variant &key)
 {
-    if (PeriodBox->currentIndex() < 0)
+    if (PeriodBox->period().isNull())
         return;
-    description.parameters["perid"] = shownPeriod();
+    description.parameters["perid"] = PeriodBox->period();
     readTotals();
     showTotals();
     TBrowseFrm::RefreshData(key);
@@ -125,7 +88,7 @@ void TSasLikFrm::readTotals()
 {
     const auto closeQuery = qScopeGuard([this] { qrySum.Close(); });
     qrySum.Close();
-    qrySum.setParam("id", shownPeriod());
+    qrySum.setParam("id", PeriodBox->period());
     qrySum.Open();
     debit = qrySum.FieldByName("suma_deb")->AsFloat();
     credit = qrySum.FieldByName("suma_kerd")->AsFloat();
@@ -144,9 +107,9 @@ void TSasLikFrm::showTotals()
 // The balances are those at the end of the day before the period begins.
 QString TSasLikFrm::dayBeforePeriod() const
 {
-    const Variant first =
-        GetFieldResult(MainDatas()->mnFin_Db(), "SELECT DATEFORMAT(GetDateByPeriodId(" +
-                                                    shownPeriod().toString() + "),'yyyy.mm.dd') FROM dummy");
+    const Variant first = GetFieldResult(MainDatas()->mnFin_Db(), "SELECT DATEFORMAT(GetDateByPeriodId(" +
+                                                                      PeriodBox->period().toString() +
+                                                                      "),'yyyy.mm.dd') FROM dummy");
     const QChar separator = std::exchange(FormatSettings().DateSeparator, u'.');
     const auto restore = qScopeGuard([separator] { FormatSettings().DateSeparator = separator; });
     return FormatDateTime("yyyy.mm.dd", TDateTime(StrToDate(first.toString()).value() - 1));

@@ -3,8 +3,6 @@
 #include "src/frame/host_services.h"
 #include "src/frame/unit.h"
 
-class QComboBox;
-
 // The opening balances of accounts, one period at a time.
 namespace Slikuciai {
 
@@ -21,19 +19,15 @@ public:
 protected:
     // Raises while no start-of-work period is set.
     void FormCreate() override;
-    void FormDestroy() override;
     void PeriodChanged() override;
     void BeforePrint(TReport &report) override;
 
 private:
-    void fillPeriods();
-    Variant shownPeriod() const;
     void readTotals();
     void showTotals();
     QString dayBeforePeriod() const;
 
-    QComboBox *PeriodBox;
-    TQuery qryPeriods;
+    TPeriodBox *PeriodBox;
     TQuery qrySum;
     double debit = 0;
     double credit = 0;

@@ -16,14 +16,6 @@ namespace {
 constexpr auto right = TAlignment::taRightJustify;
 const QString newCaption = QStringLiteral("Naujas debitorius ar kreditorius");
 
-bool edit(const QString &caption, bool isNew, Variant &key)
-{
-    double id = key.toDouble();
-    const bool saved = Chdbkr::EditDbKr(AnsiString(caption), isNew, id);
-    key = id;
-    return saved;
-}
-
 TBrowseDescription described()
 {
     return {
@@ -51,7 +43,9 @@ TBrowseDescription described()
         .used = {"Db Kr \"%s\" dalyvauja ūkinėse operacijose!", "dka_pavad", true},
         .newCaption = newCaption,
         .editCaption = "Koreguojamas debitorius ar kreditorius",
-        .edit = edit,
+        .edit = keyed<double>([](const QString &caption, bool isNew, double &id) {
+            return Chdbkr::EditDbKr(AnsiString(caption), isNew, id);
+        }),
     };
 }
 
@@ -60,9 +54,12 @@ TBrowseDescription described()
 TDbKrFrm::TDbKrFrm(QWidget *owner) : TBrowseFrm(described(), owner)
 {
     keepIn(DbKrFrm);
-    acCopyData = addListAction("Kopijuoti &duomenis", "Kopijuoti duomenis", icon(TIcon::Copy),
-                               Qt::CTRL | Qt::Key_D, [this] { copyRecord(); });
-    acCopyData->setObjectName("acCopyData");
+    acCopyData = addListAction({.name = "acCopyData",
+                                .text = "Kopijuoti &duomenis",
+                                .picture = TIcon::Copy,
+                                .keys = {Qt::CTRL | Qt::Key_D},
+                                .handler = [this] { copyRecord(); },
+                                .enabled = [this] { return acDelete->isEnabled(); }});
 }
 
 void TDbKrFrm::copyRecord()
@@ -70,14 +67,6 @@ void TDbKrFrm::copyRecord()
     double newId = 0;
     if (Copydbkr::CopyData(AnsiString(newCaption), currentKey().toDouble(), newId))
         RefreshData(newId);
-}
-
-void TDbKrFrm::CheckToolButtons()
-{
-    TBrowseFrm::CheckToolButtons();
-    // The base asks while the screen is still being built.
-    if (QAction *copy = findChild<QAction *>("acCopyData"))
-        copy->setEnabled(acDelete->isEnabled());
 }
 
 void TDbKrFrm::PrintBtnClick()

@@ -4,6 +4,7 @@
 
 // HostControls
 #include "host/controls/browse_frm.h"
+#include "host/controls/period_box.h"
 #include "host/controls/transactions.h"
 
 // HostCommon

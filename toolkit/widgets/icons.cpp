@@ -53,6 +53,7 @@ constexpr Entry table[] = {
     {TIcon::ZoomOut, "zoom-out", none, u'−'},
     {TIcon::FitWidth, "zoom-fit-width", none, u'↔'},
     {TIcon::FitPage, "zoom-fit-page", none, u'↕'},
+    {TIcon::Up, "go-up", QStyle::SP_ArrowUp, u'↑'},
 };
 
 const Entry &entryOf(TIcon which)

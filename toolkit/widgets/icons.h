@@ -39,6 +39,7 @@ enum class TIcon {
     ZoomOut,
     FitWidth,
     FitPage,
+    Up,
 };
 
 // The icon from the desktop's theme, from the theme that the system is installed with, or a drawn one: never

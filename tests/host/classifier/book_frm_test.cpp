@@ -25,7 +25,7 @@ TTestFrm *TestFrm = nullptr;
 class TTestFrm : public TBookFrm {
 public:
     explicit TTestFrm(QWidget *owner = nullptr)
-        : TBookFrm(u"Išlaidų likučiai"_s, 22, owner),
+        : TBookFrm({.name = u"TTestFrm"_s, .caption = u"Išlaidų likučiai"_s, .help = 22}, owner),
           grid(new QTableWidget(3, 2))
     {
         keepIn(TestFrm);
@@ -354,7 +354,7 @@ TEST_P(BookFrm, RemembersItsPlaceAndCaptions)
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     open();
     EXPECT_EQ(frm->size(), QSize(800, 450));
-    EXPECT_EQ(frm->findChild<QToolBar *>()->toolButtonStyle(), Qt::ToolButtonTextUnderIcon);
+    EXPECT_EQ(frm->findChild<QToolBar *>()->toolButtonStyle(), Qt::ToolButtonIconOnly);
 }
 
 TEST_P(BookFrm, WithoutBooksItIsEmptyAndHarmless)

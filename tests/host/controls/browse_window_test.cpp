@@ -73,15 +73,16 @@ TEST_P(BrowseWindow, PlacementWidthsToolBarAndCaptionsAreRemembered)
     open();
     frm->setGeometry(30, 40, 640, 400);
     frm->grid()->setColumnWidth(2, 217);
+    EXPECT_EQ(bar()->toolButtonStyle(), Qt::ToolButtonTextUnderIcon) << "at first";
     frm->ButtonsCaptionClick();
-    EXPECT_EQ(bar()->toolButtonStyle(), Qt::ToolButtonTextUnderIcon);
+    EXPECT_EQ(bar()->toolButtonStyle(), Qt::ToolButtonIconOnly);
     frm->mnToolsClick();
     EXPECT_TRUE(bar()->isHidden());
     close();
     open();
     EXPECT_EQ(frm->geometry(), QRect(30, 40, 640, 400));
     EXPECT_EQ(frm->grid()->columnWidth(2), 217);
-    EXPECT_EQ(bar()->toolButtonStyle(), Qt::ToolButtonTextUnderIcon);
+    EXPECT_EQ(bar()->toolButtonStyle(), Qt::ToolButtonIconOnly);
     EXPECT_TRUE(bar()->isHidden());
     frm->RefreshBtnClick();
     EXPECT_EQ(frm->grid()->columnWidth(2), 217);
@@ -158,8 +159,11 @@ TEST_P(BrowseWindow, AScreensOwnActionPanelPickerAndDeleteMenu)
         {
             addPanel();
             addToToolBar(u"&Periodas"_s, &picker);
-            own = addListAction(u"&Skaičiuoti"_s, {}, {}, Qt::CTRL | Qt::Key_K, [this] { ++runs; });
-            addToDeleteMenu(own);
+            own = addListAction({.text = u"&Skaičiuoti"_s,
+                                 .keys = {Qt::CTRL | Qt::Key_K},
+                                 .handler = [this] { ++runs; },
+                                 .enabled = [this] { return !dataSet()->IsEmpty(); },
+                                 .place = TActionPlace::DeleteMenu});
             setPanel(1, u"Suma: 5"_s);
         }
         QLineEdit picker;

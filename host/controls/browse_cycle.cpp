@@ -1,0 +1,168 @@
+// New, edit and delete.
+
+#include "host/common/msgbox.h"
+#include "host/controls/browse_private.h"
+#include "host/controls/row_of_table.h"
+
+#include <QAction>
+#include <QScopeGuard>
+
+using namespace Qt::StringLiterals;
+static const bool nextOff = false;
+
+void TBrowseFrm::NewBtnClick()
+{
+    if (acNew->isEnabled() && acNew->isVisible())
+        NewRecord();
+}
+
+void TBrowseFrm::EditBtnClick()
+{
+    if (acEdit->isEnabled() && acEdit->isVisible())
+        EditRecord();
+}
+
+void TBrowseFrm::DelBtnClick()
+{
+    if (acDelete->isEnabled() && acDelete->isVisible())
+        DeleteRecord();
+}
+
+// Shows the dialog for the current row or a new one; whether the user saved.
+bool TBrowseFrm::askFor(bool isNew, Variant &key)
+{
+    if (description.editRow)
+        return editListRow(isNew);
+    if (description.values.ask)
+        return askForValues(isNew, key);
+    Q_ASSERT(description.edit);
+    return description.edit(isNew ? description.newCaption : description.editCaption, isNew, key);
+}
+
+void TBrowseFrm::NewRecord()
+{
+    Variant key;
+    do {
+        key = Variant();
+        if (!askFor(true, key))
+            return;
+        if (!description.editRow)
+            RefreshData(key);
+    } while (nextOff && acNew->isEnabled());
+}
+
+void TBrowseFrm::EditRecord()
+{
+    Variant key = currentKey();
+    if (key.isNull())
+        return;
+    if (!rowIsThere(key)) {
+        RefreshData(Variant());
+        throw Exception(u"Įrašas jau ištrintas kitoje darbo vietoje"_s);
+    }
+    if (!askFor(false, key))
+        return;
+    if (!description.editRow)
+        RefreshData(key);
+    if (nextOff && acNew->isEnabled())
+        NewRecord();
+}
+
+// The dialog stands on the list's own row. Whatever is left of it unsaved is dropped.
+bool TBrowseFrm::editListRow(bool isNew)
+{
+    const auto dropUnsaved = qScopeGuard([this] {
+        if (d->query.editing())
+            d->query.Cancel();
+        if (d->query.CachedUpdates && d->query.UpdatesPending())
+            d->query.CancelUpdates();
+    });
+    if (isNew)
+        d->query.Append();
+    else
+        d->query.Edit();
+    return description.editRow(isNew ? description.newCaption : description.editCaption, isNew);
+}
+
+bool TBrowseFrm::askForValues(bool isNew, Variant &key)
+{
+    QVariantMap now;
+    for (int i = 0; !isNew && i < d->query.FieldCount(); ++i)
+        now.insert(d->query.Field(i)->FieldName().toLower(), d->query.Field(i)->Value());
+    const TListValues &values = description.values;
+    const auto given = values.ask(isNew ? description.newCaption : description.editCaption, now);
+    if (!given)
+        return false;
+    const TRowOfTable row{Database(), description.table, description.keyColumn};
+    try {
+        key = isNew ? row.insert(*given, values.key) : row.update(key, *given);
+    } catch (const EDatabaseError &) {
+        const QString &told = isNew ? values.newFailure : values.editFailure;
+        if (told.isEmpty())
+            throw;
+        throw Exception(told);
+    }
+    return true;
+}
+
+bool TBrowseFrm::rowIsThere(const Variant &key) const
+{
+    const QString sql =
+        u"select count(*) from %1 where %2 = :key"_s.arg(description.table, description.keyColumn);
+    return description.table.isEmpty() || Database()->fieldResult(sql, {{u"key"_s, key}}).toInt() > 0;
+}
+
+void TBrowseFrm::CheckUsed()
+{
+    if (description.used.message.isEmpty())
+        return;
+    const QString sql = u"select f_CheckUsed('%1', '%2', %3) from dummy"_s.arg(
+        description.table, description.keyColumn, TDatabase::quoted(currentKey().toString()));
+    if (Database()->fieldResult(sql).toInt() <= 0)
+        return;
+    QString refusal = description.used.message;
+    throw Exception(refusal.replace(u"%s"_s, d->query.FieldByName(description.used.nameColumn)->AsString()));
+}
+
+bool TBrowseFrm::mayDelete()
+{
+    if (!description.used.afterQuestion)
+        CheckUsed();
+    if (StdMsgBox(mkQuestion, u"Ar tikrai norite ištrinti?"_s) != mrYes)
+        return false;
+    if (description.used.afterQuestion)
+        CheckUsed();
+    return true;
+}
+
+void TBrowseFrm::DeleteRow(const Variant &key)
+{
+    const QString sql = u"delete from %1 where %2 = :key"_s.arg(description.table, description.keyColumn);
+    d->deleted = Database()->ExecSQL(sql, {{u"key"_s, key}});
+}
+
+void TBrowseFrm::DeleteRecord()
+{
+    const Variant key = currentKey();
+    if (key.isNull() || !mayDelete())
+        return;
+    d->deleted = 1;
+    TTransaction transaction(Database());
+    DeleteRow(key);
+    transaction.commit();
+    reposition();
+    if (d->deleted == 0)
+        setMessage(u"Įrašas jau buvo ištrintas kitoje darbo vietoje"_s);
+}
+
+// The row is gone from the books but still in the list: the cursor goes to the row before it, from the first
+// row to the one after it.
+void TBrowseFrm::reposition()
+{
+    const int row = d->query.RecNo();
+    if (row > 0)
+        d->query.Prior();
+    else
+        d->query.Next();
+    RefreshData(d->query.RecNo() == row || d->query.Eof() ? Variant() : currentKey());
+}

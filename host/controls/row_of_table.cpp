@@ -1,0 +1,47 @@
+#include "host/controls/row_of_table.h"
+
+#include "toolkit/data/query.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void fill(TQuery &row, const QVariantMap &values)
+{
+    for (const auto &[column, value] : values.asKeyValueRange())
+        row.FieldByName(column)->setValue(value);
+}
+
+} // namespace
+
+Variant TRowOfTable::insert(const QVariantMap &values, const TKeyRule &rule) const
+{
+    TTransaction transaction(database);
+    TQuery row(database, u"select * from %1 where 1 = 0"_s.arg(table));
+    row.RequestLive = true;
+    row.Open();
+    row.Append();
+    fill(row, values);
+    if (rule.draws(true))
+        row.FieldByName(keyColumn)->setValue(rule.next(database));
+    row.Post();
+    const Variant key = row.FieldByName(keyColumn)->Value();
+    transaction.commit();
+    return key;
+}
+
+Variant TRowOfTable::update(const Variant &key, const QVariantMap &values) const
+{
+    TTransaction transaction(database);
+    TQuery row(database, u"select * from %1 where %2 = :key"_s.arg(table, keyColumn));
+    row.RequestLive = true;
+    row.setParam(u"key"_s, key);
+    row.Open();
+    if (row.IsEmpty())
+        throw EDatabaseError(u"Įrašas jau ištrintas kitoje darbo vietoje"_s);
+    row.Edit();
+    fill(row, values);
+    row.Post();
+    transaction.commit();
+    return key;
+}

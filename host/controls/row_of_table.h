@@ -1,0 +1,16 @@
+#pragma once
+
+#include "host/controls/key_rule.h"
+
+// One row of a table, written by its key. Each write is one transaction; a failure leaves the table as it
+// was.
+struct TRowOfTable {
+    TDatabase *database;
+    QString table;
+    QString keyColumn;
+
+    // Adds a row with these values by column and the key that the rule draws; returns the key as stored.
+    Variant insert(const QVariantMap &values, const TKeyRule &rule) const;
+    // Changes the row with the key, which is returned. Raises EDatabaseError when the row is gone.
+    Variant update(const Variant &key, const QVariantMap &values) const;
+};
