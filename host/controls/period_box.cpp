@@ -1,6 +1,7 @@
 #include "host/controls/period_box.h"
 
 #include "host/common/lists.h"
+#include "host/common/months.h"
 #include "host/data/main_datas.h"
 #include "toolkit/text/format.h"
 
