@@ -183,13 +183,13 @@ QWidget *TDocumentFrm::placed()
 void TDocumentFrm::restorePlacement()
 {
     QMetaObject::invokeMethod(this,
-                              guarded(this, [this] { ReadFromReg(placed(), formsPath(), document.name); }),
+                              guarded(this, [this] { ReadFromReg(placed(), FormsPath(), document.name); }),
                               placed() == this ? Qt::DirectConnection : Qt::QueuedConnection);
 }
 
 QString TDocumentFrm::settingsGroup() const
 {
-    return QString(formsPath() + u'\\' + document.name).replace(u'\\', u'/');
+    return QString(FormsPath() + u'\\' + document.name).replace(u'\\', u'/');
 }
 
 void TDocumentFrm::restoreArrangement()
@@ -200,7 +200,7 @@ void TDocumentFrm::restoreArrangement()
 
 void TDocumentFrm::saveArrangement()
 {
-    SaveToReg(placed(), formsPath(), document.name, true);
+    SaveToReg(placed(), FormsPath(), document.name, true);
     settingsStore().setValue(settingsGroup() + u"/ToolBar"_s, w->toolBarShown);
     settingsStore().setValue(settingsGroup() + u"/Captions"_s, w->captionsShown);
 }
