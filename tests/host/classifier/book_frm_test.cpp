@@ -333,7 +333,7 @@ TEST_P(BookFrm, RefreshGoesToTheNearestNodeThatIsStillThere)
 
 TEST_P(BookFrm, AChangedPeriodReachesTheScreen)
 {
-    GetPeriod();
+    emit periodNotifier().periodChanged();
     EXPECT_EQ(frm->periodChanges, 1);
 }
 

@@ -186,6 +186,6 @@ TEST_P(BrowseWindow, AChangedPeriodIsReadAgain)
 {
     open();
     addBank(15, u"AB Ūkio"_s, 0);
-    GetPeriod();
+    emit periodNotifier().periodChanged();
     EXPECT_EQ(names().size(), 4);
 }
