@@ -53,7 +53,7 @@ TDBRadioGroup::TDBRadioGroup(const QString &title, QWidget *parent)
     connect(buttons, &QButtonGroup::idClicked, this, [this] { chosenByUser(); });
 }
 
-void TDBRadioGroup::setChoices(const QList<std::pair<QString, QVariant>> &choices)
+void TDBRadioGroup::setChoices(const TChoices &choices)
 {
     qDeleteAll(buttons->buttons());
     values.clear();
@@ -79,6 +79,11 @@ void TDBRadioGroup::showField(TField *field)
     for (QAbstractButton *button : buttons->buttons())
         button->setChecked(buttons->id(button) == chosen);
     buttons->setExclusive(true);
+}
+
+bool TDBRadioGroup::showsValue() const
+{
+    return buttons->checkedId() >= 0;
 }
 
 void TDBRadioGroup::storeField(TField &field)

@@ -17,6 +17,8 @@ public:
     // 1 and 0 unless told otherwise.
     void setValues(const QVariant &whenChecked, const QVariant &whenUnchecked);
 
+    bool showsValue() const override { return true; }
+
 protected:
     void showField(TField *field) override;
     void storeField(TField &field) override;
@@ -35,7 +37,9 @@ public:
     explicit TDBRadioGroup(const QString &title = {}, QWidget *parent = nullptr);
 
     // Text with its accelerator, and value.
-    void setChoices(const QList<std::pair<QString, QVariant>> &choices);
+    void setChoices(const TChoices &choices);
+
+    bool showsValue() const override;
 
 protected:
     void showField(TField *field) override;

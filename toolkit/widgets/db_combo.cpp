@@ -1,5 +1,6 @@
 #include "toolkit/widgets/db_combo.h"
 
+#include "toolkit/data/query.h"
 #include "toolkit/widgets/guard.h"
 
 #include <QKeyEvent>
@@ -21,6 +22,13 @@ bool changesChoice(const QKeyEvent *event)
     default:
         return !(event->modifiers() & (Qt::AltModifier | Qt::ControlModifier));
     }
+}
+
+void forEachRow(TDatabase *session, const QString &sql, const std::function<void(TQuery &)> &visit)
+{
+    TQuery query(session, sql);
+    for (query.Open(); !query.Eof(); query.Next())
+        visit(query);
 }
 
 } // namespace
@@ -51,6 +59,18 @@ void TDBComboBox::setItems(const QStringList &items)
     clear();
     addItems(items);
     setEditText(shown);
+}
+
+void TDBComboBox::readItems(TDatabase *session, const QString &sql)
+{
+    QStringList items;
+    forEachRow(session, sql, [&](TQuery &row) { items += row.Field(0)->DisplayText(); });
+    setItems(items);
+}
+
+bool TDBComboBox::showsValue() const
+{
+    return !currentText().trimmed().isEmpty();
 }
 
 void TDBComboBox::setOptions(const TEditOptions &options)
@@ -140,12 +160,26 @@ void TDBLookupComboBox::readList()
     refresh();
 }
 
-void TDBLookupComboBox::setChoices(const QList<std::pair<QString, QVariant>> &choices)
+void TDBLookupComboBox::setChoices(const TChoices &choices)
 {
     clear();
     for (const auto &[text, key] : choices)
         addItem(text, key);
     refresh();
+}
+
+void TDBLookupComboBox::readChoices(TDatabase *session, const QString &sql)
+{
+    TChoices choices;
+    forEachRow(session, sql, [&](TQuery &row) {
+        choices += {row.Field(0)->DisplayText(), row.Field(1)->Value()};
+    });
+    setChoices(choices);
+}
+
+bool TDBLookupComboBox::showsValue() const
+{
+    return currentIndex() >= 0 && !currentText().trimmed().isEmpty();
 }
 
 void TDBLookupComboBox::showField(TField *field)

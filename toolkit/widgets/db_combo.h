@@ -5,6 +5,9 @@
 
 #include <QComboBox>
 
+class TDatabase;
+
+// What a list offers: text and key.
 // An editable drop-down list over a text column: an item may be chosen or another text typed.
 class TDBComboBox : public QComboBox, public TDBControl {
     Q_OBJECT
@@ -12,7 +15,11 @@ public:
     explicit TDBComboBox(QWidget *parent = nullptr);
 
     void setItems(const QStringList &items); // keeps what is shown
+    // The first column of a statement as items.
+    void readItems(TDatabase *session, const QString &sql);
     void setOptions(const TEditOptions &options);
+
+    bool showsValue() const override;
 
 protected:
     void showField(TField *field) override;
@@ -38,10 +45,13 @@ public:
     // Reads the items anew. A key that is no longer in the list is shown as an empty choice.
     void readList();
 
-    // Items without a set: text and key.
-    void setChoices(const QList<std::pair<QString, QVariant>> &choices);
+    // Items without a set.
+    void setChoices(const TChoices &choices);
+    // A statement's rows as choices: its first column is the text, its second the key.
+    void readChoices(TDatabase *session, const QString &sql);
 
     QVariant currentKey() const { return currentData(); }
+    bool showsValue() const override;
 
 protected:
     void showField(TField *field) override;

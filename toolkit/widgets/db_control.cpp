@@ -5,6 +5,7 @@
 #include "toolkit/widgets/invalid_mark.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QKeyEvent>
 
 TDBControlEvents::TDBControlEvents(TDBControl *owner) : QObject(owner->widget()), control(owner)
@@ -27,7 +28,8 @@ bool TDBControlEvents::eventFilter(QObject *watched, QEvent *event)
         break;
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress:
-        if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape && control->pending()) {
+        if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape && control->pending() &&
+            !qobject_cast<QDialog *>(control->widget()->window())) {
             if (event->type() == QEvent::KeyPress)
                 runGuarded(control->widget(), [this] { control->restore(); });
             event->accept();
@@ -64,10 +66,20 @@ void TDBControl::attach()
     QWidget *where = self;
     QObject::connect(boundSet, &TDataSet::stateChanged, events, guarded(where, [this] { onState(); }));
     QObject::connect(boundSet, &TDataSet::scrolled, events, guarded(where, [this] { restore(); }));
-    QObject::connect(boundSet, &TDataSet::modelReset, events, guarded(where, [this] { restore(); }));
+    QObject::connect(boundSet, &TDataSet::modelReset, events, guarded(where, [this] {
+                         assertColumn();
+                         restore();
+                     }));
     QObject::connect(boundSet, &TDataSet::fieldChanged, events,
                      guarded(where, [this](const QString &name) { onField(name); }));
     flusher = boundSet->addFlusher([this] { commit(); });
+    assertColumn();
+}
+
+// A misspelt column would leave a control that shows nothing and takes nothing.
+void TDBControl::assertColumn() const
+{
+    Q_ASSERT_X(!boundSet->Active() || Field(), "TDBControl", qPrintable("no column " + boundColumn));
 }
 
 void TDBControl::detach()
@@ -167,12 +179,25 @@ void TDBControl::changedByUser()
 {
     isPending = true;
     clearInvalid();
+    emit events->edited();
 }
 
 void TDBControl::chosenByUser()
 {
     isPending = true;
     leave();
+    emit events->edited();
+}
+
+void TDBControl::whenEdited(QObject *context, std::function<void()> handler)
+{
+    QObject::connect(events, &TDBControlEvents::edited, context, guarded(self, std::move(handler)));
+}
+
+bool TDBControl::showsValue() const
+{
+    const TField *field = Field();
+    return field && !field->AsString().trimmed().isEmpty();
 }
 
 bool TDBControl::isFocused() const
@@ -184,17 +209,8 @@ void TDBControl::markInvalid(const QString &why)
 {
     if (why == reason)
         return;
-    if (reason.isEmpty())
-        ownToolTip = self->toolTip();
     reason = why;
-    self->setToolTip(why.isEmpty() ? ownToolTip : why);
-    self->setAccessibleDescription(why);
-    if (why.isEmpty()) {
-        delete mark;
-        mark = nullptr;
-    } else if (!mark) {
-        mark = new TInvalidMark(self);
-    }
+    TInvalidMark::put(self, why);
 }
 
 TDBControl *TDBControl::of(QWidget *widget)

@@ -5,16 +5,20 @@
 #include <QPointer>
 #include <QWidget>
 
-class TInvalidMark;
+#include <functional>
+
+// What a list offers: text and key.
+using TChoices = QList<std::pair<QString, QVariant>>;
 
 // The one contract of every data-aware control: it shows one column of a data set's current record and takes
 // what the user types.
 //
-// - It can be changed only while the set is being edited and the column allows it.
+// - It can be changed only while the set is being edited and the column allows it. A column that the opened
+//   set does not have is asserted.
 // - What the user typed is pending until it is committed: on leaving the control, by commit(), and by the
 // set's
 //   Post. A refused value keeps its text, and the control wears a red frame with the reason as its tool tip.
-// - Esc brings back the column's value while something is pending; otherwise it goes on to the dialog.
+// - Esc brings back the column's value while something is pending, except in a dialog, which it closes.
 class TDBControl {
 public:
     virtual ~TDBControl();
@@ -37,6 +41,12 @@ public:
     void commit();
     // Gives up what is pending and shows the column's value.
     void restore();
+
+    // Whether the control shows something now, what is pending included; blanks are nothing. Here: whether
+    // the column has a value; a control that may show something else says so itself.
+    virtual bool showsValue() const;
+    // Calls the handler, guarded, after every keystroke and choice of the user, until context goes.
+    void whenEdited(QObject *context, std::function<void()> handler);
 
     // The reason why the last commit was refused; empty when the control is valid.
     const QString &invalidReason() const { return reason; }
@@ -71,6 +81,7 @@ private:
     friend class TDBControlEvents;
     void attach();
     void detach();
+    void assertColumn() const;
     void leave() noexcept;
     void onState();
     void onField(const QString &name);
@@ -79,8 +90,6 @@ private:
     QPointer<TDataSet> boundSet;
     QString boundColumn;
     QString reason;
-    QString ownToolTip;
-    TInvalidMark *mark = nullptr;
     class TDBControlEvents *events;
     int flusher = 0;
     bool isPending = false;

@@ -34,6 +34,8 @@ class TDBDateTimePicker : public TDateEdit, public TDBControl {
 public:
     explicit TDBDateTimePicker(QWidget *parent = nullptr);
 
+    bool showsValue() const override { return !text().trimmed().isEmpty(); }
+
 protected:
     void showField(TField *field) override;
     void storeField(TField &field) override;

@@ -58,6 +58,11 @@ void TDBEdit::showField(TField *field)
         setCursorPosition(0);
 }
 
+bool TDBEdit::showsValue() const
+{
+    return !maskedText(this).trimmed().isEmpty();
+}
+
 void TDBEdit::storeField(TField &field)
 {
     field.setEditText(maskedText(this));

@@ -17,6 +17,8 @@ public:
     void setOptions(const TEditOptions &options);
     const TEditOptions &options() const { return given; }
 
+    bool showsValue() const override;
+
 protected:
     void showField(TField *field) override;
     void storeField(TField &field) override;
@@ -35,6 +37,8 @@ class TDBMemo : public QPlainTextEdit, public TDBControl {
 public:
     explicit TDBMemo(QWidget *parent = nullptr);
 
+    bool showsValue() const override { return !toPlainText().trimmed().isEmpty(); }
+
 protected:
     void showField(TField *field) override;
     void storeField(TField &field) override;
@@ -49,6 +53,8 @@ class TDBText : public QLabel, public TDBControl {
     Q_OBJECT
 public:
     explicit TDBText(QWidget *parent = nullptr);
+
+    bool showsValue() const override { return !text().trimmed().isEmpty(); }
 
 protected:
     void showField(TField *field) override;

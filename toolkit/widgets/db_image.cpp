@@ -1,11 +1,53 @@
 #include "toolkit/widgets/db_image.h"
 
+#include <QBuffer>
 #include <QFile>
+#include <QFileDialog>
+#include <QImageReader>
 #include <QPainter>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int emptyHeight = 120;
+constexpr QSize largestHint(320, 240);
+constexpr qint64 megabyte = 1024 * 1024;
+constexpr qint64 largestFile = 10 * megabyte;
+constexpr qint64 mostPixels = 25'000'000; // a page scanned finely; more would take hundreds of megabytes
+
+QByteArray contentOf(const QString &name)
+{
+    QFile file(name);
+    const QString unreadable = u"Nepavyksta perskaityti failo „%1“"_s.arg(name);
+    if (!file.open(QIODevice::ReadOnly))
+        throw EConvertError(unreadable);
+    if (file.size() > largestFile)
+        throw EConvertError(
+            u"Failas „%1“ per didelis: paveikslėlis gali užimti ne daugiau kaip %2 MB"_s.arg(name).arg(
+                largestFile / megabyte));
+    QByteArray content = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        throw EConvertError(unreadable);
+    return content;
+}
+
+// The size is read before the picture is: a small file may unfold to more than the memory holds.
+void checkPicture(const QString &name, const QByteArray &content)
+{
+    QBuffer buffer;
+    buffer.setData(content);
+    QImageReader reader(&buffer);
+    reader.setDecideFormatFromContent(true);
+    const QSize size = reader.size();
+    if (!QList<QByteArray>{"png", "jpeg", "bmp"}.contains(reader.format()))
+        throw EConvertError(u"Failas „%1“ nėra PNG, JPEG ar BMP paveikslėlis"_s.arg(name));
+    if (qint64(size.width()) * size.height() > mostPixels)
+        throw EConvertError(
+            u"Paveikslėlis „%1“ per didelis: %2 × %3 taškų"_s.arg(name).arg(size.width()).arg(size.height()));
+    if (reader.read().isNull())
+        throw EConvertError(u"Failas „%1“ sugadintas: paveikslėlio parodyti negalima"_s.arg(name));
+}
 
 } // namespace
 
@@ -20,19 +62,21 @@ TDBImage::TDBImage(QWidget *parent) : QFrame(parent), TDBControl(this)
 
 void TDBImage::loadFromFile(const QString &name)
 {
-    QFile file(name);
-    if (!file.open(QIODevice::ReadOnly))
-        throw EConvertError(QStringLiteral(u"Nepavyksta perskaityti failo „%1“").arg(name));
-    const QByteArray content = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        throw EConvertError(QStringLiteral(u"Nepavyksta perskaityti failo „%1“").arg(name));
-    if (QPixmap probe; !probe.loadFromData(content))
-        throw EConvertError(QStringLiteral(u"Failas „%1“ nėra paveikslėlis").arg(name));
+    const QByteArray content = contentOf(name);
+    checkPicture(name, content);
     if (!canEdit())
         return;
     bytes = content;
     changedByUser();
     commit();
+}
+
+void TDBImage::openFile()
+{
+    const QString file = QFileDialog::getOpenFileName(window(), u"Atidaryti paveikslėlį"_s, {},
+                                                      u"Paveikslėliai (*.png *.jpg *.jpeg *.bmp)"_s);
+    if (!file.isEmpty())
+        loadFromFile(file);
 }
 
 void TDBImage::clearPicture()
@@ -73,7 +117,10 @@ void TDBImage::setEditable(bool on)
 QSize TDBImage::sizeHint() const
 {
     const int frame = 2 * frameWidth();
-    return picture.isNull() ? QSize(emptyHeight, emptyHeight) : picture.size() + QSize(frame, frame);
+    if (picture.isNull())
+        return {emptyHeight, emptyHeight};
+    const QSize shown = picture.size().boundedTo(picture.size().scaled(largestHint, Qt::KeepAspectRatio));
+    return shown + QSize(frame, frame);
 }
 
 int TDBImage::heightForWidth(int width) const
@@ -92,7 +139,8 @@ void TDBImage::paintEvent(QPaintEvent *event)
     const QRect inside = contentsRect();
     if (picture.isNull()) {
         painter.setPen(palette().color(QPalette::PlaceholderText));
-        painter.drawText(inside, Qt::AlignCenter | Qt::TextWordWrap, QStringLiteral(u"Paveikslėlio nėra"));
+        painter.drawText(inside, Qt::AlignCenter | Qt::TextWordWrap,
+                         bytes.isEmpty() ? u"Paveikslėlio nėra"_s : u"Paveikslėlio parodyti negalima"_s);
         return;
     }
     const QSize size = picture.size().boundedTo(picture.size().scaled(inside.size(), Qt::KeepAspectRatio));

@@ -11,13 +11,17 @@ class TDBImage : public QFrame, public TDBControl {
 public:
     explicit TDBImage(QWidget *parent = nullptr);
 
-    // Puts the content of a picture file into the column. Raises EConvertError when the file cannot be read
-    // or is no picture; the column stays as it was then.
+    // Puts the content of a picture file (PNG, JPEG, BMP) into the column, byte for byte. Raises
+    // EConvertError when the file cannot be read, is no such picture, or is larger than a picture in the
+    // books may be; the column stays as it was then.
     void loadFromFile(const QString &file);
+    // Asks the user for the file.
+    void openFile();
     // Empties the column.
     void clearPicture();
 
     bool hasPicture() const { return !picture.isNull(); }
+    bool showsValue() const override { return !bytes.isEmpty(); }
     QSize sizeHint() const override;
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override;

@@ -12,6 +12,8 @@
 
 namespace {
 
+constexpr char closesDialog[] = "closesDialog"; // a property of the buttons that save and cancel
+
 std::function<void(int)> &helpDisplay()
 {
     static std::function<void(int)> display;
@@ -68,6 +70,7 @@ void TDialog::describe(const QString &caption, const QList<TFieldRow> &rows, TDa
     ownFields = new TFieldForm(rows, dataSet, this);
     ownBody->addWidget(ownFields);
     addButtons(buttons);
+    placeButtons();
 }
 
 void TDialog::addButtons(const QList<TDialogButton> &buttons)
@@ -82,12 +85,30 @@ void TDialog::addButtons(const QList<TDialogButton> &buttons)
         const bool onlyLeaves =
             described.role == TDialogButton::Cancel || described.role == TDialogButton::Help;
         made->setProperty(staysUsable, onlyLeaves);
+        made->setProperty(closesDialog,
+                          described.role == TDialogButton::Save || described.role == TDialogButton::Cancel);
         connectGuarded(made, &QPushButton::clicked, this, [this, described] { press(described); });
         if (described.role == TDialogButton::Save)
             ownSaver = made;
         line->addWidget(made);
     }
     static_cast<QVBoxLayout *>(layout())->addLayout(line);
+}
+
+// Where rows say so, Tab leads to the buttons from between the fields.
+void TDialog::placeButtons()
+{
+    for (const TFieldForm::ButtonsPlace &place : ownFields->buttonsPlaces()) {
+        QWidget *before = place.after;
+        for (QPushButton *next : findChildren<QPushButton *>()) {
+            const bool isMeant = place.buttons.isEmpty() ? next->property(closesDialog).toBool()
+                                                         : place.buttons.contains(next->objectName());
+            if (!isMeant)
+                continue;
+            setTabOrder(before, next);
+            before = next;
+        }
+    }
 }
 
 void TDialog::press(const TDialogButton &pressed)
@@ -174,10 +195,7 @@ void TDialog::reject()
 
 void TDialog::refuse(const QString &column, const QString &message)
 {
-    QWidget *refused = ownFields->control(column);
-    if (auto *control = TDBControl::of(refused))
-        control->markInvalid(message);
-    refused->setFocus();
+    ownFields->refuse(column, message);
     throw Exception(message);
 }
 

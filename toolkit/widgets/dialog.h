@@ -86,6 +86,7 @@ protected:
 
 private:
     void addButtons(const QList<TDialogButton> &buttons);
+    void placeButtons();
     void press(const TDialogButton &button);
     void cancelSet();
     void focusRefused();

@@ -1,5 +1,7 @@
 #include "toolkit/widgets/edit_options.h"
 
+#include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QToolTip>
 #include <QValidator>
@@ -45,6 +47,50 @@ private:
     TEditOptions options;
 };
 
+// Keeps keys for other characters from the edit; what comes from the clipboard passes.
+class TKeyFilter : public QObject {
+public:
+    TKeyFilter(QLineEdit *edit, TEditOptions::Allowed typed) : QObject(edit), allowed(typed)
+    {
+        edit->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::KeyPress && drops(static_cast<QKeyEvent *>(event)))
+            return true;
+        // A composed character (a dead key and its letter) comes as a text of its own.
+        if (event->type() == QEvent::InputMethod &&
+            drops(static_cast<QInputMethodEvent *>(event)->commitString()))
+            return true;
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    bool drops(const QString &text) const
+    {
+        return std::any_of(text.begin(), text.end(), [this](QChar c) { return !passes(c, allowed); });
+    }
+    bool drops(const QKeyEvent *key) const
+    {
+        const bool isText = !key->text().isEmpty() && key->text().front().isPrint();
+        return isText && !(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) && drops(key->text());
+    }
+
+    TEditOptions::Allowed allowed;
+};
+
+void filterKeys(QLineEdit *edit, TEditOptions::Allowed typed)
+{
+    for (QObject *child : edit->children()) {
+        if (auto *former = dynamic_cast<TKeyFilter *>(child))
+            delete former;
+    }
+    if (typed != TEditOptions::Anything)
+        new TKeyFilter(edit, typed);
+}
+
 void hintAtLength(QLineEdit *edit, int maxLength)
 {
     QToolTip::showText(edit->mapToGlobal(QPoint(0, edit->height())),
@@ -84,8 +130,11 @@ QString qtMask(const QString &described)
 
 void applyEditOptions(QLineEdit *edit, const TEditOptions &options)
 {
-    if (options.password)
+    if (options.password) {
         edit->setEchoMode(QLineEdit::Password);
+        edit->setStyleSheet(QStringLiteral("QLineEdit { lineedit-password-character: %1 }").arg(int('*')));
+    }
+    filterKeys(edit, options.typed);
     if (!options.mask.isEmpty()) {
         edit->setInputMask(qtMask(options.mask));
         return;

@@ -10,10 +10,11 @@ struct TEditOptions {
 
     int maxLength = 0; // characters; 0: as many as the bound column holds
     bool upperCase = false;
-    Allowed allowed = Anything; // other characters are dropped
+    Allowed allowed = Anything; // other characters are dropped, from a paste as well
+    Allowed typed = Anything;   // keys for other characters do nothing; a paste is not filtered
     bool password = false;
-    QString
-        mask; // "!9999/99/00;1;_": 0 a digit, 9 a digit or nothing, L a letter; then what stands for a blank
+    // "!9999/99/00;1;_": 0 a digit, 9 a digit or nothing, L a letter; then what stands for a blank
+    QString mask;
 };
 
 // Applies the options. A text longer than maxLength is refused as a whole, with a hint; nothing is cut off.

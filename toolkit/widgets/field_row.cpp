@@ -1,4 +1,9 @@
-#include "toolkit/widgets/form.h"
+#include "toolkit/widgets/field_row.h"
+
+#include "toolkit/text/format.h"
+#include "toolkit/widgets/lithuanian.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -7,101 +12,170 @@ template<typename Control> QWidget *make(QWidget *parent)
     return new Control(parent);
 }
 
+bool isText(const TField &field)
+{
+    return field.DataType() == TFieldType::ftString || field.DataType() == TFieldType::ftMemo ||
+           field.DataType() == TFieldType::ftUnknown;
+}
+
+// An amount as a person writes it: no powers of ten, no parts of a cent.
+double amountOf(const TField &field, const QString &typed)
+{
+    const auto refuse = [&](const QString &why) {
+        throw EConvertError(u"Laukas \"%1\" %2"_s.arg(field.label(), why));
+    };
+    double amount = 0;
+    try {
+        amount = StrToFloat(typed);
+    } catch (const EConvertError &) {
+        refuse(u"turi būti suma, o ne „%1“!"_s.arg(typed));
+    }
+    if (typed.contains(u'e', Qt::CaseInsensitive))
+        refuse(u"turi būti suma, o ne „%1“!"_s.arg(typed));
+    if (StrToFloat(FormatFloat(u"0.00"_s, amount)) != amount)
+        refuse(u"gali turėti tik du skaitmenis po kablelio!"_s);
+    return amount;
+}
+
 } // namespace
+
+TFieldRow::TFieldRow(const QString &caption, const QString &controlName, Maker make)
+    : label(caption),
+      name(controlName),
+      maker(std::move(make))
+{
+}
+
+TFieldRow TFieldRow::over(const QString &label, const QString &column, Maker maker)
+{
+    TFieldRow row(label, column, std::move(maker));
+    row.isBound = true;
+    return row;
+}
+
+// --- over a column
 
 TFieldRow TFieldRow::edit(const QString &label, const QString &column)
 {
-    TFieldRow row(label, column, make<TDBEdit>);
-    row.bound = true;
-    return row;
+    return over(label, column, make<TDBEdit>);
 }
 
 TFieldRow TFieldRow::memo(const QString &label, const QString &column)
 {
-    TFieldRow row(label, column, make<TDBMemo>);
-    row.bound = true;
+    return over(label, column, make<TDBMemo>);
+}
+
+TFieldRow TFieldRow::date(const QString &label, const QString &column)
+{
+    return over(label, column, make<TDBDateTimePicker>);
+}
+
+TFieldRow TFieldRow::text(const QString &label, const QString &column)
+{
+    return over(label, column, make<TDBText>);
+}
+
+TFieldRow TFieldRow::check(const QString &label, const QString &column, const QVariant &whenChecked,
+                           const QVariant &whenUnchecked)
+{
+    TFieldRow row = over(label, column, [=](QWidget *parent) {
+        auto *box = new TDBCheckBox(label, parent);
+        box->setValues(whenChecked, whenUnchecked);
+        return box;
+    });
+    row.ownLabel = true;
+    return row;
+}
+
+TFieldRow TFieldRow::radio(const QString &title, const QString &column, const TChoices &choices)
+{
+    TFieldRow row = over(title, column, [=](QWidget *parent) {
+        auto *group = new TDBRadioGroup(title, parent);
+        group->setChoices(choices);
+        return group;
+    });
+    row.ownLabel = true;
     return row;
 }
 
 TFieldRow TFieldRow::combo(const QString &label, const QString &column, const QStringList &items)
 {
-    TFieldRow row(label, column, [items](QWidget *parent) {
+    return over(label, column, [items](QWidget *parent) {
         auto *combo = new TDBComboBox(parent);
         combo->setItems(items);
         return combo;
     });
-    row.bound = true;
+}
+
+TFieldRow TFieldRow::suggest(const QString &label, const QString &column, const QString &sql)
+{
+    return suggest(label, column, nullptr, sql);
+}
+
+TFieldRow TFieldRow::suggest(const QString &label, const QString &column, TDatabase *session,
+                             const QString &sql)
+{
+    TFieldRow row = over(label, column, make<TDBComboBox>);
+    row.session = session;
+    row.sql = sql;
     return row;
 }
 
 TFieldRow TFieldRow::lookup(const QString &label, const QString &column, TDataSet *list, const QString &key,
                             const QString &shown)
 {
-    TFieldRow row(label, column, [list, key, shown](QWidget *parent) {
+    return over(label, column, [=](QWidget *parent) {
         auto *combo = new TDBLookupComboBox(parent);
         combo->setList(list, key, shown);
         return combo;
     });
-    row.bound = true;
-    return row;
 }
 
-TFieldRow TFieldRow::choices(const QString &label, const QString &column,
-                             const QList<std::pair<QString, QVariant>> &items)
+TFieldRow TFieldRow::choices(const QString &label, const QString &column, const TChoices &choices)
 {
-    TFieldRow row(label, column, [items](QWidget *parent) {
+    return over(label, column, [choices](QWidget *parent) {
         auto *combo = new TDBLookupComboBox(parent);
-        combo->setChoices(items);
+        combo->setChoices(choices);
         return combo;
     });
-    row.bound = true;
+}
+
+TFieldRow TFieldRow::pick(const QString &label, const QString &column, const QString &sql)
+{
+    return pick(label, column, nullptr, sql);
+}
+
+TFieldRow TFieldRow::pick(const QString &label, const QString &column, TDatabase *session, const QString &sql)
+{
+    TFieldRow row = over(label, column, make<TDBLookupComboBox>);
+    row.session = session;
+    row.sql = sql;
     return row;
 }
 
-TFieldRow TFieldRow::check(const QString &label, const QString &column, const QVariant &whenChecked,
-                           const QVariant &whenUnchecked)
+TFieldRow TFieldRow::picture(const QString &label, const QString &column)
 {
-    TFieldRow row(label, column, [=](QWidget *parent) {
-        auto *box = new TDBCheckBox(label, parent);
-        box->setValues(whenChecked, whenUnchecked);
-        return box;
-    });
-    row.bound = row.ownLabel = true;
+    TFieldRow row = over(label, column, make<TDBImage>);
+    const QString spoken = row.spokenName();
+    row.buttons = {
+        {.text = u"Atidaryti…"_s,
+         .hint = u"%1: atidaryti paveikslėlio failą"_s.arg(spoken),
+         .action = [](QWidget *control) { qobject_cast<TDBImage *>(control)->openFile(); },
+         .changes = true},
+        {.text = u"Išvalyti"_s,
+         .hint = u"%1: išvalyti paveikslėlį"_s.arg(spoken),
+         .action = [](QWidget *control) { qobject_cast<TDBImage *>(control)->clearPicture(); },
+         .changes = true},
+    };
     return row;
 }
 
-TFieldRow TFieldRow::radio(const QString &title, const QString &column,
-                           const QList<std::pair<QString, QVariant>> &items)
+TFieldRow TFieldRow::bound(const QString &label, const QString &column, const Maker &maker)
 {
-    TFieldRow row(title, column, [=](QWidget *parent) {
-        auto *group = new TDBRadioGroup(title, parent);
-        group->setChoices(items);
-        return group;
-    });
-    row.bound = row.ownLabel = true;
-    return row;
+    return over(label, column, maker);
 }
 
-TFieldRow TFieldRow::date(const QString &label, const QString &column)
-{
-    TFieldRow row(label, column, make<TDBDateTimePicker>);
-    row.bound = true;
-    return row;
-}
-
-TFieldRow TFieldRow::text(const QString &label, const QString &column)
-{
-    TFieldRow row(label, column, make<TDBText>);
-    row.bound = true;
-    return row;
-}
-
-TFieldRow TFieldRow::image(const QString &label, const QString &column)
-{
-    TFieldRow row(label, column, make<TDBImage>);
-    row.bound = true;
-    return row;
-}
+// --- without a column
 
 TFieldRow TFieldRow::freeEdit(const QString &label, const QString &name)
 {
@@ -130,7 +204,8 @@ TFieldRow TFieldRow::custom(const QString &label, const QString &name, QWidget *
         control->setParent(parent);
         return control;
     });
-    row.bound = dynamic_cast<TDBControl *>(control) && !dynamic_cast<TDBControl *>(control)->DataSet();
+    const auto *bindable = dynamic_cast<TDBControl *>(control);
+    row.isBound = bindable && !bindable->DataSet();
     row.ownLabel = label.isEmpty();
     return row;
 }
@@ -141,6 +216,86 @@ TFieldRow TFieldRow::group(const QString &title, const QList<TFieldRow> &rows)
     row.rows = rows;
     return row;
 }
+
+// --- what the column is
+
+TFieldRow &TFieldRow::named(const QString &spoken)
+{
+    ownName = spoken;
+    return *this;
+}
+
+TFieldRow &TFieldRow::required()
+{
+    isRequired = true;
+    return *this;
+}
+
+TFieldRow &TFieldRow::blankIsNull()
+{
+    blanksAreNull = true;
+    return *this;
+}
+
+TFieldRow &TFieldRow::money()
+{
+    isMoney = true;
+    return format(u"0.00"_s);
+}
+
+TFieldRow &TFieldRow::format(const QString &picture)
+{
+    displayFormat = picture;
+    return *this;
+}
+
+TFieldRow &TFieldRow::defaultValue(const QVariant &value)
+{
+    preset = value;
+    return *this;
+}
+
+TFieldRow &TFieldRow::firstPreselected()
+{
+    startsWithFirst = true;
+    return *this;
+}
+
+QString TFieldRow::spokenName() const
+{
+    return ownName.isEmpty() ? plainCaption(label).trimmed() : ownName;
+}
+
+void TFieldRow::applyTo(TField &field, const QWidget *control) const
+{
+    if (!ownName.isEmpty() || field.DisplayLabel.isEmpty())
+        field.DisplayLabel = spokenName();
+    if (isRequired)
+        field.Required = true;
+    if (!displayFormat.isEmpty())
+        field.DisplayFormat = displayFormat;
+    if (preset.isValid())
+        field.DefaultExpression = preset;
+    if (const auto *list = startsWithFirst ? qobject_cast<const QComboBox *>(control) : nullptr)
+        field.DefaultExpression = list->itemData(0).isValid() ? list->itemData(0) : list->itemText(0);
+    // A set that reads typed texts in its own way goes before; a set opened again has this rule already.
+    if (!field.OnSetText)
+        field.OnSetText = rulesOfTyping(field);
+}
+
+// The rule outlives the form where the set does, so it keeps nothing of the row.
+std::function<Variant(TField &, const QString &)> TFieldRow::rulesOfTyping(const TField &field) const
+{
+    const bool blanksCount = isText(field) && !isRequired && !blanksAreNull;
+    return [blanksCount, amounts = isMoney](TField &typedInto, const QString &typed) -> Variant {
+        const bool isNothing = blanksCount ? typed.isEmpty() : typed.trimmed().isEmpty();
+        if (isNothing)
+            return {};
+        return amounts ? Variant(amountOf(typedInto, typed)) : Variant(typed);
+    };
+}
+
+// --- what may be typed
 
 TFieldRow &TFieldRow::maxLength(int count)
 {
@@ -156,6 +311,13 @@ TFieldRow &TFieldRow::upperCase()
     return *this;
 }
 
+TFieldRow &TFieldRow::digitsTyped()
+{
+    options.typed = TEditOptions::Digits;
+    haveOptions = true;
+    return *this;
+}
+
 TFieldRow &TFieldRow::digitsOnly()
 {
     options.allowed = TEditOptions::Digits;
@@ -163,7 +325,14 @@ TFieldRow &TFieldRow::digitsOnly()
     return *this;
 }
 
-TFieldRow &TFieldRow::lettersAndDigits()
+TFieldRow &TFieldRow::lettersAndDigitsTyped()
+{
+    options.typed = TEditOptions::LettersAndDigits;
+    haveOptions = true;
+    return *this;
+}
+
+TFieldRow &TFieldRow::lettersAndDigitsOnly()
 {
     options.allowed = TEditOptions::LettersAndDigits;
     haveOptions = true;
@@ -184,6 +353,8 @@ TFieldRow &TFieldRow::password()
     return *this;
 }
 
+// --- how the row stands in the form
+
 TFieldRow &TFieldRow::readOnly()
 {
     isReadOnly = true;
@@ -202,9 +373,29 @@ TFieldRow &TFieldRow::width(int count)
     return *this;
 }
 
+TFieldRow &TFieldRow::enabledWhen(Condition condition)
+{
+    enabling = std::move(condition);
+    return *this;
+}
+
+TFieldRow &TFieldRow::visibleWhen(Condition condition)
+{
+    showing = std::move(condition);
+    return *this;
+}
+
 TFieldRow &TFieldRow::browse(std::function<void()> action, const QString &hint)
 {
-    browseAction = std::move(action);
-    browseHint = hint;
+    buttons += {.text = u"…"_s,
+                .hint = hint.isEmpty() ? u"%1: pasirinkti iš sąrašo"_s.arg(spokenName()) : hint,
+                .action = [action = std::move(action)](QWidget *) { action(); }};
+    return *this;
+}
+
+TFieldRow &TFieldRow::buttonsAfter(const QStringList &names)
+{
+    holdsButtons = true;
+    dialogButtons = names;
     return *this;
 }

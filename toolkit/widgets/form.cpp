@@ -1,7 +1,10 @@
 #include "toolkit/widgets/form.h"
 
+#include "toolkit/data/query.h"
 #include "toolkit/widgets/guard.h"
+#include "toolkit/widgets/invalid_mark.h"
 #include "toolkit/widgets/lithuanian.h"
+#include "toolkit/widgets/user_input.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
@@ -40,15 +43,7 @@ void makeReadOnly(QWidget *control)
 
 void makeWide(QWidget *control, int characters)
 {
-    const int width = control->fontMetrics().averageCharWidth() * (characters + 3);
-    control->setMinimumWidth(width);
-}
-
-void nameControl(QWidget *control, const QString &name, const QString &label)
-{
-    control->setObjectName(name);
-    if (control->accessibleName().isEmpty())
-        control->setAccessibleName(plainCaption(label));
+    control->setMinimumWidth(control->fontMetrics().averageCharWidth() * (characters + 3));
 }
 
 } // namespace
@@ -61,7 +56,17 @@ TFieldForm::TFieldForm(const QList<TFieldRow> &rows, TDataSet *dataSet, QWidget 
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     addRows(layout, rows);
+    if (set) {
+        describeFields();
+        connectGuarded(set.data(), &TDataSet::modelReset, this, [this] { describeFields(); });
+        connectGuarded(set.data(), &TDataSet::stateChanged, this, [this] { judge(); });
+        connectGuarded(set.data(), &TDataSet::scrolled, this, [this] { judge(); });
+        connectGuarded(set.data(), &TDataSet::fieldChanged, this, [this] { judge(); });
+    }
+    judge();
 }
+
+// --- building
 
 void TFieldForm::addRows(QFormLayout *layout, const QList<TFieldRow> &rows)
 {
@@ -78,64 +83,141 @@ void TFieldForm::addRows(QFormLayout *layout, const QList<TFieldRow> &rows)
 
 void TFieldForm::addRow(QFormLayout *layout, const TFieldRow &row)
 {
-    Made made;
+    Made made{.row = row};
     made.control = row.maker(this);
     Q_ASSERT(made.control);
-    nameControl(made.control, row.name, row.label);
+    made.control->setObjectName(row.name);
+    if (!row.ownName.isEmpty() || made.control->accessibleName().isEmpty())
+        made.control->setAccessibleName(row.spokenName());
     if (row.haveOptions)
         applyOptions(made.control, row.options);
     if (row.characters > 0)
         makeWide(made.control, row.characters);
-    made.line = row.browseAction ? withBrowseButton(made, row) : made.control;
-    if (row.ownLabel) {
+    readItems(made);
+    made.line = row.buttons.isEmpty() ? made.control : withButtons(made);
+    if (row.ownLabel || row.label.isEmpty()) {
         layout->addRow(QString(), made.line);
     } else {
         made.label = new QLabel(row.label, this);
         made.label->setBuddy(made.control);
         layout->addRow(made.label, made.line);
     }
-    if (auto *control = row.bound ? dynamic_cast<TDBControl *>(made.control) : nullptr)
-        control->bind(set, row.name);
+    if (row.isBound) {
+        auto *bound = dynamic_cast<TDBControl *>(made.control);
+        Q_ASSERT_X(bound, "TFieldForm", qPrintable("no bound control for the column " + row.name));
+        bound->bind(set, row.name);
+    }
     if (row.isReadOnly)
         makeReadOnly(made.control);
-    if (last)
-        setTabOrder(last, made.control);
-    last = made.button ? made.button : made.control;
-    if (made.button)
-        setTabOrder(made.control, made.button);
-    if (!first && made.control->focusPolicy() != Qt::NoFocus)
-        first = made.control;
-    Q_ASSERT(!fields.contains(row.name.toLower()));
-    fields.insert(row.name.toLower(), made);
+    chain(made);
+    listenTo(made);
+    const QString key = row.name.toLower();
+    Q_ASSERT_X(!places.contains(key), "TFieldForm", qPrintable("two rows are called " + row.name));
+    places.insert(key, fields.size());
+    fields += made;
     if (row.isHidden)
         setRowVisible(row.name, false);
 }
 
-QWidget *TFieldForm::withBrowseButton(Made &made, const TFieldRow &row)
+void TFieldForm::readItems(const Made &made) const
+{
+    if (made.row.sql.isEmpty())
+        return;
+    const auto *query = qobject_cast<TQuery *>(set.data());
+    TDatabase *session = made.row.session || !query ? made.row.session : query->Database();
+    Q_ASSERT_X(session, "TFieldForm", qPrintable("no session for the items of " + made.row.name));
+    if (auto *combo = qobject_cast<TDBComboBox *>(made.control))
+        combo->readItems(session, made.row.sql);
+    else if (auto *list = qobject_cast<TDBLookupComboBox *>(made.control))
+        list->readChoices(session, made.row.sql);
+}
+
+QWidget *TFieldForm::withButtons(Made &made)
 {
     auto *line = new QWidget(this);
     auto *layout = new QHBoxLayout(line);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(made.control, 1);
-    auto *button = new QToolButton(line);
-    button->setText(QStringLiteral(u"…"));
-    button->setFocusPolicy(Qt::StrongFocus);
-    const QString label = plainCaption(row.label);
-    const QString hint =
-        row.browseHint.isEmpty() ? QStringLiteral(u"%1: pasirinkti iš sąrašo").arg(label) : row.browseHint;
-    button->setToolTip(hint);
-    button->setAccessibleName(hint);
-    layout->addWidget(button);
-    connectGuarded(button, &QToolButton::clicked, this, row.browseAction);
-    made.button = button;
+    for (const TFieldRow::Button &described : made.row.buttons) {
+        auto *button = new QToolButton(line);
+        button->setText(described.text);
+        button->setFocusPolicy(Qt::StrongFocus);
+        button->setToolTip(described.hint);
+        button->setAccessibleName(described.hint);
+        layout->addWidget(button, 0, Qt::AlignTop);
+        connectGuarded(button, &QToolButton::clicked, this,
+                       [control = made.control, action = described.action] { action(control); });
+        made.buttons += button;
+    }
     return line;
 }
 
+// Tab leads through the rows in the order of the description, from a control to its buttons.
+void TFieldForm::chain(const Made &made)
+{
+    for (QWidget *next : QList<QWidget *>{made.control} + made.buttons) {
+        if (last)
+            setTabOrder(last, next);
+        last = next;
+    }
+    if (!first && made.control->focusPolicy() != Qt::NoFocus)
+        first = made.control;
+}
+
+void TFieldForm::listenTo(const Made &made)
+{
+    QWidget *control = made.control;
+    const bool isBound = dynamic_cast<TDBControl *>(control);
+    whenEdited(control, this, [this, control, isBound] {
+        if (!isBound)
+            TInvalidMark::put(control, {});
+        judge();
+        emit edited();
+    });
+}
+
+// --- what the rows say of the columns
+
+void TFieldForm::describeFields()
+{
+    if (!set->Active())
+        return;
+    for (const Made &made : fields) {
+        TField *field = made.row.isBound ? set->FindField(made.row.name) : nullptr;
+        if (field)
+            made.row.applyTo(*field, made.control);
+    }
+    // They showed the columns before these were described.
+    for (const Made &made : fields) {
+        if (made.row.isBound)
+            dynamic_cast<TDBControl *>(made.control)->restore();
+    }
+}
+
+// While nothing can be changed, the conditions of enabling have nothing to say: who may only look has every
+// control disabled by then.
+void TFieldForm::judge()
+{
+    const bool changeable = !set || set->editing();
+    for (const Made &made : fields) {
+        if (made.row.showing)
+            setRowVisible(made.row.name, made.row.showing(*this));
+        if (made.row.enabling && changeable)
+            made.line->setEnabled(made.row.enabling(*this));
+        for (qsizetype i = 0; i < made.buttons.size(); ++i) {
+            if (made.row.buttons[i].changes)
+                made.buttons[i]->setEnabled(dynamic_cast<TDBControl *>(made.control)->canEdit());
+        }
+    }
+}
+
+// --- asking and changing
+
 const TFieldForm::Made &TFieldForm::made(const QString &name) const
 {
-    const auto found = fields.constFind(name.toLower());
-    Q_ASSERT(found != fields.constEnd());
-    return *found;
+    const auto found = places.constFind(name.toLower());
+    Q_ASSERT_X(found != places.constEnd(), "TFieldForm", qPrintable("no row " + name));
+    return fields[*found];
 }
 
 QWidget *TFieldForm::control(const QString &name) const
@@ -148,9 +230,32 @@ QLabel *TFieldForm::labelOf(const QString &name) const
     return made(name).label;
 }
 
-QWidget *TFieldForm::browseButton(const QString &name) const
+QWidget *TFieldForm::browseButton(const QString &name, int which) const
 {
-    return made(name).button;
+    return made(name).buttons.value(which);
+}
+
+bool TFieldForm::isFilled(const QString &name) const
+{
+    return showsValue(control(name));
+}
+
+bool TFieldForm::requiredFilled() const
+{
+    return std::all_of(fields.begin(), fields.end(), [](const Made &made) {
+        const bool asked = made.row.isRequired && !made.line->isHidden() && made.line->isEnabled();
+        return !asked || showsValue(made.control);
+    });
+}
+
+QList<TFieldForm::ButtonsPlace> TFieldForm::buttonsPlaces() const
+{
+    QList<ButtonsPlace> result;
+    for (const Made &made : fields) {
+        if (made.row.holdsButtons)
+            result += {made.buttons.isEmpty() ? made.control : made.buttons.last(), made.row.dialogButtons};
+    }
+    return result;
 }
 
 void TFieldForm::setRowVisible(const QString &name, bool visible)
@@ -173,4 +278,27 @@ void TFieldForm::focusFirst()
 {
     if (first)
         first->setFocus();
+}
+
+void TFieldForm::refuse(const QString &name, const QString &why)
+{
+    QWidget *refused = control(name);
+    if (auto *bound = dynamic_cast<TDBControl *>(refused))
+        bound->markInvalid(why);
+    else
+        TInvalidMark::put(refused, why);
+    refused->setFocus(Qt::TabFocusReason); // selects the text as coming by Tab does
+}
+
+bool TFieldForm::refuseEmpty(const QString &why)
+{
+    for (const Made &made : fields) {
+        const auto *bound = made.row.isRequired ? dynamic_cast<TDBControl *>(made.control) : nullptr;
+        const TField *field = bound ? bound->Field() : nullptr;
+        if (!field || !field->AsString().trimmed().isEmpty())
+            continue;
+        refuse(made.row.name, why);
+        return true;
+    }
+    return false;
 }

@@ -1,91 +1,14 @@
 #pragma once
 
-#include "toolkit/widgets/db_choice.h"
-#include "toolkit/widgets/db_combo.h"
-#include "toolkit/widgets/db_date.h"
-#include "toolkit/widgets/db_edit.h"
-#include "toolkit/widgets/db_image.h"
+#include "toolkit/widgets/field_row.h"
 
 #include <QWidget>
 
-#include <functional>
-
-// One field of a dialog, described: its label with the accelerator ("&Pavadinimas"), its control and its
-// column. The description is written in tab order:
-//
-//     const QList<TFieldRow> rows{
-//         TFieldRow::edit(u"&Kodas"_s, u"pad_kodas"_s).maxLength(10).upperCase(),
-//         TFieldRow::lookup(u"&Skyrius"_s, u"mat_padid"_s, &departments, u"pad_id"_s, u"pad_pavad"_s),
-//         TFieldRow::group(u"Likučiai"_s, {…}),
-//     };
-class TFieldRow {
-public:
-    // What the row makes; parent is the form.
-    using Maker = std::function<QWidget *(QWidget *parent)>;
-
-    // --- over a column
-    static TFieldRow edit(const QString &label, const QString &column);
-    static TFieldRow memo(const QString &label, const QString &column);
-    static TFieldRow combo(const QString &label, const QString &column, const QStringList &items = {});
-    static TFieldRow lookup(const QString &label, const QString &column, TDataSet *list, const QString &key,
-                            const QString &shown);
-    static TFieldRow choices(const QString &label, const QString &column,
-                             const QList<std::pair<QString, QVariant>> &items);
-    static TFieldRow check(const QString &label, const QString &column, const QVariant &whenChecked = 1,
-                           const QVariant &whenUnchecked = 0);
-    static TFieldRow radio(const QString &title, const QString &column,
-                           const QList<std::pair<QString, QVariant>> &items);
-    static TFieldRow date(const QString &label, const QString &column);
-    static TFieldRow text(const QString &label, const QString &column);
-    static TFieldRow image(const QString &label, const QString &column);
-
-    // --- without a column; name is how the form finds the control again
-    static TFieldRow freeEdit(const QString &label, const QString &name);
-    static TFieldRow freeCheck(const QString &label, const QString &name);
-    static TFieldRow freeList(const QString &label, const QString &name, const QStringList &items = {});
-    // A control of the screen's own; the form takes it over.
-    static TFieldRow custom(const QString &label, const QString &name, QWidget *control);
-    // A titled frame around further rows.
-    static TFieldRow group(const QString &title, const QList<TFieldRow> &rows);
-
-    // --- options; each returns the row, so that they can be strung together
-    TFieldRow &maxLength(int characters);
-    TFieldRow &upperCase();
-    TFieldRow &digitsOnly();
-    TFieldRow &lettersAndDigits();
-    TFieldRow &mask(const QString &mask);
-    TFieldRow &password();
-    TFieldRow &readOnly();
-    TFieldRow &hidden();
-    TFieldRow &width(int characters); // the control is about as wide as so many characters
-    // A button behind the control, for choosing the value elsewhere.
-    TFieldRow &browse(std::function<void()> action, const QString &hint = {});
-
-private:
-    friend class TFieldForm;
-    TFieldRow(const QString &caption, const QString &controlName, Maker make)
-        : label(caption),
-          name(controlName),
-          maker(std::move(make))
-    {
-    }
-
-    QString label;
-    QString name;
-    Maker maker;
-    bool bound = false;
-    bool ownLabel = false; // the control shows the label itself
-    TEditOptions options;
-    bool haveOptions = false;
-    bool isReadOnly = false;
-    bool isHidden = false;
-    int characters = 0;
-    std::function<void()> browseAction;
-    QString browseHint;
-    QList<TFieldRow> rows; // of a group
-};
+class QFormLayout;
 
 // The described fields as a form: labels with their buddies, controls in tab order, bound to the data set.
+// The set's fields learn from the rows what they are called and what they accept; the form does that whenever
+// the set is opened, and a row over a column that the set does not have is asserted then.
 class TFieldForm : public QWidget {
     Q_OBJECT
 public:
@@ -99,27 +22,53 @@ public:
         Q_ASSERT(typed);
         return typed;
     }
-    QLabel *labelOf(const QString &name) const;       // null when the control shows its label itself
-    QWidget *browseButton(const QString &name) const; // null when there is none
+    QLabel *labelOf(const QString &name) const; // null when the control shows its label itself
+    QWidget *browseButton(const QString &name, int which = 0) const; // null when there is none
+
+    // Whether the control shows something now, what is still being typed included; blanks are nothing.
+    bool isFilled(const QString &name) const;
+    // The same of every required row that is neither hidden nor disabled.
+    bool requiredFilled() const;
 
     void setRowVisible(const QString &name, bool visible);
     void setLabel(const QString &name, const QString &label);
     void focusFirst();
+    // A row after which buttons of the dialog come, and their names.
+    struct ButtonsPlace {
+        QWidget *after;
+        QStringList buttons;
+    };
+    QList<ButtonsPlace> buttonsPlaces() const;
+
+    // Puts the cursor on a control, which wears a red frame with the reason until the user changes it.
+    void refuse(const QString &name, const QString &why);
+    // The same for the first required row whose column is empty; false when there is none.
+    bool refuseEmpty(const QString &why);
+
+signals:
+    void edited(); // after every keystroke and choice of the user in any control
 
 private:
     struct Made {
+        TFieldRow row;
         QWidget *control = nullptr;
         QLabel *label = nullptr;
-        QWidget *line = nullptr; // what stands in the layout: the control, or it and its button
-        QWidget *button = nullptr;
+        QWidget *line = nullptr; // what stands in the layout: the control, or it and its buttons
+        QList<QWidget *> buttons;
     };
-    void addRows(class QFormLayout *layout, const QList<TFieldRow> &rows);
+    void addRows(QFormLayout *layout, const QList<TFieldRow> &rows);
     void addRow(QFormLayout *layout, const TFieldRow &row);
-    QWidget *withBrowseButton(Made &made, const TFieldRow &row);
+    void readItems(const Made &made) const;
+    QWidget *withButtons(Made &made);
+    void chain(const Made &made);
+    void listenTo(const Made &made);
+    void describeFields();
+    void judge();
     const Made &made(const QString &name) const;
 
-    TDataSet *set;
-    QHash<QString, Made> fields;
-    QWidget *last = nullptr; // the last control in the tab order so far
+    QPointer<TDataSet> set;
+    QList<Made> fields;
+    QHash<QString, qsizetype> places; // in the list, by name in small letters
+    QWidget *last = nullptr;          // the last control in the tab order so far
     QWidget *first = nullptr;
 };

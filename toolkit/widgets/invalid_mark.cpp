@@ -3,7 +3,33 @@
 #include <QEvent>
 #include <QPainter>
 
-TInvalidMark::TInvalidMark(QWidget *control) : QWidget(control)
+namespace {
+
+TInvalidMark *markOn(const QWidget *control)
+{
+    for (QObject *child : control->children()) {
+        if (auto *mark = dynamic_cast<TInvalidMark *>(child))
+            return mark;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+void TInvalidMark::put(QWidget *control, const QString &reason)
+{
+    TInvalidMark *mark = markOn(control);
+    if (!mark && reason.isEmpty())
+        return;
+    if (!mark)
+        mark = new TInvalidMark(control);
+    control->setToolTip(reason.isEmpty() ? mark->ownToolTip : reason);
+    control->setAccessibleDescription(reason);
+    if (reason.isEmpty())
+        delete mark;
+}
+
+TInvalidMark::TInvalidMark(QWidget *control) : QWidget(control), ownToolTip(control->toolTip())
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
