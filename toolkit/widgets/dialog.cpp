@@ -1,13 +1,19 @@
 #include "toolkit/widgets/dialog.h"
 
 #include "toolkit/data/query.h"
+#include "toolkit/widgets/accelerators.h"
+#include "toolkit/widgets/accessible_combo.h"
+#include "toolkit/widgets/dialog_body.h"
 #include "toolkit/widgets/guard.h"
 #include "toolkit/widgets/icons.h"
 #include "toolkit/widgets/lithuanian.h"
+#include "toolkit/widgets/push_button.h"
 
 #include <QKeyEvent>
-#include <QPushButton>
 #include <QScopedValueRollback>
+#include <QScreen>
+#include <QStyle>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace {
@@ -35,6 +41,14 @@ QIcon iconOf(TDialogButton::Role role)
     return {};
 }
 
+// What the screen has for a window, the frame that the desktop draws around it left out.
+QRect roomFor(const QWidget *window)
+{
+    const int title = window->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, window);
+    const int frame = window->style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, window);
+    return window->screen()->availableGeometry().adjusted(frame, title + frame, -frame, -frame);
+}
+
 } // namespace
 
 QList<TDialogButton> saveAndCancel()
@@ -46,6 +60,7 @@ QList<TDialogButton> saveAndCancel()
 TDialog::TDialog(QWidget *parent) : QDialog(parent)
 {
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    nameComboBoxes();
 }
 
 TDialog::~TDialog()
@@ -65,10 +80,10 @@ void TDialog::describe(const QString &caption, const QList<TFieldRow> &rows, TDa
     setWindowTitle(caption);
     ownSet = dataSet;
     auto *whole = new QVBoxLayout(this);
-    ownBody = new QVBoxLayout;
-    whole->addLayout(ownBody, 1);
+    ownBody = new TDialogBody(this);
+    whole->addWidget(ownBody, 1);
     ownFields = new TFieldForm(rows, dataSet, this);
-    ownBody->addWidget(ownFields);
+    bodyLayout()->addWidget(ownFields);
     addButtons(buttons);
     placeButtons();
 }
@@ -77,11 +92,14 @@ void TDialog::addButtons(const QList<TDialogButton> &buttons)
 {
     auto *line = new QHBoxLayout;
     line->addStretch(1);
+    // Then the button with the focus looks and acts as the default one; without any, none must become it.
+    const bool hasDefault =
+        std::any_of(buttons.begin(), buttons.end(), [](const TDialogButton &each) { return each.isDefault; });
     for (const TDialogButton &described : buttons) {
-        auto *made = new QPushButton(iconOf(described.role), described.caption, this);
+        auto *made = new TPushButton(iconOf(described.role), described.caption, this);
         made->setObjectName(described.name.isEmpty() ? plainCaption(described.caption) : described.name);
-        made->setAutoDefault(false);
         made->setDefault(described.isDefault);
+        made->setAutoDefault(hasDefault);
         const bool onlyLeaves =
             described.role == TDialogButton::Cancel || described.role == TDialogButton::Help;
         made->setProperty(staysUsable, onlyLeaves);
@@ -139,6 +157,14 @@ bool TDialog::run()
 
 bool TDialog::trySave()
 {
+    const bool saved = saveAndStay();
+    if (saved)
+        accept();
+    return saved;
+}
+
+bool TDialog::saveAndStay()
+{
     // A save that paints or asks may let a second press through.
     if (isSaving)
         return false;
@@ -148,12 +174,14 @@ bool TDialog::trySave()
             control->commit();
         Validate();
         saveInTransaction([this] { Save(); });
+    } catch (const Exception &error) {
+        focusRefused(error.message());
+        showCurrentException(this);
+        return false;
     } catch (...) {
-        focusRefused();
         showCurrentException(this);
         return false;
     }
-    accept();
     return true;
 }
 
@@ -199,14 +227,20 @@ void TDialog::refuse(const QString &column, const QString &message)
     throw Exception(message);
 }
 
-void TDialog::focusRefused()
+void TDialog::focusRefused(const QString &message)
 {
     for (TDBControl *control : TDBControl::allIn(this)) {
         if (!control->invalidReason().isEmpty() && control->widget()->isVisible()) {
-            control->widget()->setFocus();
+            control->widget()->setFocus(Qt::TabFocusReason);
             return;
         }
     }
+    ownFields->refuseEmpty(message);
+}
+
+QVBoxLayout *TDialog::bodyLayout() const
+{
+    return ownBody->contentLayout();
 }
 
 QPushButton *TDialog::button(const QString &name) const
@@ -218,19 +252,76 @@ QPushButton *TDialog::button(const QString &name) const
     Q_UNREACHABLE();
 }
 
+// --- keys
+
+void TDialog::offerSaveAndNew()
+{
+    offersNew = true;
+    ownSaver->setToolTip(QStringLiteral(u"Įrašyti ir pradėti kitą naują: Ctrl+Enter"));
+}
+
 void TDialog::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_F1 && ownTopic > 0 && helpDisplay()) {
         runGuarded(this, [this] { helpDisplay()(ownTopic); });
         return;
     }
-    QDialog::keyPressEvent(event);
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+        QDialog::keyPressEvent(event);
+        return;
+    }
+    // A key held down too long in the window before must not decide in this one.
+    if (event->isAutoRepeat())
+        return;
+    const Qt::KeyboardModifiers held = event->modifiers() & ~Qt::KeypadModifier;
+    if (held == Qt::NoModifier)
+        pressByEnter();
+    else if (held == Qt::ControlModifier && offersNew && ownSaver->isEnabled())
+        runGuarded(this, [this] { saveAndNew(); });
 }
+
+void TDialog::pressByEnter()
+{
+    auto *focused = qobject_cast<QAbstractButton *>(focusWidget());
+    if (qobject_cast<QPushButton *>(focused) || qobject_cast<QToolButton *>(focused)) {
+        focused->click();
+        return;
+    }
+    for (QPushButton *each : findChildren<QPushButton *>()) {
+        if (each->isDefault() && each->isVisible()) {
+            each->click();
+            return;
+        }
+    }
+}
+
+// --- on the screen
 
 void TDialog::showEvent(QShowEvent *event)
 {
+    if (!wasShown) {
+        assignAccelerators(this);
+        fitIntoScreen();
+    }
     QDialog::showEvent(event);
     if (!wasShown && ownFields && !focusWidget())
         ownFields->focusFirst();
     wasShown = true;
+}
+
+void TDialog::fitIntoScreen()
+{
+    const QRect room = roomFor(this);
+    if (ownBody) {
+        ownBody->setRoom(QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+        layout()->activate();
+        const QSize aroundBody = sizeHint() - ownBody->sizeHint();
+        ownBody->setRoom(room.size() - aroundBody);
+        layout()->activate();
+    }
+    const QSize wanted = testAttribute(Qt::WA_Resized) ? size() : sizeHint().expandedTo(size());
+    resize(wanted.boundedTo(room.size()));
+    const QPoint lastCorner = room.bottomRight() - QPoint(width() - 1, height() - 1);
+    move(std::clamp(x(), room.left(), std::max(room.left(), lastCorner.x())),
+         std::clamp(y(), room.top(), std::max(room.top(), lastCorner.y())));
 }

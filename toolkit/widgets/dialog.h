@@ -6,6 +6,7 @@
 
 class QPushButton;
 class QVBoxLayout;
+class TDialogBody;
 
 // The property of a control that stays usable in a dialog that is only looked at. The buttons that cancel and
 // help have it.
@@ -31,10 +32,12 @@ QList<TDialogButton> saveAndCancel();
 // caller
 //   and nothing is shown.
 // - The save button runs Validate() and then, in one transaction of the set's session, Save(). When one of
-// them
-//   raises, everything is rolled back, the error is shown, and the dialog stays open as it was typed; the
-//   cursor goes to the control whose value is refused.
-// - Closing in any other way, or destroying the dialog, cancels the set.
+//   them raises, everything is rolled back, the error is shown, and the dialog stays open as it was typed;
+//   the cursor goes to the control whose value is refused, which wears a red frame.
+// - Closing in any other way, or destroying the dialog, cancels the set. Esc always closes.
+// - Enter presses the button that has the focus, elsewhere the default one.
+// - Every label, button and check box has a key of its own (see accelerators.h).
+// - Where the screen is too small the fields scroll; the buttons are always in view.
 class TDialog : public QDialog {
     Q_OBJECT
 public:
@@ -51,6 +54,8 @@ public:
 
     // Saves as the save button does; true when the dialog was closed by it.
     bool trySave();
+    // The same, but the dialog stays open: true when everything was saved.
+    bool saveAndStay();
 
     void reject() override;
 
@@ -68,6 +73,11 @@ protected:
     // set.
     virtual void saveInTransaction(const std::function<void()> &step);
 
+    // Ctrl+Enter calls saveAndNew() while the save button is enabled, and the button's tool tip says so.
+    void offerSaveAndNew();
+    // Saves and goes on to the next new record.
+    virtual void saveAndNew() {}
+
     TFieldForm &form() const { return *ownFields; }
     template<typename T = QWidget> T *control(const QString &name) const
     {
@@ -77,7 +87,7 @@ protected:
     QPushButton *saveButton() const { return ownSaver; }
     TDataSet *dataSet() const { return ownSet; }
     // The layout above the buttons, for what no row describes.
-    QVBoxLayout *bodyLayout() const { return ownBody; }
+    QVBoxLayout *bodyLayout() const;
     // Stops in front of a control: puts the cursor there and raises.
     [[noreturn]] void refuse(const QString &column, const QString &message);
 
@@ -88,14 +98,17 @@ private:
     void addButtons(const QList<TDialogButton> &buttons);
     void placeButtons();
     void press(const TDialogButton &button);
+    void pressByEnter();
     void cancelSet();
-    void focusRefused();
+    void focusRefused(const QString &message);
+    void fitIntoScreen();
 
     QPointer<TDataSet> ownSet;
     TFieldForm *ownFields = nullptr;
-    QVBoxLayout *ownBody = nullptr;
+    TDialogBody *ownBody = nullptr;
     QPushButton *ownSaver = nullptr;
     int ownTopic = 0;
     bool isSaving = false;
+    bool offersNew = false;
     bool wasShown = false;
 };
