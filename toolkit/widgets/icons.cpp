@@ -13,6 +13,7 @@ struct Entry {
     const char *name;                // in an icon theme
     QStyle::StandardPixmap standard; // where the theme lacks it; SP_CustomBase: none
     char16_t sign;                   // drawn where the style lacks it, too
+    bool isRed = false;              // the drawn sign warns
 };
 
 constexpr auto none = QStyle::SP_CustomBase;
@@ -21,7 +22,7 @@ constexpr Entry table[] = {
     {TIcon::New, "document-new", QStyle::SP_FileIcon, u'+'},
     {TIcon::Edit, "document-edit", none, u'✎'},
     {TIcon::View, "view-visible", QStyle::SP_FileDialogContentsView, u'o'},
-    {TIcon::Delete, "edit-delete", QStyle::SP_TrashIcon, u'×'},
+    {TIcon::Delete, "edit-delete", none, u'×', true},
     {TIcon::Refresh, "view-refresh", QStyle::SP_BrowserReload, u'↻'},
     {TIcon::Find, "edit-find", QStyle::SP_FileDialogContentsView, u'?'},
     {TIcon::Print, "document-print", none, u'P'},
@@ -54,7 +55,13 @@ constexpr Entry table[] = {
     {TIcon::FitWidth, "zoom-fit-width", none, u'↔'},
     {TIcon::FitPage, "zoom-fit-page", none, u'↕'},
     {TIcon::Up, "go-up", QStyle::SP_ArrowUp, u'↑'},
+    {TIcon::OpenPicture, "insert-image", none, u'▣'},
+    {TIcon::Merge, "merge", none, u'Y'},
+    {TIcon::StoragePlace, "package", none, u'▤'},
+    {TIcon::DeleteAll, "edit-clear-all", none, u'⨯', true},
+    {TIcon::History, "view-history", none, u'↶'},
 };
+static_assert(std::size(table) == iconCount);
 
 const Entry &entryOf(TIcon which)
 {
@@ -87,7 +94,7 @@ void prepareThemes()
     Q_UNUSED(once);
 }
 
-QIcon drawn(char16_t sign)
+QIcon drawn(const Entry &entry)
 {
     QIcon result;
     for (const int size : {16, 24, 32}) {
@@ -99,9 +106,10 @@ QIcon drawn(char16_t sign)
         font.setPixelSize(size * 3 / 4);
         font.setBold(true);
         painter.setFont(font);
-        painter.setPen(QApplication::palette().color(QPalette::ButtonText));
+        painter.setPen(entry.isRed ? QColor(0xda, 0x44, 0x53)
+                                   : QApplication::palette().color(QPalette::ButtonText));
         painter.drawRoundedRect(pixmap.rect().adjusted(1, 1, -2, -2), 3, 3);
-        painter.drawText(pixmap.rect(), Qt::AlignCenter, QChar(sign));
+        painter.drawText(pixmap.rect(), Qt::AlignCenter, QChar(entry.sign));
         painter.end();
         result.addPixmap(pixmap);
     }
@@ -109,6 +117,11 @@ QIcon drawn(char16_t sign)
 }
 
 } // namespace
+
+QString iconName(TIcon which)
+{
+    return QLatin1String(entryOf(which).name);
+}
 
 QIcon icon(TIcon which)
 {
@@ -119,5 +132,5 @@ QIcon icon(TIcon which)
         return themed;
     const QIcon standard =
         entry.standard == none ? QIcon() : QApplication::style()->standardIcon(entry.standard);
-    return standard.isNull() ? drawn(entry.sign) : standard;
+    return standard.isNull() ? drawn(entry) : standard;
 }

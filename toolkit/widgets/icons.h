@@ -40,8 +40,17 @@ enum class TIcon {
     FitWidth,
     FitPage,
     Up,
+    OpenPicture,
+    Merge,
+    StoragePlace,
+    DeleteAll,
+    History,
 };
+inline constexpr int iconCount = int(TIcon::History) + 1;
 
 // The icon from the desktop's theme, from the theme that the system is installed with, or a drawn one: never
 // empty.
 QIcon icon(TIcon which);
+
+// What the icon is called in icon themes.
+QString iconName(TIcon which);

@@ -1,5 +1,4 @@
 #include "tests/support/message_box.h"
-#include "toolkit/widgets/icons.h"
 #include "toolkit/widgets/lithuanian.h"
 #include "toolkit/widgets/lithuanian_words.h"
 
@@ -117,13 +116,4 @@ TEST_F(Lithuanian, PaperIsCalledByItsSize)
     EXPECT_EQ(QPageSize::name(QPageSize::A4), u"A4"_s);
     EXPECT_EQ(QPageSize::name(QPageSize::EnvelopeC5), u"Vokas C5"_s);
     EXPECT_EQ(QPageSize::name(QPageSize::DoublePostcard), u"Dvigubas atvirukas"_s);
-}
-
-TEST(Icons, NoneIsMissing)
-{
-    for (int which = int(TIcon::New); which <= int(TIcon::Quit); ++which) {
-        const QIcon found = icon(TIcon(which));
-        EXPECT_FALSE(found.isNull()) << which;
-        EXPECT_FALSE(found.pixmap(16).isNull()) << which;
-    }
 }
