@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDataStream>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
@@ -36,11 +37,16 @@ TDBGrid::TDBGrid(QWidget *parent)
     fixRowHeight();
     connectGuarded(horizontalHeader(), &QHeaderView::sectionClicked, this,
                    [this](int column) { emit titleClicked(fieldAt(column)); });
-    connectGuarded(horizontalHeader(), &QHeaderView::sectionResized, this,
-                   [this](int column, int, int width) {
-                       keptWidths[fieldAt(column).toLower()] = width;
-                       emit columnWidthsChanged();
-                   });
+    connectGuarded(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column) {
+        if (layingOut)
+            return;
+        sized += fieldAt(column).toLower();
+        emit arrangementChanged();
+    });
+    connectGuarded(horizontalHeader(), &QHeaderView::sectionMoved, this,
+                   [this] { emit arrangementChanged(); });
+    // What the fields hold is known only once the set is open.
+    connectGuarded(rows, &TGridModel::modelReset, this, [this] { layOutColumns(); });
     connectGuarded(rows, &TGridModel::rowsChanged, this, [this] { followSet(); });
     connectGuarded(this, &QAbstractItemView::activated, this, [this] { emit rowActivated(); });
 }
@@ -65,7 +71,6 @@ TDataSet *TDBGrid::DataSet() const
 void TDBGrid::setColumns(const QList<TGridColumn> &columns)
 {
     rows->setColumns(columns);
-    layOutColumns();
     followSet();
 }
 
@@ -102,15 +107,68 @@ void TDBGrid::setEmptyText(const QString &text)
 
 void TDBGrid::layOutColumns()
 {
-    const QSignalBlocker quiet(horizontalHeader());
+    const QScopedValueRollback<bool> now(layingOut, true);
     for (int i = 0; i < rows->columnCount(); ++i) {
-        const TGridColumn &column = rows->columns()[i];
-        const int kept = keptWidths.value(column.field.toLower()).toInt();
-        const int wanted = kept > 0 ? kept : column.width;
-        // Measured over title and format only: measuring the rows would fetch them all.
-        const int fitting = std::max(horizontalHeader()->sectionSizeHint(i), widthOf(column.format));
-        setColumnWidth(i, wanted > 0 ? wanted : fitting);
+        if (!sized.contains(fieldAt(i).toLower()))
+            setColumnWidth(i, leastWidth(i));
     }
+    shareSpareWidth();
+}
+
+int TDBGrid::leastWidth(int column) const
+{
+    const TGridColumn &described = rows->columns()[column];
+    // Measured over title and format only: measuring the rows would fetch them all.
+    return described.width > 0
+               ? described.width
+               : std::max(horizontalHeader()->sectionSizeHint(column), widthOf(described.format));
+}
+
+// The columns that can use more width than they have, and how much each would like to have: those that are
+// described so, else the widest of the texts.
+QHash<int, int> TDBGrid::thirsty() const
+{
+    QHash<int, int> flagged;
+    QHash<int, int> texts;
+    int widest = 0;
+    for (int i = 0; i < rows->columnCount(); ++i) {
+        const TField *field = rows->fieldOf(i);
+        if (!field || isColumnHidden(i) || sized.contains(fieldAt(i).toLower()))
+            continue;
+        const int wanted = std::max(leastWidth(i), fontMetrics().averageCharWidth() * field->Size());
+        if (columns()[i].stretch)
+            flagged.insert(i, wanted);
+        if (field->Alignment != TAlignment::taLeftJustify || field->DataType() == TFieldType::ftDate)
+            continue;
+        texts.insert(i, wanted);
+        widest = std::max(widest, wanted);
+    }
+    if (!flagged.isEmpty())
+        return flagged;
+    texts.removeIf([widest](const auto &each) { return each.value() < widest / 2; });
+    return texts;
+}
+
+void TDBGrid::shareSpareWidth()
+{
+    const QHash<int, int> takers = thirsty();
+    int spare = viewport()->width() - horizontalHeader()->length();
+    int wishes = 0;
+    for (const int wanted : takers)
+        wishes += wanted;
+    for (auto taker = takers.begin(); taker != takers.end() && spare > 0; ++taker) {
+        const int share = int(qint64(spare) * taker.value() / wishes);
+        setColumnWidth(taker.key(), columnWidth(taker.key()) + share);
+        spare -= share;
+        wishes -= taker.value();
+    }
+}
+
+void TDBGrid::resizeEvent(QResizeEvent *event)
+{
+    QTableView::resizeEvent(event);
+    if (event->size().width() != event->oldSize().width())
+        runGuarded(this, [this] { layOutColumns(); });
 }
 
 // Of a usual large amount, or of a date, as the format shows it.
@@ -136,21 +194,43 @@ void TDBGrid::changeEvent(QEvent *event)
         fixRowHeight();
 }
 
-QVariantMap TDBGrid::columnWidths() const
+QByteArray TDBGrid::arrangement() const
 {
-    QVariantMap widths;
-    for (int i = 0; i < rows->columnCount(); ++i)
-        widths[fieldAt(i).toLower()] = columnWidth(i);
-    return widths;
+    QByteArray kept;
+    QDataStream stream(&kept, QIODevice::WriteOnly);
+    stream << fieldNames() << QStringList(sized.begin(), sized.end()) << horizontalHeader()->saveState();
+    return kept;
 }
 
-void TDBGrid::setColumnWidths(const QVariantMap &widths)
+void TDBGrid::setArrangement(const QByteArray &kept)
 {
-    for (auto width = widths.begin(); width != widths.end(); ++width) {
-        if (width->toInt() > 0)
-            keptWidths[width.key().toLower()] = width->toInt();
-    }
+    QDataStream stream(kept);
+    QStringList fields;
+    QStringList sizedByUser;
+    QByteArray state;
+    stream >> fields >> sizedByUser >> state;
+    if (stream.status() != QDataStream::Ok || fields != fieldNames())
+        return;
+    QHeaderView *header = horizontalHeader();
+    const bool marked = header->isSortIndicatorShown();
+    const int sortedBy = header->sortIndicatorSection();
+    const Qt::SortOrder order = header->sortIndicatorOrder();
+    const QScopedValueRollback<bool> now(layingOut, true);
+    if (!header->restoreState(state))
+        return;
+    // What the list is ordered by is not a matter of its columns.
+    header->setSortIndicator(sortedBy, order);
+    header->setSortIndicatorShown(marked);
+    sized = {sizedByUser.begin(), sizedByUser.end()};
     layOutColumns();
+}
+
+QStringList TDBGrid::fieldNames() const
+{
+    QStringList names;
+    for (const TGridColumn &column : columns())
+        names += column.field.toLower();
+    return names;
 }
 
 QString TDBGrid::fieldAt(int column) const

@@ -4,29 +4,40 @@
 #include "toolkit/widgets/edit_options.h"
 
 #include <QPointer>
+#include <QSet>
 #include <QTableView>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
+class TColumnLookup;
 class TGridModel;
 
 // One column of a grid, described.
 struct TGridColumn {
     QString field;
-    QString title;                       // empty: the field's label
-    int width = 0;                       // pixels; 0: fits the title and what the format usually shows
-    std::optional<TAlignment> alignment; // none: as the field says
-    QString format;                      // display format; empty: the field's
-    bool readOnly = false;               // in a grid with cell editing
-    TEditOptions edit;                   // what may be typed into a cell
+    QString title;        // empty: the field's label
+    int width = 0;        // pixels, at least; 0: fits the title and what the format usually shows
+    bool stretch = false; // it can use width that is left over; none: the widest texts can
+    std::optional<TAlignment> alignment;                // none: as the field says
+    QString format;                                     // display format; empty: the field's
+    bool readOnly = false;                              // in a grid with cell editing
+    TEditOptions edit;                                  // what may be typed into a cell
     std::function<QString(const QVariant &value)> text; // the cell's text instead of the field's
+    // Texts for the field's keys; the field itself shows them then, so search, copy and print have them, too.
+    // Read anew whenever the set is opened.
+    std::shared_ptr<TColumnLookup> lookup;
     std::function<void()> browse; // a button in the cell being edited, for choosing the value elsewhere
 };
 
 // A grid over a data set. The grid's current row and the set's record are always the same one: moving in the
 // grid moves the set, and the other way round. It stays quick with a million rows: all rows are of one
 // height, columns are never measured over all rows, and more rows are fetched as they come into view.
+//
+// The columns take the width that is there: none is narrower than described, and what is left over goes to
+// the columns that can use it. A width that the user gives stays. A cell that is cut shows its text as a tool
+// tip. A column that the opened set does not have is asserted.
 class TDBGrid : public QTableView {
     Q_OBJECT
 public:
@@ -48,9 +59,10 @@ public:
     // What stands in an empty list; "Įrašų nėra" unless told otherwise.
     void setEmptyText(const QString &text);
 
-    // Column widths by field name, for keeping them between sessions. Unknown names are passed over.
-    QVariantMap columnWidths() const;
-    void setColumnWidths(const QVariantMap &widths);
+    // Order and widths of the columns as the user arranged them, for keeping them between sessions. An
+    // arrangement of other columns is passed over.
+    QByteArray arrangement() const;
+    void setArrangement(const QByteArray &kept);
 
     // The selected rows in their order, as rows of the set.
     QList<int> selectedRows() const;
@@ -65,7 +77,7 @@ public:
 signals:
     void titleClicked(const QString &field);
     void rowActivated(); // Enter or a double click on a record
-    void columnWidthsChanged();
+    void arrangementChanged();
 
 protected:
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
@@ -73,17 +85,23 @@ protected:
     void keyboardSearch(const QString &typed) override;
     void paintEvent(QPaintEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void followSet();
     void layOutColumns();
+    QStringList fieldNames() const; // in small letters
+    int leastWidth(int column) const;
+    QHash<int, int> thirsty() const;
+    void shareSpareWidth();
     int widthOf(const QString &format) const;
     void fixRowHeight();
     bool moveSet(const QKeyEvent *event);
 
     TGridModel *rows;
     QString emptyText;
-    QVariantMap keptWidths;
+    QSet<QString> sized; // fields, in small letters, whose columns the user gave a width
+    bool layingOut = false;
     bool editsCells = false;
     bool following = false;
 };

@@ -4,8 +4,13 @@
 #include "toolkit/widgets/guard.h"
 #include "toolkit/widgets/icons.h"
 
+#include <QAbstractItemView>
 #include <QAction>
+#include <QHelpEvent>
 #include <QLineEdit>
+#include <QToolTip>
+
+using namespace Qt::StringLiterals;
 
 TGridDelegate::TGridDelegate(TGridModel *model, QObject *parent) : QStyledItemDelegate(parent), rows(model) {}
 
@@ -63,4 +68,20 @@ void TGridDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, con
     auto *edit = static_cast<QLineEdit *>(editor);
     if (edit->isModified())
         model->setData(index, maskedText(edit), Qt::EditRole);
+}
+
+bool TGridDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                              const QModelIndex &index)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const bool isCut = index.isValid() && sizeHint(option, index).width() > view->visualRect(index).width();
+    const QString text = index.data().toString();
+    if (isCut) // nothing in it is markup
+        QToolTip::showText(
+            event->globalPos(),
+            Qt::mightBeRichText(text) ? u"<span>"_s + text.toHtmlEscaped() + u"</span>"_s : text, view);
+    else
+        QToolTip::hideText();
+    return true;
 }

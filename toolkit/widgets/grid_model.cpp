@@ -1,6 +1,7 @@
 #include "toolkit/widgets/grid_model.h"
 
 #include "toolkit/text/format.h"
+#include "toolkit/widgets/column_lookup.h"
 #include "toolkit/widgets/guard.h"
 
 namespace {
@@ -110,8 +111,16 @@ void TGridModel::findFields()
 {
     sources.clear();
     for (const TGridColumn &column : described) {
-        const TField *field = set && set->Active() ? set->FindField(column.field) : nullptr;
+        const bool open = set && set->Active();
+        TField *field = open ? set->FindField(column.field) : nullptr;
+        Q_ASSERT_X(!open || field, "TDBGrid", qPrintable("no column " + column.field));
         sources += field ? field->index() : -1;
+        if (!column.lookup)
+            continue;
+        if (field)
+            TColumnLookup::showIn(*field, column.lookup);
+        else
+            column.lookup->forget();
     }
 }
 

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "toolkit/data/database.h"
+
+#include <QHash>
+
+#include <functional>
+#include <memory>
+
+class TField;
+
+// Texts for the keys of a column, read as a whole on the first use and then found without another statement.
+// Several columns, and several lists, may share one.
+class TColumnLookup {
+public:
+    // The statement gives key and text.
+    TColumnLookup(TDatabase *session, const QString &sql);
+    // For texts that come from elsewhere: asked once for each key.
+    explicit TColumnLookup(std::function<QString(const QVariant &key)> source);
+
+    // Empty for null and for a key that is not found; 5, 5.0 and "5" are one key. Raises what reading raises.
+    QString text(const QVariant &key);
+    // The next use reads anew.
+    void forget();
+
+    // Makes the column show the texts wherever its display text is asked for: in a grid, a search, a copy, a
+    // print.
+    static void showIn(TField &field, const std::shared_ptr<TColumnLookup> &lookup);
+
+private:
+    void read();
+
+    TDatabase *session = nullptr;
+    QString sql;
+    std::function<QString(const QVariant &)> source;
+    QHash<double, QString> byNumber;
+    QHash<QString, QString> byText;
+    bool isRead = false;
+};
