@@ -11,6 +11,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void nameButton(const QCalendarWidget *calendar, const char *name, const QString &text)
@@ -27,11 +29,11 @@ QCalendarWidget *makeCalendar(QWidget *parent)
     calendar->setLocale(QLocale(QLocale::Lithuanian, QLocale::Lithuania));
     calendar->setFirstDayOfWeek(Qt::Monday);
     calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    calendar->setAccessibleName(QStringLiteral("Kalendorius"));
-    nameButton(calendar, "qt_calendar_prevmonth", QStringLiteral(u"Ankstesnis mėnuo"));
-    nameButton(calendar, "qt_calendar_nextmonth", QStringLiteral(u"Kitas mėnuo"));
-    nameButton(calendar, "qt_calendar_monthbutton", QStringLiteral(u"Mėnuo"));
-    nameButton(calendar, "qt_calendar_yearbutton", QStringLiteral("Metai"));
+    calendar->setAccessibleName(u"Kalendorius"_s);
+    nameButton(calendar, "qt_calendar_prevmonth", u"Ankstesnis mėnuo"_s);
+    nameButton(calendar, "qt_calendar_nextmonth", u"Kitas mėnuo"_s);
+    nameButton(calendar, "qt_calendar_monthbutton", u"Mėnuo"_s);
+    nameButton(calendar, "qt_calendar_yearbutton", u"Metai"_s);
     return calendar;
 }
 
@@ -49,7 +51,7 @@ QDate typedDate(const TDateEdit *edit)
 TDateEdit::TDateEdit(QWidget *parent) : QLineEdit(parent)
 {
     open = addAction(icon(TIcon::Calendar), TrailingPosition);
-    open->setText(QStringLiteral(u"Pasirinkti datą"));
+    open->setText(u"Pasirinkti datą"_s);
     open->setToolTip(open->text());
     connectGuarded(open, &QAction::triggered, this, &TDateEdit::showCalendar);
 }
@@ -71,7 +73,7 @@ void TDateEdit::showCalendar()
         return;
     auto *popup = new QFrame(this, Qt::Popup);
     popup->setAttribute(Qt::WA_DeleteOnClose);
-    popup->setAccessibleName(QStringLiteral("Kalendorius"));
+    popup->setAccessibleName(u"Kalendorius"_s);
     auto *layout = new QVBoxLayout(popup);
     layout->setContentsMargins(0, 0, 0, 0);
     auto *calendar = makeCalendar(popup);

@@ -15,14 +15,13 @@
 
 #include <set>
 
-TDBGrid::TDBGrid(QWidget *parent)
-    : QTableView(parent),
-      rows(new TGridModel(this)),
-      emptyText(QStringLiteral(u"Įrašų nėra"))
+using namespace Qt::StringLiterals;
+
+TDBGrid::TDBGrid(QWidget *parent) : QTableView(parent), rows(new TGridModel(this)), emptyText(u"Įrašų nėra"_s)
 {
     setModel(rows);
     setItemDelegate(new TGridDelegate(rows, this));
-    setAccessibleName(QStringLiteral(u"Sąrašas"));
+    setAccessibleName(u"Sąrašas"_s);
     setAlternatingRowColors(true);
     setWordWrap(false);
     setCornerButtonEnabled(false);

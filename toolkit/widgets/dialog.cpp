@@ -16,6 +16,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char closesDialog[] = "closesDialog"; // a property of the buttons that save and cancel
@@ -53,8 +55,8 @@ QRect roomFor(const QWidget *window)
 
 QList<TDialogButton> saveAndCancel()
 {
-    return {{QStringLiteral(u"&Išsaugoti"), TDialogButton::Save, true, {}, {}},
-            {QStringLiteral(u"&Atšaukti"), TDialogButton::Cancel, false, {}, {}}};
+    return {{.caption = u"&Išsaugoti"_s, .role = TDialogButton::Save, .isDefault = true},
+            {.caption = u"&Atšaukti"_s, .role = TDialogButton::Cancel}};
 }
 
 TDialog::TDialog(QWidget *parent) : QDialog(parent)
@@ -235,7 +237,8 @@ void TDialog::focusRefused(const QString &message)
             return;
         }
     }
-    ownFields->refuseEmpty(message);
+    if (ownFields)
+        ownFields->refuseEmpty(message);
 }
 
 QVBoxLayout *TDialog::bodyLayout() const
@@ -257,7 +260,7 @@ QPushButton *TDialog::button(const QString &name) const
 void TDialog::offerSaveAndNew()
 {
     offersNew = true;
-    ownSaver->setToolTip(QStringLiteral(u"Įrašyti ir pradėti kitą naują: Ctrl+Enter"));
+    ownSaver->setToolTip(u"Įrašyti ir pradėti kitą naują: Ctrl+Enter"_s);
 }
 
 void TDialog::keyPressEvent(QKeyEvent *event)

@@ -6,6 +6,8 @@
 #include <QToolTip>
 #include <QValidator>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool passes(QChar c, TEditOptions::Allowed allowed)
@@ -94,7 +96,7 @@ void filterKeys(QLineEdit *edit, TEditOptions::Allowed typed)
 void hintAtLength(QLineEdit *edit, int maxLength)
 {
     QToolTip::showText(edit->mapToGlobal(QPoint(0, edit->height())),
-                       QStringLiteral(u"Telpa ne daugiau simbolių kaip %1").arg(maxLength), edit);
+                       u"Telpa ne daugiau simbolių kaip %1"_s.arg(maxLength), edit);
 }
 
 // The signs of a described mask are those of a classic database form; Qt calls them otherwise.
@@ -132,7 +134,7 @@ void applyEditOptions(QLineEdit *edit, const TEditOptions &options)
 {
     if (options.password) {
         edit->setEchoMode(QLineEdit::Password);
-        edit->setStyleSheet(QStringLiteral("QLineEdit { lineedit-password-character: %1 }").arg(int('*')));
+        edit->setStyleSheet(u"QLineEdit { lineedit-password-character: %1 }"_s.arg(int('*')));
     }
     filterKeys(edit, options.typed);
     if (!options.mask.isEmpty()) {

@@ -4,6 +4,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QWidget *windowFor(QWidget *where)
@@ -23,10 +25,10 @@ QString errorDetails(const Exception &error)
         return {};
     QStringList parts;
     if (!database->serverText.isEmpty())
-        parts += QStringLiteral(u"Duomenų bazės pranešimas:\n") + database->serverText;
+        parts += u"Duomenų bazės pranešimas:\n"_s + database->serverText;
     if (!database->statement.isEmpty())
-        parts += QStringLiteral(u"Sakinys:\n") + database->statement;
-    return parts.join(QStringLiteral("\n\n"));
+        parts += u"Sakinys:\n"_s + database->statement;
+    return parts.join(u"\n\n"_s);
 }
 
 void showErrorBox(QWidget *where, const Exception &error)
@@ -35,11 +37,11 @@ void showErrorBox(QWidget *where, const Exception &error)
         qCritical("%s", error.what());
         return;
     }
-    QMessageBox box(QMessageBox::Critical, QStringLiteral("Klaida"), error.message(), QMessageBox::NoButton,
+    QMessageBox box(QMessageBox::Critical, u"Klaida"_s, error.message(), QMessageBox::NoButton,
                     windowFor(where));
     // Messages quote what a user typed: nothing in them is markup.
     box.setTextFormat(Qt::PlainText);
-    box.addButton(QMessageBox::Ok)->setText(QStringLiteral("&Gerai"));
+    box.addButton(QMessageBox::Ok)->setText(u"&Gerai"_s);
     box.setEscapeButton(QMessageBox::Ok);
     const QString details = errorDetails(error);
     if (!details.isEmpty())

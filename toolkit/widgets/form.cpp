@@ -13,6 +13,13 @@
 
 namespace {
 
+// A record that was begun before the form was made knows nothing of what the rows preset.
+void preset(TField &field)
+{
+    if (field.DataSet()->State() == dsInsert && field.IsNull() && !field.DefaultExpression.isNull())
+        field.setValue(field.DefaultExpression);
+}
+
 // The line edit inside a control, to which the options of typing apply; null when there is none.
 QLineEdit *lineEditOf(QWidget *control)
 {
@@ -184,8 +191,10 @@ void TFieldForm::describeFields()
         return;
     for (const Made &made : fields) {
         TField *field = made.row.isBound ? set->FindField(made.row.name) : nullptr;
-        if (field)
-            made.row.applyTo(*field, made.control);
+        if (!field)
+            continue;
+        made.row.applyTo(*field, made.control);
+        preset(*field);
     }
     // They showed the columns before these were described.
     for (const Made &made : fields) {

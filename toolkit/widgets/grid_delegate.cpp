@@ -37,7 +37,7 @@ QWidget *TGridDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem
 void TGridDelegate::addBrowse(QLineEdit *edit, int column) const
 {
     QAction *action = edit->addAction(icon(TIcon::Browse), QLineEdit::TrailingPosition);
-    action->setText(QStringLiteral(u"Pasirinkti iš sąrašo"));
+    action->setText(u"Pasirinkti iš sąrašo"_s);
     action->setToolTip(action->text());
     action->setShortcut(Qt::Key_F4);
     action->setShortcutContext(Qt::WidgetShortcut);

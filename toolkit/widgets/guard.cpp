@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 ErrorDisplay &currentDisplay()
@@ -17,7 +19,7 @@ ErrorDisplay &currentDisplay()
 Exception foreign(const char *words)
 {
     qWarning("unexpected exception: %s", words);
-    return Exception(QStringLiteral(u"Netikėta programos klaida. Veiksmas neatliktas."));
+    return Exception(u"Netikėta programos klaida. Veiksmas neatliktas."_s);
 }
 
 } // namespace
@@ -52,7 +54,7 @@ void showCurrentException(QWidget *where) noexcept
     } catch (const Exception &error) {
         showError(where, error);
     } catch (const std::bad_alloc &) {
-        showError(where, Exception(QStringLiteral(u"Neužtenka atminties. Veiksmas neatliktas.")));
+        showError(where, Exception(u"Neužtenka atminties. Veiksmas neatliktas."_s));
     } catch (const std::exception &error) {
         showError(where, foreign(error.what()));
     } catch (...) {

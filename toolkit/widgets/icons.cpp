@@ -6,6 +6,8 @@
 #include <QStandardPaths>
 #include <QStyle>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Entry {
@@ -79,12 +81,12 @@ void prepareThemes()
     static const bool once = [] {
         QStringList paths = QIcon::themeSearchPaths();
         for (const QString &data : QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation)) {
-            const QString folder = data + QStringLiteral("/icons");
+            const QString folder = data + u"/icons"_s;
             if (!paths.contains(folder) && QDir(folder).exists())
                 paths += folder;
         }
         QIcon::setThemeSearchPaths(paths);
-        const QString own = QStringLiteral("breeze");
+        const QString own = u"breeze"_s;
         QIcon::setFallbackThemeName(own);
         // Without any desktop no theme is set, and then the fallback is not asked either.
         if (QIcon::themeName().isEmpty())

@@ -4,12 +4,14 @@
 
 #include <QCoreApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr int shownAfterMs = 500;
 }
 
 TProgressWindow::TProgressWindow(const QString &title, const QString &text, int total, QWidget *owner)
-    : window(text, QStringLiteral(u"&Nutraukti"), 0, total, owner),
+    : window(text, u"&Nutraukti"_s, 0, total, owner),
       patience(shownAfterMs)
 {
     window.setWindowModality(Qt::ApplicationModal);

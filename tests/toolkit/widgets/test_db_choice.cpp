@@ -85,10 +85,25 @@ TEST_F(DbChoice, ALookupFollowsItsListWhenThatIsReadAnew)
     EXPECT_EQ(combo->currentText(), u"Kuras"_s);
 }
 
+TEST_F(DbChoice, KeysMayBeTexts)
+{
+    auto *combo = bound<TDBLookupComboBox>(u"pre_kodas"_s);
+    combo->setChoices({{u"Pirmas"_s, u"AB1"_s}, {u"Antras"_s, u"CD2"_s}});
+    EXPECT_EQ(combo->currentText(), u"Pirmas"_s);
+    set->Next();
+    EXPECT_EQ(combo->currentText(), u"Antras"_s);
+    set->Next();
+    EXPECT_EQ(combo->currentIndex(), -1);
+    combo->setChoices({{u"Vienas"_s, u"CD2"_s}});
+    EXPECT_EQ(combo->count(), 1);
+}
+
 TEST_F(DbChoice, AnEditableListTakesItemsAndOtherTexts)
 {
     auto *combo = bound<TDBComboBox>(u"pre_pavad"_s);
+    combo->setItems({u"Senas"_s});
     combo->setItems({u"Agurkai"_s, u"Morkos"_s});
+    EXPECT_EQ(combo->count(), 2);
     show(combo);
     EXPECT_EQ(combo->currentText(), u"Agurkai"_s);
     QTest::keyClick(combo, Qt::Key_Down);

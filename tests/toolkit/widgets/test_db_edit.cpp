@@ -30,6 +30,12 @@ TEST_F(DbEdit, ShowsTheDisplayTextAndFollowsTheCursor)
     EXPECT_EQ(sum->text(), QString());
 }
 
+TEST_F(DbEdit, TakesNothingWhileItIsBoundToNothing)
+{
+    EXPECT_TRUE(add<TDBEdit>()->isReadOnly());
+    EXPECT_TRUE(add<TDBMemo>()->isReadOnly());
+}
+
 TEST_F(DbEdit, IsReadOnlyUnlessTheSetIsBeingEdited)
 {
     TDBEdit *name = edit(u"pre_pavad"_s);

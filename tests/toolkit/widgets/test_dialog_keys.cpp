@@ -226,6 +226,18 @@ TEST_F(DialogKeys, AnEmptyRequiredFieldGetsTheCursor)
     EXPECT_EQ(boxes.at(0).text, u"Laukas \"Pavadinimas\" negali būti tuščias!"_s);
 }
 
+TEST_F(DialogKeys, OnlyLeavingAndHelpStayUsableForSomebodyWhoMayOnlyLook)
+{
+    make({}, {{.caption = u"&Išsaugoti"_s, .role = TDialogButton::Save},
+              {.caption = u"&Atšaukti"_s, .role = TDialogButton::Cancel},
+              {.caption = u"&Pagalba"_s, .role = TDialogButton::Help},
+              {.caption = u"&Sutartis"_s}});
+    const QList<std::pair<QString, bool>> usable{
+        {u"Išsaugoti"_s, false}, {u"Atšaukti"_s, true}, {u"Pagalba"_s, true}, {u"Sutartis"_s, false}};
+    for (const auto &[name, stays] : usable)
+        EXPECT_EQ(dialog->button(name)->property(staysUsable).toBool(), stays) << str(name);
+}
+
 // --- Tab
 
 TEST_F(DialogKeys, TheButtonsMayComeBetweenTheFields)
@@ -282,6 +294,7 @@ TEST_F(DialogKeys, ADialogLargerThanTheScreenScrollsAndKeepsItsButtonsInView)
         const QRect screen = dialog->screen()->availableGeometry();
         EXPECT_TRUE(screen.contains(dialog->geometry()));
         EXPECT_GT(dialog->form().height(), screen.height()) << "a control: it does not fit";
+        EXPECT_GT(dialog->height(), screen.height() * 9 / 10) << "it uses the room there is";
         const auto inView = [&](const QWidget *widget) {
             return widget->visibleRegion().boundingRect() == widget->rect();
         };

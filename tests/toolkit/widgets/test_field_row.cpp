@@ -154,6 +154,18 @@ TEST_F(FieldRow, FormatDefaultAndTheFirstOfAListForANewRecord)
     set->Cancel();
 }
 
+TEST_F(FieldRow, ARecordThatWasBegunBeforeTheFormIsPresetToo)
+{
+    set->Append();
+    set->FieldByName(u"pre_grpid"_s)->setValue(1);
+    form = add<TFieldForm>(QList<TFieldRow>{TFieldRow::edit(u"Suma"_s, u"pre_suma"_s).defaultValue(7),
+                                            TFieldRow::edit(u"Grupė"_s, u"pre_grpid"_s).defaultValue(9)},
+                           set.get());
+    EXPECT_EQ(form->control<TDBEdit>(u"pre_suma"_s)->text(), u"7.00"_s);
+    EXPECT_EQ(field(u"pre_grpid"_s).AsInteger(), 1) << "what is there already stays";
+    set->Cancel();
+}
+
 TEST_F(FieldRow, AListOfAStatementStoresTheKeyAndASuggestionItsText)
 {
     make({TFieldRow::pick(u"Grupė"_s, u"pre_grpid"_s, db.get(),
