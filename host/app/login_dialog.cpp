@@ -3,6 +3,7 @@
 #include "host/data/login.h"
 #include "toolkit/widgets/guard.h"
 
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -35,8 +36,10 @@ TLoginDlg::TLoginDlg(TMainDatas &books, const QString &name, QWidget *owner)
     NameEdit = control<QLineEdit>("NameEdit");
     PassEdit = control<QLineEdit>("PassEdit");
     NameEdit->setText(name);
-    bodyLayout()->insertWidget(
-        0, new QLabel(QString("<b>%1</b>").arg(organisationName().toHtmlEscaped()), this));
+    saveButton()->setIcon({}); // nothing is saved here
+    if (const QString institution = organisationName(); !institution.isEmpty())
+        bodyLayout()->insertWidget(0,
+                                   new QLabel(QString("<b>%1</b>").arg(institution.toHtmlEscaped()), this));
     refusal->setObjectName("refusal");
     refusal->setStyleSheet("color: #b00020");
     bodyLayout()->addWidget(refusal);
@@ -48,6 +51,16 @@ TLoginDlg::TLoginDlg(TMainDatas &books, const QString &name, QWidget *owner)
         --secondsLeft;
         showRefusal();
     });
+}
+
+// A password comes after the name.
+void TLoginDlg::keyPressEvent(QKeyEvent *event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && NameEdit->hasFocus() && PassEdit->text().isEmpty())
+        PassEdit->setFocus();
+    else
+        TDialog::keyPressEvent(event);
 }
 
 // Which of the two was wrong is not told. Enter comes here also while the button waits.

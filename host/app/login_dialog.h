@@ -17,6 +17,7 @@ public:
 
 protected:
     void Validate() override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void showRefusal();

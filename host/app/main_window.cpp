@@ -15,6 +15,7 @@
 #include <QMenuBar>
 #include <QProxyStyle>
 #include <QStatusBar>
+#include <QStyleOption>
 
 #include <cstdio>
 
@@ -23,9 +24,22 @@ namespace {
 constexpr int contentsTopic = 1;
 constexpr int windowsWithDigit = 9;
 
-// The platform's style, in which Alt alone leads to the menu bar.
+// The platform's style, in which Alt alone leads to the menu bar and the menu that it leads to is seen.
 class TMenuBarStyle : public QProxyStyle {
 public:
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override
+    {
+        const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+        if (element != CE_MenuBarItem || !item || !(item->state & State_Selected)) {
+            QProxyStyle::drawControl(element, option, painter, widget);
+            return;
+        }
+        QStyleOptionMenuItem chosen(*item);
+        chosen.state |= State_Sunken;
+        QProxyStyle::drawControl(element, &chosen, painter, widget);
+    }
+
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                   QStyleHintReturn *returned) const override
     {
@@ -161,6 +175,7 @@ void TMainWindow::showStatus()
     institution->setText(organisationName());
     institution->setVisible(!institution->text().isEmpty());
     user->setText(userText());
+    user->setVisible(!user->text().isEmpty());
     period->setText(EinPer_Id() > 0 ? QString("Periodas: %1").arg(PeriodText(EinPer_Date()))
                                     : QString("Darbo pradžios periodas nenustatytas"));
     engine->setText(engineName(MainDatas()->mnFin_Db()->engine()));
@@ -215,6 +230,20 @@ void TMainWindow::closeEvent(QCloseEvent *event)
     }
     SaveToReg(this, FormsPath(), objectName(), false);
     QMainWindow::closeEvent(event);
+}
+
+// The menu bar waits for Alt with itself among its modifiers; a display that tells them as they were before
+// the key never brings that.
+bool TMainWindow::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->key() == Qt::Key_Alt && !key->modifiers()) {
+            QKeyEvent withItself(QEvent::ShortcutOverride, Qt::Key_Alt, Qt::AltModifier);
+            QCoreApplication::sendEvent(this, &withItself);
+        }
+    }
+    return QMainWindow::event(event);
 }
 
 // Keys that nothing in front took for itself.

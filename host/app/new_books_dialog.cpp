@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace {
@@ -37,6 +38,7 @@ TNewBooksDlg::TNewBooksDlg(const QString &folder, QWidget *owner)
         this);
     question->setTextFormat(Qt::PlainText);
     bodyLayout()->insertWidget(0, question);
+    saveButton()->setIcon({});
     DemoRadio->setChecked(true);
     connectGuarded(EmptyRadio, &QRadioButton::toggled, this, [this] { showChoice(); });
     showChoice();

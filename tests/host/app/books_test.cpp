@@ -96,6 +96,22 @@ TEST_F(FirstStart, AWrongPasswordIsToldAndTheDialogStays)
     EXPECT_EQ(dialog.findChild<QLineEdit *>("NameEdit")->text(), "ona");
 }
 
+TEST_F(FirstStart, EnterInTheNameGoesToThePassword)
+{
+    createEmptyBooks(folder(), "ona", "Slaptas1");
+    openEmbeddedBooks(folder());
+    TLoginDlg dialog(*MainDatas(), {}, nullptr);
+    dialog.show();
+    dialog.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    for (const char *text : {"ona", "Slaptas1"}) {
+        EXPECT_TRUE(dialog.isVisible());
+        QTest::keyClicks(dialog.focusWidget(), text);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+    }
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+}
+
 TEST_F(FirstStart, AfterEachWrongPasswordTheNextTryWaitsLonger)
 {
     createEmptyBooks(folder(), "ona", "Slaptas1");

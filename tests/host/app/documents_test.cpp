@@ -157,16 +157,37 @@ TEST_F(Documents, AListComesBackMaximised)
     EXPECT_TRUE(open().first()->isMaximized());
 }
 
-TEST_F(Documents, F10AndAltLeadToTheMenuBar)
+TEST_F(Documents, F10LeadsToTheMenuBar)
 {
+    window->openEntry("TSasLikFrm");
+    ASSERT_EQ(window->menuBar()->activeAction(), nullptr);
     press(Qt::Key_F10);
     EXPECT_NE(window->menuBar()->activeAction(), nullptr);
-    window->menuBar()->activeAction()->menu()->hide();
-    window->menuBar()->setActiveAction(nullptr);
+}
 
-    QTest::keyPress(window->documents(), Qt::Key_Alt);
-    QTest::keyRelease(window->documents(), Qt::Key_Alt);
+TEST_F(Documents, AltAloneLeadsToTheMenuBar)
+{
+    window->openEntry("TSasLikFrm");
+    ASSERT_EQ(window->menuBar()->activeAction(), nullptr);
+    QWidget *focused = QApplication::focusWidget();
+    // As the display tells it: the modifiers before the key.
+    QTest::simulateEvent(focused, true, Qt::Key_Alt, Qt::NoModifier, {}, false);
+    QTest::simulateEvent(focused, false, Qt::Key_Alt, Qt::AltModifier, {}, false);
     EXPECT_NE(window->menuBar()->activeAction(), nullptr);
+    EXPECT_TRUE(window->menuBar()->hasFocus());
+    QTest::keyClick(window->menuBar(), Qt::Key_Escape);
+    EXPECT_EQ(QApplication::focusWidget(), focused);
+}
+
+TEST_F(Documents, AltWithALetterIsNoAltAlone)
+{
+    window->openEntry("TSasLikFrm");
+    QWidget *focused = QApplication::focusWidget();
+    QTest::simulateEvent(focused, true, Qt::Key_Alt, Qt::NoModifier, {}, false);
+    QTest::simulateEvent(focused, true, Qt::Key_1, Qt::AltModifier, {}, false);
+    QTest::simulateEvent(focused, false, Qt::Key_1, Qt::AltModifier, {}, false);
+    QTest::simulateEvent(focused, false, Qt::Key_Alt, Qt::AltModifier, {}, false);
+    EXPECT_EQ(window->menuBar()->activeAction(), nullptr);
 }
 
 TEST_F(Documents, ALetterWithoutAnOpenWindowRunsNothing)
