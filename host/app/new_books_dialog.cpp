@@ -12,7 +12,9 @@
 
 namespace {
 
+// As the columns of the users have it.
 constexpr int longestName = 10;
+constexpr int longestPassword = 100;
 
 } // namespace
 
@@ -22,14 +24,15 @@ TNewBooksDlg::TNewBooksDlg(const QString &folder, QWidget *owner)
       EmptyRadio(new QRadioButton("&Tuščios knygos", this))
 {
     setObjectName("TNewBooksDlg");
-    describe("Naujos knygos",
-             {TFieldRow::custom({}, "DemoRadio", DemoRadio), TFieldRow::custom({}, "EmptyRadio", EmptyRadio),
-              TFieldRow::freeEdit("Administratoriaus &vardas:", "NameEdit").maxLength(longestName),
-              TFieldRow::freeEdit("S&laptažodis:", "PassEdit").password(),
-              TFieldRow::freeEdit("Slaptažodis &dar kartą:", "RepeatEdit").password()},
-             nullptr,
-             {{"&Sukurti", TDialogButton::Save, true, {}, {}},
-              {"&Atšaukti", TDialogButton::Cancel, false, {}, {}}});
+    describe(
+        "Naujos knygos",
+        {TFieldRow::custom({}, "DemoRadio", DemoRadio), TFieldRow::custom({}, "EmptyRadio", EmptyRadio),
+         TFieldRow::freeEdit("Administratoriaus &vardas:", "NameEdit").maxLength(longestName),
+         TFieldRow::freeEdit("S&laptažodis:", "PassEdit").maxLength(longestPassword).password(),
+         TFieldRow::freeEdit("Slaptažodis &dar kartą:", "RepeatEdit").maxLength(longestPassword).password()},
+        nullptr,
+        {{"&Sukurti", TDialogButton::Save, true, {}, {}},
+         {"&Atšaukti", TDialogButton::Cancel, false, {}, {}}});
     NameEdit = control<QLineEdit>("NameEdit");
     PassEdit = control<QLineEdit>("PassEdit");
     RepeatEdit = control<QLineEdit>("RepeatEdit");

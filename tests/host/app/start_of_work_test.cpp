@@ -1,0 +1,59 @@
+#include "host/app/start_of_work.h"
+
+#include "tests/host/books.h"
+#include "tests/support/message_box.h"
+
+namespace {
+
+class StartOfWork : public WithMainDatas {
+protected:
+    // Months after the start of work, the last one with a balance of each kind but the second.
+    void closeMonths(int months)
+    {
+        for (const char *sql :
+             {"insert into bd_period values (1, 2026, 0, 0)", "insert into bd_period values (2, 2026, 1, 0)",
+              "insert into bd_period values (6, 2026, 1, 1)"})
+            fin->ExecSQL(sql);
+        addSmallChart(fin);
+        fin->ExecSQL("insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid) values (1, 5, 6)");
+        for (int month = 1; month <= months; ++month) {
+            fin->ExecSQL("insert into bd_period values (:id, 2026, 1, :month)",
+                         {{"id", 6 + month}, {"month", 1 + month}});
+            fin->ExecSQL("insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid) values (:id, 5, :per)",
+                         {{"id", 1 + month}, {"per", 6 + month}});
+        }
+        GetPeriod();
+    }
+    bool embedded() const { return GetParam() == Engine::Sqlite; }
+};
+ON_BOTH_ENGINES(StartOfWork);
+
+} // namespace
+
+TEST_P(StartOfWork, IsSetWithoutAQuestionWhileNoMonthIsClosed)
+{
+    EXPECT_TRUE(mayResetStartOfWork());
+    closeMonths(0);
+    EXPECT_TRUE(mayResetStartOfWork());
+}
+
+TEST_P(StartOfWork, TheQuestionTellsWhatWouldBeLostAndWhoMakesTheBackup)
+{
+    closeMonths(2);
+    NextBoxes asked{QMessageBox::No};
+    EXPECT_FALSE(mayResetStartOfWork());
+    const QString text = asked.at(0).text;
+    EXPECT_TRUE(text.contains("Mėnesių, kurie bus ištrinti: 2\nLikučių, kurie liks be periodo: 2"))
+        << qPrintable(text);
+    EXPECT_EQ(text.contains("bus padaryta atsarginė kopija"), embedded()) << qPrintable(text);
+    EXPECT_EQ(text.contains("pasidarykite serverio"), !embedded()) << qPrintable(text);
+}
+
+TEST_P(StartOfWork, OnAServerTheAnswerAloneDecides)
+{
+    if (embedded())
+        GTEST_SKIP() << "embedded books are backed up by the program";
+    closeMonths(1);
+    NextBoxes asked{QMessageBox::Yes};
+    EXPECT_TRUE(mayResetStartOfWork());
+}
