@@ -1,11 +1,9 @@
 #include "host/accounts/accounts.h"
 
+#include "host/data/account_picker.h"
 #include "host/data/accounts_chart.h"
-#include "host/data/code_picker.h"
 
 #include <QApplication>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -22,7 +20,7 @@ QString GetSasById(double id, bool withName)
     const auto account = findAccount(books(), id);
     if (!account)
         return {};
-    return withName ? account->number + u"  "_s + account->name : account->number;
+    return withName ? account->number + QStringLiteral("  ") + account->name : account->number;
 }
 
 double GetSasByNr(const QString &nr)
@@ -44,11 +42,5 @@ QString GetSasKind(double id)
 
 double OpenSasModal(bool anyAccount, unsigned char firstView)
 {
-    TCodePick pick;
-    pick.caption = u"Sąskaitų planas"_s;
-    pick.name = u"SasPicker"_s;
-    pick.anyRow = anyAccount;
-    pick.view = firstView == 2 ? TCodePick::View::List : TCodePick::View::Tree;
-    const auto chart = std::make_shared<const TCodeTree>(chartOfAccounts(books()));
-    return TCodePicker(QApplication::activeWindow(), chart, pick).choose();
+    return pickAccount(QApplication::activeWindow(), {anyAccount, firstView}, 0);
 }

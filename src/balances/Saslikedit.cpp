@@ -1,6 +1,6 @@
 #include "src/balances/Saslikedit.h"
 
-#include "host/data/sas_edit.h"
+#include "host/data/account_row.h"
 #include "toolkit/text/format.h"
 #include "toolkit/widgets/guard.h"
 
@@ -56,7 +56,6 @@ TSasLikDlg::TSasLikDlg(QWidget *owner, double id)
     : TDialog(owner),
       isNew(id == 0),
       qryLik(MainDatas()->mnFin_Db(), "select *\nfrom bd_saslik\nwhere ssl_id=:id", this),
-      SasEdit(new TSasEdit),
       DebRadio(new QRadioButton("Debetinis likutis")),
       KredRadio(new QRadioButton("Kreditinis likutis"))
 {
@@ -66,19 +65,14 @@ TSasLikDlg::TSasLikDlg(QWidget *owner, double id)
     DebRadio->setObjectName("DebRadio");
     DebRadio->setChecked(true);
     KredRadio->setObjectName("KredRadio");
-    SasEdit->setLabel("Sąskaita");
-    SasEdit->setDetailOnly(true);
     describe(
         isNew ? "Naujas likutis" : "Keisti sąskaitos likutį",
-        {TFieldRow::custom("&Sąskaita", "SasEdit", SasEdit).width(52),
+        {SasRow("&Sąskaita", "SSL_SASID", {.picker = {false, 1}}).width(52),
          TFieldRow::group("Likučiai", {TFieldRow::custom({}, "Side", besideEachOther(DebRadio, KredRadio))}),
          TFieldRow::edit("Suma", "SSL_SUM_DB").width(16), TFieldRow::edit("Suma", "SSL_SUM_KR").width(16)},
         &qryLik);
     setHelpTopic(17);
     showSide();
-    SasEdit->commitWith(&qryLik);
-    SasEdit->OnChange = [this] { takeAccount(); };
-    connectGuarded(SasEdit, &TSasEdit::browse, this, [this] { pickAccount(); });
     connectGuarded(DebRadio, &QRadioButton::toggled, this, [this] { sideChosen(); });
     SasLikDlg = this;
 }
@@ -119,7 +113,6 @@ void TSasLikDlg::Load()
         if (qryLik.FieldByName("SSL_SUM_KR")->AsFloat() != 0)
             KredRadio->setChecked(true);
         qryLik.Edit();
-        SasEdit->setValue(qryLik.FieldByName("SSL_SASID")->AsFloat());
     }
     if (CurrentUser().viewOnly)
         DisableFormControls(this);
@@ -159,25 +152,6 @@ void TSasLikDlg::checkAmount(const TField &field, double proposed)
         throw Exception(fieldNamed(*chosen(), "turi būti didesnis už 0!"));
     if (!inWholeCents(proposed))
         throw Exception(fieldNamed(field, "gali turėti tik du skaitmenis po kablelio!"));
-}
-
-// --- the account
-
-// While an account is still being searched for, the row keeps the one it has.
-void TSasLikDlg::takeAccount()
-{
-    if (SasEdit->Status() == u'S' || !qryLik.editing())
-        return;
-    TField *account = qryLik.FieldByName("SSL_SASID");
-    if (SasEdit->value() != account->AsFloat())
-        account->setValue(SasEdit->value() > 0 ? Variant(SasEdit->value()) : Variant());
-}
-
-void TSasLikDlg::pickAccount()
-{
-    const double id = OpenSasModal(false, 1);
-    if (id > 0)
-        SasEdit->setValue(id);
 }
 
 // --- the side
@@ -222,7 +196,6 @@ void TSasLikDlg::carryAmount()
 void TSasLikDlg::Validate()
 {
     other()->setAsFloat(0);
-    SasEdit->commit();
     const TField *account = qryLik.FieldByName("SSL_SASID");
     validate(*account, account->Value());
     if (qryLik.State() != dsInsert)

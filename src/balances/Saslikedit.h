@@ -5,7 +5,6 @@
 #include "toolkit/widgets/dialog.h"
 
 class QRadioButton;
-class TSasEdit;
 
 // The opening balance of one account.
 namespace Saslikedit {
@@ -34,8 +33,6 @@ private:
     void setRules();
     void validate(const TField &field, const Variant &proposed);
     void checkAmount(const TField &field, double proposed);
-    void takeAccount();
-    void pickAccount();
     void sideChosen();
     void showSide();
     void carryAmount();
@@ -45,7 +42,6 @@ private:
     const bool isNew;
     bool debitChosen = true;
     TQuery qryLik;
-    TSasEdit *SasEdit;
     QRadioButton *DebRadio;
     QRadioButton *KredRadio;
 };

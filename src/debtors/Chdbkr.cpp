@@ -63,7 +63,7 @@ void TEditDbKrDlg::Load()
         qryDbKr.Append();
     else
         qryDbKr.Edit();
-    fillControls(qryDbKr.FieldByName("DKA_SASID")->AsFloat(), qryDbKr.FieldByName("DKA_SASID_2")->AsFloat());
+    fillControls();
     if (start == Start::Rewrite) {
         SasEdit->setValue(0);
         qryDbKr.FieldByName("DKA_KOD")->Clear();

@@ -45,8 +45,7 @@ void TCopyDbKrFrm::Load()
     qrySource.Open();
     qryDbKr.Insert();
     copyRow();
-    fillControls(qrySource.FieldByName("DKA_SASID")->AsFloat(),
-                 qrySource.FieldByName("DKA_SASID_2")->AsFloat());
+    fillControls();
     qrySource.Close();
     protectFromViewers();
 }

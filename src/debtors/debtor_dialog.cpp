@@ -1,29 +1,27 @@
 #include "src/debtors/debtor_dialog.h"
 
 #include "host/data/sas_edit.h"
-#include "toolkit/widgets/guard.h"
 
 #include <QPushButton>
 
 namespace {
 
-const QString detailKind = QStringLiteral("D");
+// Only a detail account can carry what is owed.
+const TSasRule owedOn = {.whenNotDetail = TSasRule::Clear};
 
 } // namespace
 
 TDbKrDialog::TDbKrDialog(QWidget *owner, double id)
     : TDialog(owner),
       qryDbKr(MainDatas()->mnFin_Db(), "select * from Bd_DbKrAsm where DKA_ID =:ID", this),
-      SasEdit(new TSasEdit(this)),
-      SasEdit2(new TSasEdit(this)),
+      SasEdit(new TSasEdit(owedOn, this)),
+      SasEdit2(new TSasEdit(owedOn, this)),
       twoAccounts(UAB())
 {
     qryDbKr.RequestLive = true;
     qryDbKr.setParam("ID", id);
     setHelpTopic(9);
     describeColumns();
-    follow(SasEdit, "DKA_SASID");
-    follow(SasEdit2, "DKA_SASID_2");
 }
 
 double TDbKrDialog::rowId()
@@ -95,10 +93,8 @@ void TDbKrDialog::putButtonsBetween(const QString &before, const QString &after)
     setTabOrder(cancel, control(after));
 }
 
-void TDbKrDialog::fillControls(double receivables, double payables)
+void TDbKrDialog::fillControls()
 {
-    SasEdit->setValue(receivables);
-    SasEdit2->setValue(payables);
     fillList("DKA_BANK_PAV");
     fillList("DKA_BANK_KOD");
 }
@@ -121,29 +117,6 @@ void TDbKrDialog::protectFromViewers()
         DisableFormControls(this);
 }
 
-// --- the accounts
-
-// Only a detail account can carry what is owed: any other one, and none, empties the column.
-void TDbKrDialog::follow(TSasEdit *picker, const QString &column)
-{
-    picker->setDetailOnly(true);
-    picker->commitWith(&qryDbKr);
-    picker->OnChange = [this, picker, column] {
-        if (!qryDbKr.editing() || picker->Status() == u'S')
-            return;
-        TField *account = qryDbKr.FieldByName(column);
-        if (picker->value() > 0 && GetSasKind(picker->value()) == detailKind)
-            account->setValue(picker->value());
-        else
-            account->Clear();
-    };
-    connectGuarded(picker, &TSasEdit::browse, this, [picker] {
-        const double id = OpenSasModal(true, 2);
-        if (id > 0)
-            picker->setValue(id);
-    });
-}
-
 // --- saving
 
 void TDbKrDialog::checkCode()
@@ -163,8 +136,6 @@ bool TDbKrDialog::takesNewKey() const
 
 void TDbKrDialog::Validate()
 {
-    SasEdit->commit();
-    SasEdit2->commit();
     checkCode();
     if (takesNewKey()) {
         const Variant largest = GetFieldResult(MainDatas()->mnFin_Db(), "select max(dka_id) from bd_dbkrasm");

@@ -25,8 +25,8 @@ protected:
     // The buttons follow a column in the tab order, and another column follows them.
     void putButtonsBetween(const QString &before, const QString &after);
 
-    // Fills the pick lists and shows these accounts; to be called when the row is being edited.
-    void fillControls(double receivables, double payables);
+    // Fills the pick lists; to be called when the row is being edited.
+    void fillControls();
     void protectFromViewers();
 
     // The code must be nobody else's; a new row gets its key.
@@ -40,7 +40,6 @@ protected:
 
 private:
     void describeColumns();
-    void follow(TSasEdit *picker, const QString &column);
     void fillList(const QString &column);
     void checkCode();
 

@@ -42,7 +42,15 @@ bool TDBControlEvents::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
-TDBControl::TDBControl(QWidget *widget) : self(widget), events(new TDBControlEvents(this)) {}
+TDBControl::TDBControl(QWidget *widget) : self(widget), face(widget), events(new TDBControlEvents(this)) {}
+
+void TDBControl::setFace(QWidget *part)
+{
+    face = part;
+    part->installEventFilter(events);
+    self->setFocusProxy(part);
+    self->setFocusPolicy(Qt::StrongFocus);
+}
 
 TDBControl::~TDBControl()
 {
@@ -179,6 +187,11 @@ void TDBControl::changedByUser()
 {
     isPending = true;
     clearInvalid();
+    tellEdited();
+}
+
+void TDBControl::tellEdited()
+{
     emit events->edited();
 }
 
@@ -202,7 +215,7 @@ bool TDBControl::showsValue() const
 
 bool TDBControl::isFocused() const
 {
-    return self->hasFocus();
+    return face->hasFocus();
 }
 
 void TDBControl::markInvalid(const QString &why)
@@ -210,7 +223,7 @@ void TDBControl::markInvalid(const QString &why)
     if (why == reason)
         return;
     reason = why;
-    TInvalidMark::put(self, why);
+    TInvalidMark::put(face, why);
 }
 
 TDBControl *TDBControl::of(QWidget *widget)

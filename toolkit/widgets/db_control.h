@@ -38,7 +38,7 @@ public:
     // Whether the user changed something that the set does not have yet.
     bool pending() const { return isPending; }
     // Gives the pending text to the column. Raises what the column raises; the text stays as typed then.
-    void commit();
+    virtual void commit();
     // Gives up what is pending and shows the column's value.
     void restore();
 
@@ -50,7 +50,7 @@ public:
 
     // The reason why the last commit was refused; empty when the control is valid.
     const QString &invalidReason() const { return reason; }
-    void markInvalid(const QString &why);
+    virtual void markInvalid(const QString &why);
     void clearInvalid() { markInvalid({}); }
 
     QWidget *widget() const { return self; }
@@ -69,10 +69,15 @@ protected:
     // Lets the user change the control, or not.
     virtual void setEditable(bool on) = 0;
 
+    // Of a control made of several: the part that has the focus and wears the mark. For the constructor.
+    void setFace(QWidget *part);
+
     // To be called when the user changed something.
     void changedByUser();
     // The same for a control whose value is complete with every change: commits at once. A refusal is marked.
     void chosenByUser();
+    // Calls the handlers of whenEdited(): what showsValue() says is another thing than before.
+    void tellEdited();
     bool isFocused() const;
     // Shows the column's value anew unless something is pending.
     void refresh();
@@ -87,6 +92,7 @@ private:
     void onField(const QString &name);
 
     QWidget *self;
+    QWidget *face;
     QPointer<TDataSet> boundSet;
     QString boundColumn;
     QString reason;

@@ -222,7 +222,7 @@ private:
     void addBalance(const QString &account, bool onCredit, const QString &amount)
     {
         hands.whenAsked([=, this](QWidget &dialog) {
-            TTourHands::type(*dialog.findChild<QWidget *>("SasEdit")->findChild<QLineEdit *>(), account);
+            TTourHands::type(*dialog.findChild<QWidget *>("SSL_SASID")->findChild<QLineEdit *>(), account);
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
             TTourHands::type(*dialog.findChild<QLineEdit *>("SSL_SUM_DB"), amount);
             if (onCredit)

@@ -160,18 +160,20 @@ TEST_P(BalanceDialog, AnAccountThatWasNotChosenIsRefused)
     EXPECT_EQ(stored(), QStringList());
 }
 
-TEST_P(BalanceDialog, ASummaryAccountIsRefusedWhenItIsTyped)
+TEST_P(BalanceDialog, ASummaryAccountIsRefusedAndStaysToBeCorrected)
 {
     addBalance([this](TSasLikDlg &dialog) {
         chooseAccount(dialog, bank);
-        NextBoxes shown{QMessageBox::Ok};
-        auto *number = dialog.findChild<TSasEdit *>()->findChild<QLineEdit *>();
-        type(number, "24");
-        leave(number);
-        EXPECT_EQ(shown.at(0).text, "Sąskaita negali būti suminė!");
-        EXPECT_EQ(dialog.findChild<TSasEdit *>()->GetText(), "241");
+        auto *account = dialog.findChild<TSasEdit *>();
+        type(account->findChild<QLineEdit *>(), "24");
+        leave(account->findChild<QLineEdit *>());
+        EXPECT_EQ(account->invalidReason(), "Sąskaita negali būti suminė!");
+        EXPECT_EQ(account->value(), bank);
+        EXPECT_EQ(refusal(dialog), "Sąskaita negali būti suminė!");
+        EXPECT_EQ(account->GetText(), "24");
         pressButton(dialog, "&Atšaukti");
     });
+    EXPECT_EQ(stored(), QStringList());
 }
 
 TEST_P(BalanceDialog, TheAccountBeingTypedIsSavedByEnter)

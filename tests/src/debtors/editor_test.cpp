@@ -186,7 +186,10 @@ TEST_P(DebtorEditor, AnAccountThatIsNoDetailAccountEmptiesTheColumn)
 {
     add([this](TEditDbKrDlg &dialog) {
         fill(dialog, "Pirmas", "A", owed);
-        picker(dialog)->setValue(summary);
+        EXPECT_THROW(picker(dialog)->setValue(summary), Exception);
+        EXPECT_EQ(picker(dialog)->value(), 0);
+        EXPECT_EQ(refusal(dialog), "Sąskaita „4“ yra suminė: pasirinkite detaliąją");
+        picker(dialog)->setValue(0);
         EXPECT_EQ(refusal(dialog), "Laukas \"Sąskaitos\" negali būti tuščias!");
         pressButton(dialog, "&Atšaukti");
     });
