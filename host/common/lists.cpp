@@ -50,29 +50,6 @@ void addAll(TStrings *items, const std::vector<Item> &read)
     }
 }
 
-bool isNumber(const Variant &value)
-{
-    switch (value.typeId()) {
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Double:
-        return true;
-    default:
-        return false;
-    }
-}
-
-// Keys travel as whole numbers and as doubles holding whole values: 6 and 6.0 are one key.
-bool sameKey(const Variant &a, const Variant &b)
-{
-    if (a.isNull() || b.isNull())
-        return a.isNull() && b.isNull();
-    if (isNumber(a) && isNumber(b))
-        return a.toDouble() == b.toDouble();
-    return a == b;
-}
 } // namespace
 
 void ReadList(TDataSet *set, TStrings *items)

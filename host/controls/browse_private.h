@@ -2,8 +2,8 @@
 
 #include "host/controls/browse_frm.h"
 #include "host/controls/list_finder.h"
-#include "host/controls/list_query.h"
 #include "host/controls/lookup_texts.h"
+#include "toolkit/data/query.h"
 
 #include <QElapsedTimer>
 #include <QLabel>
@@ -12,9 +12,9 @@
 
 // What the files of the base list share.
 struct TBrowseFrm::Private {
-    explicit Private(TBrowseFrm *frm) : query(frm), finder(&query) {}
+    explicit Private(TBrowseFrm *frm) : query(nullptr, frm), finder(&query) { query.readsAside = true; }
 
-    TListQuery query;
+    TQuery query;
     TListFinder finder;
     QTimer tmrFind; // waits for the end of typing, then drives the search piece by piece
 

@@ -94,9 +94,9 @@ void Catalogue::load()
     forget();
     loadColumns();
     loadReferences();
-    completeReferences();
     loadRoutines();
     loaded = true;
+    completeReferences();
 }
 
 void Catalogue::loadColumns()
@@ -160,12 +160,12 @@ void Catalogue::completeReferences()
     }
 }
 
-QStringList Catalogue::keyOf(const QString &table) const
+QStringList Catalogue::keyOf(const QString &table)
 {
     QStringList names;
-    for (const Column &column : tables.value(table)) {
-        if (column.info.key)
-            names.append(column.info.name);
+    for (const TColumnInfo &column : columnsOf(table)) {
+        if (column.key)
+            names.append(column.name);
     }
     return names;
 }

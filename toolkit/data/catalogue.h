@@ -11,6 +11,7 @@ public:
     explicit Catalogue(std::shared_ptr<EngineConnection> connection, Engine engine);
 
     QList<TColumnInfo> columnsOf(const QString &table);
+    QStringList keyOf(const QString &table);
     ColumnKind kindOf(const QString &column);
     bool isGivenByDatabase(const QString &table, const QString &column);
     bool isRequired(const QString &column);
@@ -41,7 +42,6 @@ private:
     void loadReferences();
     void completeReferences();
     void loadRoutines();
-    QStringList keyOf(const QString &table) const;
 
     std::shared_ptr<EngineConnection> connection;
     const Engine engine;

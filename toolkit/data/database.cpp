@@ -215,6 +215,11 @@ QList<TColumnInfo> TDatabase::columnsOf(const QString &table) const
     return d->catalogue.columnsOf(table);
 }
 
+QStringList TDatabase::keyOf(const QString &table) const
+{
+    return d->catalogue.keyOf(table);
+}
+
 ColumnKind TDatabase::kindOf(const QString &column) const
 {
     return d->catalogue.kindOf(column);
@@ -298,9 +303,9 @@ TTransaction::~TTransaction()
 
 void TTransaction::commit()
 {
-    done = true;
     if (database->transactionNumber() != number)
         throw EDatabaseError(u"Pakeitimai neįrašyti: transakcija nutrūko."_s);
     if (owner)
         database->Commit();
+    done = true; // a commit that was refused leaves the transaction to be rolled back
 }

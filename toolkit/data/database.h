@@ -90,6 +90,7 @@ public:
 
     // The catalogue. An unknown table gives an empty list.
     QList<TColumnInfo> columnsOf(const QString &table) const;
+    QStringList keyOf(const QString &table) const; // the columns of its primary key
     ColumnKind kindOf(const QString &column) const override;
     QString joinCondition(const QString &left, const QString &right) const override;
     QStringList columnNames(const QString &table) const override;

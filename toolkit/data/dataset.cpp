@@ -5,7 +5,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int firstRows = 100;
 constexpr int sliceMs = 8;
 constexpr int rowsPerLook = 64; // rows between two looks at the clock
 
@@ -63,7 +62,9 @@ void TDataSet::Private::makeFields(const QList<TResultColumn> &columns)
     }
     std::erase(retired, nullptr);
     for (const auto &[name, apply] : settings) {
-        if (TField *field = q->FindField(name))
+        TField *field = q->FindField(name);
+        Q_ASSERT_X(field, "TDataSet::describe", qPrintable(name));
+        if (field)
             apply(*field);
     }
 }
@@ -106,7 +107,9 @@ TField *TDataSet::addCalculated(const QString &name, TFieldType type, int size)
 
 void TDataSet::describe(const QString &name, std::function<void(TField &)> settings)
 {
-    if (TField *field = FindField(name))
+    TField *field = FindField(name);
+    Q_ASSERT_X(field || !Active(), "TDataSet::describe", qPrintable(name));
+    if (field)
         settings(*field);
     d->settings.emplace_back(name, std::move(settings));
 }
@@ -174,16 +177,14 @@ void TDataSet::Private::clearRows()
 {
     stopFetching();
     failure.clear();
+    stop = false;
     arena.clear();
     rows = {};
     visible = {};
     published = 0;
     current = -1;
     bof = eof = true;
-    held.clear();
-    heldDeletions.clear();
-    rowsBefore = {};
-    holding = false;
+    forgetHeld();
     forgetCalculated();
 }
 
@@ -206,10 +207,12 @@ bool TDataSet::Private::fetchRows(int limit, qint64 milliseconds)
     bool more = true;
     try {
         for (int count = 0; count < limit; ++count) {
-            more = statement->next();
+            more = !stop && statement->next();
             if (!more)
                 break;
             rows.push_back(arena.append(*statement, columns));
+            if (holding)
+                rowsBefore.push_back(rows.back());
             if (milliseconds >= 0 && count % rowsPerLook == 0 && clock.elapsed() >= milliseconds)
                 break;
         }
@@ -304,6 +307,16 @@ int TDataSet::RecordCount()
 {
     d->fetchAll();
     return d->seenCount();
+}
+
+void TDataSet::stopReading()
+{
+    d->stop = d->statement != nullptr;
+}
+
+bool TDataSet::stopped() const
+{
+    return d->stop;
 }
 
 bool TDataSet::canFetchMore(const QModelIndex &parent) const

@@ -2,6 +2,7 @@
 
 #include "toolkit/data/database.h"
 #include "toolkit/data/field.h"
+#include "toolkit/data/record.h"
 
 #include <QAbstractTableModel>
 
@@ -48,8 +49,16 @@ public:
     int RecordCount();        // fetches all
     int fetchedCount() const; // rows here so far
     bool fetchedAll() const;
-    // Moves to the first record whose column equals key; false, and the cursor stays, when there is none.
+    // Moves to the first record whose column equals key; false, and the cursor stays, when there is none or
+    // the reading was stopped before it came. Reads until it is found.
     bool Locate(const QString &column, const Variant &key);
+    // The same among the rows that are here, from this one on, and without moving: its row, or -1. So a list
+    // that is still being read can be searched as its rows come.
+    int findRow(const QString &column, const Variant &key, int from = 0) const;
+
+    // Ends the reading at the next row; the rows that are here stay. It may be called from the busy hook.
+    void stopReading();
+    bool stopped() const; // the set holds only a part of its rows, until it is opened again
 
     // --- editing
     void Edit();   // an empty set gets a new record
@@ -65,6 +74,11 @@ public:
     void removeFlusher(int number);
     bool editing() const { return State() == dsEdit || State() == dsInsert; }
 
+    // How a post goes on that another station's change stopped (EChangedElsewhere). The columns are those of
+    // the exception or some of them; the set is in edit state. Nothing else that was typed changes.
+    void acceptOther(const QList<TChangedColumn> &columns); // theirs becomes the value, old and new
+    void keepOwn(const QList<TChangedColumn> &columns);     // the next Post writes over theirs
+
     // --- fields
     TField *FieldByName(const QString &name) const; // raises EDatabaseError when there is none
     TField *FindField(const QString &name) const;   // null when there is none
@@ -72,7 +86,8 @@ public:
     TField *Field(int index) const;
     // A field computed by onCalcFields; to be added before the set is opened.
     TField *addCalculated(const QString &name, TFieldType type, int size = 0);
-    // Settings of a field (label, format, rules …) given before the set is open; applied at every Open.
+    // Settings of a field (label, format, rules …) given before the set is open; applied at every Open. Every
+    // described field must be there then.
     void describe(const QString &name, std::function<void(TField &)> settings);
 
     // --- client filter: only records for which it is true are seen. Null: all. It must not raise.
@@ -98,9 +113,7 @@ signals:
     void stateChanged();
     void scrolled(); // the cursor stands on another record, or on the same one anew
     void fieldChanged(const QString &name);
-    void
-    updatingRecord(); // Post asks the bound controls for their pending text; a control raises by setting it
-    void fetched();   // more rows came; see fetchedAll()
+    void fetched(); // more rows came; see fetchedAll()
     void fetchFailed(const QString &message);
 
 protected:
@@ -108,26 +121,20 @@ protected:
     virtual std::unique_ptr<class TStatement> openStatement() = 0; // prepared, bound, not run
     // Whether Open reads all rows, so that no half-read cursor stands in the way of a transaction.
     virtual bool readsAtOnce() const { return false; }
-    // They write the current record and read back what the database assigned, all or nothing.
-    virtual void writeInsert() = 0;
-    virtual void writeUpdate() = 0;
-    virtual void writeDelete() = 0;
+    // Writes one record, all or nothing, and puts what the database made of it into change.now.
+    virtual void write(TRecordChange &change) = 0;
     // Whether records may be changed at all, and whether changes are held back until they are applied
     // together.
     virtual bool canWrite() const { return true; }
     virtual bool holdsChanges() const { return false; }
-    // Fields, by index, as the record being written has them and as they were before it was changed.
-    const Variant &writtenValue(int field) const;
-    const Variant &unchangedValue(int field) const;
-    void setReread(int field, const Variant &value);
+    // A field's text for display as it would be in this record.
+    QString textIn(const Record &record, int field);
 
-    // The changes held back, in the order in which the records were first changed.
-    enum class RowState { Unmodified, Inserted, Modified, Deleted };
     bool hasHeldChanges() const;
-    void
-    forEachHeldChange(const std::function<void(RowState)> &write); // within it the values above are the row's
-    void heldChangesAreWritten();
-    void dropHeldChanges(); // the rows are as they were read
+    // Writes the changes held back, in the order in which the records were first changed. They stay held.
+    void writeHeldChanges();
+    void heldChangesAreWritten(); // the rows are what the database made of them
+    void dropHeldChanges();       // the rows are as they were read
 
 private:
     friend class TField;

@@ -1,3 +1,4 @@
+#include "toolkit/data/connection.h"
 #include "toolkit/data/dataset_private.h"
 
 // --- rows and the filter
@@ -99,6 +100,8 @@ Variant TDataSet::Private::value(int field)
 {
     if (state == dsInactive)
         return {};
+    if (lookInto && field < storedFields())
+        return (*lookInto)[size_t(field)];
     if (lookAt >= 0)
         return valueAt(lookAt, field);
     if (q->editing())
@@ -231,46 +234,32 @@ void TDataSet::setRecNo(int row)
         d->moveTo(row);
 }
 
-namespace {
-
-bool isNumber(const Variant &value)
+int TDataSet::findRow(const QString &column, const Variant &key, int from) const
 {
-    switch (value.typeId()) {
-    case QMetaType::Double:
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Bool:
-        return true;
-    default:
-        return false;
+    const int field = FieldByName(column)->index();
+    for (int seen = std::max(0, from); seen < d->seenCount(); ++seen) {
+        if (sameKey(d->valueAt(d->sourceOfSeen(seen), field), key))
+            return seen;
     }
+    return -1;
 }
-
-bool sameKey(const Variant &cell, const Variant &key)
-{
-    if (cell.isNull() || key.isNull())
-        return cell.isNull() && key.isNull();
-    if (isNumber(cell) && isNumber(key))
-        return cell.toDouble() == key.toDouble();
-    return cell == key || cell.toString() == key.toString();
-}
-
-} // namespace
 
 bool TDataSet::Locate(const QString &column, const Variant &key)
 {
     d->leaveRecord();
-    const int field = FieldByName(column)->index();
-    for (int seen = 0;; ++seen) {
-        d->fetchUntilSeen(seen + 1);
-        if (seen >= d->seenCount())
+    BusyBeat busy;
+    busy.start();
+    int looked = 0;
+    for (;;) {
+        const int found = findRow(column, key, looked);
+        if (found >= 0) {
+            d->moveTo(found);
+            return true;
+        }
+        looked = d->seenCount();
+        if (!d->fetchRows(firstRows, -1) && looked == d->seenCount())
             break;
-        if (!sameKey(d->valueAt(d->sourceOfSeen(seen), field), key))
-            continue;
-        d->moveTo(seen);
-        return true;
+        busy.beat();
     }
     if (!d->failure.isEmpty())
         throw EDatabaseError(d->failure);

@@ -128,7 +128,6 @@ void TDataSet::Private::changed(int row)
 
 void TDataSet::Private::flush()
 {
-    emit q->updatingRecord();
     const auto all = flushers; // a flusher may remove itself
     for (const auto &[number, flusher] : all)
         flusher();
@@ -141,24 +140,56 @@ bool isBlank(const Variant &value)
     return value.isNull() || (value.typeId() == QMetaType::QString && value.toString().isEmpty());
 }
 
+[[noreturn]] void raiseEmpty(const TField &field)
+{
+    throw EFieldRefused(field.DisplayLabel.isEmpty()
+                            ? u"Neužpildytas privalomas laukas."_s
+                            : u"Laukas \"%1\" negali būti tuščias!"_s.arg(field.DisplayLabel),
+                        field.FieldName());
+}
+
 } // namespace
 
 void TDataSet::Private::checkRequired() const
 {
     for (const std::unique_ptr<TField> &field : fields) {
         if (field->Required && !field->isCalculated() && isBlank(buffer[size_t(field->index())]))
-            throw EDatabaseError(u"Laukas \"%1\" negali būti tuščias!"_s.arg(field->label()));
+            raiseEmpty(*field);
+    }
+}
+
+// What the database tells by the names of its columns, told by the labels of the fields.
+void TDataSet::Private::raiseInCaptions(const EConstraintError &error, const Record &record)
+{
+    QStringList parts;
+    for (const QString &column : error.columns) {
+        const TField *field = q->FindField(column);
+        if (!field || field->DisplayLabel.isEmpty() || field->isCalculated())
+            throw;
+        parts.append(u"%1 „%2“"_s.arg(field->DisplayLabel, q->textIn(record, field->index())));
+    }
+    if (parts.isEmpty())
+        throw;
+    throw EUniqueViolation(u"Toks įrašas jau yra: %1."_s.arg(parts.join(u", "_s)), error.serverText,
+                           error.statement, error.constraint, error.columns);
+}
+
+void TDataSet::Private::writeChange(TRecordChange &change)
+{
+    try {
+        q->write(change);
+    } catch (const EUniqueViolation &error) {
+        raiseInCaptions(error, change.now);
     }
 }
 
 void TDataSet::Private::write()
 {
-    if (q->holdsChanges())
+    if (q->holdsChanges() || (state == dsEdit && !modified))
         return;
-    if (state == dsInsert)
-        q->writeInsert();
-    else if (modified)
-        q->writeUpdate();
+    TRecordChange change{state == dsInsert ? TChangeKind::Inserted : TChangeKind::Modified, before, buffer};
+    writeChange(change);
+    buffer = change.now;
 }
 
 void TDataSet::Post()
@@ -169,13 +200,7 @@ void TDataSet::Post()
     if (BeforePost)
         BeforePost(*this);
     d->checkRequired();
-    const Record typed = d->buffer;
-    try {
-        d->write();
-    } catch (...) {
-        d->buffer = typed; // what was read back before the failure never came true
-        throw;
-    }
+    d->write();
     if (d->state == dsInsert)
         d->keepInserted();
     else
@@ -266,8 +291,9 @@ void TDataSet::Delete()
         d->startHolding();
         d->holdDeleted(address);
     } else {
-        d->before = d->arena.values(address, d->storedFields());
-        writeDelete();
+        const Record before = d->arena.values(address, d->storedFields());
+        TRecordChange change{TChangeKind::Deleted, before, before};
+        d->writeChange(change);
     }
     d->modified = false;
     if (d->state == dsEdit)
@@ -282,20 +308,42 @@ void TDataSet::Delete()
     d->scrolled();
 }
 
-// --- for the kinds of data sets
+// --- another station's changes
 
-const Variant &TDataSet::writtenValue(int field) const
+// Theirs becomes the value as it was read; taken over, it is the record's own value, too.
+void TDataSet::Private::takeTheirs(const QList<TChangedColumn> &columns, bool asOwn)
 {
-    return d->writeNow ? (*d->writeNow)[size_t(field)] : d->buffer[size_t(field)];
+    Q_ASSERT(state == dsEdit);
+    for (const TChangedColumn &column : columns) {
+        const size_t at = size_t(q->FieldByName(column.field)->index());
+        before[at] = column.theirs;
+        if (asOwn)
+            buffer[at] = column.theirs;
+    }
+    rereadHeldRow(columns);
+    forgetCalculated();
+    changed(current);
+    for (const TChangedColumn &column : columns)
+        emit q->fieldChanged(column.field);
 }
 
-const Variant &TDataSet::unchangedValue(int field) const
+void TDataSet::acceptOther(const QList<TChangedColumn> &columns)
 {
-    return d->writeBefore ? (*d->writeBefore)[size_t(field)] : d->before[size_t(field)];
+    d->takeTheirs(columns, true);
 }
 
-void TDataSet::setReread(int field, const Variant &value)
+void TDataSet::keepOwn(const QList<TChangedColumn> &columns)
 {
-    if (!d->writeNow)
-        d->buffer[size_t(field)] = value;
+    d->takeTheirs(columns, false);
+}
+
+QString TDataSet::textIn(const Record &record, int field)
+{
+    d->forgetCalculated();
+    const auto done = qScopeGuard([this] {
+        d->lookInto = nullptr;
+        d->forgetCalculated();
+    });
+    d->lookInto = &record;
+    return Field(field)->DisplayText();
 }

@@ -7,34 +7,54 @@ void TDataSet::Private::startHolding()
 {
     if (holding)
         return;
-    fetchAll();
     rowsBefore = rows;
     holding = true;
 }
 
 void TDataSet::Private::holdInserted(RowArena::Address now)
 {
-    held.insert(now, {RowState::Inserted, now, now, ++heldOrder});
+    held.insert(now, {TChangeKind::Inserted, now, now, ++heldOrder, {}});
 }
 
 void TDataSet::Private::holdModified(RowArena::Address old, RowArena::Address now)
 {
     HeldChange change = held.take(old);
-    if (change.state == RowState::Unmodified)
-        change = {RowState::Modified, old, now, ++heldOrder};
+    if (change.order == 0)
+        change = {TChangeKind::Modified, old, now, ++heldOrder, {}};
     change.now = now;
+    change.written.reset();
     held.insert(now, change);
 }
 
 void TDataSet::Private::holdDeleted(RowArena::Address row)
 {
     HeldChange change = held.take(row);
-    if (change.state == RowState::Inserted) // never written: nothing to delete
+    if (change.order > 0 && change.kind == TChangeKind::Inserted) // never written: nothing to delete
         return;
-    if (change.state == RowState::Unmodified)
-        change = {RowState::Deleted, row, row, ++heldOrder};
-    change.state = RowState::Deleted;
+    if (change.order == 0)
+        change = {TChangeKind::Deleted, row, row, ++heldOrder, {}};
+    change.kind = TChangeKind::Deleted;
     heldDeletions.push_back(change);
+}
+
+// The record being edited was read anew: a change of it that is held starts from there.
+void TDataSet::Private::rereadHeldRow(const QList<TChangedColumn> &columns)
+{
+    const auto change = held.find(rows[size_t(sourceOfSeen(current))]);
+    if (change == held.end())
+        return;
+    Record asRead = arena.values(change->before, storedFields());
+    for (const TChangedColumn &column : columns)
+        asRead[size_t(q->FieldByName(column.field)->index())] = column.theirs;
+    change->before = arena.append(asRead);
+}
+
+std::vector<TDataSet::Private::HeldChange> TDataSet::Private::heldInOrder() const
+{
+    std::vector<HeldChange> all = heldDeletions;
+    all.insert(all.end(), held.cbegin(), held.cend());
+    std::sort(all.begin(), all.end(), [](const auto &a, const auto &b) { return a.order < b.order; });
+    return all;
 }
 
 bool TDataSet::hasHeldChanges() const
@@ -42,29 +62,38 @@ bool TDataSet::hasHeldChanges() const
     return !d->held.isEmpty() || !d->heldDeletions.empty();
 }
 
-void TDataSet::forEachHeldChange(const std::function<void(RowState)> &write)
+void TDataSet::writeHeldChanges()
 {
-    std::vector<Private::HeldChange> all = d->heldDeletions;
-    all.insert(all.end(), d->held.cbegin(), d->held.cend());
-    std::sort(all.begin(), all.end(), [](const auto &a, const auto &b) { return a.order < b.order; });
-    const auto done = qScopeGuard([this] { d->writeNow = d->writeBefore = nullptr; });
-    for (const Private::HeldChange &change : all) {
-        const Record now = d->arena.values(change.now, d->storedFields());
-        const Record before = change.state == RowState::Inserted
-                                  ? Record(now.size())
-                                  : d->arena.values(change.before, d->storedFields());
-        d->writeNow = &now;
-        d->writeBefore = &before;
-        write(change.state);
+    for (const Private::HeldChange &each : d->heldInOrder()) {
+        TRecordChange change{each.kind, d->arena.values(each.before, d->storedFields()),
+                             d->arena.values(each.now, d->storedFields())};
+        if (each.kind == TChangeKind::Inserted)
+            change.before.assign(change.now.size(), Variant());
+        d->writeChange(change);
+        if (each.kind != TChangeKind::Deleted)
+            d->held[each.now].written = d->arena.append(change.now);
     }
 }
 
 void TDataSet::heldChangesAreWritten()
 {
-    d->held.clear();
-    d->heldDeletions.clear();
-    d->rowsBefore = {};
-    d->holding = false;
+    for (RowArena::Address &row : d->rows) {
+        const auto change = d->held.constFind(row);
+        if (change != d->held.cend())
+            row = change->written.value_or(row);
+    }
+    d->forgetCalculated();
+    if (d->modelRows() > 0 && !d->held.isEmpty())
+        emit dataChanged(index(0, 0), index(d->modelRows() - 1, columnCount() - 1));
+    d->forgetHeld();
+}
+
+void TDataSet::Private::forgetHeld()
+{
+    held.clear();
+    heldDeletions.clear();
+    rowsBefore = {};
+    holding = false;
 }
 
 void TDataSet::dropHeldChanges()
@@ -78,7 +107,7 @@ void TDataSet::dropHeldChanges()
         d->published = int(d->rows.size());
         d->forgetCalculated();
         d->refilter();
-        heldChangesAreWritten();
+        d->forgetHeld();
         d->settle();
     });
     d->scrolled();

@@ -10,23 +10,6 @@ int TDataSet::columnCount(const QModelIndex &parent) const
     return parent.isValid() || !Active() ? 0 : FieldCount();
 }
 
-namespace {
-
-Qt::Alignment alignmentOf(const TField &field)
-{
-    switch (field.Alignment) {
-    case TAlignment::taRightJustify:
-        return Qt::AlignRight | Qt::AlignVCenter;
-    case TAlignment::taCenter:
-        return Qt::AlignCenter;
-    case TAlignment::taLeftJustify:
-        break;
-    }
-    return Qt::AlignLeft | Qt::AlignVCenter;
-}
-
-} // namespace
-
 // Views ask while they paint: a hook that raises leaves its cell empty.
 QVariant TDataSet::data(const QModelIndex &index, int role) const
 {
@@ -34,7 +17,7 @@ QVariant TDataSet::data(const QModelIndex &index, int role) const
         return {};
     TField &field = *d->fields[size_t(index.column())];
     if (role == Qt::TextAlignmentRole)
-        return QVariant::fromValue(alignmentOf(field));
+        return QVariant::fromValue(toQt(field.Alignment));
     if (role != Qt::DisplayRole && role != Qt::EditRole)
         return {};
     const bool edited = editing() && index.row() == d->current;
@@ -54,6 +37,6 @@ QVariant TDataSet::headerData(int section, Qt::Orientation orientation, int role
     if (role == Qt::DisplayRole)
         return field.label();
     if (role == Qt::TextAlignmentRole)
-        return QVariant::fromValue(alignmentOf(field));
+        return QVariant::fromValue(toQt(field.Alignment));
     return {};
 }

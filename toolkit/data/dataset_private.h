@@ -9,7 +9,7 @@
 
 #include <map>
 
-using Record = std::vector<Variant>;
+constexpr int firstRows = 100; // read at once before the first of them is shown
 
 // The inside of a data set. Three ways of counting rows meet here:
 // - a source row is a place in `rows`, in the order in which the rows came;
@@ -68,18 +68,25 @@ struct TDataSet::Private {
     void flush();
     void checkRequired() const;
     void write();
+    void writeChange(TRecordChange &change);
+    [[noreturn]] void raiseInCaptions(const EConstraintError &error, const Record &record);
+    void takeTheirs(const QList<TChangedColumn> &columns, bool asOwn);
     void keepInserted();
     void keepUpdated();
     void changed(int row);
 
     // --- changes held back
     struct HeldChange {
-        RowState state = RowState::Unmodified;
+        TChangeKind kind = TChangeKind::Modified;
         RowArena::Address before = 0;
         RowArena::Address now = 0;
-        int order = 0; // of the first change
+        int order = 0;                            // of the first change; 0: none was held
+        std::optional<RowArena::Address> written; // as the database made it
     };
     void startHolding();
+    void forgetHeld();
+    std::vector<HeldChange> heldInOrder() const;
+    void rereadHeldRow(const QList<TChangedColumn> &columns);
     void holdInserted(RowArena::Address now);
     void holdModified(RowArena::Address before, RowArena::Address now);
     void holdDeleted(RowArena::Address row);
@@ -96,7 +103,8 @@ struct TDataSet::Private {
     std::unique_ptr<TStatement> statement; // while rows are still to come
     QTimer idle;
     bool resetting = false;
-    QString failure; // why the fetching stopped early
+    bool stop = false; // at the next row
+    QString failure;   // why the fetching stopped early
 
     RowArena arena;
     std::vector<RowArena::Address> rows;
@@ -107,8 +115,9 @@ struct TDataSet::Private {
     int current = -1;
     bool bof = true;
     bool eof = true;
-    int lookAt = -1;     // source row that hooks see instead of the current record; -1: none
-    int insertedAt = -1; // model row of the record being inserted
+    int lookAt = -1;                  // source row that hooks see instead of the current record; -1: none
+    const Record *lookInto = nullptr; // a record that hooks see instead of any row
+    int insertedAt = -1;              // model row of the record being inserted
 
     Record buffer; // the record being edited, calculated fields left out
     Record before; // as it was
@@ -127,8 +136,6 @@ struct TDataSet::Private {
     std::vector<RowArena::Address> rowsBefore; // as they were before the first change held back
     bool holding = false;
     int heldOrder = 0;
-    const Record *writeNow = nullptr; // while changes held back are written
-    const Record *writeBefore = nullptr;
 };
 
 // Hooks see another row than the current one while it lives.

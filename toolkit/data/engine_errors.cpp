@@ -12,15 +12,8 @@ const auto referenceText =
 const auto readOnlyText = u"Duomenų bazė atverta tik skaitymui, keisti negalima."_s;
 const auto diskFullText = u"Diske nebeliko vietos, duomenys neįrašyti."_s;
 
-QString duplicateText(const QString &columns)
-{
-    return columns.isEmpty() ? u"Toks įrašas jau yra."_s : u"Toks įrašas jau yra (%1)."_s.arg(columns);
-}
-
-QString missingText(const QString &column)
-{
-    return u"Stulpelis „%1“ negali būti tuščias."_s.arg(column);
-}
+const auto duplicateText = u"Toks įrašas jau yra."_s;
+const auto missingText = u"Neužpildytas privalomas laukas."_s;
 
 QString checkText(const QString &rule)
 {
@@ -34,12 +27,21 @@ QString brokenText(const QString &server)
 }
 
 // "UNIQUE constraint failed: t.a, t.b" names the columns after the colon; the table is left out.
-QString columnsOfSqliteText(const QString &text)
+QStringList columnsOfSqliteText(const QString &text)
 {
     QStringList columns;
     for (const QString &each : text.section(u": "_s, 1).split(u", "_s, Qt::SkipEmptyParts))
-        columns.append(each.section(u'.', -1));
-    return columns.join(u", "_s);
+        columns.append(each.section(u'.', -1).toLower());
+    return columns;
+}
+
+// An index over expressions is named instead of columns: "UNIQUE constraint failed: index 'name'".
+[[noreturn]] void raiseSqliteDuplicate(const QString &text, const QString &statement)
+{
+    const QString index = text.section(u"index '"_s, 1).section(u'\'', 0, 0);
+    if (index.isEmpty())
+        throw EUniqueViolation(duplicateText, text, statement, {}, columnsOfSqliteText(text));
+    throw EUniqueViolation(duplicateText, text, statement, index);
 }
 
 [[noreturn]] void raiseSqliteConstraint(int code, const QString &text, const QString &statement)
@@ -48,22 +50,23 @@ QString columnsOfSqliteText(const QString &text)
     case SQLITE_CONSTRAINT_UNIQUE:
     case SQLITE_CONSTRAINT_PRIMARYKEY:
     case SQLITE_CONSTRAINT_ROWID:
-        throw EConstraintError(duplicateText(columnsOfSqliteText(text)), text, statement);
+        raiseSqliteDuplicate(text, statement);
     case SQLITE_CONSTRAINT_FOREIGNKEY:
         throw EConstraintError(referenceText, text, statement);
     case SQLITE_CONSTRAINT_NOTNULL:
-        throw EConstraintError(missingText(columnsOfSqliteText(text)), text, statement);
+        throw EConstraintError(missingText, text, statement, {}, columnsOfSqliteText(text));
     case SQLITE_CONSTRAINT_TRIGGER: // raise(abort, 'text')
         throw EDatabaseError(text, text, statement);
     default:
-        throw EConstraintError(checkText(text.section(u": "_s, 1)), text, statement);
+        throw EConstraintError(checkText(text.section(u": "_s, 1)), text, statement,
+                               text.section(u": "_s, 1));
     }
 }
 
-// "Key (a, b)=(1, 2) already exists." names the columns between the first brackets.
-QString columnsOfDetail(const QString &detail)
+// "Key (a, b)=(1, 2) already exists." names the columns between the first brackets, in whatever language.
+QStringList columnsOfDetail(const QString &detail)
 {
-    return detail.startsWith(u"Key (") ? detail.section(u')', 0, 0).mid(5) : QString();
+    return detail.section(u")=("_s, 0, 0).section(u'(', 1).split(u", "_s, Qt::SkipEmptyParts);
 }
 
 } // namespace
@@ -117,13 +120,14 @@ void raiseServerError(const ServerFailure &failure, const QString &statement)
     if (meansConnectionLost(state))
         raiseConnectionLost(text, statement);
     if (state == u"23505")
-        throw EConstraintError(duplicateText(columnsOfDetail(failure.detail)), text, statement);
+        throw EUniqueViolation(duplicateText, text, statement, failure.constraint,
+                               columnsOfDetail(failure.detail));
     if (state == u"23503")
-        throw EConstraintError(referenceText, text, statement);
+        throw EConstraintError(referenceText, text, statement, failure.constraint);
     if (state == u"23502")
-        throw EConstraintError(missingText(failure.column), text, statement);
+        throw EConstraintError(missingText, text, statement, failure.constraint, {failure.column});
     if (state.startsWith(u"23"))
-        throw EConstraintError(checkText(failure.constraint), text, statement);
+        throw EConstraintError(checkText(failure.constraint), text, statement, failure.constraint);
     if (state == u"P0001" && !text.isEmpty()) // raised by a stored routine: its text is the message
         throw EDatabaseError(text, text, statement);
     if (state == u"55P03" || state == u"40P01" || state == u"40001")

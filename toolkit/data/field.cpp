@@ -22,6 +22,28 @@ TField::TField(TDataSet *theOwner, int index, TResultColumn theColumn, bool isCa
     }
 }
 
+Qt::Alignment toQt(TAlignment alignment)
+{
+    switch (alignment) {
+    case TAlignment::taRightJustify:
+        return Qt::AlignRight | Qt::AlignVCenter;
+    case TAlignment::taCenter:
+        return Qt::AlignCenter;
+    case TAlignment::taLeftJustify:
+        break;
+    }
+    return Qt::AlignLeft | Qt::AlignVCenter;
+}
+
+// --- refusing
+
+void TField::refuse(const QString &why) const
+{
+    throw EFieldRefused(DisplayLabel.isEmpty() ? why.left(1).toUpper() + why.mid(1)
+                                               : u"Laukas \"%1\": %2"_s.arg(DisplayLabel, why),
+                        FieldName());
+}
+
 // --- reading
 
 bool TField::IsNull() const
@@ -60,7 +82,7 @@ int TField::AsInteger() const
 {
     const double value = std::trunc(AsFloat());
     if (value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max())
-        throw EConvertError(u"Laukas \"%1\": skaičius per didelis."_s.arg(label()));
+        refuse(u"skaičius per didelis."_s);
     return int(value);
 }
 
@@ -100,9 +122,11 @@ QString TField::plainText(const Variant &value) const
 
 QString TField::DisplayText() const
 {
-    if (OnGetText)
-        return OnGetText(const_cast<TField &>(*this));
-    const Variant value = Value();
+    return OnGetText ? OnGetText(const_cast<TField &>(*this)) : formatted(Value());
+}
+
+QString TField::formatted(const Variant &value) const
+{
     if (DisplayFormat.isEmpty() || value.isNull())
         return plainText(value);
     switch (value.typeId()) {
@@ -129,7 +153,7 @@ QString TField::editText() const
 void TField::setValue(const Variant &value)
 {
     if (calculated ? !owner->d->calculating : !owner->editing())
-        throw EDatabaseError(u"Laukas \"%1\" dabar nekeičiamas: įrašas neredaguojamas."_s.arg(label()));
+        refuse(u"reikšmė dabar nekeičiama, įrašas neredaguojamas."_s);
     const Variant proposed = accepted(value);
     if (OnValidate && !calculated)
         OnValidate(*this, proposed);
@@ -161,7 +185,7 @@ void TField::setAsString(const QString &value)
 void TField::setEditText(const QString &text)
 {
     if (ReadOnly)
-        throw EDatabaseError(u"Laukas \"%1\" nekeičiamas."_s.arg(label()));
+        refuse(u"reikšmė nekeičiama."_s);
     if (OnSetText)
         setValue(OnSetText(*this, text));
     else

@@ -8,13 +8,14 @@ class TDataSet;
 
 // How the field's values line up in a grid.
 enum class TAlignment { taLeftJustify, taRightJustify, taCenter };
+Qt::Alignment toQt(TAlignment alignment); // centred vertically
 
 // One column of a data set at its current record.
 //
-// Setting a value refuses what the column cannot hold, naming the field's label: text that is too long
-// (counted in characters of code page 1257), outside the code page or holding a NUL; text that is no number;
-// a number that is not finite. Nothing is cut off silently. It also runs OnValidate (which raises to refuse)
-// and then OnChange. The set must be in edit or insert state. A refusal leaves the old value.
+// Setting a value refuses what the column cannot hold, as EFieldRefused naming the field's label: text that
+// is too long (counted in characters of code page 1257), outside the code page or holding a NUL; text that is
+// no number; a number that is not finite. Nothing is cut off silently. It also runs OnValidate (which raises
+// to refuse) and then OnChange. The set must be in edit or insert state. A refusal leaves the old value.
 class TField {
 public:
     TField(TDataSet *owner, int index, TResultColumn column, bool calculated);
@@ -27,7 +28,8 @@ public:
     int index() const { return position; }
     TDataSet *DataSet() const { return owner; }
 
-    QString DisplayLabel; // the field's name in messages and column titles; empty: the field's own name
+    QString DisplayLabel; // the field's name in messages and column titles; empty: messages name no field,
+                          // a column is titled with the field's own name
     QString DisplayFormat;
     QString EditMask;
     Variant DefaultExpression; // given to a new record
@@ -63,8 +65,12 @@ public:
     QString editText() const;              // what an edit control shows while the field is being typed in
     void setEditText(const QString &text); // what the user typed; empty is null. Raises like setValue.
 
+    // Raises EFieldRefused: "Laukas "label": why", or the reason alone, capitalised, without a label.
+    [[noreturn]] void refuse(const QString &why) const;
+
 private:
     friend class TDataSet;
+    friend class FieldList;
 
     Variant accepted(const Variant &value) const; // as the column holds it; raises to refuse
     Variant acceptedText(const QString &text) const;
@@ -73,8 +79,8 @@ private:
     Variant acceptedDay(const Variant &value) const;
     Variant acceptedMoment(const Variant &value) const;
     double numberFrom(const Variant &value) const;
-    [[noreturn]] void refuse(const QString &why) const;
     QString plainText(const Variant &value) const;
+    QString formatted(const Variant &value) const;
 
     TDataSet *owner;
     int position;

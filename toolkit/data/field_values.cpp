@@ -24,11 +24,6 @@ double rounded(double number, int decimals)
 
 } // namespace
 
-void TField::refuse(const QString &why) const
-{
-    throw EConvertError(u"Laukas \"%1\": %2"_s.arg(label(), why));
-}
-
 Variant TField::accepted(const Variant &value) const
 {
     const bool isText = column.type == TFieldType::ftString || column.type == TFieldType::ftMemo ||

@@ -1,16 +1,25 @@
 #pragma once
 
+#include "toolkit/data/changed_elsewhere.h"
 #include "toolkit/data/dataset.h"
+
+// By what the row to be changed is found.
+enum class TUpdateMode { upWhereKeyOnly, upWhereChanged };
+using enum TUpdateMode;
 
 // A data set over a statement with named parameters.
 //
 // Read-only unless RequestLive or an update object is given:
 // - RequestLive: the statement selects from one table; a post writes only the changed columns, found by the
-//   table's key, and re-reads what the database assigned. UpdateMode is by key only.
-// - CachedUpdates with InsertSQL/ModifySQL/DeleteSQL: posts are held in the set and written by
-// ApplyUpdates();
-//   parameters are named after the columns, OLD_name is the value before the change. CommitUpdates() marks
-//   them written, CancelUpdates() throws them away.
+//   table's key, and re-reads the row. When another station changed one of these columns meanwhile, nothing
+//   is written and EChangedElsewhere is raised; see acceptOther() and keepOwn(). By upWhereKeyOnly the last
+//   one wins. A row that is gone raises ERowGone.
+// - InsertSQL/ModifySQL/DeleteSQL: written as they are worded; parameters are named after the columns,
+//   OLD_name is the value before the change. The row is then re-read through the query's own statement, so
+//   that a key given by the database and computed columns are there.
+// - CachedUpdates: posts are held in the set and written by ApplyUpdates(). They stay held, whether it fails
+//   or not, until CommitUpdates() takes them for written or CancelUpdates() throws them away; so an outer
+//   transaction may still fail and the row be put back into edit.
 class TQuery : public TDataSet {
     Q_OBJECT
 public:
@@ -23,6 +32,7 @@ public:
     QString SQL() const;
     void setSQL(const QString &statement); // closes the set
     bool RequestLive = false;
+    TUpdateMode UpdateMode = upWhereChanged;
     // A list reads through the session's reading connection, so that its half-read cursor never meets a
     // transaction.
     bool readsAside = false;
@@ -45,13 +55,12 @@ public:
 protected:
     std::unique_ptr<TStatement> openStatement() override;
     bool readsAtOnce() const override { return !readsAside; }
-    void writeInsert() override;
-    void writeUpdate() override;
-    void writeDelete() override;
+    void write(TRecordChange &change) override;
     bool canWrite() const override;
     bool holdsChanges() const override;
 
 private:
+    friend class QueryWriter;
     struct Private;
     std::unique_ptr<Private> q;
 };

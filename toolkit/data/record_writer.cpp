@@ -11,7 +11,9 @@ QString quotedName(const QString &name)
     return u'"' + name + u'"';
 }
 
-QString nameList(const QStringList &names)
+} // namespace
+
+QString RecordWriter::nameList(const QStringList &names)
 {
     QStringList quoted;
     for (const QString &name : names)
@@ -19,18 +21,21 @@ QString nameList(const QStringList &names)
     return quoted.join(u", "_s);
 }
 
-} // namespace
+QString RecordWriter::placeOf(qsizetype parameter, Engine engine)
+{
+    return (engine == Engine::Sqlite ? u'?' : u'$') + QString::number(parameter);
+}
 
 // A statement being worded for the engine, with the values of its parameters.
 class RecordWriter::Wording {
 public:
-    Wording(Engine engine, SqlKind kind) : mark(engine == Engine::Sqlite ? u'?' : u'$') { sql.kind = kind; }
+    Wording(Engine theEngine, SqlKind kind) : engine(theEngine) { sql.kind = kind; }
 
     QString place(const Variant &value)
     {
         values.append(value);
         sql.parameters.append(QString::number(values.size()));
-        return mark + sql.parameters.last();
+        return placeOf(values.size(), engine);
     }
 
     QString equal(const Cells &cells, const QString &between)
@@ -47,27 +52,19 @@ public:
     QList<Variant> values;
 
 private:
-    QChar mark;
+    Engine engine;
 };
 
 RecordWriter::RecordWriter(TDatabase *theDatabase, const QString &table)
     : database(theDatabase),
-      name(table.toLower())
+      name(table.toLower()),
+      columns(database->columnNames(name)),
+      keyColumns(database->keyOf(name))
 {
-    for (const TColumnInfo &column : database->columnsOf(name)) {
-        columns.append(column.name);
-        if (column.key)
-            keyColumns.append(column.name);
-    }
     if (columns.isEmpty())
         throw EDatabaseError(u"Duomenų bazėje nėra lentelės „%1“."_s.arg(name));
     if (keyColumns.isEmpty())
         throw EDatabaseError(u"Lentelė „%1“ neturi rakto, jos įrašų keisti negalima."_s.arg(name));
-}
-
-void RecordWriter::raiseGone() const
-{
-    throw EDatabaseError(u"Įrašo jau nėra: jį ištrynė arba pakeitė kita darbo vieta."_s);
 }
 
 std::unique_ptr<TStatement> RecordWriter::run(const Wording &wording)
@@ -95,7 +92,7 @@ RecordWriter::Cells RecordWriter::insert(const Cells &cells)
     wording.sql.text += u" returning "_s + nameList(keyColumns);
     const std::unique_ptr<TStatement> statement = run(wording);
     if (!statement->next())
-        raiseGone();
+        throw ERowGone(wording.sql.text);
     Cells keyValues;
     for (int i = 0; i < keyColumns.size(); ++i)
         keyValues.append({keyColumns.at(i), statement->value(i)});
@@ -110,7 +107,7 @@ void RecordWriter::update(const Cells &changed, const Cells &keyValues)
     wording.sql.text = u"update "_s + quotedName(name) + u" set "_s + wording.equal(changed, u", "_s);
     wording.sql.text += wording.where(keyValues);
     if (run(wording)->affected() != 1)
-        raiseGone();
+        throw ERowGone(wording.sql.text);
 }
 
 void RecordWriter::remove(const Cells &keyValues)
@@ -119,17 +116,29 @@ void RecordWriter::remove(const Cells &keyValues)
     wording.sql.text = u"delete from "_s + quotedName(name);
     wording.sql.text += wording.where(keyValues);
     if (run(wording)->affected() != 1)
-        raiseGone();
+        throw ERowGone(wording.sql.text);
 }
 
 QList<Variant> RecordWriter::read(const QStringList &wanted, const Cells &keyValues)
 {
+    return select(wanted, keyValues, {});
+}
+
+// The file of an embedded database has one writer at a time: the open transaction is the lock.
+QList<Variant> RecordWriter::lock(const QStringList &wanted, const Cells &keyValues)
+{
+    Q_ASSERT(database->InTransaction());
+    return select(wanted, keyValues, database->engine() == Engine::PostgreSql ? u" for update"_s : QString());
+}
+
+QList<Variant> RecordWriter::select(const QStringList &wanted, const Cells &keyValues, const QString &ending)
+{
     Wording wording(database->engine(), SqlKind::Select);
     wording.sql.text = u"select "_s + nameList(wanted) + u" from "_s + quotedName(name);
-    wording.sql.text += wording.where(keyValues);
+    wording.sql.text += wording.where(keyValues) + ending;
     const std::unique_ptr<TStatement> statement = run(wording);
     if (!statement->next())
-        raiseGone();
+        throw ERowGone(wording.sql.text);
     QList<Variant> values;
     for (int i = 0; i < wanted.size(); ++i)
         values.append(statement->value(i));

@@ -14,22 +14,26 @@ public:
     };
     using Cells = QList<Cell>;
 
-    const QString &table() const { return name; }
     bool has(const QString &column) const { return columns.contains(column); }
     const QStringList &key() const { return keyColumns; }
 
     // Returns the key of the new row as the database has it.
     Cells insert(const Cells &cells);
-    // Both raise EDatabaseError when the row is gone.
+    // All four raise ERowGone when the row is gone.
     void update(const Cells &changed, const Cells &keyValues);
     void remove(const Cells &keyValues);
-    // The row's columns in the order given; raises EDatabaseError when the row is gone.
+    // The row's columns in the order given.
     QList<Variant> read(const QStringList &wanted, const Cells &keyValues);
+    // The same, and no other station changes the row until the transaction ends.
+    QList<Variant> lock(const QStringList &wanted, const Cells &keyValues);
+
+    static QString nameList(const QStringList &names);          // quoted
+    static QString placeOf(qsizetype parameter, Engine engine); // counted from 1
 
 private:
     class Wording;
     std::unique_ptr<TStatement> run(const Wording &wording);
-    [[noreturn]] void raiseGone() const;
+    QList<Variant> select(const QStringList &wanted, const Cells &keyValues, const QString &ending);
 
     TDatabase *database;
     QString name;

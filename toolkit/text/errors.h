@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 #include <exception>
 
@@ -56,8 +56,43 @@ public:
     using EDatabaseError::EDatabaseError;
 };
 
-// A unique key, a required column or a reference refused the write.
+// The row that was to be changed or deleted is no longer there.
+class ERowGone : public EDatabaseError {
+public:
+    explicit ERowGone(const QString &sql = {})
+        : EDatabaseError(QStringLiteral(u"Įrašas jau ištrintas kitoje darbo vietoje"), {}, sql)
+    {
+    }
+};
+
+// A unique key, a required column, a reference or another rule of the database refused the write.
 class EConstraintError : public EDatabaseError {
 public:
-    using EDatabaseError::EDatabaseError;
+    explicit EConstraintError(const QString &message, const QString &server = {}, const QString &sql = {},
+                              const QString &rule = {}, const QStringList &columnNames = {})
+        : EDatabaseError(message, server, sql),
+          constraint(rule),
+          columns(columnNames)
+    {
+    }
+
+    const QString constraint;  // the name of the rule; empty when the engine does not tell
+    const QStringList columns; // the columns it is about; empty when the engine does not tell
+};
+
+// A row with the same unique key is there already.
+class EUniqueViolation : public EConstraintError {
+public:
+    using EConstraintError::EConstraintError;
+};
+
+// A field does not take a value, or must not stay empty. The message names the field by its label.
+class EFieldRefused : public Exception {
+public:
+    EFieldRefused(const QString &message, const QString &field) : Exception(message), name(field) {}
+
+    const QString &fieldName() const { return name; }
+
+private:
+    QString name;
 };

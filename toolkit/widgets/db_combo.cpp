@@ -33,17 +33,6 @@ void forEachRow(TDatabase *session, const QString &sql, const std::function<void
 
 } // namespace
 
-bool sameKey(const QVariant &a, const QVariant &b)
-{
-    if (a.isNull() || b.isNull())
-        return a.isNull() && b.isNull();
-    bool aNumber = false;
-    bool bNumber = false;
-    const double x = a.toDouble(&aNumber);
-    const double y = b.toDouble(&bNumber);
-    return aNumber && bNumber ? x == y : a.toString() == b.toString();
-}
-
 TDBComboBox::TDBComboBox(QWidget *parent) : QComboBox(parent), TDBControl(this)
 {
     QComboBox::setEditable(true);

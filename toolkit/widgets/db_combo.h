@@ -66,6 +66,3 @@ private:
     QString keyColumn;
     QString shownColumn;
 };
-
-// Whether two keys are the same; 5, 5.0 and "5" are.
-bool sameKey(const QVariant &a, const QVariant &b);

@@ -285,7 +285,7 @@ TEST_P(BalanceDialog, AKeyTakenByAnotherStationIsToldAndTheNextSaveSucceeds)
                 secondFin()->ExecSQL("insert into bd_saslik values (1, :id, 6, 9, 0)", {{"id", cash}});
             };
         });
-        EXPECT_EQ(refusal(dialog), "Toks įrašas jau yra (ssl_id).");
+        EXPECT_EQ(refusal(dialog), "Toks įrašas jau yra.");
         EXPECT_EQ(amount(dialog)->text(), "5.00");
         EXPECT_FALSE(books().InTransaction());
         EXPECT_EQ(stored(), QStringList(row(1, cash, "9", "0")));

@@ -218,7 +218,7 @@ TEST_P(DebtorEditor, ARowDeletedMeanwhileIsToldAndNothingTypedIsLost)
     change(1, [this](TEditDbKrDlg &dialog) {
         type(edit(dialog, "DKA_PAVAD"), "Kitas");
         secondFin()->ExecSQL("delete from bd_dbkrasm");
-        EXPECT_EQ(refusal(dialog), "Įrašo jau nėra: jį ištrynė arba pakeitė kita darbo vieta.");
+        EXPECT_EQ(refusal(dialog), "Įrašas jau ištrintas kitoje darbo vietoje");
         EXPECT_EQ(edit(dialog, "DKA_PAVAD")->text(), "Kitas");
         EXPECT_FALSE(books().InTransaction());
         pressButton(dialog, "&Atšaukti");
@@ -262,7 +262,7 @@ TEST_P(DebtorEditor, AKeyTakenInTheLastMomentIsToldAndTheNextSaveSucceeds)
                     {{"a", owed}});
             };
         });
-        EXPECT_EQ(refusal(dialog), "Toks įrašas jau yra (dka_id).");
+        EXPECT_EQ(refusal(dialog), "Toks įrašas jau yra.");
         pressButton(dialog, "&Išsaugoti");
     });
     EXPECT_EQ(stored(), QStringList({row(1, "A", "Pirmas", owed, owed), row(2, "B", "Antras", owed, owed)}));

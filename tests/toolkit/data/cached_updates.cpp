@@ -156,7 +156,7 @@ TEST_P(CachedUpdates, ARecordThatIsGoneIsTold)
 {
     change(0, u"X"_s);
     secondFin()->ExecSQL(u"delete from bd_t where t_id = 1"_s);
-    EXPECT_ERROR(EDatabaseError, set->ApplyUpdates(), u"Įrašo jau nėra"_s);
+    EXPECT_ERROR(ERowGone, set->ApplyUpdates(), u"Įrašas jau ištrintas kitoje darbo vietoje"_s);
 }
 
 TEST_P(CachedUpdates, WithoutStatementsALiveQueryWritesThem)

@@ -77,7 +77,7 @@ TEST_P(Editing, ARecordThatIsGoneIsTold)
     set->Edit();
     set->FieldByName(u"t_pavad"_s)->setAsString(u"Naujas"_s);
     secondFin()->ExecSQL(u"delete from bd_t"_s);
-    EXPECT_ERROR(EDatabaseError, set->Post(), u"Įrašo jau nėra"_s);
+    EXPECT_ERROR(ERowGone, set->Post(), u"Įrašas jau ištrintas kitoje darbo vietoje"_s);
     EXPECT_EQ(set->State(), dsEdit);
 }
 
@@ -128,7 +128,7 @@ TEST_P(Editing, ARequiredFieldStopsThePostNamingItsLabel)
     for (const Variant &nothing : {Variant(), Variant(u""_s)}) {
         set->Edit();
         name->setValue(nothing);
-        EXPECT_ERROR(EDatabaseError, set->Post(), u"Laukas \"Pavadinimas\" negali būti tuščias!"_s);
+        EXPECT_ERROR(EFieldRefused, set->Post(), u"Laukas \"Pavadinimas\" negali būti tuščias!"_s);
         EXPECT_EQ(set->State(), dsEdit);
     }
     EXPECT_EQ(stored(u"t_pavad"_s, 1), u"Vardas 1"_s);

@@ -97,9 +97,9 @@ TEST_P(Sessions, WhatNoEngineCanHoldIsRefused)
 TEST_P(Sessions, ConstraintsAnswerInWords)
 {
     insert(1, u"A"_s);
-    EXPECT_ERROR(EConstraintError, insert(2, u"A"_s), u"Toks įrašas jau yra (t_kodas)."_s);
+    EXPECT_ERROR(EConstraintError, insert(2, u"A"_s), u"Toks įrašas jau yra."_s);
     EXPECT_ERROR(EConstraintError, mnFin_Db->ExecSQL(u"insert into bd_t (t_id) values (3)"_s),
-                 u"Stulpelis „t_kodas“ negali būti tuščias."_s);
+                 u"Neužpildytas privalomas laukas."_s);
     EXPECT_ERROR(EConstraintError, mnFin_Db->ExecSQL(u"insert into bd_v (v_id, v_tid) values (1, 99)"_s),
                  u"susietas"_s);
     try {

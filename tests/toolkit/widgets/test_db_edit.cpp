@@ -101,7 +101,7 @@ TEST_F(DbEdit, ARefusedTextStaysAndWearsItsReason)
     EXPECT_TRUE(sum->pending());
     EXPECT_TRUE(sum->toolTip().contains(u"Suma") && sum->toolTip().contains(u"abc")) << str(sum->toolTip());
     EXPECT_EQ(sum->accessibleDescription(), sum->toolTip());
-    EXPECT_THROW(set->Post(), EConvertError);
+    EXPECT_THROW(set->Post(), EFieldRefused);
     EXPECT_EQ(set->State(), dsEdit);
     typeOver(sum, u"7"_s);
     EXPECT_EQ(sum->toolTip(), u"suma"_s);
@@ -175,7 +175,7 @@ TEST_F(DbEdit, ACharacterOutsideTheCodePageIsRefusedInWords)
     name->selectAll();
     name->insert(u"Жуки"_s);
     emit name->textEdited(name->text());
-    EXPECT_THROW(set->Post(), EConvertError);
+    EXPECT_THROW(set->Post(), EFieldRefused);
     EXPECT_TRUE(name->invalidReason().contains(u"Ж")) << str(name->invalidReason());
 }
 
