@@ -5,16 +5,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int sliceMs = 8;
-constexpr int rowsPerLook = 64; // rows between two looks at the clock
+constexpr int sliceMs = 8; // of idle time
 
 } // namespace
 
-TDataSet::Private::Private(TDataSet *set) : q(set)
-{
-    idle.setInterval(0);
-    QObject::connect(&idle, &QTimer::timeout, set, [this] { idleFetch(); });
-}
+TDataSet::Private::Private(TDataSet *set) : q(set), fields(set), reader([this] { idleFetch(); }) {}
 
 TDataSet::TDataSet(QObject *parent) : QAbstractTableModel(parent), d(std::make_unique<Private>(this)) {}
 
@@ -32,47 +27,9 @@ TDataSetState TDataSet::State() const
 
 // --- fields
 
-TField *TDataSet::Private::fieldOf(const TResultColumn &column, int index, bool isCalculated)
-{
-    for (std::unique_ptr<TField> &old : retired) {
-        if (!old || old->calculated != isCalculated ||
-            old->column.name.compare(column.name, Qt::CaseInsensitive) != 0)
-            continue;
-        old->column = column;
-        old->position = index;
-        fields.push_back(std::move(old));
-        return fields.back().get();
-    }
-    fields.push_back(std::make_unique<TField>(q, index, column, isCalculated));
-    return fields.back().get();
-}
-
-void TDataSet::Private::makeFields(const QList<TResultColumn> &columns)
-{
-    for (std::unique_ptr<TField> &field : fields)
-        retired.push_back(std::move(field));
-    fields.clear();
-    fieldIndex.clear();
-    const qsizetype stored = columns.size();
-    for (const TResultColumn &column : columns + calculatedColumns) {
-        const int index = int(fields.size());
-        fieldOf(column, index, index >= stored);
-        if (!fieldIndex.contains(column.name.toLower()))
-            fieldIndex.insert(column.name.toLower(), index);
-    }
-    std::erase(retired, nullptr);
-    for (const auto &[name, apply] : settings) {
-        TField *field = q->FindField(name);
-        Q_ASSERT_X(field, "TDataSet::describe", qPrintable(name));
-        if (field)
-            apply(*field);
-    }
-}
-
 TField *TDataSet::FindField(const QString &name) const
 {
-    const int index = d->fieldIndex.value(name.toLower(), -1);
-    return index < 0 ? nullptr : d->fields[size_t(index)].get();
+    return d->fields.find(name);
 }
 
 TField *TDataSet::FieldByName(const QString &name) const
@@ -84,12 +41,12 @@ TField *TDataSet::FieldByName(const QString &name) const
 
 int TDataSet::FieldCount() const
 {
-    return int(d->fields.size());
+    return d->fields.size();
 }
 
 TField *TDataSet::Field(int index) const
 {
-    return index >= 0 && index < FieldCount() ? d->fields[size_t(index)].get() : nullptr;
+    return index >= 0 && index < FieldCount() ? &d->fields.at(index) : nullptr;
 }
 
 TField *TDataSet::addCalculated(const QString &name, TFieldType type, int size)
@@ -99,19 +56,13 @@ TField *TDataSet::addCalculated(const QString &name, TFieldType type, int size)
     column.name = name;
     column.type = type;
     column.size = size;
-    d->calculatedColumns.append(column);
-    const int index = FieldCount();
-    d->fieldIndex.insert(name.toLower(), index);
-    return d->fieldOf(column, index, true);
+    return d->fields.addCalculated(column);
 }
 
 void TDataSet::describe(const QString &name, std::function<void(TField &)> settings)
 {
-    TField *field = FindField(name);
-    Q_ASSERT_X(field || !Active(), "TDataSet::describe", qPrintable(name));
-    if (field)
-        settings(*field);
-    d->settings.emplace_back(name, std::move(settings));
+    Q_ASSERT_X(!Active() || FindField(name), "TDataSet::describe: no such column", qPrintable(name));
+    d->fields.describe(name, std::move(settings));
 }
 
 // --- opening
@@ -127,8 +78,8 @@ void TDataSet::Open()
     try {
         d->reset([&] {
             d->clearRows();
-            d->makeFields(statement->columns());
-            d->statement = std::move(statement);
+            d->fields.make(statement->columns());
+            d->reader.start(std::move(statement));
             d->state = dsBrowse;
             d->fetchRows(readsAtOnce() ? std::numeric_limits<int>::max() : firstRows, -1);
             d->fetchUntilSeen(1);
@@ -137,11 +88,8 @@ void TDataSet::Open()
         Close();
         throw;
     }
-    d->current = d->seenCount() > 0 ? 0 : -1;
-    d->bof = true;
-    d->eof = d->current < 0;
-    if (d->statement)
-        d->idle.start();
+    d->cursor.settle(d->rows.seenCount());
+    d->reader.readInIdleTime();
     emit stateChanged();
     if (AfterOpen)
         AfterOpen(*this);
@@ -154,7 +102,7 @@ void TDataSet::Close()
         return;
     if (editing())
         Cancel();
-    d->stopFetching();
+    d->reader.end();
     d->reset([this] {
         d->state = dsInactive;
         d->clearRows();
@@ -175,101 +123,54 @@ void TDataSet::Private::reset(const std::function<void()> &change)
 
 void TDataSet::Private::clearRows()
 {
-    stopFetching();
-    failure.clear();
-    stop = false;
-    arena.clear();
-    rows = {};
-    visible = {};
-    published = 0;
-    current = -1;
-    bof = eof = true;
-    forgetHeld();
-    forgetCalculated();
+    reader.end();
+    rows.clear();
+    held.clear();
+    cursor = {};
+    calculated.forget();
 }
 
 // --- fetching
 
-void TDataSet::Private::stopFetching()
-{
-    idle.stop();
-    statement.reset();
-}
-
 bool TDataSet::Private::fetchRows(int limit, qint64 milliseconds)
 {
-    if (!statement)
-        return false;
-    const int firstNew = int(rows.size());
-    const int columns = storedFields();
-    QElapsedTimer clock;
-    clock.start();
-    bool more = true;
+    bool more = false;
     try {
-        for (int count = 0; count < limit; ++count) {
-            more = !stop && statement->next();
-            if (!more)
-                break;
-            rows.push_back(arena.append(*statement, columns));
-            if (holding)
-                rowsBefore.push_back(rows.back());
-            if (milliseconds >= 0 && count % rowsPerLook == 0 && clock.elapsed() >= milliseconds)
-                break;
-        }
-    } catch (const Exception &error) {
-        publish(firstNew);
-        fetchFails(error);
+        more = reader.read(limit, milliseconds, [this](const TStatement &row) {
+            held.rowCame(rows.append(row, fields.stored()));
+        });
+    } catch (const Exception &) {
+        publish();
         throw;
     }
-    if (!more)
-        stopFetching();
-    publish(firstNew);
+    publish();
     return more;
 }
 
 // Tells the model of the rows that came; the first one seen becomes the current record.
-void TDataSet::Private::publish(int firstNew)
+void TDataSet::Private::publish()
 {
-    const int last = int(rows.size());
-    if (last == firstNew)
-        return;
-    std::vector<int> passing;
-    if (filter) {
-        for (int source = firstNew; source < last; ++source) {
-            if (passes(source))
-                passing.push_back(source);
-        }
-    }
-    const int added = filter ? int(passing.size()) : last - firstNew;
-    const bool wasEmpty = current < 0 && state == dsBrowse;
+    const int added = rows.countNew();
     const bool tells = added > 0 && !resetting;
     if (tells)
         q->beginInsertRows({}, modelRows(), modelRows() + added - 1);
-    visible.insert(visible.end(), passing.begin(), passing.end());
-    published = last;
-    if (wasEmpty && added > 0)
-        current = 0;
+    rows.show();
+    if (added > 0 && cursor.row < 0 && state == dsBrowse)
+        cursor.row = 0;
     if (tells)
         q->endInsertRows();
 }
 
-void TDataSet::Private::fetchFails(const Exception &error)
-{
-    stopFetching();
-    failure = error.message();
-}
-
 void TDataSet::Private::fetchAll()
 {
-    while (statement)
+    while (reader.reading())
         fetchRows(std::numeric_limits<int>::max(), -1);
-    if (!failure.isEmpty())
-        throw EDatabaseError(failure);
+    reader.checkWhole();
 }
 
 void TDataSet::Private::fetchUntilSeen(int seen)
 {
-    while (seenCount() < seen && fetchRows(firstRows, -1)) {
+    while (rows.seenCount() < seen && fetchRows(firstRows, -1)) {
     }
 }
 
@@ -279,15 +180,15 @@ void TDataSet::Private::idleFetch()
 {
     if (BusyBeat::isBeating())
         return;
-    const bool wasEmpty = current < 0;
+    const bool wasEmpty = cursor.row < 0;
     try {
         fetchRows(std::numeric_limits<int>::max(), sliceMs);
     } catch (const Exception &error) {
         emit q->fetchFailed(error.message());
         return;
     }
-    if (wasEmpty && current >= 0) {
-        eof = false;
+    if (wasEmpty && cursor.row >= 0) {
+        cursor.eof = false;
         emit q->scrolled();
     }
     emit q->fetched();
@@ -295,33 +196,33 @@ void TDataSet::Private::idleFetch()
 
 bool TDataSet::fetchedAll() const
 {
-    return Active() && !d->statement && d->failure.isEmpty();
+    return Active() && !d->reader.reading() && !d->reader.failed();
 }
 
 int TDataSet::fetchedCount() const
 {
-    return d->seenCount();
+    return d->rows.seenCount();
 }
 
 int TDataSet::RecordCount()
 {
     d->fetchAll();
-    return d->seenCount();
+    return d->rows.seenCount();
 }
 
 void TDataSet::stopReading()
 {
-    d->stop = d->statement != nullptr;
+    d->reader.stop();
 }
 
 bool TDataSet::stopped() const
 {
-    return d->stop;
+    return d->reader.stopped();
 }
 
 bool TDataSet::canFetchMore(const QModelIndex &parent) const
 {
-    return !parent.isValid() && d->statement && !d->resetting;
+    return !parent.isValid() && d->reader.reading() && !d->resetting;
 }
 
 void TDataSet::fetchMore(const QModelIndex &parent)

@@ -6,83 +6,46 @@
 int TDataSet::Private::sourceOfModel(int row) const
 {
     if (state != dsInsert)
-        return sourceOfSeen(row);
-    if (row == insertedAt)
+        return rows.sourceOf(row);
+    if (row == edited.insertedAt)
         return -1;
-    return sourceOfSeen(row > insertedAt ? row - 1 : row);
+    return rows.sourceOf(row > edited.insertedAt ? row - 1 : row);
 }
 
-bool TDataSet::Private::passes(int source)
+RowList::Passes TDataSet::Private::filterOf(std::function<bool(TDataSet &)> filter)
 {
-    const LookAtRow look(lookAt, source);
-    return filter(*q);
-}
-
-void TDataSet::Private::insertRow(int seen, RowArena::Address address)
-{
-    const int source = seen < seenCount() ? sourceOfSeen(seen) : int(rows.size());
-    rows.insert(rows.begin() + source, address);
-    ++published;
-    forgetCalculated();
     if (!filter)
-        return;
-    for (int &each : visible)
-        each += each >= source ? 1 : 0;
-    visible.insert(visible.begin() + seen, source);
-}
-
-void TDataSet::Private::removeRow(int seen)
-{
-    const int source = sourceOfSeen(seen);
-    rows.erase(rows.begin() + source);
-    --published;
-    forgetCalculated();
-    if (!filter)
-        return;
-    visible.erase(visible.begin() + seen);
-    for (int &each : visible)
-        each -= each > source ? 1 : 0;
-}
-
-void TDataSet::Private::refilter()
-{
-    visible.clear();
-    if (!filter)
-        return;
-    for (int source = 0; source < published; ++source) {
-        if (passes(source))
-            visible.push_back(source);
-    }
+        return {};
+    return [this, filter = std::move(filter)](int source) {
+        const LookAtRow look(lookAt, source);
+        return filter(*q);
+    };
 }
 
 // A record that was posted may no longer pass.
 void TDataSet::Private::hideCurrentUnlessPassing()
 {
-    if (!filter || passes(sourceOfSeen(current)))
+    if (rows.passesFilter(currentSource()))
         return;
-    q->beginRemoveRows({}, current, current);
-    visible.erase(visible.begin() + current);
-    settle();
+    q->beginRemoveRows({}, cursor.row, cursor.row);
+    rows.hide(cursor.row);
+    cursor.settle(rows.seenCount());
     q->endRemoveRows();
 }
 
 void TDataSet::setFilter(std::function<bool(TDataSet &)> filter)
 {
     if (!Active()) {
-        d->filter = std::move(filter);
+        d->rows.setFilter(d->filterOf(std::move(filter)));
         return;
     }
     d->leaveRecord();
-    const int source = d->current < 0 ? -1 : d->sourceOfSeen(d->current);
+    const int source = d->cursor.row < 0 ? -1 : d->currentSource();
     d->reset([&] {
-        d->filter = std::move(filter);
-        d->refilter();
+        d->rows.setFilter(d->filterOf(std::move(filter)));
         d->fetchUntilSeen(1);
-        d->current = source;
-        if (d->filter)
-            d->current =
-                int(std::lower_bound(d->visible.begin(), d->visible.end(), source) - d->visible.begin());
-        d->settle();
+        d->cursor.row = d->rows.firstSeenFrom(source);
+        d->cursor.settle(d->rows.seenCount());
     });
     d->scrolled();
 }
@@ -91,59 +54,53 @@ void TDataSet::setFilter(std::function<bool(TDataSet &)> filter)
 
 Variant TDataSet::Private::valueAt(int source, int field)
 {
-    if (field >= storedFields())
-        return calculatedOf(source)[size_t(field - storedFields())];
-    return source < 0 ? buffer[size_t(field)] : arena.value(rows[size_t(source)], field);
+    if (field >= fields.stored())
+        return calculatedOf(source)[size_t(field - fields.stored())];
+    return source < 0 ? edited.now[size_t(field)] : rows.value(source, field);
 }
 
 Variant TDataSet::Private::value(int field)
 {
     if (state == dsInactive)
         return {};
-    if (lookInto && field < storedFields())
+    if (lookInto && field < fields.stored())
         return (*lookInto)[size_t(field)];
     if (lookAt >= 0)
         return valueAt(lookAt, field);
     if (q->editing())
         return valueAt(-1, field);
-    return current < 0 ? Variant() : valueAt(sourceOfSeen(current), field);
+    return cursor.row < 0 ? Variant() : valueAt(currentSource(), field);
 }
 
 const Record &TDataSet::Private::calculatedOf(int source)
 {
-    if (calculatedFor == source || calculating)
-        return calculated;
-    calculated.assign(size_t(calculatedColumns.size()), Variant());
-    calculatedFor = source;
-    if (!q->OnCalcFields)
-        return calculated;
-    const LookAtRow look(lookAt, source);
-    calculating = true;
-    const auto done = qScopeGuard([this] { calculating = false; });
-    q->OnCalcFields(*q);
-    return calculated;
+    return calculated.of(source, fields.calculated(), [this, source] {
+        const LookAtRow look(lookAt, source);
+        if (q->OnCalcFields)
+            q->OnCalcFields(*q);
+    });
 }
 
 // --- cursor
 
 bool TDataSet::IsEmpty() const
 {
-    return d->seenCount() == 0 && d->state != dsInsert;
+    return d->rows.seenCount() == 0 && d->state != dsInsert;
 }
 
 bool TDataSet::Bof() const
 {
-    return d->bof;
+    return d->cursor.bof;
 }
 
 bool TDataSet::Eof() const
 {
-    return d->eof;
+    return d->cursor.eof;
 }
 
 int TDataSet::RecNo() const
 {
-    return d->current;
+    return d->cursor.row;
 }
 
 void TDataSet::Private::checkActive() const
@@ -164,81 +121,71 @@ void TDataSet::Private::leaveRecord()
     checkActive();
     if (!q->editing())
         return;
-    if (modified)
+    if (edited.modified)
         q->Post();
     else
         q->Cancel();
 }
 
-void TDataSet::Private::settle()
-{
-    current = std::min(current, seenCount() - 1);
-    if (current < 0 && seenCount() > 0)
-        current = 0;
-    bof = current <= 0;
-    eof = current < 0;
-}
-
 void TDataSet::Private::moveTo(int row)
 {
-    current = row;
-    bof = eof = row < 0;
+    cursor.put(row);
     scrolled();
 }
 
 void TDataSet::First()
 {
     d->leaveRecord();
-    d->moveTo(d->seenCount() > 0 ? 0 : -1);
-    d->bof = true;
+    d->moveTo(d->rows.seenCount() > 0 ? 0 : -1);
+    d->cursor.bof = true;
 }
 
 void TDataSet::Last()
 {
     d->leaveRecord();
     d->fetchAll();
-    d->moveTo(d->seenCount() - 1);
-    d->eof = true;
+    d->moveTo(d->rows.seenCount() - 1);
+    d->cursor.eof = true;
 }
 
 void TDataSet::Prior()
 {
     d->leaveRecord();
-    if (d->current > 0)
-        d->moveTo(d->current - 1);
+    if (d->cursor.row > 0)
+        d->moveTo(d->cursor.row - 1);
     else
-        d->bof = true;
+        d->cursor.bof = true;
 }
 
 void TDataSet::Next()
 {
     d->leaveRecord();
-    d->fetchUntilSeen(d->current + 2);
-    if (d->current + 1 < d->seenCount())
-        d->moveTo(d->current + 1);
-    else if (d->failure.isEmpty())
-        d->eof = true;
-    else
-        throw EDatabaseError(d->failure); // a loop to the end must not take a part for the whole
+    d->fetchUntilSeen(d->cursor.row + 2);
+    if (d->cursor.row + 1 < d->rows.seenCount()) {
+        d->moveTo(d->cursor.row + 1);
+        return;
+    }
+    d->reader.checkWhole(); // a loop to the end must not take a part for the whole
+    d->cursor.eof = true;
 }
 
 void TDataSet::setRecNo(int row)
 {
-    if (row == d->current)
+    if (row == d->cursor.row)
         return;
-    if (d->state == dsInsert && !d->modified && row > d->insertedAt)
+    if (d->state == dsInsert && !d->edited.modified && row > d->edited.insertedAt)
         --row; // the untouched new record goes
     d->leaveRecord();
     d->fetchUntilSeen(row + 1);
-    if (row >= 0 && row < d->seenCount())
+    if (row >= 0 && row < d->rows.seenCount())
         d->moveTo(row);
 }
 
 int TDataSet::findRow(const QString &column, const Variant &key, int from) const
 {
     const int field = FieldByName(column)->index();
-    for (int seen = std::max(0, from); seen < d->seenCount(); ++seen) {
-        if (sameKey(d->valueAt(d->sourceOfSeen(seen), field), key))
+    for (int seen = std::max(0, from); seen < d->rows.seenCount(); ++seen) {
+        if (sameKey(d->valueAt(d->rows.sourceOf(seen), field), key))
             return seen;
     }
     return -1;
@@ -256,12 +203,11 @@ bool TDataSet::Locate(const QString &column, const Variant &key)
             d->moveTo(found);
             return true;
         }
-        looked = d->seenCount();
-        if (!d->fetchRows(firstRows, -1) && looked == d->seenCount())
+        looked = d->rows.seenCount();
+        if (!d->fetchRows(firstRows, -1) && looked == d->rows.seenCount())
             break;
         busy.beat();
     }
-    if (!d->failure.isEmpty())
-        throw EDatabaseError(d->failure);
+    d->reader.checkWhole();
     return false;
 }

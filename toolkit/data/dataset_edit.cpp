@@ -4,7 +4,7 @@ using namespace Qt::StringLiterals;
 
 bool TDataSet::Modified() const
 {
-    return d->modified;
+    return d->edited.modified;
 }
 
 bool TDataSet::ReadOnly() const
@@ -49,16 +49,14 @@ void TDataSet::Edit()
     if (editing())
         return;
     d->checkWritable();
-    if (d->current < 0) {
+    if (d->cursor.row < 0) {
         Append();
         return;
     }
     if (BeforeEdit)
         BeforeEdit(*this);
-    d->before = d->arena.values(d->rows[size_t(d->sourceOfSeen(d->current))], d->storedFields());
-    d->buffer = d->before;
-    d->modified = false;
-    d->forgetCalculated();
+    d->edited.start(d->rows.read(d->rows.at(d->currentSource()), d->fields.stored()));
+    d->calculated.forget();
     d->setState(dsEdit);
     if (AfterEdit)
         AfterEdit(*this);
@@ -68,7 +66,7 @@ void TDataSet::Insert()
 {
     d->leaveRecord();
     d->checkWritable();
-    d->startInsert(std::max(0, d->current));
+    d->startInsert(std::max(0, d->cursor.row));
 }
 
 void TDataSet::Append()
@@ -76,30 +74,28 @@ void TDataSet::Append()
     d->leaveRecord();
     d->checkWritable();
     d->fetchAll();
-    d->startInsert(d->seenCount());
+    d->startInsert(d->rows.seenCount());
 }
 
 void TDataSet::Private::startInsert(int row)
 {
     if (q->BeforeInsert)
         q->BeforeInsert(*q);
-    before.assign(size_t(storedFields()), Variant());
-    buffer = before;
+    edited.start(Record(size_t(fields.stored())));
     for (const std::unique_ptr<TField> &field : fields) {
         if (!field->isCalculated() && !field->DefaultExpression.isNull())
-            buffer[size_t(field->index())] = field->accepted(field->DefaultExpression);
+            edited.now[size_t(field->index())] = field->accepted(field->DefaultExpression);
     }
-    modified = false;
-    forgetCalculated();
+    calculated.forget();
     q->beginInsertRows({}, row, row);
     state = dsInsert;
-    insertedAt = row;
-    current = row;
+    edited.insertedAt = row;
+    cursor.row = row;
     q->endInsertRows();
     emit q->stateChanged();
     if (q->AfterInsert)
         q->AfterInsert(*q);
-    modified = false; // what the hook presets is no change of the user's
+    edited.modified = false; // what the hook presets is no change of the user's
     scrolled();
 }
 
@@ -108,13 +104,13 @@ void TDataSet::Private::startInsert(int row)
 void TDataSet::Private::setValue(TField &field, const Variant &accepted)
 {
     if (field.isCalculated()) {
-        calculated[size_t(field.index() - storedFields())] = accepted;
+        calculated.set(field.index() - fields.stored(), accepted);
         return;
     }
-    buffer[size_t(field.index())] = accepted;
-    modified = true;
-    forgetCalculated();
-    changed(current);
+    edited.now[size_t(field.index())] = accepted;
+    edited.modified = true;
+    calculated.forget();
+    changed(cursor.row);
     emit q->fieldChanged(field.FieldName());
 }
 
@@ -153,43 +149,9 @@ bool isBlank(const Variant &value)
 void TDataSet::Private::checkRequired() const
 {
     for (const std::unique_ptr<TField> &field : fields) {
-        if (field->Required && !field->isCalculated() && isBlank(buffer[size_t(field->index())]))
+        if (field->Required && !field->isCalculated() && isBlank(edited.now[size_t(field->index())]))
             raiseEmpty(*field);
     }
-}
-
-// What the database tells by the names of its columns, told by the labels of the fields.
-void TDataSet::Private::raiseInCaptions(const EConstraintError &error, const Record &record)
-{
-    QStringList parts;
-    for (const QString &column : error.columns) {
-        const TField *field = q->FindField(column);
-        if (!field || field->DisplayLabel.isEmpty() || field->isCalculated())
-            throw;
-        parts.append(u"%1 „%2“"_s.arg(field->DisplayLabel, q->textIn(record, field->index())));
-    }
-    if (parts.isEmpty())
-        throw;
-    throw EUniqueViolation(u"Toks įrašas jau yra: %1."_s.arg(parts.join(u", "_s)), error.serverText,
-                           error.statement, error.constraint, error.columns);
-}
-
-void TDataSet::Private::writeChange(TRecordChange &change)
-{
-    try {
-        q->write(change);
-    } catch (const EUniqueViolation &error) {
-        raiseInCaptions(error, change.now);
-    }
-}
-
-void TDataSet::Private::write()
-{
-    if (q->holdsChanges() || (state == dsEdit && !modified))
-        return;
-    TRecordChange change{state == dsInsert ? TChangeKind::Inserted : TChangeKind::Modified, before, buffer};
-    writeChange(change);
-    buffer = change.now;
 }
 
 void TDataSet::Post()
@@ -200,11 +162,16 @@ void TDataSet::Post()
     if (BeforePost)
         BeforePost(*this);
     d->checkRequired();
-    d->write();
+    d->writeEdited();
     if (d->state == dsInsert)
         d->keepInserted();
     else
         d->keepUpdated();
+    d->edited.modified = false;
+    d->state = dsBrowse;
+    d->calculated.forget();
+    d->changed(d->cursor.row);
+    emit stateChanged();
     d->hideCurrentUnlessPassing();
     if (AfterPost)
         AfterPost(*this);
@@ -214,36 +181,26 @@ void TDataSet::Post()
 // The model row of the new record is there already; it becomes a stored one.
 void TDataSet::Private::keepInserted()
 {
-    const RowArena::Address address = arena.append(buffer);
+    const RowList::Address address = rows.store(edited.now);
     if (q->holdsChanges()) {
-        startHolding();
-        holdInserted(address);
+        held.start(rows.all());
+        held.inserted(address);
     }
-    state = dsBrowse;
-    insertRow(insertedAt, address);
-    current = std::exchange(insertedAt, -1);
-    modified = false;
-    bof = eof = false;
-    changed(current);
-    emit q->stateChanged();
+    cursor.put(std::exchange(edited.insertedAt, -1));
+    rows.insert(cursor.row, address);
 }
 
 void TDataSet::Private::keepUpdated()
 {
-    const size_t source = size_t(sourceOfSeen(current));
-    if (modified) {
-        const RowArena::Address address = arena.append(buffer);
-        if (q->holdsChanges()) {
-            startHolding();
-            holdModified(rows[source], address);
-        }
-        rows[source] = address;
+    if (!edited.modified)
+        return;
+    const int source = currentSource();
+    const RowList::Address address = rows.store(edited.now);
+    if (q->holdsChanges()) {
+        held.start(rows.all());
+        held.modified(rows.at(source), address);
     }
-    modified = false;
-    state = dsBrowse;
-    forgetCalculated();
-    changed(current);
-    emit q->stateChanged();
+    rows.replace(source, address);
 }
 
 // --- taking back
@@ -253,18 +210,17 @@ void TDataSet::Cancel()
     if (!editing())
         return;
     const bool wasInserting = d->state == dsInsert;
-    d->forgetCalculated();
-    d->modified = false;
+    d->calculated.forget();
+    d->edited.modified = false;
     if (wasInserting) {
-        const int row = d->insertedAt;
-        beginRemoveRows({}, row, row);
+        beginRemoveRows({}, d->edited.insertedAt, d->edited.insertedAt);
         d->state = dsBrowse;
-        d->insertedAt = -1;
-        d->settle();
+        d->edited.insertedAt = -1;
+        d->cursor.settle(d->rows.seenCount());
         endRemoveRows();
     } else {
         d->state = dsBrowse;
-        d->changed(d->current);
+        d->changed(d->cursor.row);
     }
     emit stateChanged();
     if (AfterCancel)
@@ -282,68 +238,21 @@ void TDataSet::Delete()
         return;
     }
     d->checkWritable();
-    if (d->current < 0)
+    if (d->cursor.row < 0)
         throw EDatabaseError(u"Nėra įrašo, kurį būtų galima ištrinti."_s);
     if (BeforeDelete)
         BeforeDelete(*this);
-    const RowArena::Address address = d->rows[size_t(d->sourceOfSeen(d->current))];
-    if (holdsChanges()) {
-        d->startHolding();
-        d->holdDeleted(address);
-    } else {
-        const Record before = d->arena.values(address, d->storedFields());
-        TRecordChange change{TChangeKind::Deleted, before, before};
-        d->writeChange(change);
-    }
-    d->modified = false;
+    d->writeDeletion();
+    d->edited.modified = false;
     if (d->state == dsEdit)
         d->setState(dsBrowse);
-    beginRemoveRows({}, d->current, d->current);
-    d->removeRow(d->current);
-    d->settle();
+    beginRemoveRows({}, d->cursor.row, d->cursor.row);
+    d->rows.erase(d->cursor.row);
+    d->calculated.forget();
+    d->cursor.settle(d->rows.seenCount());
     endRemoveRows();
     d->fetchUntilSeen(1);
     if (AfterDelete)
         AfterDelete(*this);
     d->scrolled();
-}
-
-// --- another station's changes
-
-// Theirs becomes the value as it was read; taken over, it is the record's own value, too.
-void TDataSet::Private::takeTheirs(const QList<TChangedColumn> &columns, bool asOwn)
-{
-    Q_ASSERT(state == dsEdit);
-    for (const TChangedColumn &column : columns) {
-        const size_t at = size_t(q->FieldByName(column.field)->index());
-        before[at] = column.theirs;
-        if (asOwn)
-            buffer[at] = column.theirs;
-    }
-    rereadHeldRow(columns);
-    forgetCalculated();
-    changed(current);
-    for (const TChangedColumn &column : columns)
-        emit q->fieldChanged(column.field);
-}
-
-void TDataSet::acceptOther(const QList<TChangedColumn> &columns)
-{
-    d->takeTheirs(columns, true);
-}
-
-void TDataSet::keepOwn(const QList<TChangedColumn> &columns)
-{
-    d->takeTheirs(columns, false);
-}
-
-QString TDataSet::textIn(const Record &record, int field)
-{
-    d->forgetCalculated();
-    const auto done = qScopeGuard([this] {
-        d->lookInto = nullptr;
-        d->forgetCalculated();
-    });
-    d->lookInto = &record;
-    return Field(field)->DisplayText();
 }

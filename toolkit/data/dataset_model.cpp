@@ -15,12 +15,12 @@ QVariant TDataSet::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    TField &field = *d->fields[size_t(index.column())];
+    TField &field = d->fields.at(index.column());
     if (role == Qt::TextAlignmentRole)
         return QVariant::fromValue(toQt(field.Alignment));
     if (role != Qt::DisplayRole && role != Qt::EditRole)
         return {};
-    const bool edited = editing() && index.row() == d->current;
+    const bool edited = editing() && index.row() == d->cursor.row;
     try {
         const LookAtRow look(d->lookAt, edited ? -1 : d->sourceOfModel(index.row()));
         return role == Qt::EditRole ? field.Value() : QVariant(field.DisplayText());
@@ -33,7 +33,7 @@ QVariant TDataSet::headerData(int section, Qt::Orientation orientation, int role
 {
     if (orientation != Qt::Horizontal || section < 0 || section >= FieldCount())
         return QAbstractTableModel::headerData(section, orientation, role);
-    const TField &field = *d->fields[size_t(section)];
+    const TField &field = d->fields.at(section);
     if (role == Qt::DisplayRole)
         return field.label();
     if (role == Qt::TextAlignmentRole)

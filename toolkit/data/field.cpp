@@ -60,7 +60,7 @@ Variant TField::OldValue() const
 {
     if (calculated || owner->State() == dsInsert)
         return {};
-    return owner->State() == dsEdit ? owner->d->before[size_t(position)] : Value();
+    return owner->State() == dsEdit ? owner->d->edited.before[size_t(position)] : Value();
 }
 
 double TField::AsFloat() const
@@ -152,7 +152,7 @@ QString TField::editText() const
 
 void TField::setValue(const Variant &value)
 {
-    if (calculated ? !owner->d->calculating : !owner->editing())
+    if (calculated ? !owner->d->calculated.isComputing() : !owner->editing())
         refuse(u"reikšmė dabar nekeičiama, įrašas neredaguojamas."_s);
     const Variant proposed = accepted(value);
     if (OnValidate && !calculated)
