@@ -17,7 +17,6 @@ struct ServerFailure {
     QString state; // the five signs of the SQL state
     QString message;
     QString detail;
-    QString table;
     QString column;
     QString constraint;
 };

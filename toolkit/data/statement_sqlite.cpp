@@ -78,6 +78,55 @@ void SqliteStatement::describeExpressions()
     }
 }
 
+namespace {
+
+int bindText(sqlite3_stmt *statement, int position, const QByteArray &bytes)
+{
+    return sqlite3_bind_text(statement, position, bytes.constData(), int(bytes.size()), SQLITE_TRANSIENT);
+}
+
+int bindBlob(sqlite3_stmt *statement, int position, const QByteArray &bytes)
+{
+    return sqlite3_bind_blob(statement, position, bytes.constData(), int(bytes.size()), SQLITE_TRANSIENT);
+}
+
+// A whole double goes as a whole number: a key that travelled as a double finds its row by the index.
+int bindNumber(sqlite3_stmt *statement, int position, double value)
+{
+    const std::optional<qlonglong> whole = wholeNumber(value);
+    return whole ? sqlite3_bind_int64(statement, position, *whole)
+                 : sqlite3_bind_double(statement, position, value);
+}
+
+int bindValue(sqlite3_stmt *statement, int position, const Variant &value)
+{
+    if (isNothing(value))
+        return sqlite3_bind_null(statement, position);
+    switch (value.typeId()) {
+    case QMetaType::Double:
+    case QMetaType::Float:
+        return bindNumber(statement, position, value.toDouble());
+    case QMetaType::Bool:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::Short:
+    case QMetaType::UShort:
+    case QMetaType::Long:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+        return sqlite3_bind_int64(statement, position, value.toLongLong());
+    case QMetaType::QByteArray:
+        return bindBlob(statement, position, value.toByteArray());
+    case QMetaType::QDate:
+    case QMetaType::QDateTime:
+        return bindText(statement, position, isoText(value));
+    default:
+        return bindText(statement, position, value.toString().toUtf8());
+    }
+}
+
+} // namespace
+
 void SqliteStatement::bind(const QString &name, const Variant &value)
 {
     checkAttached();
@@ -85,45 +134,7 @@ void SqliteStatement::bind(const QString &name, const Variant &value)
     checkBindable(name, value);
     if (progress != Progress::Idle)
         reset();
-    const auto bindText = [&](const QByteArray &bytes) {
-        return sqlite3_bind_text(statement, position, bytes.constData(), int(bytes.size()), SQLITE_TRANSIENT);
-    };
-    int code = SQLITE_OK;
-    if (isNothing(value)) {
-        code = sqlite3_bind_null(statement, position);
-    } else {
-        switch (value.typeId()) {
-        case QMetaType::Double:
-        case QMetaType::Float: {
-            const std::optional<qlonglong> whole = wholeNumber(value.toDouble());
-            code = whole ? sqlite3_bind_int64(statement, position, *whole)
-                         : sqlite3_bind_double(statement, position, value.toDouble());
-            break;
-        }
-        case QMetaType::Bool:
-        case QMetaType::Int:
-        case QMetaType::UInt:
-        case QMetaType::Short:
-        case QMetaType::UShort:
-        case QMetaType::Long:
-        case QMetaType::LongLong:
-        case QMetaType::ULongLong:
-            code = sqlite3_bind_int64(statement, position, value.toLongLong());
-            break;
-        case QMetaType::QByteArray: {
-            const QByteArray bytes = value.toByteArray();
-            code = sqlite3_bind_blob(statement, position, bytes.constData(), int(bytes.size()),
-                                     SQLITE_TRANSIENT);
-            break;
-        }
-        case QMetaType::QDate:
-        case QMetaType::QDateTime:
-            code = bindText(isoText(value));
-            break;
-        default:
-            code = bindText(value.toString().toUtf8());
-        }
-    }
+    const int code = bindValue(statement, position, value);
     if (code != SQLITE_OK)
         raiseSqliteError(connection->native(), code, sql.text);
 }

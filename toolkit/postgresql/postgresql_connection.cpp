@@ -184,7 +184,6 @@ void PostgresConnection::raise(const PGresult *result, const QByteArray &text)
     failure.state = field(result, PG_DIAG_SQLSTATE);
     failure.message = field(result, PG_DIAG_MESSAGE_PRIMARY);
     failure.detail = field(result, PG_DIAG_MESSAGE_DETAIL);
-    failure.table = field(result, PG_DIAG_TABLE_NAME);
     failure.column = field(result, PG_DIAG_COLUMN_NAME);
     failure.constraint = field(result, PG_DIAG_CONSTRAINT_NAME);
     if (failure.message.isEmpty())

@@ -26,54 +26,45 @@ QByteArray notNull(const QByteArray &bytes)
     return bytes.isNull() ? QByteArray("") : bytes;
 }
 
+struct TypeRow {
+    Oid server;
+    TFieldType field;
+};
+
+// What is not here reads as text.
+constexpr TypeRow fieldTypes[] = {
+    {ServerType::boolean, TFieldType::ftBoolean},    {ServerType::bytea, TFieldType::ftBlob},
+    {ServerType::int2, TFieldType::ftInteger},       {ServerType::int4, TFieldType::ftInteger},
+    {ServerType::int8, TFieldType::ftInteger},       {ServerType::oid, TFieldType::ftInteger},
+    {ServerType::float4, TFieldType::ftFloat},       {ServerType::float8, TFieldType::ftFloat},
+    {ServerType::numeric, TFieldType::ftFloat},      {ServerType::date, TFieldType::ftDate},
+    {ServerType::timestamp, TFieldType::ftDateTime}, {ServerType::timestamptz, TFieldType::ftDateTime},
+    {ServerType::text, TFieldType::ftMemo},
+};
+
+TFieldType fieldTypeOf(Oid type)
+{
+    for (const TypeRow &row : fieldTypes) {
+        if (row.server == type)
+            return row.field;
+    }
+    return TFieldType::ftString;
+}
+
 } // namespace
 
 TResultColumn serverColumn(const QString &name, Oid type, int modifier)
 {
     constexpr int modifierHeader = 4;
+    const int declared = modifier - modifierHeader; // of a varchar its size, of an amount digits and decimals
     TResultColumn column;
     column.name = name;
-    column.type = TFieldType::ftString;
-    switch (type) {
-    case ServerType::boolean:
-        column.type = TFieldType::ftBoolean;
-        break;
-    case ServerType::bytea:
-        column.type = TFieldType::ftBlob;
-        break;
-    case ServerType::int2:
-    case ServerType::int4:
-    case ServerType::int8:
-    case ServerType::oid:
-        column.type = TFieldType::ftInteger;
-        break;
-    case ServerType::float4:
-    case ServerType::float8:
-        column.type = TFieldType::ftFloat;
-        break;
-    case ServerType::numeric:
-        column.type = TFieldType::ftFloat;
-        if (modifier >= modifierHeader) {
-            column.digits = (modifier - modifierHeader) >> 16;
-            column.scale = (modifier - modifierHeader) & 0x7ff;
-        }
-        break;
-    case ServerType::date:
-        column.type = TFieldType::ftDate;
-        break;
-    case ServerType::timestamp:
-    case ServerType::timestamptz:
-        column.type = TFieldType::ftDateTime;
-        break;
-    case ServerType::bpchar:
-    case ServerType::varchar:
-        column.size = modifier > modifierHeader ? modifier - modifierHeader : 0;
-        break;
-    case ServerType::text:
-        column.type = TFieldType::ftMemo;
-        break;
-    default:
-        break;
+    column.type = fieldTypeOf(type);
+    if (type == ServerType::bpchar || type == ServerType::varchar)
+        column.size = std::max(0, declared);
+    if (type == ServerType::numeric && declared >= 0) {
+        column.digits = declared >> 16;
+        column.scale = declared & 0x7ff;
     }
     return column;
 }

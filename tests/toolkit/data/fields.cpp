@@ -71,6 +71,36 @@ TEST_P(Fields, RefuseWhatTheCodePageCannotHold)
     EXPECT_EQ(field(u"t_pavad"_s).AsString(), u"Vardas 1"_s);
 }
 
+TEST_P(Fields, WithoutALabelARefusalNamesNoColumnButCarriesIt)
+{
+    const auto refusal = [this](const QString &column, const Variant &value) {
+        try {
+            field(column).setValue(value);
+        } catch (const EFieldRefused &error) {
+            EXPECT_EQ(error.fieldName(), column);
+            return error.message();
+        }
+        return u"taken"_s;
+    };
+    EXPECT_EQ(refusal(u"t_kiek"_s, u"1,5"_s), u"Reikia sveikojo skaičiaus."_s);
+    EXPECT_EQ(refusal(u"t_kodas"_s, u"12345678901"_s), u"Tekstas per ilgas, daugiausia 10 ženklų."_s);
+    field(u"t_kiek"_s).DisplayLabel = u"Kiekis 100%1"_s;
+    EXPECT_EQ(refusal(u"t_kiek"_s, u"%1x"_s), u"Laukas \"Kiekis 100%1\": „%1x“ nėra skaičius."_s);
+}
+
+TEST_P(Fields, ThatMustNotStayEmptyAreCarriedByTheRefusal)
+{
+    field(u"t_data"_s).Required = true;
+    field(u"t_data"_s).Clear();
+    try {
+        set->Post();
+        FAIL() << "posted";
+    } catch (const EFieldRefused &error) {
+        EXPECT_EQ(error.fieldName(), u"t_data"_s);
+        EXPECT_EQ(error.message(), u"Neužpildytas privalomas laukas."_s);
+    }
+}
+
 TEST_P(Fields, TakeNumbersWithCommaAndPoint)
 {
     field(u"t_suma"_s).setEditText(u"12,5"_s);
@@ -175,6 +205,20 @@ TEST_P(Fields, MarkedReadOnlyRefuseTypedText)
 {
     field(u"t_suma"_s).ReadOnly = true;
     EXPECT_ERROR(EFieldRefused, field(u"t_suma"_s).setEditText(u"1"_s), u"nekeičiama"_s);
+}
+
+TEST_P(Fields, DescribedByAMisspeltNameStopTheProgramInTests)
+{
+#ifdef QT_NO_DEBUG
+    GTEST_SKIP() << "assertions are off";
+#endif
+    GTEST_FLAG_SET(death_test_style, "fast");
+    EXPECT_DEATH(set->describe(u"t_kiekas"_s, [](TField &) {}), "t_kiekas");
+    TQuery closed(mnFin_Db, u"select * from bd_t"_s);
+    closed.describe(u"t_kiekas"_s, [](TField &) {});
+    if (engine() == Engine::PostgreSql)
+        return; // no process may share the server's connection
+    EXPECT_DEATH(closed.Open(), "t_kiekas");
 }
 
 TEST_P(Fields, StayTheSameObjectsWhenTheSetIsOpenedAgain)

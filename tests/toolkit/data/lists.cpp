@@ -143,6 +143,48 @@ TEST_P(Lists, LocateFindsByValueOrLeavesTheCursor)
     EXPECT_THROW(set->Locate(u"nera"_s, 1), EDatabaseError);
 }
 
+TEST_P(Lists, ARowCanBeLookedForAmongThoseThatAreHere)
+{
+    fill(many);
+    const auto set = list();
+    EXPECT_EQ(set->findRow(u"t_id"_s, 7), 6);
+    EXPECT_EQ(set->findRow(u"t_id"_s, 7, 6), 6);
+    EXPECT_EQ(set->findRow(u"t_id"_s, 7, 7), -1);
+    EXPECT_EQ(set->findRow(u"t_id"_s, many), -1);
+    EXPECT_EQ(set->RecNo(), 0);
+    EXPECT_FALSE(set->fetchedAll());
+}
+
+TEST_P(Lists, AStoppedReadingKeepsWhatIsHereAndEndsASearch)
+{
+    fill(many);
+    const auto set = list();
+    const int here = set->fetchedCount();
+    set->stopReading();
+    EXPECT_TRUE(set->stopped());
+    EXPECT_FALSE(set->Locate(u"t_id"_s, many));
+    EXPECT_TRUE(set->Locate(u"t_id"_s, here));
+    EXPECT_EQ(set->RecordCount(), here);
+    set->Close();
+    set->Open();
+    EXPECT_FALSE(set->stopped());
+    EXPECT_EQ(set->RecordCount(), many);
+    set->stopReading(); // too late: all rows are here
+    EXPECT_FALSE(set->stopped());
+}
+
+TEST_P(Lists, ALongSearchCallsTheBusyHookWhichMayStopIt)
+{
+    constexpr int veryMany = 200000;
+    fill(veryMany);
+    const auto set = list();
+    const TDatabase::BusyHook before = TDatabase::setBusyHook([&set] { set->stopReading(); });
+    EXPECT_FALSE(set->Locate(u"t_kodas"_s, u"nėra"_s));
+    TDatabase::setBusyHook(before);
+    EXPECT_TRUE(set->stopped());
+    EXPECT_LT(set->fetchedCount(), veryMany);
+}
+
 TEST_P(Lists, TheFilterHidesRecordsAndKeepsTheCursorOnItsOwn)
 {
     fill(many);

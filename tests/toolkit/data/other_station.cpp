@@ -115,7 +115,7 @@ TEST_P(OtherStation, KeepingOnesOwnIsRefusedAgainWhenTheyChangeItAgain)
     EXPECT_EQ(stored(u"t_pavad"_s, 1), u"Mano"_s);
 }
 
-TEST_P(OtherStation, CancelShowsTheValueThatWasAccepted)
+TEST_P(OtherStation, AfterAcceptingNothingMayBeLeftToWrite)
 {
     field(u"t_pavad"_s).setAsString(u"Mano"_s);
     elsewhere(u"t_pavad = 'Jų'"_s);
