@@ -61,13 +61,26 @@ function(_velmora_finish target gui)
   endif()
 endfunction()
 
-# velmora_library(NAME [GUI] [LINK libs...]): a shared library of all sources in this folder.
+# Every catalogue of texts in this folder (name.ts) goes into the target, compiled, as the resource /i18n/name.qm.
+function(_velmora_catalogues target)
+  file(GLOB catalogues CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.ts)
+  foreach(catalogue ${catalogues})
+    get_filename_component(name ${catalogue} NAME_WE)
+    set(compiled ${CMAKE_CURRENT_BINARY_DIR}/${name}.qm)
+    add_custom_command(OUTPUT ${compiled} DEPENDS ${catalogue} VERBATIM
+                       COMMAND ${LRELEASE} -silent ${catalogue} -qm ${compiled})
+    qt_add_resources(${target} ${name} PREFIX /i18n BASE ${CMAKE_CURRENT_BINARY_DIR} FILES ${compiled})
+  endforeach()
+endfunction()
+
+# velmora_library(NAME [GUI] [LINK libs...]): a shared library of all sources in this folder, and of its catalogues.
 function(velmora_library name)
   cmake_parse_arguments(A "GUI" "" "LINK;SOURCES" ${ARGN})
   _velmora_sources(sources)
   add_library(${name} SHARED ${sources} ${A_SOURCES})
   target_link_libraries(${name} PUBLIC ${A_LINK})
   _velmora_finish(${name} ${A_GUI})
+  _velmora_catalogues(${name})
   install(TARGETS ${name} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 endfunction()
 

@@ -12,21 +12,24 @@ TStoredReport debtorRegister()
     return {
         .number = 81,
         .caption = u"Debitoriai ir kreditoriai"_s,
-        .sql = u"select DKA_ID, DKA_KOD, (a.SAS_SASNR+'  '+a.SAS_PAVAD) as SASKAITA, DKA_PAVAD, DKA_ADR, "
-               "DKA_TEL, DKA_I_KOD, DKA_PVM_KOD, DKA_EIN_SAS, DKA_BANK_KOD, DKA_BANK_PAV, "
-               "(b.SAS_SASNR+'  '+b.SAS_PAVAD) as SASKAITA_2 "
+        .sql = u"select DKA_ID, DKA_KOD, DKA_PAVAD, DKA_ADR, DKA_TEL, DKA_I_KOD, DKA_PVM_KOD, DKA_EIN_SAS, "
+               "DKA_BANK_PAV, a.SAS_SASNR as SASNR, b.SAS_SASNR as SASNR_2 "
                "from Bd_DbKrAsm, bd_sasplan as a, bd_sasplan as b "
                "where a.sas_id=dka_sasid and b.sas_id=dka_sasid_2 ORDER BY DKA_KOD"_s,
-        .columns = {{u"DKA_KOD"_s, u"Kodas"_s, 46},
-                    {u"DKA_PAVAD"_s, u"Pavadinimas"_s, 120},
-                    {u"DKA_ADR"_s, u"Adresas"_s, 92},
-                    {u"DKA_TEL"_s, u"Telefonas"_s, 62},
-                    {u"DKA_I_KOD"_s, u"Įmonės kodas"_s, 48, Qt::AlignRight, u"#"_s},
-                    {u"DKA_PVM_KOD"_s, u"PVM Kodas"_s, 62},
-                    {u"DKA_EIN_SAS"_s, u"Einamoji sąskaita"_s, 94},
-                    {u"DKA_BANK_PAV"_s, u"Banko pavadinimas"_s, 76},
-                    {u"SASKAITA"_s, u"Sąskaita"_s, 80},
-                    {u"SASKAITA_2"_s, u"Mok. sumų sąskaita"_s, 80}},
+        .columns = {{.field = u"DKA_KOD"_s, .title = u"Kodas"_s, .width = 46},
+                    {.field = u"DKA_PAVAD"_s, .title = u"Pavadinimas"_s, .width = 158},
+                    {.field = u"DKA_ADR"_s, .title = u"Adresas"_s, .width = 128},
+                    {.field = u"DKA_TEL"_s, .title = u"Telefonas"_s, .width = 60},
+                    {.field = u"DKA_I_KOD"_s,
+                     .title = u"Įmonės kodas"_s,
+                     .width = 48,
+                     .alignment = Qt::AlignRight,
+                     .mask = u"#"_s},
+                    {.field = u"DKA_PVM_KOD"_s, .title = u"PVM Kodas"_s, .width = 62},
+                    {.field = u"DKA_EIN_SAS"_s, .title = u"Einamoji sąskaita"_s, .width = 94},
+                    {.field = u"DKA_BANK_PAV"_s, .title = u"Banko pavadinimas"_s, .width = 82},
+                    {.field = u"SASNR"_s, .title = u"Sąskaita"_s, .width = 40},
+                    {.field = u"SASNR_2"_s, .title = u"Mok. sumų sąskaita"_s, .width = 46}},
         .fontSize = 7,
         .summary = u"'Iš viso: ' + COUNT(DKA_ID)"_s,
     };

@@ -24,21 +24,22 @@ QPointer<TReportPreview> &openPreview()
     throw Exception(u"Netinkami ataskaitos parametrai: „%1“"_s.arg(parameters));
 }
 
-// The switches by their names in upper case. A value goes on to the next blank with a stroke.
+// The switches by their names in upper case. A value goes on to the next "/NAME=".
 QHash<QString, QString> switchesOf(const QString &parameters)
 {
-    static const QRegularExpression between(u"\\s+(?=/)"_s);
-    static const QRegularExpression pattern(u"^/(DBN|RPTID)=(\\S.*)$"_s,
+    static const QRegularExpression pattern(u"\\G\\s*/(DBN|RPTID)=\\s*((?!/\\w+=)\\S.*?)\\s*(?=/\\w+=|\\z)"_s,
                                             QRegularExpression::CaseInsensitiveOption);
     QHash<QString, QString> switches;
-    const QStringList words = parameters.trimmed().split(between);
-    for (const QString &word : words) {
-        const QRegularExpressionMatch match = pattern.match(word);
-        const QString name = match.captured(1).toUpper();
-        if (!match.hasMatch() || switches.contains(name))
+    qsizetype end = 0;
+    for (const QRegularExpressionMatch &each : pattern.globalMatch(parameters)) {
+        const QString name = each.captured(1).toUpper();
+        if (switches.contains(name))
             refuse(parameters);
-        switches.insert(name, match.captured(2).trimmed());
+        switches.insert(name, each.captured(2));
+        end = each.capturedEnd();
     }
+    if (switches.size() != 2 || end != parameters.size())
+        refuse(parameters);
     return switches;
 }
 
@@ -79,8 +80,6 @@ TReport described(const TStoredReport &stored)
 void OpenReports(const AnsiString &parameters)
 {
     const QHash<QString, QString> switches = switchesOf(parameters.toQString());
-    if (switches.size() != 2)
-        refuse(parameters.toQString());
     TDatabase *session = sessionOf(switches[u"DBN"_s]);
     const TStoredReport &stored = reportOf(switches[u"RPTID"_s]);
     QWidget *owner = QApplication::activeWindow();

@@ -118,6 +118,7 @@ QString TSasLikFrm::dayBeforePeriod() const
 void TSasLikFrm::BeforePrint(TReport &report)
 {
     TBrowseFrm::BeforePrint(report);
+    report.period = PeriodBox->currentText();
     readTotals();
     addBalanceBands(report, dayBeforePeriod(), debit, credit);
 }

@@ -1,6 +1,8 @@
 #include "toolkit/report/preview.h"
 
 #include "toolkit/report/painting.h"
+#include "toolkit/text/format.h"
+#include "toolkit/widgets/dialog.h"
 #include "toolkit/widgets/guard.h"
 #include "toolkit/widgets/icons.h"
 #include "toolkit/widgets/progress.h"
@@ -14,6 +16,7 @@
 #include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QRegularExpression>
 #include <QSpinBox>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -21,6 +24,7 @@
 namespace {
 
 constexpr qreal zoomStep = 1.2;
+constexpr int helpTopic = 90;
 
 // Page counters for printing and PDF, which stop when the user does.
 std::function<bool(int)> counted(TProgressWindow &progress)
@@ -117,6 +121,7 @@ void TReportPreview::addTools()
     tools->addSeparator();
     addFindTools();
     tools->addSeparator();
+    addTool(TIcon::Help, "Pagalba", QKeySequence("F1"), [] { TDialog::showHelp(helpTopic); });
     addTool(TIcon::Close, "Uždaryti", QKeySequence("Esc"), [this] { close(); });
 }
 
@@ -196,11 +201,18 @@ void TReportPreview::print()
     printReport(report, *pages, printer, counted(progress));
 }
 
+QString TReportPreview::fileName() const
+{
+    static const QRegularExpression forbidden("[/\\\\:*?\"<>|]");
+    const QString day = FormatDateTime("yyyy.mm.dd", TDateTime(report.date));
+    QString name = report.caption + ' ' + (report.period.isEmpty() ? day : report.period);
+    return name.replace(forbidden, "-").trimmed();
+}
+
 void TReportPreview::savePdf()
 {
-    QString name = report.caption;
-    const QString file = QFileDialog::getSaveFileName(this, "Įrašyti PDF", name.replace(u'/', u'-') + ".pdf",
-                                                      "PDF failai (*.pdf)");
+    const QString file =
+        QFileDialog::getSaveFileName(this, "Įrašyti PDF", fileName() + ".pdf", "PDF failai (*.pdf)");
     if (file.isEmpty())
         return;
     TProgressWindow progress(report.caption, "Rašomas PDF…", pages->pageCount(), this);

@@ -17,7 +17,8 @@ enum class TIcon;
 // The preview of a report: pages, zoom, search, printer and PDF.
 //
 // Keys: Ctrl+P print, Ctrl+S save as PDF, Ctrl++ and Ctrl+- zoom, Ctrl+0 as wide as the window, Ctrl+9 whole
-// pages, Home, End, Page Up and Page Down move, Ctrl+G page number, Ctrl+F search, F3 search on, Esc close.
+// pages, Home, End, Page Up and Page Down move, Ctrl+G page number, Ctrl+F search, F3 search on, F1 help,
+// Esc close.
 class TReportPreview : public QWidget {
     Q_OBJECT
 public:
@@ -29,6 +30,9 @@ public:
     // Shows the preview above all other windows until it is closed or destroyed, so that nothing it shows
     // changes meanwhile.
     void ShowModal();
+
+    // The name that is proposed for a file of the report: caption, and period or day.
+    QString fileName() const;
 
     const TReportLayout &layout() const { return *pages; }
     TReportView *view() const { return pageView; }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QPageLayout>
 #include <QString>
 #include <QVariant>
@@ -41,6 +42,8 @@ struct TReportGroup {
 
 struct TReport {
     QString caption;
+    QDate date;     // the day it is made
+    QString period; // the period it tells of, in words; empty where it tells of none
     QPageLayout page{QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(42, 42, 42, 42)};
     TReportBand title;                // once, before everything
     TReportBand columnHeader;         // on every page

@@ -107,6 +107,7 @@ TReport reportOfTable(const TTableHeading &heading, const std::vector<TTableColu
 {
     TReport report;
     report.caption = heading.caption;
+    report.date = heading.date;
     if (widthOf(columns) > printableWidth(report))
         report.page.setOrientation(QPageLayout::Landscape);
     const qreal width = printableWidth(report);

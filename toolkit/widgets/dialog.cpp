@@ -75,6 +75,12 @@ void TDialog::setHelpDisplay(std::function<void(int)> display)
     helpDisplay() = std::move(display);
 }
 
+void TDialog::showHelp(int topic)
+{
+    if (helpDisplay())
+        helpDisplay()(topic);
+}
+
 void TDialog::describe(const QString &caption, const QList<TFieldRow> &rows, TDataSet *dataSet,
                        const QList<TDialogButton> &buttons)
 {
@@ -141,8 +147,7 @@ void TDialog::press(const TDialogButton &pressed)
         reject();
         break;
     case TDialogButton::Help:
-        if (helpDisplay())
-            helpDisplay()(ownTopic);
+        showHelp(ownTopic);
         break;
     case TDialogButton::Action:
         if (pressed.action)
@@ -266,7 +271,7 @@ void TDialog::offerSaveAndNew()
 void TDialog::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_F1 && ownTopic > 0 && helpDisplay()) {
-        runGuarded(this, [this] { helpDisplay()(ownTopic); });
+        runGuarded(this, [this] { showHelp(ownTopic); });
         return;
     }
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {

@@ -51,6 +51,7 @@ public:
     int helpTopic() const { return ownTopic; }
     // How help topics are shown; set once by the program.
     static void setHelpDisplay(std::function<void(int topic)> display);
+    static void showHelp(int topic); // by that display; without one nothing happens
 
     // Saves as the save button does; true when the dialog was closed by it.
     bool trySave();

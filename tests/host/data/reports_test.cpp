@@ -4,6 +4,7 @@
 #include "tests/support/clock.h"
 #include "tests/support/message_box.h"
 #include "toolkit/report/preview.h"
+#include "toolkit/report/text_metrics.h"
 
 using namespace Qt::StringLiterals;
 
@@ -71,13 +72,13 @@ TEST_P(Reports, TheRegisterIsListedByCodeWithACount)
                                                                 u"A1"_s,
                                                                 u"Ąžuolas"_s,
                                                                 u"123456789"_s,
-                                                                u"221  Pirkėjų skolos"_s,
-                                                                u"43  Mokėtinos sumos"_s,
+                                                                u"221"_s,
+                                                                u"43"_s,
                                                                 u"B2"_s,
                                                                 u"Žalgirio baldai"_s,
                                                                 u"123456789"_s,
-                                                                u"221  Pirkėjų skolos"_s,
-                                                                u"43  Mokėtinos sumos"_s,
+                                                                u"221"_s,
+                                                                u"43"_s,
                                                                 u"Iš viso: 2"_s,
                                                                 u"1 puslapis iš 1"_s}));
 }
@@ -86,6 +87,8 @@ TEST_P(Reports, SwitchesStandInAnyOrderAndCase)
 {
     addParty(1, u"A1"_s, u"Ąžuolas"_s);
     EXPECT_TRUE(shown(u" /rptid=81   /dbn=MNFIN_DB "_s).contains(u"Ąžuolas"_s));
+    EXPECT_TRUE(shown(u"/DBN= mnFin_Db/RPTID= 81"_s).contains(u"Ąžuolas"_s));
+    EXPECT_EQ(refusal(u"/DBN=mnFin_Db/RPTID=9999"_s), u"Ataskaitos Nr. 9999 nėra"_s);
 }
 
 TEST_P(Reports, AnEmptyReportIsNotShown)
@@ -102,7 +105,9 @@ TEST_P(Reports, ParametersThatAreNoneAreRefused)
                                    u"/DBN= /RPTID=81"_s,
                                    u"/DBN=mnFin_Db /RPTID=81 /RPTID=81"_s,
                                    u"/DBN=mnFin_Db /RPTID=81 /KITA=1"_s,
-                                   u"/DBN=mnFin_Db/RPTID=81"_s};
+                                   u"/DBN=mnFin_Db/RPTID=81/KITA=1"_s,
+                                   u"/DBN=/RPTID=81"_s,
+                                   u"žodis /DBN=mnFin_Db /RPTID=81"_s};
     for (const QString &parameters : malformed)
         EXPECT_EQ(refusal(parameters), u"Netinkami ataskaitos parametrai: „%1“"_s.arg(parameters));
 }
@@ -112,6 +117,30 @@ TEST_P(Reports, AnUnknownReportOrSessionIsNamed)
     EXPECT_EQ(refusal(u"/DBN=mnFin_Db /RPTID=9999"_s), u"Ataskaitos Nr. 9999 nėra"_s);
     EXPECT_EQ(refusal(u"/DBN=mnFin_Db /RPTID=81x"_s), u"Ataskaitos Nr. 81x nėra"_s);
     EXPECT_EQ(refusal(u"/DBN=kita /RPTID=81"_s), u"Duomenų bazės „kita“ nėra"_s);
+}
+
+TEST_P(Reports, ARowOfTheRegisterTakesTwoLinesAtMost)
+{
+    fin->ExecSQL(
+        u"update bd_sasplan set sas_pavad = 'Trumpalaikės ir ilgalaikės mokėtinos sumos tiekėjams'"_s);
+    fin->ExecSQL(
+        u"insert into bd_dbkrasm (dka_id, dka_kod, dka_pavad, dka_adr, dka_tel, dka_i_kod, dka_pvm_kod, "
+        "dka_ein_sas, dka_bank_pav, dka_sasid, dka_sasid_2) values (1, 'T000123', "
+        "'Viešoji įstaiga „Žemaitijos regiono švietimo pagalbos ir kultūros centras“', "
+        "'Antrojo tūkstantmečio g. 118, Naujoji Akmenė', '+37060000123', 990600123, 'LT990600123', "
+        "'LT809900000000000123', 'Lietuvos taupomasis bankas', 3, 7)"_s);
+    qreal highest = 0;
+    OnNextDialog<TReportPreview> preview([&highest](TReportPreview &window) {
+        for (const TReportPrimitive &primitive : window.layout().page(0))
+            if (primitive.wrap)
+                highest = std::max(highest, primitive.rect.height());
+        EXPECT_EQ(window.fileName(),
+                  u"Debitoriai ir kreditoriai "_s + QDate::currentDate().toString(u"yyyy.MM.dd"_s));
+        window.close();
+    });
+    OpenReports(AnsiString(u"/DBN=mnFin_Db /RPTID=81"_s));
+    EXPECT_GT(highest, 0);
+    EXPECT_LT(highest, 3 * lineHeight(7));
 }
 
 TEST_P(Reports, ClosingTheEngineClosesItsPreview)

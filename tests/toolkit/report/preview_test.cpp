@@ -3,6 +3,7 @@
 #include "tests/support/files.h"
 #include "tests/support/message_box.h"
 #include "toolkit/report/painting.h"
+#include "toolkit/widgets/dialog.h"
 
 #include <gtest/gtest.h>
 
@@ -143,6 +144,51 @@ TEST_F(Preview, EscapeEndsTheModalPreview)
     });
     shown.ShowModal();
     EXPECT_FALSE(shown.isVisible());
+}
+
+TEST_F(Preview, EscapeClosesItFromTheSearchAndThePageNumberToo)
+{
+    for (const char *edit : {"FindEdit", "PageEdit"}) {
+        open(5);
+        auto *focused = preview->findChild<QWidget *>(edit);
+        focused->setFocus();
+        QTest::keyClick(focused, Qt::Key_Escape);
+        EXPECT_FALSE(preview->isVisible()) << edit;
+    }
+}
+
+TEST_F(Preview, F1ShowsItsHelp)
+{
+    int topic = 0;
+    TDialog::setHelpDisplay([&topic](int asked) { topic = asked; });
+    open(1);
+    key(Qt::Key_F1);
+    TDialog::setHelpDisplay({});
+    EXPECT_EQ(topic, 90);
+    EXPECT_TRUE(QFile::exists(sourceFolder() + "/docs/help/90.md"));
+}
+
+TEST_F(Preview, AFileIsCalledAfterTheReportAndItsPeriodOrDay)
+{
+    TReport report = numbered();
+    report.caption = "Pajamos/išlaidos";
+    report.date = QDate(2007, 1, 2);
+    const auto named = [](const TReport &shown) {
+        return TReportPreview(shown, std::make_unique<Numbers>(1), nullptr).fileName();
+    };
+    EXPECT_EQ(named(report), "Pajamos-išlaidos 2007.01.02");
+    report.period = "2006 m. gruodis";
+    EXPECT_EQ(named(report), "Pajamos-išlaidos 2006 m. gruodis");
+    preview = std::make_unique<TReportPreview>(report, std::make_unique<Numbers>(1), nullptr);
+    preview->show();
+    preview->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(preview.get()));
+    OnNextDialog<QFileDialog> files([](QFileDialog &dialog) {
+        EXPECT_EQ(QFileInfo(dialog.selectedFiles().value(0)).fileName(),
+                  "Pajamos-išlaidos 2006 m. gruodis.pdf");
+        dialog.reject();
+    });
+    key(Qt::Key_S, Qt::ControlModifier);
 }
 
 TEST_F(Preview, EscapeStopsALongPreparation)
