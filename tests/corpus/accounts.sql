@@ -65,6 +65,14 @@ delete from bd_opr where opr_id = :OLD_opr_id
 insert into bd_OprSasKor (OSK_OPRID, OSK_SASID, OSK_DB_KR, OSK_1_2) values (:osk_oprid, :osk_sasid, :osk_db_kr, :osk_1_2)
 ;;
 -- screen: TOprFrm, session: mnFin_Db
+-- param osk_sasid = 1
+-- param OLD_osk_oprid = 1
+-- param OLD_osk_sasid = 2
+-- param OLD_osk_db_kr = 'K'
+-- param OLD_osk_1_2 = '1'
+update bd_OprSasKor set OSK_SASID = :osk_sasid where OSK_OPRID = :OLD_osk_oprid and OSK_SASID = :OLD_osk_sasid and OSK_DB_KR = :OLD_osk_db_kr and OSK_1_2 = :OLD_osk_1_2
+;;
+-- screen: TOprFrm, session: mnFin_Db
 -- param OLD_osk_oprid = 1
 -- param OLD_osk_sasid = 2
 -- param OLD_osk_db_kr = 'K'

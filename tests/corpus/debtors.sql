@@ -87,3 +87,6 @@ select count(dka_id) from bd_dbkrasm where dka_kod ='ŽVK'
 -- screen: TCopyDbKrFrm, session: mnFin_Db
 select max(dka_id) from bd_dbkrasm
 ;;
+-- screen: OpenReports, session: mnFin_Db
+select DKA_ID, DKA_KOD, DKA_PAVAD, DKA_ADR, DKA_TEL, DKA_I_KOD, DKA_PVM_KOD, DKA_EIN_SAS, DKA_BANK_PAV, a.SAS_SASNR as SASNR, b.SAS_SASNR as SASNR_2 from Bd_DbKrAsm, bd_sasplan as a, bd_sasplan as b where a.sas_id=dka_sasid and b.sas_id=dka_sasid_2 ORDER BY DKA_KOD
+;;

@@ -23,6 +23,9 @@ select * from bd_period where per_menuo=0
 delete from bd_samatos where sam_id = :OLD_sam_id
 ;;
 -- screen: TSamDlg, session: mnFin_Db
+select max(sam_id) from bd_samatos
+;;
+-- screen: TSamDlg, session: mnFin_Db
 -- param sam_id = 2
 -- param sam_jveid = 1
 -- param sam_perid = 2

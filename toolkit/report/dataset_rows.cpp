@@ -2,6 +2,8 @@
 
 #include "toolkit/widgets/progress.h"
 
+using namespace Qt::StringLiterals;
+
 int TDataSetRows::count()
 {
     return set && set->Active() ? set->rowCount() : 0;
@@ -28,7 +30,7 @@ QVariant TDataSetRows::value(int row, const QString &field)
 
 void fetchAll(TDataSet &set, const QString &title, QWidget *owner)
 {
-    TProgressWindow progress(title, QStringLiteral(u"Skaitomi duomenys…"), 0, owner);
+    TProgressWindow progress(title, u"Skaitomi duomenys…"_s, 0, owner);
     while (set.canFetchMore({})) {
         const int before = set.fetchedCount();
         set.fetchMore({});

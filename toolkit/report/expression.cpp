@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double scale = 10000;
@@ -32,15 +34,15 @@ int compared(const QVariant &left, const QVariant &right)
 
 bool holds(const QString &comparison, int order)
 {
-    if (comparison == "=")
+    if (comparison == u"=")
         return order == 0;
-    if (comparison == "<>")
+    if (comparison == u"<>")
         return order != 0;
-    if (comparison == "<")
+    if (comparison == u"<")
         return order < 0;
-    if (comparison == ">")
+    if (comparison == u">")
         return order > 0;
-    return comparison == "<=" ? order <= 0 : order >= 0;
+    return comparison == u"<=" ? order <= 0 : order >= 0;
 }
 
 } // namespace
@@ -92,25 +94,25 @@ private:
     {
         const QVariant left = of(*node.arguments[0]);
         const QVariant right = of(*node.arguments[1]);
-        if (node.name == "+")
+        if (node.name == u"+")
             return joinedOrAdded(left, right);
-        if (node.name == "-")
+        if (node.name == u"-")
             return left.toDouble() - right.toDouble();
-        if (node.name == "*")
+        if (node.name == u"*")
             return left.toDouble() * right.toDouble();
-        if (node.name == "/")
+        if (node.name == u"/")
             return right.toDouble() == 0 ? QVariant() : QVariant(left.toDouble() / right.toDouble());
         return holds(node.name, compared(left, right));
     }
 
     QVariant function(const TReportExpression::Node &node) const
     {
-        if (node.name == "IF")
+        if (node.name == u"IF")
             return of(*node.arguments[of(*node.arguments[0]).toBool() ? 1 : 2]);
         const QVariant first = of(*node.arguments[0]);
-        if (node.name == "COPY")
+        if (node.name == u"COPY")
             return first.toString().mid(of(*node.arguments[1]).toInt() - 1, of(*node.arguments[2]).toInt());
-        if (node.name == "UPPER")
+        if (node.name == u"UPPER")
             return first.toString().toUpper();
         return first.toString(); // STR
     }
@@ -133,7 +135,7 @@ void TReportExpression::accumulate(const Fields &row, Totals &totals) const
 {
     for (const Node *aggregate : aggregates)
         totals[aggregate->slot].add(
-            aggregate->name == "COUNT"
+            aggregate->name == u"COUNT"
                 ? 1
                 : TReportEvaluation(row, totals).of(*aggregate->arguments[0]).toDouble());
 }

@@ -2,6 +2,8 @@
 
 #include <QHash>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Node = TReportExpression::Node;
@@ -10,8 +12,8 @@ using NodePtr = std::unique_ptr<Node>;
 constexpr int deepestNesting = 100;
 
 // How many arguments each function takes.
-const QHash<QString, int> functions = {{"IF", 3},  {"COPY", 3}, {"UPPER", 1},
-                                       {"STR", 1}, {"SUM", 1},  {"COUNT", 1}};
+const QHash<QString, int> functions = {{u"IF"_s, 3},  {u"COPY"_s, 3}, {u"UPPER"_s, 1},
+                                       {u"STR"_s, 1}, {u"SUM"_s, 1},  {u"COUNT"_s, 1}};
 
 class Parser {
 public:
@@ -31,8 +33,7 @@ public:
 private:
     [[noreturn]] void refuse() const
     {
-        throw EConvertError(
-            QString("Neteisinga ataskaitos išraiška „%1“, %2 simbolis").arg(text).arg(at + 1));
+        throw EConvertError(u"Neteisinga ataskaitos išraiška „%1“, %2 simbolis"_s.arg(text).arg(at + 1));
     }
 
     void skipBlanks()
@@ -74,15 +75,15 @@ private:
     {
         if (++depth > deepestNesting)
             refuse();
-        NodePtr node = chain({"+", "-"}, &Parser::product);
-        const QString sign = take({"<>", "<=", ">=", "=", "<", ">"});
+        NodePtr node = chain({u"+"_s, u"-"_s}, &Parser::product);
+        const QString sign = take({u"<>"_s, u"<="_s, u">="_s, u"="_s, u"<"_s, u">"_s});
         if (!sign.isEmpty())
-            node = operation(sign, std::move(node), chain({"+", "-"}, &Parser::product));
+            node = operation(sign, std::move(node), chain({u"+"_s, u"-"_s}, &Parser::product));
         --depth;
         return node;
     }
 
-    NodePtr product() { return chain({"*", "/"}, &Parser::single); }
+    NodePtr product() { return chain({u"*"_s, u"/"_s}, &Parser::single); }
 
     NodePtr chain(const QStringList &signs, NodePtr (Parser::*part)())
     {
@@ -97,9 +98,9 @@ private:
         skipBlanks();
         if (at >= text.size())
             refuse();
-        if (!take({"("}).isEmpty()) {
+        if (!take({u"("_s}).isEmpty()) {
             NodePtr node = comparison();
-            demand(")");
+            demand(u")"_s);
             return node;
         }
         if (text[at] == u'\'')
@@ -153,7 +154,7 @@ private:
         auto node = std::make_unique<Node>();
         node->name = text.mid(start, at - start);
         node->kind = Node::Kind::Field;
-        return take({"("}).isEmpty() ? std::move(node) : call(std::move(node));
+        return take({u"("_s}).isEmpty() ? std::move(node) : call(std::move(node));
     }
 
     NodePtr call(NodePtr node)
@@ -162,12 +163,12 @@ private:
         const int wanted = functions.value(node->name, -1);
         do
             node->arguments.push_back(comparison());
-        while (!take({","}).isEmpty());
-        demand(")");
+        while (!take({u","_s}).isEmpty());
+        demand(u")"_s);
         if (int(node->arguments.size()) != wanted)
             refuse();
         node->kind = Node::Kind::Function;
-        if (node->name == "SUM" || node->name == "COUNT") {
+        if (node->name == u"SUM" || node->name == u"COUNT") {
             node->kind = Node::Kind::Aggregate;
             node->slot = aggregates.size();
             aggregates.push_back(node.get());

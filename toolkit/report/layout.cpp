@@ -4,6 +4,8 @@
 #include "toolkit/report/text_metrics.h"
 #include "toolkit/text/format.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int rowsBetweenProgress = 200;
@@ -13,7 +15,7 @@ QString shown(const QVariant &value, const QString &mask)
 {
     switch (value.typeId()) {
     case QMetaType::QDate:
-        return FormatDateTime(mask.isEmpty() ? "yyyy.mm.dd" : mask, TDateTime(value.toDate()));
+        return FormatDateTime(mask.isEmpty() ? u"yyyy.mm.dd"_s : mask, TDateTime(value.toDate()));
     case QMetaType::Double:
         return mask.isEmpty() ? FloatToStr(value.toDouble()) : FormatFloat(mask, value.toDouble());
     case QMetaType::Int:
@@ -119,7 +121,7 @@ struct TReportLayout::Private {
             if (top + height + use->keepWith > bodyEnd() && !empty)
                 return;
             if (top + height > bodyEnd())
-                throw Exception("Ataskaitos eilutė netelpa lape");
+                throw Exception(u"Ataskaitos eilutė netelpa lape"_s);
             if (page)
                 place(*use, top, height, *page);
             top += height;
@@ -157,9 +159,9 @@ TReportPage TReportLayout::page(int number) const
     TReportPage page;
     const bool first = number == 0;
     const auto fields = [this, number](const QString &name) -> QVariant {
-        if (name.compare("PAGENUMBER", Qt::CaseInsensitive) == 0)
+        if (name.compare(u"PAGENUMBER"_s, Qt::CaseInsensitive) == 0)
             return number + 1;
-        if (name.compare("PAGECOUNT", Qt::CaseInsensitive) == 0)
+        if (name.compare(u"PAGECOUNT"_s, Qt::CaseInsensitive) == 0)
             return pageCount();
         return {};
     };

@@ -7,6 +7,8 @@
 #include <QPdfWriter>
 #include <QSaveFile>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int pdfResolution = 1200;
@@ -38,18 +40,18 @@ void paintPages(const TReportLayout &layout, QPagedPaintDevice &device, int firs
 {
     QPainter painter;
     if (!painter.begin(&device))
-        throw Exception("Nepavyko pradėti spausdinimo");
+        throw Exception(u"Nepavyko pradėti spausdinimo"_s);
     const qreal scale = device.logicalDpiX() / pointsPerInch;
     for (int number = first; number <= last; ++number) {
         if (number > first && !device.newPage())
-            throw Exception("Nepavyko pradėti naujo lapo");
+            throw Exception(u"Nepavyko pradėti naujo lapo"_s);
         painter.resetTransform();
         painter.scale(scale, scale);
         paintReportPage(painter, layout.page(number));
         countPage(number - first + 1, progress);
     }
     if (!painter.end())
-        throw Exception("Nepavyko baigti spausdinimo");
+        throw Exception(u"Nepavyko baigti spausdinimo"_s);
 }
 
 } // namespace
@@ -80,7 +82,7 @@ void writeReportPdf(const TReport &report, const TReportLayout &layout, const QS
 {
     QSaveFile target(file);
     if (!target.open(QIODevice::WriteOnly))
-        throw Exception(QString("Nepavyko įrašyti failo %1: %2").arg(file, target.errorString()));
+        throw Exception(u"Nepavyko įrašyti failo %1: %2"_s.arg(file, target.errorString()));
     {
         QPdfWriter writer(&target);
         writer.setPageLayout(report.page);
@@ -89,5 +91,5 @@ void writeReportPdf(const TReport &report, const TReportLayout &layout, const QS
         paintPages(layout, writer, 0, layout.pageCount() - 1, progress);
     }
     if (!target.commit())
-        throw Exception(QString("Nepavyko įrašyti failo %1: %2").arg(file, target.errorString()));
+        throw Exception(u"Nepavyko įrašyti failo %1: %2"_s.arg(file, target.errorString()));
 }

@@ -21,6 +21,8 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qreal zoomStep = 1.2;
@@ -46,10 +48,10 @@ TReportPreview::TReportPreview(TReport shownReport, std::unique_ptr<TReportRows>
       findEdit(new QLineEdit(this)),
       foundLabel(new QLabel(this))
 {
-    TProgressWindow progress(report.caption, "Ruošiama ataskaita…", rows->count(), owner);
+    TProgressWindow progress(report.caption, u"Ruošiama ataskaita…"_s, rows->count(), owner);
     pages = std::make_unique<TReportLayout>(report, *rows, counted(progress));
-    setObjectName("TReportPreview");
-    setWindowTitle(QString("%1 – peržiūra").arg(report.caption));
+    setObjectName(u"TReportPreview"_s);
+    setWindowTitle(u"%1 – peržiūra"_s.arg(report.caption));
     setWindowIcon(icon(TIcon::Print));
     pageView = new TReportView(report, *pages, this);
     addTools();
@@ -99,7 +101,7 @@ void TReportPreview::addTool(TIcon picture, const QString &text, const QKeySeque
 {
     QAction *action = tools->addAction(icon(picture), text);
     action->setShortcut(key);
-    action->setToolTip(QString("%1 (%2)").arg(text, key.toString(QKeySequence::NativeText)));
+    action->setToolTip(u"%1 (%2)"_s.arg(text, key.toString(QKeySequence::NativeText)));
     tools->widgetForAction(action)->setAccessibleName(text);
     connectGuarded(action, &QAction::triggered, this, std::move(handler));
 }
@@ -107,45 +109,46 @@ void TReportPreview::addTool(TIcon picture, const QString &text, const QKeySeque
 void TReportPreview::addTools()
 {
     tools->setIconSize({20, 20});
-    addTool(TIcon::Print, "Spausdinti", QKeySequence("Ctrl+P"), [this] { print(); });
-    addTool(TIcon::Save, "Įrašyti PDF", QKeySequence("Ctrl+S"), [this] { savePdf(); });
+    addTool(TIcon::Print, u"Spausdinti"_s, QKeySequence(u"Ctrl+P"_s), [this] { print(); });
+    addTool(TIcon::Save, u"Įrašyti PDF"_s, QKeySequence(u"Ctrl+S"_s), [this] { savePdf(); });
     tools->addSeparator();
-    addTool(TIcon::ZoomIn, "Didinti", QKeySequence("Ctrl++"),
+    addTool(TIcon::ZoomIn, u"Didinti"_s, QKeySequence(u"Ctrl++"_s),
             [this] { pageView->setZoom(pageView->zoom() * zoomStep); });
-    addTool(TIcon::ZoomOut, "Mažinti", QKeySequence("Ctrl+-"),
+    addTool(TIcon::ZoomOut, u"Mažinti"_s, QKeySequence(u"Ctrl+-"_s),
             [this] { pageView->setZoom(pageView->zoom() / zoomStep); });
-    addTool(TIcon::FitWidth, "Pagal lango plotį", QKeySequence("Ctrl+0"), [this] { pageView->fitWidth(); });
-    addTool(TIcon::FitPage, "Visas lapas", QKeySequence("Ctrl+9"), [this] { pageView->fitPage(); });
+    addTool(TIcon::FitWidth, u"Pagal lango plotį"_s, QKeySequence(u"Ctrl+0"_s),
+            [this] { pageView->fitWidth(); });
+    addTool(TIcon::FitPage, u"Visas lapas"_s, QKeySequence(u"Ctrl+9"_s), [this] { pageView->fitPage(); });
     tools->addSeparator();
     addPageTools();
     tools->addSeparator();
     addFindTools();
     tools->addSeparator();
-    addTool(TIcon::Help, "Pagalba", QKeySequence("F1"), [] { TDialog::showHelp(helpTopic); });
-    addTool(TIcon::Close, "Uždaryti", QKeySequence("Esc"), [this] { close(); });
+    addTool(TIcon::Help, u"Pagalba"_s, QKeySequence(u"F1"_s), [] { TDialog::showHelp(helpTopic); });
+    addTool(TIcon::Close, u"Uždaryti"_s, QKeySequence(u"Esc"_s), [this] { close(); });
 }
 
 void TReportPreview::addPageTools()
 {
-    addTool(TIcon::First, "Pirmas lapas", QKeySequence("Ctrl+Home"), [this] { pageView->goToPage(0); });
-    addTool(TIcon::Previous, "Ankstesnis lapas", QKeySequence("Alt+Up"),
+    addTool(TIcon::First, u"Pirmas lapas"_s, QKeySequence(u"Ctrl+Home"_s), [this] { pageView->goToPage(0); });
+    addTool(TIcon::Previous, u"Ankstesnis lapas"_s, QKeySequence(u"Alt+Up"_s),
             [this] { pageView->goToPage(pageView->currentPage() - 1); });
-    pageEdit->setObjectName("PageEdit");
-    pageEdit->setAccessibleName("Lapas");
-    pageEdit->setToolTip("Lapo numeris (Ctrl+G)");
+    pageEdit->setObjectName(u"PageEdit"_s);
+    pageEdit->setAccessibleName(u"Lapas"_s);
+    pageEdit->setToolTip(u"Lapo numeris (Ctrl+G)"_s);
     pageEdit->setRange(1, pages->pageCount());
-    pageEdit->setSuffix(QString(" iš %1").arg(pages->pageCount()));
+    pageEdit->setSuffix(u" iš %1"_s.arg(pages->pageCount()));
     pageEdit->setButtonSymbols(QAbstractSpinBox::NoButtons);
     pageEdit->setKeyboardTracking(false);
     tools->addWidget(pageEdit);
     connectGuarded(pageEdit, &QSpinBox::valueChanged, this,
                    [this](int page) { pageView->goToPage(page - 1); });
-    addTool(TIcon::Next, "Kitas lapas", QKeySequence("Alt+Down"),
+    addTool(TIcon::Next, u"Kitas lapas"_s, QKeySequence(u"Alt+Down"_s),
             [this] { pageView->goToPage(pageView->currentPage() + 1); });
-    addTool(TIcon::Last, "Paskutinis lapas", QKeySequence("Ctrl+End"),
+    addTool(TIcon::Last, u"Paskutinis lapas"_s, QKeySequence(u"Ctrl+End"_s),
             [this] { pageView->goToPage(pages->pageCount() - 1); });
     auto *go = new QAction(this);
-    go->setShortcut(QKeySequence("Ctrl+G"));
+    go->setShortcut(QKeySequence(u"Ctrl+G"_s));
     addAction(go);
     connectGuarded(go, &QAction::triggered, this, [this] {
         pageEdit->setFocus();
@@ -155,18 +158,18 @@ void TReportPreview::addPageTools()
 
 void TReportPreview::addFindTools()
 {
-    findEdit->setObjectName("FindEdit");
-    findEdit->setPlaceholderText("Ieškoti");
-    findEdit->setAccessibleName("Ieškoti");
+    findEdit->setObjectName(u"FindEdit"_s);
+    findEdit->setPlaceholderText(u"Ieškoti"_s);
+    findEdit->setAccessibleName(u"Ieškoti"_s);
     findEdit->setClearButtonEnabled(true);
     findEdit->setMaximumWidth(180);
-    foundLabel->setObjectName("FoundLabel");
+    foundLabel->setObjectName(u"FoundLabel"_s);
     tools->addWidget(findEdit);
     connectGuarded(findEdit, &QLineEdit::returnPressed, this, [this] { find(); });
-    addTool(TIcon::Find, "Ieškoti toliau", QKeySequence("F3"), [this] { find(); });
+    addTool(TIcon::Find, u"Ieškoti toliau"_s, QKeySequence(u"F3"_s), [this] { find(); });
     tools->addWidget(foundLabel);
     auto *start = new QAction(this);
-    start->setShortcut(QKeySequence("Ctrl+F"));
+    start->setShortcut(QKeySequence(u"Ctrl+F"_s));
     addAction(start);
     connectGuarded(start, &QAction::triggered, this, [this] {
         findEdit->setFocus();
@@ -184,7 +187,7 @@ void TReportPreview::find()
 {
     const QString words = findEdit->text().trimmed();
     const bool found = pageView->findNext(words);
-    foundLabel->setText(found || words.isEmpty() ? QString() : QString(" Nerasta: %1").arg(words));
+    foundLabel->setText(found || words.isEmpty() ? QString() : u" Nerasta: %1"_s.arg(words));
 }
 
 // --- output
@@ -197,24 +200,24 @@ void TReportPreview::print()
     dialog.setMinMax(1, pages->pageCount());
     if (dialog.exec() != QDialog::Accepted)
         return;
-    TProgressWindow progress(report.caption, "Spausdinama…", pages->pageCount(), this);
+    TProgressWindow progress(report.caption, u"Spausdinama…"_s, pages->pageCount(), this);
     printReport(report, *pages, printer, counted(progress));
 }
 
 QString TReportPreview::fileName() const
 {
-    static const QRegularExpression forbidden("[/\\\\:*?\"<>|]");
-    const QString day = FormatDateTime("yyyy.mm.dd", TDateTime(report.date));
+    static const QRegularExpression forbidden(u"[/\\\\:*?\"<>|]"_s);
+    const QString day = FormatDateTime(u"yyyy.mm.dd"_s, TDateTime(report.date));
     QString name = report.caption + ' ' + (report.period.isEmpty() ? day : report.period);
-    return name.replace(forbidden, "-").trimmed();
+    return name.replace(forbidden, u"-"_s).trimmed();
 }
 
 void TReportPreview::savePdf()
 {
     const QString file =
-        QFileDialog::getSaveFileName(this, "Įrašyti PDF", fileName() + ".pdf", "PDF failai (*.pdf)");
+        QFileDialog::getSaveFileName(this, u"Įrašyti PDF"_s, fileName() + u".pdf"_s, u"PDF failai (*.pdf)"_s);
     if (file.isEmpty())
         return;
-    TProgressWindow progress(report.caption, "Rašomas PDF…", pages->pageCount(), this);
+    TProgressWindow progress(report.caption, u"Rašomas PDF…"_s, pages->pageCount(), this);
     writeReportPdf(report, *pages, file, counted(progress));
 }

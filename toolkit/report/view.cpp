@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qreal pointsPerInch = 72;
@@ -25,7 +27,7 @@ TReportView::TReportView(const TReport &shownReport, const TReportLayout &shownL
       layout(shownLayout)
 {
     setFocusPolicy(Qt::StrongFocus);
-    setAccessibleName("Ataskaitos lapai");
+    setAccessibleName(u"Ataskaitos lapai"_s);
     viewport()->setBackgroundRole(QPalette::Mid);
     viewport()->setAutoFillBackground(true);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this,

@@ -5,6 +5,8 @@
 #include <QHash>
 #include <QSet>
 
+#include <span>
+
 namespace sql {
 
 // What a function is worth.
@@ -20,12 +22,30 @@ struct FunctionRule {
     bool operands = false; // the wording puts the arguments beside operators: they need parentheses
 };
 
+// The same as a line of a table.
+struct FunctionEntry {
+    const char *name;
+    int least = 0;
+    int most = 0;
+    Worth worth = Worth::Unknown;
+    const char *wording = "";
+    bool operands = false;
+};
+
 // One type of a cast. The wording holds %1 for the value, %2 and %3 for the sizes.
 struct CastRule {
     QString type;
-    int sizes = 0; // how many sizes the rule takes; the most fitting rule is taken
-    Worth worth = Worth::Unknown;
+    int sizes = 0; // how many sizes the rule takes
+    ValueType worth = ValueType::Unknown;
     QString wording;
+};
+
+// The same rule for several types, parted by blanks, as a line of a table; %t is the type.
+struct CastEntry {
+    const char *types;
+    int sizes = 0;
+    ValueType worth = ValueType::Unknown;
+    const char *wording;
 };
 
 // Everything in which the engines differ. A statement is parsed and emitted by the same code for both; what
@@ -55,8 +75,9 @@ struct Dialect {
     static const Dialect &of(SqlDialect dialect);
 };
 
-// What the dialect itself says, the same on both engines.
-void addCommonRules(Dialect *dialect);
+// The engine's own functions together with those that both engines say alike.
+QHash<QString, FunctionRule> withCommonFunctions(std::span<const FunctionEntry> own);
+QList<CastRule> castRules(std::span<const CastEntry> entries);
 QSet<QString> wordSet(const char *words);
 
 // The wording with its places filled; what the values hold is not looked into.

@@ -4,6 +4,8 @@
 
 #include <climits>
 
+using namespace Qt::StringLiterals;
+
 namespace sql {
 
 Emitter::Emitter(const Dialect &engine, const SqlCatalog &sqlCatalog, const TokenList &list,
@@ -27,8 +29,8 @@ QString Emitter::comments(int token)
     QString text;
     while (nextComment < tokens.comments.size() && tokens.comments.at(nextComment).before <= token) {
         const Comment &comment = tokens.comments.at(nextComment++);
-        if (dialect.nestedComments && !comment.line && comment.text.indexOf(QLatin1String("/*"), 2) >= 0)
-            refuse(QStringLiteral("Neatpažintas įdėtas paaiškinimas"), comment.text.left(40));
+        if (dialect.nestedComments && !comment.line && comment.text.indexOf("/*"_L1, 2) >= 0)
+            refuse(u"Neatpažintas įdėtas paaiškinimas"_s, comment.text.left(40));
         text += comment.text + (comment.line ? u'\n' : u' ');
     }
     return text;
@@ -48,9 +50,9 @@ QString Emitter::statement()
         text = updateStatement();
         break;
     case SqlKind::Delete:
-        text = comments(source.token) + QStringLiteral("delete from ") + name(source.table);
+        text = comments(source.token) + u"delete from "_s + name(source.table);
         if (source.where)
-            text += QStringLiteral(" where ") + expression(*source.where);
+            text += u" where "_s + expression(*source.where);
         break;
     case SqlKind::Call:
         text = callStatement();
@@ -62,18 +64,18 @@ QString Emitter::statement()
 
 QString Emitter::insertStatement()
 {
-    QString text = comments(source.token) + QStringLiteral("insert into ") + name(source.table);
+    QString text = comments(source.token) + u"insert into "_s + name(source.table);
     QStringList columns;
     for (const QString &column : source.columns)
         columns.append(name(column));
     if (!columns.isEmpty())
-        text += QStringLiteral(" (") + columns.join(QLatin1String(", ")) + u')';
+        text += u" ("_s + columns.join(", "_L1) + u')';
     if (source.select)
         return text + u' ' + selectText(*source.select);
     QStringList values;
     for (size_t i = 0; i < source.values.size(); ++i)
         values.append(insertedValue(i));
-    return text + QStringLiteral(" values (") + values.join(QLatin1String(", ")) + u')';
+    return text + u" values ("_s + values.join(", "_L1) + u')';
 }
 
 // NULL for a key that the database gives asks the database for one.
@@ -84,23 +86,22 @@ QString Emitter::insertedValue(size_t number)
         const QStringList columns =
             source.columns.isEmpty() ? catalog.columnNames(source.table) : source.columns;
         if (catalog.isGivenByDatabase(source.table, columns.value(qsizetype(number))))
-            return comments(value.token) + QStringLiteral("default");
+            return comments(value.token) + u"default"_s;
     }
     return expression(value);
 }
 
 QString Emitter::updateStatement()
 {
-    QString text =
-        comments(source.token) + QStringLiteral("update ") + name(source.table) + QStringLiteral(" set ");
+    QString text = comments(source.token) + u"update "_s + name(source.table) + u" set "_s;
     QStringList assignments;
     for (const Assignment &each : source.assignments) {
         const QString column = comments(each.token) + name(each.column);
-        assignments.append(column + QStringLiteral(" = ") + expression(*each.value));
+        assignments.append(column + u" = "_s + expression(*each.value));
     }
-    text += assignments.join(QLatin1String(", "));
+    text += assignments.join(", "_L1);
     if (source.where)
-        text += QStringLiteral(" where ") + expression(*source.where);
+        text += u" where "_s + expression(*source.where);
     return text;
 }
 
@@ -108,12 +109,12 @@ QString Emitter::callStatement()
 {
     const QString routine = source.table.toLower();
     if (!dialect.functions.contains(routine) && !catalog.isRoutine(source.table))
-        refuse(QStringLiteral("Neatpažinta procedūra"), source.table);
+        refuse(u"Neatpažinta procedūra"_s, source.table);
     QString text = comments(source.token);
     QStringList arguments;
     for (const NodePtr &value : source.values)
         arguments.append(expression(*value));
-    return text + fill(dialect.call, {source.table, arguments.join(QLatin1String(", "))});
+    return text + fill(dialect.call, {source.table, arguments.join(", "_L1)});
 }
 
 } // namespace sql

@@ -5,7 +5,7 @@
 
 namespace sql {
 
-// Words a parsed statement for one engine; one per statement.
+// Words a parsed statement with bound names for one engine; one per statement.
 class Emitter {
 public:
     Emitter(const Dialect &engine, const SqlCatalog &sqlCatalog, const TokenList &list,
@@ -24,28 +24,23 @@ private:
     // --- selects
     QString selectText(const Select &select);
     QString core(const Select &select, const QStringList &aliases);
-    QString fromClause(const Select &select);
     QString joinText(const Select &select, size_t number);
     QString keyJoinCondition(const Select &select, size_t number);
 
     // --- order by
-    struct OrderTarget {
-        const Node *value; // what is ordered by, behind numbers and aliases
-        int item;          // the number of the select's item, or -1
-        bool isName;
-    };
-    OrderTarget orderTarget(const Select &select, const OrderItem &item);
+    static const Node &orderedValue(const Select &select, const OrderItem &item);
     QString orderByClause(const Select &select);
-    QString orderText(const Select &select, const OrderItem &item, const OrderTarget &target);
-    QString plainOrder(const Select &select, const OrderItem &item, const OrderTarget &target);
-    QString nameKey(const OrderTarget &target, const QString &column);
-    QString direction(const Select &select, const OrderItem &item, const OrderTarget &target) const;
+    QString orderText(const Select &select, const OrderItem &item);
+    QString plainOrder(const Select &select, const OrderItem &item);
+    QString nameKey(const Node &value);
+    QString direction(const Select &select, const OrderItem &item) const;
     QString sortedOutside(const Select &select);
+    static QString outsideName(const Select &select, const OrderItem &item, QStringList &made);
 
     // --- expressions
     QString child(const Node &node, int level, bool right);
-    QString leafText(const Node &node);
-    QString columnText(const Node &node);
+    QString prefixText(const Node &node);
+    QString qualified(const Node &node, const QString &what) const;
     QString callText(const Node &node);
     QString castText(const Node &node);
     QString unaryText(const Node &node);
@@ -56,14 +51,12 @@ private:
     QString betweenText(const Node &node);
     QString inText(const Node &node);
     QString caseText(const Node &node);
-    QStringList branches(const Node &node, size_t from, size_t step);
+    bool becomesText(const Node &node);
     QString branch(const Node &node, bool asText);
     QString compared(const Node &node, const Node &other, int level, bool right);
     QString numberOperand(const Node &node, int level, bool right);
     QString bitOperand(const Node &node);
     QString nullTested(const Node &node);
-    bool meetsText(const Node &node);
-    const Node &resolved(const Node &node) const;
     int levelOf(const Node &node);
 
     QString name(const QString &word) const;

@@ -2,6 +2,8 @@
 
 #include "toolkit/sql/parser.h"
 
+using namespace Qt::StringLiterals;
+
 namespace sql {
 
 namespace {
@@ -9,19 +11,18 @@ namespace {
 // How tightly the emitted words bind, from the loosest on.
 enum Level { Or = 1, And, Not, Compare, Bits, Concat, Sum, Product, Sign, Primary };
 
-const Node &withoutGroups(const Node &node)
+QString castTo(const QString &type, const QString &text)
 {
-    const Node *inner = &node;
-    while (inner->kind == NodeKind::Group)
-        inner = inner->children.front().get();
-    return *inner;
+    return u"cast("_s + text + u" as "_s + type + u')';
 }
 
 // Where a refusal of an operator points.
 QString pieceOf(const Node &node)
 {
     const Node &inner = withoutGroups(node);
-    return inner.kind == NodeKind::Column || inner.kind == NodeKind::Call ? inner.text : QString();
+    const bool named =
+        inner.kind == NodeKind::Column || inner.kind == NodeKind::Call || inner.kind == NodeKind::Case;
+    return named ? inner.text : QString();
 }
 
 } // namespace
@@ -31,13 +32,8 @@ QString pieceOf(const Node &node)
 int Emitter::levelOf(const Node &node)
 {
     switch (node.kind) {
-    case NodeKind::Column: {
-        const int alias = inference.aliasOf(node);
-        if (alias < 0)
-            return Primary;
-        const Inference::AsItem view(&inference, alias);
-        return levelOf(inference.item(alias));
-    }
+    case NodeKind::Column:
+        return node.bound ? levelOf(*node.bound) : Primary;
     case NodeKind::Unary:
         return node.text == u"not" ? Not : Sign;
     case NodeKind::IsNull:
@@ -50,10 +46,9 @@ int Emitter::levelOf(const Node &node)
     default:
         return Primary;
     }
-    static const QHash<QString, int> levels{{QStringLiteral("or"), Or},     {QStringLiteral("and"), And},
-                                            {QStringLiteral("&"), Bits},    {QStringLiteral("|"), Bits},
-                                            {QStringLiteral("||"), Concat}, {QStringLiteral("-"), Sum},
-                                            {QStringLiteral("*"), Product}, {QStringLiteral("/"), Product}};
+    static const QHash<QString, int> levels{{u"or"_s, Or},     {u"and"_s, And},   {u"&"_s, Bits},
+                                            {u"|"_s, Bits},    {u"||"_s, Concat}, {u"-"_s, Sum},
+                                            {u"*"_s, Product}, {u"/"_s, Product}};
     if (node.text == u"+")
         return inference.typeOf(node) == ValueType::Text ? Concat : Sum;
     return levels.value(node.text, Compare);
@@ -75,19 +70,11 @@ QString Emitter::expression(const Node &node)
 {
     inference.spend();
     switch (node.kind) {
-    case NodeKind::Column:
-        return columnText(node);
-    case NodeKind::Call:
-        return comments(node.token) + callText(node);
-    case NodeKind::Cast:
-        return comments(node.token) + castText(node);
-    case NodeKind::Unary:
-        return comments(node.token) + unaryText(node);
     case NodeKind::Binary:
         return binaryText(node);
     case NodeKind::IsNull: {
         const QString value = nullTested(*node.children.front());
-        return value + u' ' + comments(node.token) + QLatin1String(node.negated ? "is not null" : "is null");
+        return value + u' ' + comments(node.token) + (node.negated ? u"is not null"_s : u"is null"_s);
     }
     case NodeKind::Like:
         return likeText(node);
@@ -95,141 +82,110 @@ QString Emitter::expression(const Node &node)
         return betweenText(node);
     case NodeKind::In:
         return inText(node);
-    case NodeKind::Exists: {
+    default: {
         const QString before = comments(node.token);
-        return before + QStringLiteral("exists (") + selectText(*node.select) + u')';
+        return before + prefixText(node);
     }
-    case NodeKind::Scalar: {
-        const QString before = comments(node.token);
-        return before + u'(' + selectText(*node.select) + u')';
-    }
-    case NodeKind::Case: {
-        const QString before = comments(node.token);
-        return before + caseText(node);
-    }
-    case NodeKind::Group: {
-        const QString before = comments(node.token);
-        return before + u'(' + expression(*node.children.front()) + u')';
-    }
-    default:
-        return leafText(node);
     }
 }
 
-QString Emitter::leafText(const Node &node)
+// What begins with its own first token.
+QString Emitter::prefixText(const Node &node)
 {
-    const QString before = comments(node.token);
     switch (node.kind) {
-    case NodeKind::Literal:
-        return before + u'\'' + node.text + u'\'';
-    case NodeKind::Null:
-        return before + QStringLiteral("null");
-    case NodeKind::Parameter:
-        return before + fill(dialect.parameter, {QString::number(node.position)});
+    case NodeKind::Column:
+        return node.bound ? expression(*node.bound) : qualified(node, name(node.text));
     case NodeKind::Star:
-        return before + (node.qualifier.isEmpty() ? QString() : name(node.qualifier) + u'.') + u'*';
+        return qualified(node, u"*"_s);
+    case NodeKind::Call:
+        return callText(node);
+    case NodeKind::Cast:
+        return castText(node);
+    case NodeKind::Unary:
+        return unaryText(node);
+    case NodeKind::Exists:
+        return u"exists ("_s + selectText(*node.select) + u')';
+    case NodeKind::Scalar:
+        return u'(' + selectText(*node.select) + u')';
+    case NodeKind::Case:
+        return caseText(node);
+    case NodeKind::Group:
+        return u'(' + expression(*node.children.front()) + u')';
+    case NodeKind::Literal:
+        return u'\'' + node.text + u'\'';
+    case NodeKind::Null:
+        return u"null"_s;
+    case NodeKind::Parameter:
+        return fill(dialect.parameter, {QString::number(node.position)});
     default:
-        return before + node.text;
+        return node.text;
     }
 }
 
-QString Emitter::columnText(const Node &node)
+QString Emitter::qualified(const Node &node, const QString &what) const
 {
-    const QString before = comments(node.token);
-    const int alias = inference.aliasOf(node);
-    if (alias >= 0) {
-        const Inference::AsItem view(&inference, alias);
-        return before + expression(inference.item(alias));
-    }
-    return before + (node.qualifier.isEmpty() ? QString() : name(node.qualifier) + u'.') + name(node.text);
+    return node.qualifier.isEmpty() ? what : name(node.qualifier) + u'.' + what;
 }
 
 // --- functions
 
 QString Emitter::callText(const Node &node)
 {
-    const QString function = node.text.toLower();
-    const size_t count = node.children.size();
-    const bool star = count == 1 && node.children.front()->kind == NodeKind::Star;
-    if (function == u"count") {
-        if (count > 1)
-            refuse(QStringLiteral("Netinkamas funkcijos argumentų skaičius"), node.text);
-        if (count == 0 || star)
-            return QStringLiteral("count(*)");
-        return QLatin1String(node.distinct ? "count(distinct " : "count(") +
-               expression(*node.children.front()) + u')';
-    }
-    if (star)
-        refuse(QStringLiteral("Neatpažinta funkcija"), node.text + QStringLiteral("(*)"));
-    if (function == u"ifnull" && count == 3) {
-        const QString tested = nullTested(*node.children.front());
-        const QStringList results = branches(node, 1, 1);
-        return fill(QStringLiteral("case when %1 is null then %2 else %3 end"),
-                    {tested, results.at(0), results.at(1)});
-    }
     const FunctionRule rule = inference.function(node);
     if (node.distinct && !rule.wording.isEmpty())
-        refuse(QStringLiteral("Neatpažintas sakinio žodis"), QStringLiteral("distinct"));
+        refuse(u"Neatpažintas sakinio žodis"_s, u"distinct"_s);
+    const bool asText = rule.worth == Worth::Branches && becomesText(node);
     QStringList arguments;
-    if (rule.worth == Worth::Branches)
-        arguments = branches(node, 0, 1);
-    else
-        for (const NodePtr &each : node.children)
-            arguments.append(rule.operands ? child(*each, Sign, true) : expression(*each));
+    for (const NodePtr &each : node.children)
+        arguments.append(rule.operands ? child(*each, Sign, true) : branch(*each, asText));
     if (!rule.wording.isEmpty())
         return fill(rule.wording, arguments);
-    return node.text + QLatin1String(node.distinct ? "(distinct " : "(") +
-           arguments.join(QLatin1String(", ")) + u')';
+    return node.text + (node.distinct ? u"(distinct "_s : u"("_s) + arguments.join(", "_L1) + u')';
 }
 
 // Values of which one is taken: beside a text, all of them are texts.
-QStringList Emitter::branches(const Node &node, size_t from, size_t step)
+bool Emitter::becomesText(const Node &node)
 {
-    const bool asText = dialect.strictTypes && inference.typeOf(node) == ValueType::Text;
-    QStringList texts;
-    for (size_t i = from; i < node.children.size(); i += step)
-        texts.append(branch(*node.children.at(i), asText));
-    return texts;
+    return dialect.strictTypes && inference.typeOf(node) == ValueType::Text;
 }
 
 QString Emitter::branch(const Node &node, bool asText)
 {
-    const ValueType type = inference.typeOf(node);
-    const bool fits = type == ValueType::Text || type == ValueType::Null;
-    QString text = expression(node);
-    if (!asText || fits || withoutGroups(node).kind == NodeKind::Parameter)
+    const QString text = expression(node);
+    if (!asText || withoutGroups(node).kind == NodeKind::Parameter)
         return text;
-    return QStringLiteral("cast(") + text + QStringLiteral(" as text)");
+    const ValueType type = inference.typeOf(node);
+    return type == ValueType::Text || type == ValueType::Null ? text : castTo(u"text"_s, text);
 }
 
 QString Emitter::caseText(const Node &node)
 {
-    const bool asText = dialect.strictTypes && inference.typeOf(node) == ValueType::Text;
-    QString text = QStringLiteral("case");
+    const bool asText = becomesText(node);
+    QString text = u"case"_s;
     size_t i = 0;
     if (node.hasBase)
         text += u' ' + expression(*node.children.at(i++));
     const size_t end = node.children.size() - (node.hasElse ? 1 : 0);
     for (; i < end; i += 2) {
-        text += QStringLiteral(" when ") + expression(*node.children.at(i));
-        text += QStringLiteral(" then ") + branch(*node.children.at(i + 1), asText);
+        text += u" when "_s + expression(*node.children.at(i));
+        text += u" then "_s + branch(*node.children.at(i + 1), asText);
     }
     if (node.hasElse)
-        text += QStringLiteral(" else ") + branch(*node.children.back(), asText);
-    return text + QStringLiteral(" end");
+        text += u" else "_s + branch(*node.children.back(), asText);
+    return text + u" end"_s;
 }
 
 QString Emitter::castText(const Node &node)
 {
-    for (const CastRule &rule : dialect.casts) {
-        if (rule.type != node.text || rule.sizes != int(node.sizes.size()))
-            continue;
-        QStringList values{expression(*node.children.front())};
-        for (int size : node.sizes)
-            values.append(QString::number(size));
-        return fill(rule.wording, values);
-    }
-    refuse(QStringLiteral("Neatpažintas tipas"), node.text);
+    const auto rule = std::ranges::find_if(dialect.casts, [&node](const CastRule &each) {
+        return each.type == node.text && each.sizes == int(node.sizes.size());
+    });
+    if (rule == dialect.casts.end())
+        refuse(u"Neatpažintas tipas"_s, node.text);
+    QStringList values{expression(*node.children.front())};
+    for (int size : node.sizes)
+        values.append(QString::number(size));
+    return fill(rule->wording, values);
 }
 
 // --- operators
@@ -237,10 +193,10 @@ QString Emitter::castText(const Node &node)
 QString Emitter::unaryText(const Node &node)
 {
     if (node.text == u"not")
-        return QStringLiteral("not ") + child(*node.children.front(), Not, false);
+        return u"not "_s + child(*node.children.front(), Not, false);
     const QString operand = numberOperand(*node.children.front(), Sign, false);
     const bool joined = operand.startsWith(node.text) || operand.startsWith(u'/');
-    return node.text + (joined ? QStringLiteral(" ") : QString()) + operand;
+    return node.text + (joined ? u" "_s : QString()) + operand;
 }
 
 QString Emitter::binaryText(const Node &node)
@@ -283,15 +239,15 @@ QString Emitter::sumText(const Node &node)
     const ValueType right = inference.typeOf(second);
     const bool joins = node.text == u"+" && (left == ValueType::Text || right == ValueType::Text);
     if (!joins && (left == ValueType::Date || right == ValueType::Date))
-        refuse(QStringLiteral("Neatpažintas veiksmas su data"), node.text);
+        refuse(u"Neatpažintas veiksmas su data"_s, node.text);
     const QString piece = pieceOf(first).isEmpty() ? pieceOf(second) : pieceOf(first);
     if (node.text == u"+" && left == ValueType::Unknown && right == ValueType::Unknown && !piece.isEmpty())
-        refuse(QStringLiteral("Neaišku, ar „+“ jungia tekstus"), piece);
+        refuse(u"Neaišku, ar „+“ jungia tekstus"_s, piece);
     const int level = joins ? Concat : Sum;
     const QString leftText = joins ? child(first, level, false) : numberOperand(first, level, false);
     const QString before = comments(node.token);
     const QString rightText = joins ? child(second, level, true) : numberOperand(second, level, true);
-    return leftText + u' ' + before + (joins ? QStringLiteral("||") : node.text) + u' ' + rightText;
+    return leftText + u' ' + before + (joins ? u"||"_s : node.text) + u' ' + rightText;
 }
 
 QString Emitter::comparisonText(const Node &node)
@@ -318,7 +274,7 @@ QString Emitter::compared(const Node &node, const Node &other, int level, bool r
             return fill(dialect.numberFromText, {expression(node)});
     }
     if (type == ValueType::Number && otherType == ValueType::Text && against.kind != NodeKind::Literal)
-        return QStringLiteral("cast(") + expression(node) + QStringLiteral(" as text)");
+        return castTo(u"text"_s, expression(node));
     return child(node, level, right);
 }
 
@@ -326,13 +282,12 @@ QString Emitter::likeText(const Node &node)
 {
     const Node &value = *node.children.at(0);
     const Node &pattern = *node.children.at(1);
-    QString text = inference.typeOf(value) == ValueType::Text
-                       ? child(value, Compare, false)
-                       : QStringLiteral("cast(") + expression(value) + QStringLiteral(" as text)");
+    QString text = inference.typeOf(value) == ValueType::Text ? child(value, Compare, false)
+                                                              : castTo(u"text"_s, expression(value));
     text += u' ' + comments(node.token);
-    text += QLatin1String(node.negated ? "not " : "") + dialect.like + u' ' + child(pattern, Compare, true);
+    text += (node.negated ? u"not "_s : QString()) + dialect.like + u' ' + child(pattern, Compare, true);
     if (node.children.size() == 3)
-        return text + QStringLiteral(" escape ") + child(*node.children.at(2), Compare, true);
+        return text + u" escape "_s + child(*node.children.at(2), Compare, true);
     const Node &inner = withoutGroups(pattern);
     const bool harmless = inner.kind == NodeKind::Literal && !inner.text.contains(u'\\');
     return harmless || dialect.likeNoEscape.isEmpty() ? text : text + u' ' + dialect.likeNoEscape;
@@ -342,22 +297,22 @@ QString Emitter::betweenText(const Node &node)
 {
     const Node &value = *node.children.at(0);
     QString text = child(value, Compare, false);
-    text += u' ' + comments(node.token) + QLatin1String(node.negated ? "not between " : "between ");
+    text += u' ' + comments(node.token) + (node.negated ? u"not between "_s : u"between "_s);
     text += compared(*node.children.at(1), value, Compare, true);
-    return text + QStringLiteral(" and ") + compared(*node.children.at(2), value, Compare, true);
+    return text + u" and "_s + compared(*node.children.at(2), value, Compare, true);
 }
 
 QString Emitter::inText(const Node &node)
 {
     const Node &value = *node.children.at(0);
     QString text = child(value, Compare, false);
-    text += u' ' + comments(node.token) + QLatin1String(node.negated ? "not in (" : "in (");
+    text += u' ' + comments(node.token) + (node.negated ? u"not in ("_s : u"in ("_s);
     if (node.select)
         return text + selectText(*node.select) + u')';
     QStringList list;
     for (size_t i = 1; i < node.children.size(); ++i)
         list.append(compared(*node.children.at(i), value, Or, false));
-    return text + list.join(QLatin1String(", ")) + u')';
+    return text + list.join(", "_L1) + u')';
 }
 
 // --- operands
@@ -366,7 +321,7 @@ QString Emitter::inText(const Node &node)
 QString Emitter::numberOperand(const Node &node, int level, bool right)
 {
     if (dialect.strictTypes && withoutGroups(node).kind == NodeKind::Parameter)
-        return QStringLiteral("cast(") + expression(node) + QStringLiteral(" as numeric)");
+        return castTo(u"numeric"_s, expression(node));
     return child(node, level, right);
 }
 
@@ -375,7 +330,8 @@ QString Emitter::bitOperand(const Node &node)
     const NodeKind kind = withoutGroups(node).kind;
     if (kind == NodeKind::Number)
         return expression(node);
-    return fill(kind == NodeKind::Call ? dialect.bitResult : dialect.bitOperand, {expression(node)});
+    return fill(kind == NodeKind::Call || kind == NodeKind::Case ? dialect.bitResult : dialect.bitOperand,
+                {expression(node)});
 }
 
 QString Emitter::nullTested(const Node &node)
@@ -383,9 +339,11 @@ QString Emitter::nullTested(const Node &node)
     const Node &inner = withoutGroups(node);
     if (!dialect.strictTypes || inner.kind != NodeKind::Parameter)
         return child(node, Compare, false);
-    const ValueType type = inference.parameterType(inner.position);
-    const char *name = type == ValueType::Number ? "numeric" : type == ValueType::Date ? "date" : "text";
-    return QStringLiteral("cast(") + expression(node) + QStringLiteral(" as ") + QLatin1String(name) + u')';
+    const ValueType known = inference.parameterType(inner.position);
+    const QString type = known == ValueType::Number ? u"numeric"_s
+                         : known == ValueType::Date ? u"date"_s
+                                                    : u"text"_s;
+    return castTo(type, expression(node));
 }
 
 } // namespace sql

@@ -3,32 +3,18 @@
 #include "toolkit/sql/parser.h"
 #include "toolkit/sql/sort_key.h"
 
+using namespace Qt::StringLiterals;
+
 namespace sql {
 
 namespace {
 
-const QString derivedName = QStringLiteral("visi");
+const QString derivedName = u"visi"_s;
 
-bool same(const QString &a, const QString &b)
+bool hasStar(const Select &select)
 {
-    return a.compare(b, Qt::CaseInsensitive) == 0;
-}
-
-const Node &withoutGroups(const Node &node)
-{
-    const Node *inner = &node;
-    while (inner->kind == NodeKind::Group)
-        inner = inner->children.front().get();
-    return *inner;
-}
-
-bool hasStar(const Select &select, size_t count)
-{
-    for (size_t i = 0; i < count && i < select.items.size(); ++i) {
-        if (select.items.at(i).value->kind == NodeKind::Star)
-            return true;
-    }
-    return false;
+    return std::ranges::any_of(select.items,
+                               [](const SelectItem &item) { return item.value->kind == NodeKind::Star; });
 }
 
 bool hasOuterJoin(const Select &select)
@@ -42,68 +28,56 @@ bool hasOuterJoin(const Select &select)
 
 QString Emitter::selectText(const Select &select)
 {
-    inference.enter(select);
-    QString text;
-    bool outside = false;
-    if (select.distinct && dialect.distinctSortsOutside) {
-        inference.showAliases(select.items.size());
-        for (const OrderItem &item : select.orderBy)
-            outside = outside || orderTarget(select, item).isName;
-    }
-    text = outside ? sortedOutside(select) : core(select, {}) + orderByClause(select);
-    inference.leave();
-    return text;
+    const bool outside = select.distinct && dialect.distinctSortsOutside &&
+                         std::ranges::any_of(select.orderBy, [&](const OrderItem &item) {
+                             return inference.kindOf(orderedValue(select, item)) == ColumnKind::Name;
+                         });
+    if (outside)
+        return sortedOutside(select);
+    const QString text = core(select, {});
+    return text + orderByClause(select);
 }
 
 // Everything but the order. An item of no name gets the one that stands at its number in aliases.
 QString Emitter::core(const Select &select, const QStringList &aliases)
 {
-    QString text = comments(select.token) + QLatin1String(select.distinct ? "select distinct " : "select ");
+    QString text = comments(select.token) + (select.distinct ? u"select distinct "_s : u"select "_s);
     for (size_t i = 0; i < select.items.size(); ++i) {
         const SelectItem &item = select.items.at(i);
-        inference.showAliases(i);
         const QString alias = item.alias.isEmpty() ? aliases.value(qsizetype(i)) : item.alias;
-        text += QLatin1String(i ? ", " : "") + expression(*item.value);
+        text += (i ? u", "_s : QString()) + expression(*item.value);
         if (!alias.isEmpty())
-            text += QStringLiteral(" as ") + name(alias);
+            text += u" as "_s + name(alias);
     }
-    inference.showAliases(select.items.size());
-    text += fromClause(select);
+    for (size_t i = 0; i < select.from.size(); ++i)
+        text += joinText(select, i);
     if (select.where)
-        text += QStringLiteral(" where ") + expression(*select.where);
+        text += u" where "_s + expression(*select.where);
     for (size_t i = 0; i < select.groupBy.size(); ++i)
-        text += QLatin1String(i ? ", " : " group by ") + expression(*select.groupBy.at(i));
+        text += (i ? u", "_s : u" group by "_s) + expression(*select.groupBy.at(i));
     if (select.having)
-        text += QStringLiteral(" having ") + expression(*select.having);
+        text += u" having "_s + expression(*select.having);
     return text;
 }
 
 // --- from
 
-QString Emitter::fromClause(const Select &select)
-{
-    QString text;
-    for (size_t i = 0; i < select.from.size(); ++i)
-        text += joinText(select, i);
-    return text;
-}
-
 QString Emitter::joinText(const Select &select, size_t number)
 {
     static const QHash<JoinKind, QString> words{
-        {JoinKind::First, QStringLiteral(" from ")},       {JoinKind::Comma, QStringLiteral(", ")},
-        {JoinKind::Inner, QStringLiteral(" join ")},       {JoinKind::Left, QStringLiteral(" left join ")},
-        {JoinKind::Right, QStringLiteral(" right join ")}, {JoinKind::Full, QStringLiteral(" full join ")},
-        {JoinKind::Cross, QStringLiteral(" cross join ")}, {JoinKind::Key, QStringLiteral(" join ")}};
+        {JoinKind::First, u" from "_s},       {JoinKind::Comma, u", "_s},
+        {JoinKind::Inner, u" join "_s},       {JoinKind::Left, u" left join "_s},
+        {JoinKind::Right, u" right join "_s}, {JoinKind::Full, u" full join "_s},
+        {JoinKind::Cross, u" cross join "_s}, {JoinKind::Key, u" join "_s}};
     const TableRef &ref = select.from.at(number);
     QString text = words.value(ref.join) + comments(ref.token);
     text += ref.derived ? u'(' + selectText(*ref.derived) + u')' : name(ref.table);
     if (!ref.alias.isEmpty())
-        text += QStringLiteral(" as ") + name(ref.alias);
+        text += u" as "_s + name(ref.alias);
     if (ref.on)
-        text += QStringLiteral(" on ") + expression(*ref.on);
+        text += u" on "_s + expression(*ref.on);
     else if (ref.join == JoinKind::Key)
-        text += QStringLiteral(" on ") + keyJoinCondition(select, number);
+        text += u" on "_s + keyJoinCondition(select, number);
     return text;
 }
 
@@ -123,123 +97,103 @@ QString Emitter::keyJoinCondition(const Select &select, size_t number)
         const Statement none;
         return Emitter(dialect, catalog, words, none).expression(*node);
     }
-    refuse(QStringLiteral("Nežinomas lentelių ryšys"),
-           select.from.at(number - 1).table + QStringLiteral(" key join ") + right);
+    refuse(u"Nežinomas lentelių ryšys"_s, select.from.at(number - 1).table + u" key join "_s + right);
 }
 
 // --- order by
 
-Emitter::OrderTarget Emitter::orderTarget(const Select &select, const OrderItem &item)
+// What is ordered by, behind numbers and aliases.
+const Node &Emitter::orderedValue(const Select &select, const OrderItem &item)
 {
-    const Node &node = withoutGroups(*item.value);
-    int number = -1;
-    if (node.kind == NodeKind::Number) {
-        bool whole = false;
-        const int position = node.text.toInt(&whole);
-        if (!whole || position < 1 ||
-            (size_t(position) > select.items.size() && !hasStar(select, select.items.size())))
-            refuse(QStringLiteral("Neatpažintas rikiavimo stulpelis"), node.text);
-        if (!hasStar(select, size_t(position)))
-            number = position - 1;
-    } else if (node.kind == NodeKind::Column && node.qualifier.isEmpty()) {
-        for (size_t i = 0; i < select.items.size() && number < 0; ++i) {
-            if (same(select.items.at(i).alias, node.text))
-                number = int(i);
-        }
-    }
-    if (number < 0)
-        return {&node, -1, inference.kindOf(node) == ColumnKind::Name};
-    const Inference::AsItem view(&inference, number);
-    const Node &value = withoutGroups(*select.items.at(size_t(number)).value);
-    return {&value, number, inference.kindOf(value) == ColumnKind::Name};
+    return withoutGroups(item.item < 0 ? *item.value : *select.items.at(size_t(item.item)).value);
 }
 
 QString Emitter::orderByClause(const Select &select)
 {
     QString text;
-    for (const OrderItem &item : select.orderBy) {
-        const OrderTarget target = orderTarget(select, item);
-        text += QLatin1String(text.isEmpty() ? " order by " : ", ") + orderText(select, item, target);
-    }
+    for (const OrderItem &item : select.orderBy)
+        text += (text.isEmpty() ? u" order by "_s : u", "_s) + orderText(select, item);
     return text;
 }
 
-QString Emitter::orderText(const Select &select, const OrderItem &item, const OrderTarget &target)
+QString Emitter::orderText(const Select &select, const OrderItem &item)
 {
-    const QString plain = plainOrder(select, item, target);
-    const QString tail = direction(select, item, target);
-    if (!target.isName)
+    const Node &value = orderedValue(select, item);
+    const QString plain = plainOrder(select, item);
+    const QString tail = direction(select, item);
+    if (inference.kindOf(value) != ColumnKind::Name)
         return plain + tail;
-    QString value;
-    if (target.item < 0) {
-        value = expression(*target.value);
-    } else {
-        const Inference::AsItem view(&inference, target.item);
-        value = expression(*target.value);
-    }
-    return nameKey(target, value) + tail + QStringLiteral(", ") + plain + tail;
+    return nameKey(value) + tail + u", "_s + plain + tail;
 }
 
 // The number or alias as it stands, or the expression.
-QString Emitter::plainOrder(const Select &select, const OrderItem &item, const OrderTarget &target)
+QString Emitter::plainOrder(const Select &select, const OrderItem &item)
 {
     const Node &node = withoutGroups(*item.value);
     if (node.kind == NodeKind::Number)
         return comments(node.token) + node.text;
-    if (target.item >= 0)
-        return comments(node.token) + name(select.items.at(size_t(target.item)).alias);
+    if (item.item >= 0)
+        return comments(node.token) + name(select.items.at(size_t(item.item)).alias);
     return expression(*item.value);
 }
 
-QString Emitter::nameKey(const OrderTarget &target, const QString &value)
+QString Emitter::nameKey(const Node &value)
 {
-    const bool column = target.value->kind == NodeKind::Column && inference.aliasOf(*target.value) < 0;
-    return dialect.columnKey && column ? sortKeyExpression(value) : fill(dialect.nameKey, {value});
+    const bool column = value.kind == NodeKind::Column && !value.bound;
+    const QString text = expression(value);
+    return dialect.columnKey && column ? sortKeyExpression(text) : fill(dialect.nameKey, {text});
 }
 
-QString Emitter::direction(const Select &select, const OrderItem &item, const OrderTarget &target) const
+QString Emitter::direction(const Select &select, const OrderItem &item) const
 {
-    QString down = item.descending ? QStringLiteral(" desc") : QString();
-    const bool column = target.value->kind == NodeKind::Column;
-    const bool neverNull = column && catalog.isRequired(target.value->text) && !hasOuterJoin(select);
+    const Node &value = orderedValue(select, item);
+    const QString down = item.descending ? u" desc"_s : QString();
+    const bool neverNull =
+        value.kind == NodeKind::Column && catalog.isRequired(value.text) && !hasOuterJoin(select);
     if (dialect.nullsFirst || neverNull)
         return down;
-    return down + QLatin1String(item.descending ? " nulls last" : " nulls first");
+    return down + (item.descending ? u" nulls last"_s : u" nulls first"_s);
 }
 
-// select distinct takes no order by the key of what it selects: the distinct rows are ordered from outside.
+// select distinct takes no order by the key of what it selects: the distinct rows are ordered from outside,
+// by the names of their columns. Made holds those that had to be given one.
 QString Emitter::sortedOutside(const Select &select)
 {
-    QStringList labels, made;
-    for (const SelectItem &item : select.items) {
-        const bool column = item.value->kind == NodeKind::Column;
-        labels.append(!item.alias.isEmpty() ? item.alias : column ? item.value->text : QString());
-        made.append(QString());
-    }
+    QStringList made(qsizetype(select.items.size()));
     QStringList order;
     for (const OrderItem &item : select.orderBy) {
-        const OrderTarget target = orderTarget(select, item);
         const Node &node = withoutGroups(*item.value);
-        QString label = target.item >= 0 ? labels.at(target.item) : QString();
-        if (target.item >= 0 && label.isEmpty())
-            label = made[target.item] = labels[target.item] =
-                QStringLiteral("rikiuoti%1").arg(target.item + 1);
-        const bool listed =
-            hasStar(select, select.items.size()) || labels.contains(node.text, Qt::CaseInsensitive);
-        if (label.isEmpty() && node.kind == NodeKind::Column && listed)
-            label = node.text;
-        const bool number = node.kind == NodeKind::Number;
-        if (label.isEmpty() && !number)
-            refuse(QStringLiteral("Rikiuojama pagal tai, kas neparenkama"), node.text);
-        const QString column = derivedName + u'.' + name(label);
-        const QString plain = number ? node.text : column;
-        const QString tail = direction(select, item, target);
-        order.append(target.isName
-                         ? fill(dialect.nameKey, {column}) + tail + QStringLiteral(", ") + plain + tail
-                         : plain + tail);
+        const QString column = derivedName + u'.' + name(outsideName(select, item, made));
+        const QString plain = node.kind == NodeKind::Number ? node.text : column;
+        const QString tail = direction(select, item);
+        const bool isName = inference.kindOf(orderedValue(select, item)) == ColumnKind::Name;
+        order.append(isName ? fill(dialect.nameKey, {column}) + tail + u", "_s + plain + tail : plain + tail);
     }
-    return QStringLiteral("select * from (") + core(select, made) + QStringLiteral(") as ") + derivedName +
-           QStringLiteral(" order by ") + order.join(QLatin1String(", "));
+    return u"select * from ("_s + core(select, made) + u") as "_s + derivedName + u" order by "_s +
+           order.join(", "_L1);
+}
+
+// How the column that is ordered by is called from outside; empty for a number behind a star.
+QString Emitter::outsideName(const Select &select, const OrderItem &item, QStringList &made)
+{
+    const auto nameOf = [&](const SelectItem &each) {
+        return each.alias.isEmpty() && each.value->kind == NodeKind::Column ? each.value->text : each.alias;
+    };
+    if (item.item >= 0) {
+        QString known = nameOf(select.items.at(size_t(item.item)));
+        if (known.isEmpty())
+            known = made[item.item] = u"rikiuoti%1"_s.arg(item.item + 1);
+        return known;
+    }
+    const Node &node = withoutGroups(*item.value);
+    if (node.kind == NodeKind::Number)
+        return {};
+    const bool listed = hasStar(select) || std::ranges::any_of(select.items, [&](const SelectItem &each) {
+                            return sameName(nameOf(each), node.text);
+                        });
+    if (node.kind != NodeKind::Column || !listed)
+        refuse(u"Rikiuojama pagal tai, kas neparenkama"_s, node.text);
+    return node.text;
 }
 
 } // namespace sql

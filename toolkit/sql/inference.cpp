@@ -3,11 +3,12 @@
 #include "toolkit/sql/parser.h"
 #include "toolkit/sql/parser_limits.h"
 
+using namespace Qt::StringLiterals;
+
 namespace sql {
 
 namespace {
 
-constexpr int maxAliasLevel = 5;
 constexpr int maxSteps = 100000;
 
 ValueType typeOfKind(ColumnKind kind)
@@ -28,54 +29,18 @@ ValueType typeOfKind(ColumnKind kind)
     return ValueType::Unknown;
 }
 
-bool same(const QString &a, const QString &b)
-{
-    return a.compare(b, Qt::CaseInsensitive) == 0;
-}
-
 } // namespace
 
-size_t firstResult(const Node &caseNode)
+// Where the results of a case stand among its children: every second one from here; the last may be an else.
+static size_t firstResult(const Node &caseNode)
 {
     return caseNode.hasBase ? 2 : 1;
-}
-
-// --- aliases
-
-int Inference::aliasOf(const Node &node) const
-{
-    if (scopes.empty() || node.kind != NodeKind::Column || !node.qualifier.isEmpty())
-        return -1;
-    const Scope &scope = scopes.back();
-    for (size_t i = 0; i < scope.visible; ++i) {
-        const SelectItem &each = scope.select->items.at(i);
-        if (each.alias.isEmpty() || !same(each.alias, node.text))
-            continue;
-        const bool itself = each.value->kind == NodeKind::Column && same(each.value->text, node.text);
-        return itself || catalog.kindOf(node.text) != ColumnKind::Unknown ? -1 : int(i);
-    }
-    return -1;
-}
-
-Inference::AsItem::AsItem(Inference *seenBy, int number) : inference(seenBy)
-{
-    if (inference->aliasLevel >= maxAliasLevel)
-        refuseDepth();
-    ++inference->aliasLevel;
-    shown = inference->scopes.back().visible;
-    inference->scopes.back().visible = size_t(number);
-}
-
-Inference::AsItem::~AsItem()
-{
-    inference->scopes.back().visible = shown;
-    --inference->aliasLevel;
 }
 
 void Inference::spend()
 {
     if (++spent > maxSteps)
-        throw ESqlNotUnderstood(QStringLiteral("Sakinys per ilgas"));
+        throw ESqlNotUnderstood(u"Sakinys per ilgas"_s);
 }
 
 // --- types
@@ -86,12 +51,12 @@ FunctionRule Inference::function(const Node &call) const
     if (rule != dialect.functions.constEnd()) {
         const int count = int(call.children.size());
         if (count < rule->least || count > rule->most)
-            refuse(QStringLiteral("Netinkamas funkcijos argumentų skaičius"), call.text);
+            refuse(u"Netinkamas funkcijos argumentų skaičius"_s, call.text);
         return *rule;
     }
     if (!catalog.isRoutine(call.text))
-        refuse(QStringLiteral("Neatpažinta funkcija"), call.text);
-    return {0, int(call.children.size()), Worth::Unknown, {}};
+        refuse(u"Neatpažinta funkcija"_s, call.text);
+    return {.most = int(call.children.size())};
 }
 
 ValueType Inference::typeOf(const Node &node)
@@ -113,23 +78,14 @@ ValueType Inference::inferred(const Node &node)
     case NodeKind::Parameter:
     case NodeKind::Star:
         return ValueType::Unknown;
-    case NodeKind::Column: {
-        const int alias = aliasOf(node);
-        if (alias < 0)
-            return typeOfKind(catalog.kindOf(node.text));
-        const AsItem view(this, alias);
-        return typeOf(item(alias));
-    }
+    case NodeKind::Column:
+        return node.bound ? typeOf(*node.bound) : typeOfKind(catalog.kindOf(node.text));
     case NodeKind::Call:
         return worthOf(node);
-    case NodeKind::Cast:
-        for (const CastRule &rule : dialect.casts) {
-            if (rule.type == node.text)
-                return rule.worth == Worth::Number ? ValueType::Number
-                       : rule.worth == Worth::Text ? ValueType::Text
-                                                   : ValueType::Date;
-        }
-        return ValueType::Unknown;
+    case NodeKind::Cast: {
+        const auto rule = std::ranges::find(dialect.casts, node.text, &CastRule::type);
+        return rule == dialect.casts.end() ? ValueType::Unknown : rule->worth;
+    }
     case NodeKind::Unary:
         return node.text == u"not" ? ValueType::Truth : ValueType::Number;
     case NodeKind::Binary:
@@ -138,12 +94,8 @@ ValueType Inference::inferred(const Node &node)
         return typeOf(*node.children.front());
     case NodeKind::Case:
         return common(node, firstResult(node), 2);
-    case NodeKind::Scalar: {
-        enter(*node.select);
-        const ValueType type = typeOf(*node.select->items.front().value);
-        leave();
-        return type;
-    }
+    case NodeKind::Scalar:
+        return typeOf(*node.select->items.front().value);
     case NodeKind::IsNull:
     case NodeKind::Like:
     case NodeKind::Between:
@@ -163,18 +115,12 @@ ValueType Inference::binaryType(const Node &node)
         const ValueType right = typeOf(*node.children.at(1));
         return left == ValueType::Text || right == ValueType::Text ? ValueType::Text : ValueType::Number;
     }
-    static const QSet<QString> arithmetic{QStringLiteral("-"), QStringLiteral("*"), QStringLiteral("/"),
-                                          QStringLiteral("&"), QStringLiteral("|")};
+    static const QSet<QString> arithmetic{u"-"_s, u"*"_s, u"/"_s, u"&"_s, u"|"_s};
     return arithmetic.contains(node.text) ? ValueType::Number : ValueType::Truth;
 }
 
 ValueType Inference::worthOf(const Node &call)
 {
-    const QString name = call.text.toLower();
-    if (name == u"count")
-        return ValueType::Number;
-    if (name == u"ifnull" && call.children.size() == 3)
-        return common(call, 1, 1);
     switch (function(call).worth) {
     case Worth::Number:
         return ValueType::Number;
@@ -216,35 +162,18 @@ ColumnKind Inference::kindOf(const Node &node)
 {
     spend();
     switch (node.kind) {
-    case NodeKind::Column: {
-        const int alias = aliasOf(node);
-        if (alias < 0)
-            return catalog.kindOf(node.text);
-        const AsItem view(this, alias);
-        return kindOf(item(alias));
-    }
+    case NodeKind::Column:
+        return node.bound ? kindOf(*node.bound) : catalog.kindOf(node.text);
     case NodeKind::Group:
         return kindOf(*node.children.front());
     case NodeKind::Binary:
     case NodeKind::Cast:
+    case NodeKind::Call:
         return typeOf(node) == ValueType::Text ? firstKind(node, 0, 1) : ColumnKind::Unknown;
     case NodeKind::Case:
         return firstKind(node, firstResult(node), 2);
-    case NodeKind::Call:
-        if (typeOf(node) != ValueType::Text)
-            return ColumnKind::Unknown;
-        return firstKind(node,
-                         node.text.compare(QLatin1String("ifnull"), Qt::CaseInsensitive) == 0 &&
-                                 node.children.size() == 3
-                             ? 1
-                             : 0,
-                         1);
-    case NodeKind::Scalar: {
-        enter(*node.select);
-        const ColumnKind kind = kindOf(*node.select->items.front().value);
-        leave();
-        return kind;
-    }
+    case NodeKind::Scalar:
+        return kindOf(*node.select->items.front().value);
     default:
         return ColumnKind::Unknown;
     }

@@ -2,13 +2,28 @@
 
 #include "toolkit/sql/parser_limits.h"
 
+using namespace Qt::StringLiterals;
+
 namespace sql {
 
 Node::~Node() = default;
 
+bool sameName(const QString &a, const QString &b)
+{
+    return a.compare(b, Qt::CaseInsensitive) == 0;
+}
+
+const Node &withoutGroups(const Node &node)
+{
+    const Node *inner = &node;
+    while (inner->kind == NodeKind::Group)
+        inner = inner->children.front().get();
+    return *inner;
+}
+
 void refuse(const QString &what, const QString &piece)
 {
-    throw ESqlNotUnderstood(QStringLiteral("%1: „%2“").arg(what, piece));
+    throw ESqlNotUnderstood(u"%1: „%2“"_s.arg(what, piece));
 }
 
 Statement parse(const TokenList &list)
@@ -34,7 +49,7 @@ const Token &Parser::token(int ahead) const
 
 bool Parser::atSymbol(const char *symbol) const
 {
-    return token().kind == TokenKind::Symbol && token().text == QLatin1String(symbol);
+    return token().kind == TokenKind::Symbol && token().text == QLatin1StringView(symbol);
 }
 
 bool Parser::takeWord(const char *keyword)
@@ -70,15 +85,15 @@ void Parser::stop() const
     const Token &here = token();
     switch (here.kind) {
     case TokenKind::End:
-        throw ESqlNotUnderstood(QStringLiteral("Sakinys nebaigtas"));
+        throw ESqlNotUnderstood(u"Sakinys nebaigtas"_s);
     case TokenKind::Literal:
-        refuse(QStringLiteral("Netinkamoje sakinio vietoje yra tekstas"), here.text);
+        refuse(u"Netinkamoje sakinio vietoje yra tekstas"_s, here.text);
     case TokenKind::Word:
-        refuse(QStringLiteral("Neatpažintas sakinio žodis"), here.text);
+        refuse(u"Neatpažintas sakinio žodis"_s, here.text);
     case TokenKind::Parameter:
-        refuse(QStringLiteral("Netinkamoje sakinio vietoje yra parametras"), here.text);
+        refuse(u"Netinkamoje sakinio vietoje yra parametras"_s, here.text);
     default:
-        refuse(QStringLiteral("Netinkamoje sakinio vietoje yra ženklas"), here.text);
+        refuse(u"Netinkamoje sakinio vietoje yra ženklas"_s, here.text);
     }
 }
 
@@ -355,8 +370,7 @@ void Parser::joinCondition(TableRef &table)
 void Parser::mergeRepeatedTables(Select &select) const
 {
     const auto sameInstance = [](const TableRef &a, const TableRef &b) {
-        return !a.derived && !b.derived && a.table.compare(b.table, Qt::CaseInsensitive) == 0 &&
-               a.alias.compare(b.alias, Qt::CaseInsensitive) == 0;
+        return !a.derived && !b.derived && sameName(a.table, b.table) && sameName(a.alias, b.alias);
     };
     std::vector<TableRef> merged;
     size_t insertAt = 0;

@@ -63,6 +63,8 @@ private:
     NodePtr primary();
     NodePtr wordExpression();
     NodePtr callOrColumn();
+    NodePtr call(int from, const QString &function);
+    static NodePtr plainCall(NodePtr node);
     NodePtr caseExpression();
     NodePtr castExpression();
     NodePtr group();
@@ -72,7 +74,7 @@ private:
     NodePtr parameter();
     NodePtr binary(NodePtr left, NodePtr (Parser::*right)());
     NodePtr leaf(NodeKind kind);
-    NodePtr adopt(NodePtr node) const;
+    static NodePtr adopt(NodePtr node);
 
     const QList<Token> &tokens;
     int at = 0;

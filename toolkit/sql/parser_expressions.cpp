@@ -2,6 +2,8 @@
 
 #include "toolkit/sql/parser_limits.h"
 
+using namespace Qt::StringLiterals;
+
 namespace sql {
 
 // --- making nodes
@@ -16,7 +18,7 @@ NodePtr Parser::leaf(NodeKind kind)
 }
 
 // A node that has got its children.
-NodePtr Parser::adopt(NodePtr node) const
+NodePtr Parser::adopt(NodePtr node)
 {
     for (const NodePtr &child : node->children)
         node->depth = qMax(node->depth, child->depth + 1);
@@ -42,7 +44,7 @@ NodePtr Parser::binary(NodePtr left, NodePtr (Parser::*right)())
     NodePtr node = makeNode(NodeKind::Binary, at, std::move(left));
     node->text = tokens.at(at++).text.toLower();
     if (node->text == u"!=")
-        node->text = QStringLiteral("<>");
+        node->text = u"<>"_s;
     node->children.push_back((this->*right)());
     return adopt(std::move(node));
 }
@@ -77,7 +79,7 @@ NodePtr Parser::notExpression()
         return comparison();
     const NestingGuard guard(&nesting);
     NodePtr node = makeNode(NodeKind::Unary, at++);
-    node->text = QStringLiteral("not");
+    node->text = u"not"_s;
     node->children.push_back(notExpression());
     return adopt(std::move(node));
 }
@@ -191,8 +193,7 @@ NodePtr Parser::primary()
         const bool asName = token().quote == u'"';
         NodePtr node = leaf(NodeKind::Literal);
         if (asName)
-            node->text.replace(QLatin1String("\"\""), QLatin1String("\""))
-                .replace(QLatin1String("'"), QLatin1String("''"));
+            node->text.replace("\"\""_L1, "\""_L1).replace("'"_L1, "''"_L1);
         return node;
     }
     case TokenKind::Parameter:
@@ -266,12 +267,19 @@ NodePtr Parser::callOrColumn()
         node->text = first;
         return node;
     }
+    return call(from, first);
+}
+
+NodePtr Parser::call(int from, const QString &function)
+{
     NodePtr node = makeNode(NodeKind::Call, from);
-    node->text = first;
+    node->text = function;
     node->distinct = takeWord("distinct");
     if (takeSymbol(")"))
-        return node;
-    if (atSymbol("*")) {
+        return plainCall(std::move(node));
+    if (atSymbol("*") && !node->distinct) {
+        if (!sameName(function, u"count"_s))
+            refuse(u"Neatpažinta funkcija"_s, function + u"(*)"_s);
         node->children.push_back(leaf(NodeKind::Star));
     } else {
         do
@@ -279,7 +287,24 @@ NodePtr Parser::callOrColumn()
         while (takeSymbol(","));
     }
     expectSymbol(")");
-    return adopt(std::move(node));
+    return adopt(plainCall(std::move(node)));
+}
+
+// What the dialect words in a way of its own, in words of every engine: count() is count(*), and
+// ifnull(a, b, c) is "case when a is null then b else c end".
+NodePtr Parser::plainCall(NodePtr node)
+{
+    if (sameName(node->text, u"count"_s)) {
+        node->text = u"count"_s;
+        if (node->children.empty())
+            node->children.push_back(makeNode(NodeKind::Star, node->token));
+    } else if (sameName(node->text, u"ifnull"_s) && node->children.size() == 3 && !node->distinct) {
+        node->kind = NodeKind::Case;
+        node->hasElse = true;
+        node->children.front() =
+            adopt(makeNode(NodeKind::IsNull, node->token, std::move(node->children.front())));
+    }
+    return node;
 }
 
 NodePtr Parser::caseExpression()

@@ -4,6 +4,8 @@
 
 #include <QSet>
 
+using namespace Qt::StringLiterals;
+
 namespace sql {
 
 bool isKeyword(const QString &word)
@@ -25,7 +27,7 @@ bool isKeyword(const QString &word)
 
 void refuseDepth()
 {
-    throw ESqlNotUnderstood(QStringLiteral("Sakinio sandara per gili"));
+    throw ESqlNotUnderstood(u"Sakinio sandara per gili"_s);
 }
 
 } // namespace sql

@@ -1,5 +1,7 @@
 #include "toolkit/sql/sort_key.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Letter {
@@ -16,10 +18,10 @@ constexpr Letter letters[] = {
 
 QString expressionOf(const QString &column)
 {
-    QString key = QStringLiteral("upper(") + column + u')';
+    QString key = u"upper("_s + column + u')';
     for (const Letter &letter : letters)
-        key = QStringLiteral("replace(%1,'%2','%3')")
-                  .arg(key, QString::fromUtf16(letter.from), QString::fromUtf16(letter.to));
+        key = u"replace(%1,'%2','%3')"_s.arg(key, QString::fromUtf16(letter.from),
+                                             QString::fromUtf16(letter.to));
     return key;
 }
 
@@ -27,7 +29,7 @@ QString expressionOf(const QString &column)
 
 QString sortKeyExpression(const QString &column)
 {
-    static const QString pattern = expressionOf(QStringLiteral("#"));
+    static const QString pattern = expressionOf(u"#"_s);
     static const qsizetype place = pattern.indexOf(u'#');
     return pattern.left(place) + column + pattern.mid(place + 1);
 }

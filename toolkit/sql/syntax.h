@@ -25,8 +25,8 @@ enum class NodeKind {
     In,        // negated; value, then the list; or one child and a select
     Exists,    // select
     Scalar,    // a select between parentheses
-    Case,      // hasBase: base; pairs of condition and result; hasElse: the last one
-    Group      // one child between parentheses
+    Case, // hasBase: base; pairs of condition and result; hasElse: the last one; text: what it was worded as
+    Group // one child between parentheses
 };
 
 // What an expression is worth, as far as a translation must know.
@@ -48,6 +48,7 @@ struct Node {
     std::vector<int> sizes;
     std::vector<std::unique_ptr<Node>> children;
     std::unique_ptr<Select> select;
+    const Node *bound = nullptr; // of a column that is an alias: what it stands for
     mutable ValueType type = ValueType::NotInferred;
 
     ~Node();
@@ -57,7 +58,8 @@ using NodePtr = std::unique_ptr<Node>;
 
 struct SelectItem {
     NodePtr value;
-    QString alias; // empty when it has none
+    QString alias;      // empty when it has none
+    int aliasLevel = 0; // how many aliases unfold within one another in it
 };
 
 enum class JoinKind { First, Comma, Inner, Left, Right, Full, Cross, Key };
@@ -75,6 +77,7 @@ struct TableRef {
 struct OrderItem {
     NodePtr value;
     bool descending = false;
+    int item = -1; // the number of the select's item that it names, or -1
 };
 
 struct Select {
@@ -110,5 +113,10 @@ struct Statement {
     QStringList tables;
     bool commits = false;
 };
+
+bool sameName(const QString &a, const QString &b);
+
+// What stands inside of parentheses.
+const Node &withoutGroups(const Node &node);
 
 } // namespace sql

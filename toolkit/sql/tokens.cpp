@@ -2,6 +2,8 @@
 
 #include "toolkit/sql/translator.h"
 
+using namespace Qt::StringLiterals;
+
 namespace sql {
 
 namespace {
@@ -31,7 +33,7 @@ public:
     TokenList run()
     {
         if (text.contains(QChar(0)) || !text.isValidUtf16())
-            throw ESqlNotUnderstood(QStringLiteral("Sakinyje yra neleistinas ženklas"));
+            throw ESqlNotUnderstood(u"Sakinyje yra neleistinas ženklas"_s);
         while (skipBlanksAndComments(), at < text.size())
             readToken();
         add(TokenKind::End, at, {});
@@ -55,9 +57,9 @@ private:
             if (peek().isSpace())
                 ++at;
             else if (peek() == u'-' && peek(1) == u'-')
-                readComment(QStringLiteral("\n"), true);
+                readComment(u"\n"_s, true);
             else if (peek() == u'/' && peek(1) == u'*')
-                readComment(QStringLiteral("*/"), false);
+                readComment(u"*/"_s, false);
             else
                 return;
         }
@@ -68,7 +70,7 @@ private:
         const qsizetype from = at;
         const qsizetype stop = text.indexOf(end, at + 2);
         if (stop < 0 && !line)
-            throw ESqlNotUnderstood(QStringLiteral("Nebaigtas paaiškinimas: %1").arg(text.mid(from, 40)));
+            throw ESqlNotUnderstood(u"Nebaigtas paaiškinimas: %1"_s.arg(text.mid(from, 40)));
         at = stop < 0 ? text.size() : line ? stop : stop + end.size();
         list.comments.append({int(list.tokens.size()), text.mid(from, at - from), line});
     }
@@ -115,7 +117,7 @@ private:
             }
         }
         if (continuesName(peek()) || peek() == u'.')
-            throw ESqlNotUnderstood(QStringLiteral("Neatpažintas skaičius: „%1“").arg(text.mid(from, 20)));
+            throw ESqlNotUnderstood(u"Neatpažintas skaičius: „%1“"_s.arg(text.mid(from, 20)));
         add(TokenKind::Number, from, text.mid(from, at - from));
     }
 
@@ -132,7 +134,7 @@ private:
             }
             ++at;
         }
-        throw ESqlNotUnderstood(QStringLiteral("Nebaigtas tekstas: %1").arg(text.mid(from, 40)));
+        throw ESqlNotUnderstood(u"Nebaigtas tekstas: %1"_s.arg(text.mid(from, 40)));
     }
 
     void readSymbol()
@@ -148,7 +150,7 @@ private:
                 return;
             }
         }
-        throw ESqlNotUnderstood(QStringLiteral("Neatpažintas sakinio ženklas: „%1“").arg(peek()));
+        throw ESqlNotUnderstood(u"Neatpažintas sakinio ženklas: „%1“"_s.arg(peek()));
     }
 
     const QString &text;

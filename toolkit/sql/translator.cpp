@@ -1,7 +1,10 @@
 #include "toolkit/sql/translator.h"
 
+#include "toolkit/sql/bind.h"
 #include "toolkit/sql/emitter.h"
 #include "toolkit/sql/parser.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -11,7 +14,8 @@ std::shared_ptr<const TranslatedSql> translated(const QString &text, SqlDialect 
                                                 const SqlCatalog &catalog)
 {
     const sql::TokenList words = sql::tokenize(text);
-    const sql::Statement statement = sql::parse(words);
+    sql::Statement statement = sql::parse(words);
+    sql::bindNames(&statement, catalog);
     auto result = std::make_shared<TranslatedSql>();
     result->kind = statement.kind;
     result->text = sql::Emitter(sql::Dialect::of(dialect), catalog, words, statement).statement();
@@ -54,13 +58,12 @@ QString withOrderBy(const QString &statement, const QString &column, bool descen
     const sql::TokenList words = sql::tokenize(statement);
     const sql::Statement parsed = sql::parse(words);
     if (parsed.kind != SqlKind::Select)
-        sql::refuse(QStringLiteral("Rikiuoti galima tik parinkimą"), statement.left(40));
+        sql::refuse(u"Rikiuoti galima tik parinkimą"_s, statement.left(40));
     const sql::TokenList target = sql::tokenize(column);
     const sql::NodePtr node = sql::parseExpression(target);
     if (node->kind != sql::NodeKind::Column || !target.comments.isEmpty())
-        sql::refuse(QStringLiteral("Neatpažintas rikiavimo stulpelis"), column);
+        sql::refuse(u"Neatpažintas rikiavimo stulpelis"_s, column);
     const int last = parsed.select->orderByToken >= 0 ? parsed.select->orderByToken : parsed.select->endToken;
     const qsizetype end = last > 0 ? words.tokens.at(last - 1).to : 0;
-    return statement.left(end) + QStringLiteral(" order by ") + column.trimmed() +
-           QLatin1String(descending ? " desc" : "");
+    return statement.left(end) + u" order by "_s + column.trimmed() + (descending ? u" desc"_s : QString());
 }

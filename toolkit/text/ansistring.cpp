@@ -1,7 +1,10 @@
 #include "toolkit/text/ansistring.h"
 
+#include <QList>
 #include <QStringDecoder>
 #include <QStringEncoder>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -46,7 +49,7 @@ QString shown(QStringView character)
     const char32_t code = character.toUcs4().constFirst();
     if (QChar::isPrint(code))
         return character.toString();
-    return QStringLiteral("U+%1").arg(uint(code), 4, 16, QLatin1Char('0')).toUpper();
+    return u"U+%1"_s.arg(uint(code), 4, 16, QLatin1Char('0')).toUpper();
 }
 
 qsizetype characterLength(QStringView text, qsizetype at)
@@ -67,8 +70,8 @@ AnsiString::AnsiString(const QString &text)
         return;
     const qsizetype at = firstOutsideCodePage(text);
     Q_ASSERT(at >= 0);
-    throw EConvertError(QStringLiteral(u"Simbolio „%1“ negalima įrašyti kodų lentele 1257")
-                            .arg(shown(QStringView(text).mid(at, characterLength(text, at)))));
+    throw EConvertError(u"Simbolio „%1“ negalima įrašyti kodų lentele 1257"_s.arg(
+        shown(QStringView(text).mid(at, characterLength(text, at)))));
 }
 
 AnsiString AnsiString::fromBytes(QByteArray bytes)

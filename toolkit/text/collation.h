@@ -4,12 +4,8 @@
 
 // The sort key of people's text: comparing two keys by code point orders the texts as Lithuanian does.
 // Upper case; ą ę ė į y ų ū count as a e e i i u u, and č š ž stand after c s z. Both engines build the same
-// key, so a list has one order everywhere. Equal keys are ordered by the texts themselves: the
-// unmarked letter first (a ą, e ę ė, i į y, u ų ū), then small letters before capital ones.
+// key, so a list has one order everywhere. Equal keys are ordered by the texts themselves, by code point.
 QString lithuanianSortKey(const QString &text);
-
-// Below zero, zero or above zero as a stands before, at or after b.
-int compareLithuanian(const QString &a, const QString &b);
 
 // The text for searching: the sort key's letters without diacritics (č š ž as c s z).
 QString foldForSearch(const QString &text);

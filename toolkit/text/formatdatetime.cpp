@@ -3,6 +3,8 @@
 
 #include <QLocale>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QLocale lithuanian()
@@ -76,7 +78,7 @@ QString FormatDateTime(const QString &format, TDateTime value)
 {
     const QDateTime moment = value.dateTime();
     if (!moment.isValid())
-        throw EConvertError(QStringLiteral(u"Netinkama data"));
+        throw EConvertError(u"Netinkama data"_s);
     const QString picture = format.isEmpty() ? FormatSettings().ShortDateFormat : format;
     QString result;
     bool behindHours = false;

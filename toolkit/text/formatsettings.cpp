@@ -2,6 +2,8 @@
 
 #include <QLocale>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 TFormatSettings initialSettings()
@@ -9,12 +11,10 @@ TFormatSettings initialSettings()
     const QString point = QLocale::system().decimalPoint();
     TFormatSettings settings;
     settings.DecimalSeparator = point.isEmpty() ? QChar(u'.') : point.front();
-    settings.ShortDateFormat = QStringLiteral("yyyy.mm.dd");
+    settings.ShortDateFormat = u"yyyy.mm.dd"_s;
     settings.LongMonthNames = {
-        QStringLiteral(u"sausis"),   QStringLiteral(u"vasaris"),   QStringLiteral(u"kovas"),
-        QStringLiteral(u"balandis"), QStringLiteral(u"gegužė"),    QStringLiteral(u"birželis"),
-        QStringLiteral(u"liepa"),    QStringLiteral(u"rugpjūtis"), QStringLiteral(u"rugsėjis"),
-        QStringLiteral(u"spalis"),   QStringLiteral(u"lapkritis"), QStringLiteral(u"gruodis"),
+        u"sausis"_s, u"vasaris"_s,   u"kovas"_s,    u"balandis"_s, u"gegužė"_s,    u"birželis"_s,
+        u"liepa"_s,  u"rugpjūtis"_s, u"rugsėjis"_s, u"spalis"_s,   u"lapkritis"_s, u"gruodis"_s,
     };
     return settings;
 }

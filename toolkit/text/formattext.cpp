@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // One placeholder: %[-][width][.precision]type
@@ -16,7 +18,7 @@ struct Placeholder {
 
 [[noreturn]] void refuse(const QString &format)
 {
-    throw EConvertError(QStringLiteral(u"Formato '%1' negalima taikyti nurodytam argumentui").arg(format));
+    throw EConvertError(u"Formato '%1' negalima taikyti nurodytam argumentui"_s.arg(format));
 }
 
 int takeNumber(QStringView text, qsizetype &at)
@@ -84,8 +86,7 @@ QString textOf(const QVariant &value)
 QString fixedText(double value, int precision)
 {
     const int places = precision < 0 ? 2 : precision;
-    return FormatFloat(places == 0 ? QStringLiteral("0") : QStringLiteral("0.") + QString(places, u'0'),
-                       value);
+    return FormatFloat(places == 0 ? u"0"_s : u"0."_s + QString(places, u'0'), value);
 }
 
 QString filled(const Placeholder &place, const QVariant &value, const QString &format)

@@ -6,6 +6,8 @@
 #include <charconv>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isBlank(QChar c)
@@ -148,7 +150,7 @@ QString plain(const Decimal &number)
 {
     const QString whole = number.whole();
     const QString fraction = number.fraction();
-    const QString text = whole.isEmpty() ? QStringLiteral("0") : whole;
+    const QString text = whole.isEmpty() ? u"0"_s : whole;
     return fraction.isEmpty() ? text : text + FormatSettings().DecimalSeparator + fraction;
 }
 
@@ -163,16 +165,16 @@ double StrToFloat(const QString &text)
         std::isfinite(value))
         return value;
     if (text.trimmed().isEmpty())
-        throw EConvertError(QStringLiteral(u"Neįvestas skaičius"));
-    throw EConvertError(QStringLiteral(u"„%1“ nėra skaičius").arg(text));
+        throw EConvertError(u"Neįvestas skaičius"_s);
+    throw EConvertError(u"„%1“ nėra skaičius"_s.arg(text));
 }
 
 QString FloatToStr(double value)
 {
     if (std::isnan(value))
-        return QStringLiteral("NAN");
+        return u"NAN"_s;
     if (std::isinf(value))
-        return value < 0 ? QStringLiteral("-INF") : QStringLiteral("INF");
+        return value < 0 ? u"-INF"_s : u"INF"_s;
     const Decimal number(value);
     const bool readable = number.pointPosition() > -5 && number.pointPosition() <= 18;
     const QString text = readable ? plain(number) : scientific(number);
@@ -188,6 +190,6 @@ TDateTime StrToDate(const QString &text)
     reader.takeBlanks();
     read = read && reader.atEnd();
     if (!read || !QDate::isValid(parts.year, parts.month, parts.day))
-        throw EConvertError(QStringLiteral(u"„%1“ nėra data").arg(text));
+        throw EConvertError(u"„%1“ nėra data"_s.arg(text));
     return TDateTime(QDate(parts.year, parts.month, parts.day));
 }

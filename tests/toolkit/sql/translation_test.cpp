@@ -146,6 +146,10 @@ TEST(Functions, OfOtherNamesOrCountsAreRefused)
 {
     EXPECT_EQ(refusal(u"select pg_sleep(5)"_s), "Neatpažinta funkcija: „pg_sleep“");
     EXPECT_EQ(refusal(u"select isnull(a) from t"_s), "Netinkamas funkcijos argumentų skaičius: „isnull“");
+    EXPECT_EQ(refusal(u"select count(distinct *) from t"_s), "Netinkamoje sakinio vietoje yra ženklas: „*“");
+    EXPECT_EQ(refusal(u"select sum(*) from t"_s), "Neatpažinta funkcija: „sum(*)“");
+    EXPECT_EQ(refusal(u"select ifnull(distinct a, b, c) from t"_s),
+              "Netinkamas funkcijos argumentų skaičius: „ifnull“");
     EXPECT_EQ(refusal(u"select cast(a as geometry) from t"_s), "Neatpažintas tipas: „geometry“");
 }
 
@@ -329,7 +333,7 @@ TEST(Parameters, ATestForNullGetsTheTypeOfTheOtherPlaces)
 
 // --- cache
 
-TEST(Cache, GivesTheSameTranslationAgainAndForgetsOnDemand)
+TEST(Cache, GivesTheSameTranslationAgain)
 {
     const SampleCatalog catalog;
     SqlTranslator translator(SqlDialect::Sqlite, catalog);
@@ -339,6 +343,19 @@ TEST(Cache, GivesTheSameTranslationAgainAndForgetsOnDemand)
         translator.translate(u"select %1 from t"_s.arg(i + 2));
     EXPECT_EQ(first, &translator.translate(statement));
     EXPECT_EQ(first->text.toStdString(), "select 1 from t");
+}
+
+TEST(Cache, ForgetsOnDemandWhatTheCatalogueSaid)
+{
+    struct Changing : SampleCatalog {
+        ColumnKind kindOf(const QString &) const override { return kind; }
+        ColumnKind kind = ColumnKind::Number;
+    } catalog;
+    SqlTranslator translator(SqlDialect::Sqlite, catalog);
+    const auto translated = [&translator] { return translator.translate(u"select a + b from t"_s).text; };
+    EXPECT_EQ(translated(), u"select a + b from t"_s);
+    catalog.kind = ColumnKind::Code;
+    EXPECT_EQ(translated(), u"select a + b from t"_s);
     translator.clear();
-    EXPECT_EQ(translator.translate(statement).text.toStdString(), "select 1 from t");
+    EXPECT_EQ(translated(), u"select a || b from t"_s);
 }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The bytes to which code page 1257 gives no character.
@@ -48,38 +50,36 @@ TEST(AnsiString, WhatIsAcceptedComesBackTheSameOverTheWholeBasicPlane)
 
 TEST(AnsiString, LithuanianTextHasOneByteForACharacter)
 {
-    const AnsiString text(QStringLiteral(u"Ąžuolas „Čiobrelis“ – šermukšnis €"));
+    const AnsiString text(u"Ąžuolas „Čiobrelis“ – šermukšnis €"_s);
     EXPECT_EQ(text.Length(), 34);
-    EXPECT_EQ(text.toQString(), QStringLiteral(u"Ąžuolas „Čiobrelis“ – šermukšnis €"));
-    EXPECT_EQ(AnsiString(QStringLiteral(u"Ą")).bytes(), QByteArray("\xC0"));
+    EXPECT_EQ(text.toQString(), u"Ąžuolas „Čiobrelis“ – šermukšnis €"_s);
+    EXPECT_EQ(AnsiString(u"Ą"_s).bytes(), QByteArray("\xC0"));
 }
 
 TEST(AnsiString, NamesTheFirstCharacterThatTheCodePageCannotHold)
 {
-    EXPECT_EQ(refusal(QStringLiteral(u"Žemaitė Я ж")),
-              QStringLiteral(u"Simbolio „Я“ negalima įrašyti kodų lentele 1257"));
-    EXPECT_EQ(refusal(QStringLiteral(u"aš 😀")),
-              QStringLiteral(u"Simbolio „😀“ negalima įrašyti kodų lentele 1257"));
-    EXPECT_EQ(firstOutsideCodePage(QStringLiteral(u"Žemaitė Я")), 8);
-    EXPECT_EQ(firstOutsideCodePage(QStringLiteral(u"😀ž")), 0);
+    EXPECT_EQ(refusal(u"Žemaitė Я ж"_s), u"Simbolio „Я“ negalima įrašyti kodų lentele 1257"_s);
+    EXPECT_EQ(refusal(u"aš 😀"_s), u"Simbolio „😀“ negalima įrašyti kodų lentele 1257"_s);
+    EXPECT_EQ(firstOutsideCodePage(u"Žemaitė Я"_s), 8);
+    EXPECT_EQ(firstOutsideCodePage(u"😀ž"_s), 0);
 }
 
 TEST(AnsiString, ANulIsRefused)
 {
-    const QString text = QStringLiteral("a") + QChar(u'\0') + QStringLiteral("b");
+    const QString text = u"a"_s + QChar(u'\0') + u"b"_s;
     EXPECT_EQ(firstOutsideCodePage(text), 1);
-    EXPECT_EQ(refusal(text), QStringLiteral(u"Simbolio „U+0000“ negalima įrašyti kodų lentele 1257"));
+    EXPECT_EQ(refusal(text), u"Simbolio „U+0000“ negalima įrašyti kodų lentele 1257"_s);
 }
 
 TEST(AnsiString, LookAlikesAreNotTakenForTheirLetters)
 {
-    EXPECT_EQ(firstOutsideCodePage(QStringLiteral(u"\uff21")), 0);  // a wide A
-    EXPECT_EQ(firstOutsideCodePage(QStringLiteral(u"e\u0307")), 1); // a combining dot instead of ė
+    EXPECT_EQ(firstOutsideCodePage(u"\uff21"_s), 0);  // a wide A
+    EXPECT_EQ(firstOutsideCodePage(u"e\u0307"_s), 1); // a combining dot instead of ė
 }
 
 TEST(AnsiString, CopiesShareTheirBytes)
 {
-    const AnsiString text(QStringLiteral(u"ąžuolas"));
+    const AnsiString text(u"ąžuolas"_s);
     AnsiString copy;
     copy = text;
     EXPECT_EQ(copy.bytes().constData(), text.bytes().constData());

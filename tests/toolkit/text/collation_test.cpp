@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 int sign(int value)
@@ -13,7 +15,7 @@ int sign(int value)
     return (value > 0) - (value < 0);
 }
 
-const QString words = QStringLiteral(
+const QString words =
     u"abėcėlė Abromaitis ąsotis Ąžuolas asla aslą Asla Ąsla žąsis zuikis Zuikis čekis cukrus Čepaitis "
     u"Cibulskis "
     u"šaltis saltis Šaltis Saltis sąskaita saskaita Sąskaita šeima seima yla ila įla Įla Yla Ila ir yr įr iš "
@@ -28,56 +30,58 @@ const QString words = QStringLiteral(
     u"kyšis kišis kįšis Kyšis ką ka kas kąs kūnas kunas skųsti skūsti skusti 1 2 10 2a 12-a a b c č d e f g "
     u"h i j "
     u"k l m n o p r s š t u v z ž A B C Č D E F G H I Y J K L M N O P R S Š T U V Z Ž ą ę ė į y ų ū Ą Ę Ė Į "
-    u"Ų Ū");
+    u"Ų Ū"_s;
 
 QStringList allWords()
 {
     QStringList list = words.split(u' ');
-    list << QString() << QStringLiteral(u"Ona Petraitytė") << QStringLiteral(u"Onapetraitytė")
-         << QStringLiteral(u"Ona Šimkutė") << QStringLiteral(u"Ona Simkutė");
+    list << QString() << u"Ona Petraitytė"_s << u"Onapetraitytė"_s << u"Ona Šimkutė"_s << u"Ona Simkutė"_s;
     return list;
 }
 
 } // namespace
 
-TEST(Collation, OrdersEveryPairAsTheLithuanianCollatorDoes)
+// What differs in its letters, not in marks and case alone, stands as in a dictionary.
+TEST(Collation, TheKeyOrdersAsTheLithuanianCollatorDoes)
 {
     const QCollator collator(QLocale(QLocale::Lithuanian, QLocale::Lithuania));
     const QStringList list = allWords();
+    int compared = 0;
     for (const QString &a : list) {
         for (const QString &b : list) {
-            EXPECT_EQ(sign(compareLithuanian(a, b)), sign(collator.compare(a, b)))
-                << a.toStdString() << " / " << b.toStdString();
+            const int byKey = sign(lithuanianSortKey(a).compare(lithuanianSortKey(b)));
+            if (byKey == 0)
+                continue;
+            ++compared;
+            EXPECT_EQ(byKey, sign(collator.compare(a, b))) << a.toStdString() << " / " << b.toStdString();
         }
     }
+    EXPECT_GT(compared, list.size() * list.size() / 2);
 }
 
 TEST(Collation, MarkedVowelsShareTheKeyAndMarkedConsonantsStandApart)
 {
-    EXPECT_EQ(lithuanianSortKey(QStringLiteral(u"ąęėįyųū")), QStringLiteral("AEEIIUU"));
-    EXPECT_EQ(lithuanianSortKey(QStringLiteral(u"Čš Ž")), QStringLiteral("C~S~ Z~"));
-    EXPECT_EQ(lithuanianSortKey(QStringLiteral(u"Yla 12")), QStringLiteral("ILA 12"));
+    EXPECT_EQ(lithuanianSortKey(u"ąęėįyųū"_s), u"AEEIIUU"_s);
+    EXPECT_EQ(lithuanianSortKey(u"Čš Ž"_s), u"C~S~ Z~"_s);
+    EXPECT_EQ(lithuanianSortKey(u"Yla 12"_s), u"ILA 12"_s);
     EXPECT_EQ(lithuanianSortKey(QString()), QString());
 }
 
 TEST(Collation, TheKeyAloneOrdersPeopleAsADictionary)
 {
-    const QStringList ordered{
-        QStringLiteral(u"Cukrus"),  QStringLiteral(u"Čekis"),     QStringLiteral(u"Dagys"),
-        QStringLiteral(u"Sysas"),   QStringLiteral(u"Szymański"), QStringLiteral(u"Šaltis"),
-        QStringLiteral(u"Tamulis"), QStringLiteral(u"Zuokas"),    QStringLiteral(u"Žagaras")};
+    const QStringList ordered{u"Cukrus"_s, u"Čekis"_s,   u"Dagys"_s,  u"Sysas"_s,  u"Szymański"_s,
+                              u"Šaltis"_s, u"Tamulis"_s, u"Zuokas"_s, u"Žagaras"_s};
     for (qsizetype i = 1; i < ordered.size(); ++i)
         EXPECT_LT(lithuanianSortKey(ordered[i - 1]), lithuanianSortKey(ordered[i])) << i;
 }
 
 TEST(Collation, ALetterNeverGrowsIntoTwoInTheKey)
 {
-    EXPECT_EQ(lithuanianSortKey(QStringLiteral(u"Straße")), QStringLiteral(u"STRAßE"));
+    EXPECT_EQ(lithuanianSortKey(u"Straße"_s), u"STRAßE"_s);
 }
 
 TEST(Collation, SearchingSeesNeitherCaseNorMarks)
 {
-    EXPECT_EQ(foldForSearch(QStringLiteral(u"Žąsytė Čiurlionis-Šlapelis")),
-              QStringLiteral("ZASITE CIURLIONIS-SLAPELIS"));
-    EXPECT_EQ(foldForSearch(QStringLiteral(u"zasyte")), foldForSearch(QStringLiteral(u"ŽĄSYTĖ")));
+    EXPECT_EQ(foldForSearch(u"Žąsytė Čiurlionis-Šlapelis"_s), u"ZASITE CIURLIONIS-SLAPELIS"_s);
+    EXPECT_EQ(foldForSearch(u"zasyte"_s), foldForSearch(u"ŽĄSYTĖ"_s));
 }

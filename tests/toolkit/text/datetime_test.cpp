@@ -3,6 +3,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class DateTimeTest : public WithSettings {
@@ -62,14 +64,12 @@ TEST_F(DateTimeTest, TheClockCanBeMoved)
 
 TEST_F(DateTimeTest, APeriodIsShownWithItsMonthInTheNominative)
 {
-    const QStringList names{
-        QStringLiteral(u"sausis"),   QStringLiteral(u"vasaris"),   QStringLiteral(u"kovas"),
-        QStringLiteral(u"balandis"), QStringLiteral(u"gegužė"),    QStringLiteral(u"birželis"),
-        QStringLiteral(u"liepa"),    QStringLiteral(u"rugpjūtis"), QStringLiteral(u"rugsėjis"),
-        QStringLiteral(u"spalis"),   QStringLiteral(u"lapkritis"), QStringLiteral(u"gruodis")};
+    const QStringList names{u"sausis"_s,   u"vasaris"_s,  u"kovas"_s,     u"balandis"_s,
+                            u"gegužė"_s,   u"birželis"_s, u"liepa"_s,     u"rugpjūtis"_s,
+                            u"rugsėjis"_s, u"spalis"_s,   u"lapkritis"_s, u"gruodis"_s};
     for (int month = 1; month <= 12; ++month)
-        EXPECT_EQ(FormatDateTime(QStringLiteral("yyyy \"m.\" mmmm"), TDateTime(QDate(2005, month, 1))),
-                  QStringLiteral("2005 m. ") + names[month - 1]);
+        EXPECT_EQ(FormatDateTime(u"yyyy \"m.\" mmmm"_s, TDateTime(QDate(2005, month, 1))),
+                  u"2005 m. "_s + names[month - 1]);
 }
 
 TEST_F(DateTimeTest, PicturesOfDatesAndTimes)
@@ -93,10 +93,10 @@ TEST_F(DateTimeTest, OnlyTheSlashIsTheDateSeparator)
 
 TEST_F(DateTimeTest, ReadsTheShortDateFormat)
 {
-    EXPECT_EQ(StrToDate(QStringLiteral("1998.04.01")).date(), QDate(1998, 4, 1));
-    EXPECT_EQ(StrToDate(QStringLiteral(" 2005.1.2 ")).date(), QDate(2005, 1, 2));
-    EXPECT_EQ(StrToDate(QStringLiteral("2004.02.29")).date(), QDate(2004, 2, 29));
-    EXPECT_EQ(str(DateToStr(StrToDate(QStringLiteral("2005.01.02")))), "2005.01.02");
+    EXPECT_EQ(StrToDate(u"1998.04.01"_s).date(), QDate(1998, 4, 1));
+    EXPECT_EQ(StrToDate(u" 2005.1.2 "_s).date(), QDate(2005, 1, 2));
+    EXPECT_EQ(StrToDate(u"2004.02.29"_s).date(), QDate(2004, 2, 29));
+    EXPECT_EQ(str(DateToStr(StrToDate(u"2005.01.02"_s))), "2005.01.02");
 }
 
 TEST_F(DateTimeTest, RefusesWhatIsNoDate)
@@ -104,5 +104,5 @@ TEST_F(DateTimeTest, RefusesWhatIsNoDate)
     for (const char *text : {"", "2005", "2005.13.01", "2005.02.29", "05.01.01", "2005.01.01x", "2005-01-01",
                              "2005.01.001", "01.01.2005", "2005.01.", "2005.00.10", "0000.01.01"})
         EXPECT_EQ(conversionError([&] { StrToDate(QLatin1String(text)); }),
-                  QStringLiteral(u"„%1“ nėra data").arg(QLatin1String(text)));
+                  u"„%1“ nėra data"_s.arg(QLatin1String(text)));
 }
