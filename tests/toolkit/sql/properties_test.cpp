@@ -125,9 +125,10 @@ protected:
             EXPECT_FALSE(refused.message().isEmpty());
         }
         EXPECT_LT(each.elapsed(), 5000) << statement.toStdString();
-        if (understood)
+        if (understood) {
             EXPECT_EQ(differences(statement, text), QStringList()) << statement.toStdString() << "\n"
                                                                    << text.toStdString();
+        }
         return understood;
     }
 
