@@ -2,13 +2,13 @@
 
 #include "host/common/msgbox.h"
 #include "host/controls/browse_private.h"
+#include "host/controls/record_dialog.h"
 #include "host/controls/row_of_table.h"
 
 #include <QAction>
 #include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
-static const bool nextOff = false;
 
 void TBrowseFrm::NewBtnClick()
 {
@@ -48,7 +48,7 @@ void TBrowseFrm::NewRecord()
             return;
         if (!description.editRow)
             RefreshData(key);
-    } while (nextOff && acNew->isEnabled());
+    } while (TRecordDialog::takeNextWanted() && acNew->isEnabled());
 }
 
 void TBrowseFrm::EditRecord()
@@ -58,13 +58,13 @@ void TBrowseFrm::EditRecord()
         return;
     if (!rowIsThere(key)) {
         RefreshData(Variant());
-        throw Exception(u"Įrašas jau ištrintas kitoje darbo vietoje"_s);
+        throw ERowGone();
     }
     if (!askFor(false, key))
         return;
     if (!description.editRow)
         RefreshData(key);
-    if (nextOff && acNew->isEnabled())
+    if (TRecordDialog::takeNextWanted() && acNew->isEnabled())
         NewRecord();
 }
 

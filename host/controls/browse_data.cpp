@@ -63,11 +63,11 @@ void TBrowseFrm::describeFields()
 
 void TBrowseFrm::describeField(const TBrowseColumn &column)
 {
-    std::shared_ptr<TLookupTexts> texts;
+    std::shared_ptr<TColumnLookup> texts;
     if (column.text)
-        texts = std::make_shared<TLookupTexts>(column.text);
+        texts = std::make_shared<TColumnLookup>(column.text);
     else if (!column.lookup.isEmpty())
-        texts = std::make_shared<TLookupTexts>([this] { return Database(); }, column.lookup);
+        texts = std::make_shared<TColumnLookup>(Database(), column.lookup);
     if (texts)
         d->lookups.push_back(texts);
     d->query.describe(column.field, [column, texts](TField &field) {
@@ -75,7 +75,7 @@ void TBrowseFrm::describeField(const TBrowseColumn &column)
         if (!column.format.isEmpty())
             field.DisplayFormat = column.format;
         if (texts)
-            field.OnGetText = [texts](TField &shown) { return texts->of(shown.Value()); };
+            TColumnLookup::showIn(field, texts);
         const bool right = isNumeric(field.DataType()) && !texts;
         field.Alignment =
             column.alignment.value_or(right ? TAlignment::taRightJustify : TAlignment::taLeftJustify);

@@ -2,8 +2,8 @@
 
 #include "host/controls/browse_frm.h"
 #include "host/controls/list_finder.h"
-#include "host/controls/lookup_texts.h"
 #include "toolkit/data/query.h"
+#include "toolkit/widgets/column_lookup.h"
 
 #include <QElapsedTimer>
 #include <QLabel>
@@ -18,8 +18,8 @@ struct TBrowseFrm::Private {
     TListFinder finder;
     QTimer tmrFind; // waits for the end of typing, then drives the search piece by piece
 
-    std::vector<std::shared_ptr<TLookupTexts>> lookups; // of columns; forgotten with every reading
-    QAction *afterEditing = nullptr;                    // parts new, edit and delete from the rest
+    std::vector<std::shared_ptr<TColumnLookup>> lookups; // of columns; forgotten with every reading
+    QAction *afterEditing = nullptr;                     // parts new, edit and delete from the rest
     QBoxLayout *searchLine = nullptr;
     QLabel *findLabel = nullptr;
     QLineEdit *findEdit = nullptr;

@@ -38,7 +38,7 @@ Variant TRowOfTable::update(const Variant &key, const QVariantMap &values) const
     row.setParam(u"key"_s, key);
     row.Open();
     if (row.IsEmpty())
-        throw EDatabaseError(u"Įrašas jau ištrintas kitoje darbo vietoje"_s);
+        throw ERowGone();
     row.Edit();
     fill(row, values);
     row.Post();

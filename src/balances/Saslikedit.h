@@ -2,9 +2,8 @@
 
 #include "src/frame/host_services.h"
 #include "src/frame/unit.h"
-#include "toolkit/widgets/dialog.h"
 
-class QRadioButton;
+class TSideChoice;
 
 // The opening balance of one account.
 namespace Saslikedit {
@@ -16,34 +15,26 @@ extern TUnit unit;
 // change is gone.
 bool EditLik(bool edit, double &id);
 
-class TSasLikDlg : public TDialog {
+class TSasLikDlg : public TRecordDialog {
     Q_OBJECT
 public:
-    // id: the row to change; 0 adds a row.
-    TSasLikDlg(QWidget *owner, double id);
-    ~TSasLikDlg() override;
-
-    double rowId();
+    explicit TSasLikDlg(const TRecordStart &start);
 
 protected:
-    void Load() override;
+    void Loaded() override;
     void Validate() override;
 
 private:
-    void setRules();
-    void validate(const TField &field, const Variant &proposed);
-    void checkAmount(const TField &field, double proposed);
+    void setRules(TQuery &balance);
+    void validate(const TField &checked, const Variant &proposed);
+    void checkAmount(const TField &checked, double proposed);
     void sideChosen();
     void showSide();
-    void carryAmount();
     TField *chosen(); // the amount of the chosen side, and of the other one
     TField *other();
 
-    const bool isNew;
+    TSideChoice *side;
     bool debitChosen = true;
-    TQuery qryLik;
-    QRadioButton *DebRadio;
-    QRadioButton *KredRadio;
 };
 
 extern TSasLikDlg *SasLikDlg;

@@ -19,16 +19,14 @@ bool CopyDbKr(const AnsiString &caption, double id, double &newId);
 class TEditDbKrDlg : public TDbKrDialog {
     Q_OBJECT
 public:
-    enum class Start { New, Edit, Rewrite };
-    TEditDbKrDlg(QWidget *owner, const AnsiString &caption, Start start, double id);
-    ~TEditDbKrDlg() override;
+    // rewrites: the row opens without its code and its receivables account.
+    TEditDbKrDlg(const AnsiString &caption, const TRecordStart &start, bool rewrites = false);
 
 protected:
-    void Load() override;
+    void Loaded() override;
 
 private:
-    void showContract();
-    const Start start;
+    const bool rewrites;
 };
 
 extern TEditDbKrDlg *EditDbKrDlg;

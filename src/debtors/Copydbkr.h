@@ -15,17 +15,14 @@ bool CopyData(const AnsiString &caption, double sourceId, double &newId);
 class TCopyDbKrFrm : public TDbKrDialog {
     Q_OBJECT
 public:
-    TCopyDbKrFrm(QWidget *owner, const AnsiString &caption, double sourceId);
-    ~TCopyDbKrFrm() override;
+    TCopyDbKrFrm(const AnsiString &caption, double sourceId);
 
 protected:
-    void Load() override;
+    void Loaded() override;
     // Also for a query that was opened on no row, by the parameter -1.
-    bool takesNewKey() const override;
+    bool takesKey() const override;
 
 private:
-    void copyRow();
-
     TQuery qrySource;
 };
 

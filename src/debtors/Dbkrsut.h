@@ -2,7 +2,6 @@
 
 #include "src/frame/host_services.h"
 #include "src/frame/unit.h"
-#include "toolkit/widgets/dialog.h"
 
 // The contract of a debtor or creditor.
 namespace Dbkrsut {
@@ -16,22 +15,19 @@ extern char Tipas;
 // counterparty that is not saved yet.
 void DbKrShow(const Variant &dkaId);
 
-class TDbKrSutart : public TDialog {
+class TDbKrSutart : public TRecordDialog {
     Q_OBJECT
 public:
-    TDbKrSutart(QWidget *owner, const Variant &dkaId);
-    ~TDbKrSutart() override;
+    explicit TDbKrSutart(double dkaId);
 
 protected:
-    void Load() override;
+    void Loaded() override;
     void Validate() override;
 
 private:
-    void checkWhenLeft(QWidget *left, QWidget *entered);
-    void checkDates();
+    void setRules(TQuery &contract);
 
     const double dkaId;
-    TQuery qrySutart;
 };
 
 extern TDbKrSutart *DbKrSutart;

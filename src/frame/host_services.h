@@ -5,6 +5,8 @@
 // HostControls
 #include "host/controls/browse_frm.h"
 #include "host/controls/period_box.h"
+#include "host/controls/record_dialog.h"
+#include "host/controls/side_choice.h"
 #include "host/controls/transactions.h"
 
 // HostCommon
@@ -16,7 +18,9 @@
 #include "host/common/settings_store.h"
 
 // HostData
+#include "host/data/account_row.h"
 #include "host/data/main_datas.h"
+#include "host/data/party_row.h"
 #include "host/data/reports.h"
 
 // HostAccounts
@@ -24,3 +28,4 @@
 
 // HostClassifier
 #include "host/classifier/book_frm.h"
+#include "host/classifier/classifier_rows.h"

@@ -2,6 +2,8 @@
 
 #include "src/balances/Saslikedit.h"
 #include "src/balances/Slikuciai.h"
+#include "src/catalogues/Imokos.h"
+#include "src/catalogues/Newimok.h"
 #include "src/debtors/Chdbkr.h"
 #include "src/debtors/Copydbkr.h"
 #include "src/debtors/Dbkr.h"
@@ -68,9 +70,10 @@ TPackageEntry onlyWrites(TPackageEntry entry)
 const std::vector<TUnit *> &packageUnits()
 {
     static const std::vector<TUnit *> units = {
-        &Velmora::unit,    &SysInit::unit,   &Dbkrsut::unit,     &Chdbkr::unit,    &Copydbkr::unit,
-        &Saslikedit::unit, &Slikuciai::unit, &Usersch::unit,     &Confpas::unit,   &Period::unit,
-        &Perback::unit,    &Dbkr::unit,      &Closeperiod::unit, &Userslist::unit,
+        &Velmora::unit,   &SysInit::unit, &Dbkrsut::unit,     &Chdbkr::unit,
+        &Copydbkr::unit,  &Newimok::unit, &Imokos::unit,      &Saslikedit::unit,
+        &Slikuciai::unit, &Usersch::unit, &Confpas::unit,     &Period::unit,
+        &Perback::unit,   &Dbkr::unit,    &Closeperiod::unit, &Userslist::unit,
     };
     return units;
 }
@@ -87,6 +90,8 @@ const TPackageEntries &packageEntries()
         listScreen<Slikuciai::TSasLikFrm>("TSasLikFrm", Slikuciai::unit, balanceMenu, "&Sąskaitų likučiai…",
                                           17),
         listScreen<Dbkr::TDbKrFrm>("TDbKrFrm", Dbkr::unit, registerMenu, "&Debitoriai ir kreditoriai…", 9),
+        listScreen<Imokos::TImokosFrm>("TImokosFrm", Imokos::unit, registerMenu, "&Mokesčių ir įmokų kodai…",
+                                       61),
         listScreen<Userslist::TUsersFrm>("TUsersFrm", Userslist::unit, registerMenu, "&Vartotojai…", 2),
     };
     return entries;

@@ -177,10 +177,23 @@ void TDBControl::leave() noexcept
         commit();
     } catch (const Exception &) {
         Q_ASSERT(!reason.isEmpty());
+        // Setting the focus inside a change of the focus would call this again before anything is told.
+        if (isHolding)
+            QMetaObject::invokeMethod(events, guarded(self, [this] { comeBack(); }), Qt::QueuedConnection);
     } catch (...) {
         showCurrentException(self);
     }
     runGuarded(self, [this] { refresh(); });
+}
+
+void TDBControl::comeBack()
+{
+    const QWidget *entered = QApplication::focusWidget();
+    const bool gone = !self->isVisible() || !entered || entered->window() != self->window();
+    if (gone || reason.isEmpty() || entered->property("staysUsable").toBool())
+        return;
+    self->setFocus();
+    throw Exception(reason);
 }
 
 void TDBControl::changedByUser()

@@ -34,6 +34,9 @@ public:
     // Never lets the user change anything, whatever the set's state.
     void setAlwaysReadOnly(bool on);
     bool canEdit() const;
+    // Whether a value refused on leaving is told at once and the focus comes back, unless it went to a
+    // control that only leaves the dialog. Otherwise the refusal is shown at the control alone.
+    void setHoldsFocus(bool on) { isHolding = on; }
 
     // Whether the user changed something that the set does not have yet.
     bool pending() const { return isPending; }
@@ -88,6 +91,7 @@ private:
     void detach();
     void assertColumn() const;
     void leave() noexcept;
+    void comeBack();
     void onState();
     void onField(const QString &name);
 
@@ -100,4 +104,5 @@ private:
     int flusher = 0;
     bool isPending = false;
     bool alwaysReadOnly = false;
+    bool isHolding = false;
 };

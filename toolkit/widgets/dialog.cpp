@@ -53,10 +53,9 @@ QRect roomFor(const QWidget *window)
 
 } // namespace
 
-QList<TDialogButton> saveAndCancel()
+QList<TDialogButton> saveAndCancel(const QString &save, const QString &cancel)
 {
-    return {{.caption = u"&Išsaugoti"_s, .role = TDialogButton::Save, .isDefault = true},
-            {.caption = u"&Atšaukti"_s, .role = TDialogButton::Cancel}};
+    return {{save, TDialogButton::Save, true, {}, {}}, {cancel, TDialogButton::Cancel, false, {}, {}}};
 }
 
 TDialog::TDialog(QWidget *parent) : QDialog(parent)

@@ -23,8 +23,9 @@ struct TDialogButton {
     QString name;                 // how the dialog finds the button again; empty: the caption without "&"
 };
 
-// "&Išsaugoti" (default) and "&Atšaukti".
-QList<TDialogButton> saveAndCancel();
+// A default button that saves and one that cancels.
+QList<TDialogButton> saveAndCancel(const QString &save = QStringLiteral("&Išsaugoti"),
+                                   const QString &cancel = QStringLiteral("&Atšaukti"));
 
 // The base of every dialog: described fields and buttons, and the way from loading to saving.
 //

@@ -367,6 +367,12 @@ TFieldRow &TFieldRow::hidden()
     return *this;
 }
 
+TFieldRow &TFieldRow::holdsFocus()
+{
+    isHolding = true;
+    return *this;
+}
+
 TFieldRow &TFieldRow::width(int count)
 {
     characters = count;

@@ -86,6 +86,7 @@ public:
     // --- how the row stands in the form
     TFieldRow &readOnly();
     TFieldRow &hidden();
+    TFieldRow &holdsFocus(); // a refused value is told when the field is left, and the focus comes back
     TFieldRow &width(int characters); // the control is at least about as wide as so many characters
     TFieldRow &enabledWhen(Condition condition);
     TFieldRow &visibleWhen(Condition condition);
@@ -129,6 +130,7 @@ private:
     bool startsWithFirst = false;
     bool isReadOnly = false;
     bool isHidden = false;
+    bool isHolding = false;
     bool holdsButtons = false; // the dialog's buttons come after it
     QString displayFormat;
     QVariant preset;

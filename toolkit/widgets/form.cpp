@@ -114,6 +114,8 @@ void TFieldForm::addRow(QFormLayout *layout, const TFieldRow &row)
         Q_ASSERT_X(bound, "TFieldForm", qPrintable("no bound control for the column " + row.name));
         bound->bind(set, row.name);
     }
+    if (row.isHolding)
+        dynamic_cast<TDBControl &>(*made.control).setHoldsFocus(true);
     if (row.isReadOnly)
         makeReadOnly(made.control);
     chain(made);

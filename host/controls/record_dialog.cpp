@@ -1,0 +1,241 @@
+#include "host/controls/record_dialog.h"
+
+#include "host/common/forms.h"
+#include "host/data/main_datas.h"
+#include "toolkit/widgets/guard.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool &nextWanted()
+{
+    static bool wanted = false;
+    return wanted;
+}
+
+QString parameterOf(const QString &sql)
+{
+    static const QRegularExpression pattern(u":(\\w+)"_s);
+    return pattern.match(sql).captured(1);
+}
+
+// A key as a statement has it.
+QString literal(const Variant &key)
+{
+    return key.typeId() == QMetaType::QString ? TDatabase::quoted(key.toString())
+                                              : QString::number(qRound64(key.toDouble()));
+}
+
+} // namespace
+
+TRecordDialog::TRecordDialog(TRecordDescription described, TRecordStart opened, QWidget *owner)
+    : TDialog(owner),
+      description(std::move(described)),
+      opening(std::move(opened)),
+      query(opening.list ? opening.list : new TQuery(sessionOf(description.session), description.sql, this))
+{
+    setObjectName(description.name);
+    setHelpTopic(description.help);
+    if (!opening.list) {
+        query->RequestLive = true;
+        query->setParam(parameterOf(description.sql), opening.key);
+        if (description.byKeyOnly)
+            query->UpdateMode = TUpdateMode::upWhereKeyOnly;
+    }
+    if (description.prepare)
+        description.prepare(*query);
+    const bool adds = opening.kind == TRecordStart::Kind::New || query->State() == dsInsert;
+    describe(adds || description.editCaption.isEmpty() ? description.newCaption : description.editCaption,
+             description.rows, query, description.buttons);
+    connectGuarded(&form(), &TFieldForm::edited, this, [this] {
+        changed = true;
+        judgeSave();
+    });
+    offerSaveAndNew();
+    nextWanted() = false;
+}
+
+TRecordDialog::~TRecordDialog()
+{
+    if (release)
+        release();
+}
+
+// --- opening
+
+void TRecordDialog::openRow()
+{
+    try {
+        query->Open();
+    } catch (const EDatabaseError &) {
+        if (description.openFailure.isEmpty())
+            throw;
+        throw Exception(description.openFailure);
+    }
+    if (opening.kind == TRecordStart::Kind::New || (description.addsMissing && query->IsEmpty()))
+        query->Append();
+    else if (query->IsEmpty())
+        throw ERowGone();
+    else
+        query->Edit();
+}
+
+void TRecordDialog::Load()
+{
+    if (opening.kind != TRecordStart::Kind::ListRow)
+        openRow();
+    Loaded();
+    if (!mayChange())
+        DisableFormControls(this);
+    changed = false;
+    judgeSave();
+}
+
+bool TRecordDialog::mayChange() const
+{
+    return !CurrentUser().viewOnly;
+}
+
+bool TRecordDialog::isNew() const
+{
+    return query->State() == dsInsert;
+}
+
+Variant TRecordDialog::rowKey() const
+{
+    return field(description.keyColumn)->Value();
+}
+
+// --- the save button
+
+bool TRecordDialog::CanSave() const
+{
+    switch (description.save) {
+    case TSaveRule::Always:
+        return true;
+    case TSaveRule::WhenFilled:
+        return form().requiredFilled();
+    case TSaveRule::WhenFilledAndChanged:
+        return changed && form().requiredFilled();
+    }
+    Q_UNREACHABLE();
+}
+
+void TRecordDialog::judgeSave()
+{
+    if (saveButton())
+        saveButton()->setEnabled(mayChange() && CanSave());
+}
+
+// --- saving
+
+void TRecordDialog::Validate()
+{
+    requireAllUnique();
+}
+
+void TRecordDialog::requireAllUnique()
+{
+    for (const TUniqueCode &code : description.unique)
+        requireUnique(code);
+}
+
+void TRecordDialog::requireUnique(const TUniqueCode &code)
+{
+    const QString value = field(code.column)->AsString();
+    QString sql =
+        u"select count(%1) from %2 where %3 ="_s.arg(description.keyColumn, description.table, code.column) +
+        TDatabase::quoted(value);
+    if (!isNew())
+        sql +=
+            u" and %1 <> %2"_s.arg(description.keyColumn, literal(field(description.keyColumn)->OldValue()));
+    if (Database()->fieldResult(sql).toInt() > 0)
+        refuse(code.column, QString(code.message).replace(u"%s"_s, value));
+}
+
+bool TRecordDialog::takesKey() const
+{
+    return description.key.draws(isNew());
+}
+
+void TRecordDialog::saveInTransaction(const std::function<void()> &step)
+{
+    for (bool again = true; again;) {
+        again = false;
+        try {
+            saveOnce(step);
+        } catch (const EChangedElsewhere &conflict) {
+            again = settle(conflict);
+        } catch (const EUniqueViolation &) {
+            // Another station took the code between the check and the post: it is named then, too.
+            requireAllUnique();
+            throw;
+        } catch (const EDatabaseError &) {
+            if (description.saveFailure.isEmpty())
+                throw;
+            throw Exception(description.saveFailure);
+        }
+    }
+}
+
+void TRecordDialog::saveOnce(const std::function<void()> &step)
+{
+    const Variant formerKey = rowKey();
+    try {
+        TTransaction transaction(Database());
+        if (takesKey())
+            field(description.keyColumn)->setValue(description.key.next(Database()));
+        step();
+        transaction.commit();
+        if (query->CachedUpdates)
+            query->CommitUpdates();
+    } catch (...) {
+        takeBack(formerKey);
+        throw;
+    }
+}
+
+// The row is in edit again, without a key that nobody has stored.
+void TRecordDialog::takeBack(const Variant &formerKey)
+{
+    if (!query->editing())
+        query->Edit();
+    TField *key = field(description.keyColumn);
+    if (!sameKey(key->Value(), formerKey))
+        key->setValue(formerKey);
+}
+
+// Another station's values, or one's own; raises when the user goes back to the dialog. Whether to save
+// again.
+bool TRecordDialog::settle(const EChangedElsewhere &conflict)
+{
+    QMessageBox box(QMessageBox::Warning, windowTitle(), conflict.message(), QMessageBox::NoButton, this);
+    box.setObjectName(u"changedElsewhere"_s);
+    const auto *take = box.addButton(u"&Imti naują reikšmę"_s, QMessageBox::ActionRole);
+    const auto *keep = box.addButton(u"&Palikti savo"_s, QMessageBox::ActionRole);
+    box.setEscapeButton(box.addButton(u"&Grįžti"_s, QMessageBox::RejectRole));
+    box.exec();
+    if (box.clickedButton() == keep) {
+        query->keepOwn(conflict.columns);
+        return true;
+    }
+    if (box.clickedButton() == take)
+        query->acceptOther(conflict.columns);
+    throw EAbort();
+}
+
+void TRecordDialog::saveAndNew()
+{
+    if (trySave())
+        nextWanted() = true;
+}
+
+bool TRecordDialog::takeNextWanted()
+{
+    return std::exchange(nextWanted(), false);
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+namespace Newimok {
+
+extern TUnit unit;
+
+// Edits the row with the code, or adds one; true when the user saved, kodas is then the code as saved.
+bool EditImokos(AnsiString &kodas, bool isNew);
+
+class TNewImokDlg : public TRecordDialog {
+    Q_OBJECT
+public:
+    explicit TNewImokDlg(const TRecordStart &start);
+};
+
+extern TNewImokDlg *NewImokDlg;
+
+} // namespace Newimok
