@@ -2,8 +2,6 @@
 
 #include "toolkit/widgets/guard.h"
 
-#include <QPushButton>
-
 namespace Saslikedit {
 
 TUnit unit("SasLikEdit");
@@ -38,7 +36,7 @@ TSasLikDlg::TSasLikDlg(const TRecordStart &start)
            .keyColumn = "SSL_ID",
            .key = TKeyRule::largestPlusOne("select max(ssl_id) from bd_saslik"),
            .sql = "select *\nfrom bd_saslik\nwhere ssl_id=:id",
-           .rows = {SasRow("&Sąskaita", "SSL_SASID", {.picker = {false, 1}}).width(52),
+           .rows = {SasRow("&Sąskaita", "SSL_SASID", {.picker = {false, 1}}).width(52).holdsFocus(),
                     TFieldRow::group("Likučiai", {TFieldRow::custom({}, "Side",
                                                                     new TSideChoice("Debetinis likutis",
                                                                                     "Kreditinis likutis"))}),
@@ -115,7 +113,14 @@ void TSasLikDlg::sideChosen()
         return;
     chosen()->setAsFloat(other()->AsFloat());
     other()->setAsFloat(0);
-    saveButton()->setEnabled(field("SSL_SASID")->AsFloat() > 0);
+    amountMoved = true;
+    judgeSave();
+}
+
+// An amount that went to the other side waits for its account.
+bool TSasLikDlg::CanSave() const
+{
+    return !amountMoved || field("SSL_SASID")->AsFloat() > 0;
 }
 
 void TSasLikDlg::showSide()

@@ -23,6 +23,7 @@ public:
 protected:
     void Loaded() override;
     void Validate() override;
+    bool CanSave() const override;
 
 private:
     void setRules(TQuery &balance);
@@ -35,6 +36,7 @@ private:
 
     TSideChoice *side;
     bool debitChosen = true;
+    bool amountMoved = false;
 };
 
 extern TSasLikDlg *SasLikDlg;

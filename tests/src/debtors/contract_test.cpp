@@ -105,6 +105,7 @@ TEST_P(Contract, DatesThatContradictHoldTheFocus)
         {
             NextBoxes box{QMessageBox::Ok};
             QTest::keyClick(last, Qt::Key_Tab);
+            QCoreApplication::processEvents();
             EXPECT_EQ(box.at(0).text, wrongOrder);
         }
         EXPECT_EQ(dialog.focusWidget(), last);

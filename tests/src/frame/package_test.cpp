@@ -23,8 +23,9 @@ TEST(Package, ListsItsUnitsInTheirOrder)
     const TLoadedPackage package(packageFile());
     EXPECT_EQ(package.info().name, "Velmora");
     EXPECT_EQ(package.info().units,
-              QStringList({"Velmora", "SysInit", "DbKrSut", "chDbKr", "CopyDbKr", "SasLikEdit", "SLikuciai",
-                           "UsersCh", "confpas", "Period", "PerBack", "DbKr", "ClosePeriod", "UsersList"}));
+              QStringList({"Velmora", "SysInit", "DbKrSut", "chDbKr", "CopyDbKr", "NewImok", "Imokos",
+                           "SasLikEdit", "SLikuciai", "UsersCh", "confpas", "Period", "PerBack", "DbKr",
+                           "ClosePeriod", "UsersList"}));
     EXPECT_EQ(package.info().required,
               QStringList({"HostControls", "HostCommon", "HostData", "HostAccounts", "HostClassifier"}));
 }
