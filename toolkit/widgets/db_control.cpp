@@ -136,6 +136,7 @@ void TDBControl::commit()
     isPending = false;
     clearInvalid();
     refresh();
+    tellEdited(); // what is judged by the column has something new to judge
 }
 
 void TDBControl::restore()
@@ -190,7 +191,8 @@ void TDBControl::comeBack()
 {
     const QWidget *entered = QApplication::focusWidget();
     const bool gone = !self->isVisible() || !entered || entered->window() != self->window();
-    if (gone || reason.isEmpty() || entered->property("staysUsable").toBool())
+    const bool isTold = QApplication::activeModalWidget() != self->window(); // a save was quicker
+    if (gone || isTold || reason.isEmpty() || entered->property("staysUsable").toBool())
         return;
     self->setFocus();
     throw Exception(reason);

@@ -139,7 +139,7 @@ TEST_P(BalanceDialog, AnAmountThatIsNoneKeepsItsSideBeforeTheUsersEyes)
         {
             NextBoxes shown{QMessageBox::Ok};
             credit(dialog)->click();
-            EXPECT_EQ(shown.at(0).text, "Laukas \"Debetinis likutis\": „abc“ nėra skaičius.");
+            EXPECT_EQ(shown.at(0).text, "Laukas \"Debetinis likutis\" turi būti suma, o ne „abc“!");
         }
         EXPECT_TRUE(debit(dialog)->isChecked());
         EXPECT_EQ(amount(dialog)->objectName(), "SSL_SUM_DB");
@@ -184,9 +184,17 @@ TEST_P(BalanceDialog, ASummaryAccountIsRefusedAndStaysToBeCorrected)
 {
     addBalance([this](TSasLikDlg &dialog) {
         chooseAccount(dialog, bank);
+        dialog.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
         auto *account = dialog.findChild<TSasEdit *>();
         type(account->findChild<QLineEdit *>(), "24");
-        leave(account->findChild<QLineEdit *>());
+        {
+            NextBoxes told{QMessageBox::Ok};
+            leave(account->findChild<QLineEdit *>());
+            QCoreApplication::processEvents();
+            EXPECT_EQ(told.at(0).text, "Sąskaita negali būti suminė!");
+        }
+        EXPECT_TRUE(account->isAncestorOf(dialog.focusWidget()));
         EXPECT_EQ(account->invalidReason(), "Sąskaita negali būti suminė!");
         EXPECT_EQ(account->value(), bank);
         EXPECT_EQ(refusal(dialog), "Sąskaita negali būti suminė!");
@@ -239,8 +247,8 @@ TEST_P(BalanceDialog, ANewRowWithoutAnAmountIsRefusedOnEitherSide)
 TEST_P(BalanceDialog, WhatIsNoAmountIsRefusedAndStaysAsTyped)
 {
     const QList<std::pair<QString, QString>> refused = {
-        {"abc", "Laukas \"Debetinis likutis\": „abc“ nėra skaičius."},
-        {"1e400", "Laukas \"Debetinis likutis\": „1e400“ nėra skaičius."},
+        {"abc", "Laukas \"Debetinis likutis\" turi būti suma, o ne „abc“!"},
+        {"1e400", "Laukas \"Debetinis likutis\" turi būti suma, o ne „1e400“!"},
         {"-5", debitTooSmall},
         {"0", debitTooSmall},
         {"", "Laukas \"Debetinis likutis\" negali būti tuščias!"},

@@ -419,4 +419,4 @@ TEST_F(PictureRow, IsShownScaledDown)
     EXPECT_EQ(image()->sizeHint(), QSize(320 + frame, 160 + frame));
 }
 
-#include "test_field_row.moc"
+#include "field_row_test.moc"
