@@ -1,6 +1,7 @@
 #include "host/data/party.h"
 
 #include "toolkit/data/statement.h"
+#include "toolkit/sql/sort_key.h"
 #include "toolkit/text/collation.h"
 
 #include <algorithm>
@@ -10,6 +11,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString parties = u"select dka_id, dka_kod, dka_pavad, dka_i_kod, dka_sasid from bd_dbkrasm where "_s;
+const QString nameKey = u"lt_raktas(dka_pavad)"_s;
 const QString foldedName = u"replace(lt_raktas(dka_pavad), '~', '')"_s;
 constexpr int longestCompanyCode = 11;
 const QChar afterAllOthers(0xFFFD);
@@ -30,11 +32,20 @@ TParty partyAt(const TStatement &set)
     return party;
 }
 
+// The name's sort key in the words of the index over it: only so it is found without reading all names.
+TranslatedSql worded(TDatabase *database, const QString &statement)
+{
+    TranslatedSql sql = database->translator().translate(statement);
+    sql.text.replace(nameKey, database->engine() == Engine::Sqlite ? sortKeyExpression(u"dka_pavad"_s)
+                                                                   : nameKey + u" collate \"C\""_s);
+    return sql;
+}
+
 // Appends rows that are not there yet, until there are so many.
-void readParties(TDatabase *database, const QString &statement, const QVariantMap &values, int limit,
+void readParties(TDatabase *database, const TranslatedSql &sql, const QVariantMap &values, int limit,
                  QList<TParty> &found)
 {
-    const auto set = database->prepare(statement, TDatabase::Connection::Reading);
+    const auto set = database->prepareNative(sql, TDatabase::Connection::Reading);
     for (auto value = values.begin(); value != values.end(); ++value)
         set->bind(value.key(), value.value());
     set->exec();
@@ -44,6 +55,12 @@ void readParties(TDatabase *database, const QString &statement, const QVariantMa
             found.append(party);
     }
     set->reset();
+}
+
+void readParties(TDatabase *database, const QString &statement, const QVariantMap &values, int limit,
+                 QList<TParty> &found)
+{
+    readParties(database, database->translator().translate(statement), values, limit, found);
 }
 
 // The whole numbers whose digits begin with those of the text, as conditions over an indexed column.
@@ -107,8 +124,8 @@ QList<TParty> partiesOf(TDatabase *database, const QString &column, const QStrin
     } else if (column.compare(u"dka_kod"_s, Qt::CaseInsensitive) == 0) {
         readParties(database, parties + u"dka_kod = :kodas"_s, {{u"kodas"_s, wanted}}, 2, found);
     } else {
-        readParties(database, parties + foldedName + u" = :vardas"_s, {{u"vardas"_s, foldForSearch(wanted)}},
-                    2, found);
+        readParties(database, worded(database, parties + nameKey + u" = :vardas"_s),
+                    {{u"vardas"_s, lithuanianSortKey(wanted)}}, 2, found);
     }
     return found;
 }

@@ -24,7 +24,7 @@ struct TParty {
 std::optional<TParty> findParty(TDatabase *database, double id);
 
 // The counterparties of which a column (dka_i_kod, dka_kod or dka_pavad) is just this text, names without
-// regard to case and diacritics. At most two are read: more than one is as good as many.
+// regard to case. At most two are read: more than one is as good as many.
 QList<TParty> partiesOf(TDatabase *database, const QString &column, const QString &text);
 
 // Counterparties that fit what is being typed: first those whose search code or company code begins with it,

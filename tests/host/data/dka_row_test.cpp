@@ -129,10 +129,10 @@ TEST_P(DkaRows, AFreeTextEmptiesTheKey)
     store(1, {});
     EXPECT_TRUE(run([this] {
         goToName();
-        type(nameLine(), u"Kita įmonė"_s);
+        type(nameLine(), u"Kita firma"_s);
         press({Qt::Key_Return});
     }));
-    EXPECT_EQ(stored(), u"NULL|NULL|Kita įmonė");
+    EXPECT_EQ(stored(), u"NULL|NULL|Kita firma");
 }
 
 TEST_P(DkaRows, AFreeCodeIsANumber)
@@ -163,10 +163,11 @@ TEST_P(DkaRows, AnEmptiedEditLeavesNoCounterparty)
 
 TEST_P(DkaRows, ATextOfSeveralIsToBeChosenFromTheList)
 {
-    party(4, u"M4"_s, u"ŽEMAITIS"_s, {}, 3);
+    party(4, u"M4"_s, u"Zuikis"_s, {}, 3);
+    party(5, u"M5"_s, u"ZUIKIS"_s, {}, 3);
     EXPECT_TRUE(run([this] {
         goToName();
-        type(nameLine(), u"zemaitis"_s);
+        type(nameLine(), u"zuikis"_s);
         EXPECT_EQ(refusal(), u"Tokių įmonių registre yra kelios: pasirinkite iš sąrašo (F4)");
         EXPECT_EQ(column(u"DKL_PAVAD"_s)->AsString(), u"Laisva įmonė");
         press({Qt::Key_F4});
@@ -176,6 +177,17 @@ TEST_P(DkaRows, ATextOfSeveralIsToBeChosenFromTheList)
         type(nameLine(), byName->GetText());
         press({Qt::Key_Return});
     })) << "the text of the one that is chosen means that one";
+    EXPECT_EQ(stored(), "4|NULL|NULL");
+}
+
+TEST_P(DkaRows, ANameIsTheSameInSmallAndCapitalLetters)
+{
+    party(4, u"M4"_s, u"Zuikis"_s, {}, 3);
+    EXPECT_TRUE(run([this] {
+        goToName();
+        type(nameLine(), u"ZUIKIS"_s);
+        press({Qt::Key_Return});
+    }));
     EXPECT_EQ(stored(), "4|NULL|NULL");
 }
 
