@@ -61,7 +61,7 @@ TEST_P(DrbKlas, WhatIsNoGroupSaysSo)
         EXPECT_EQ(refusal(), u"Profesinės grupės „99“ nėra");
         EXPECT_EQ(klas->f_kodas(), Variant());
         keys(u"x"_s);
-        EXPECT_EQ(refusal(), u"Profesinės grupės „x“ nėra"); // what was refused is selected
+        EXPECT_EQ(refusal(), u"Profesinės grupės „x“ nėra");
         cancel();
     });
     EXPECT_EQ(stored(), "23");
