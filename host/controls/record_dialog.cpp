@@ -92,6 +92,7 @@ void TRecordDialog::Load()
 {
     if (opening.kind != TRecordStart::Kind::ListRow)
         openRow();
+    adds = query->State() == dsInsert;
     Loaded();
     if (!mayChange())
         DisableFormControls(this);
@@ -106,7 +107,7 @@ bool TRecordDialog::mayChange() const
 
 bool TRecordDialog::isNew() const
 {
-    return query->State() == dsInsert;
+    return adds;
 }
 
 Variant TRecordDialog::rowKey() const
@@ -174,11 +175,10 @@ void TRecordDialog::saveInTransaction(const std::function<void()> &step)
             saveOnce(step);
         } catch (const EChangedElsewhere &conflict) {
             again = settle(conflict);
-        } catch (const EUniqueViolation &) {
+        } catch (const EDatabaseError &error) {
             // Another station took the code between the check and the post: it is named then, too.
-            requireAllUnique();
-            throw;
-        } catch (const EDatabaseError &) {
+            if (dynamic_cast<const EUniqueViolation *>(&error))
+                requireAllUnique();
             if (description.saveFailure.isEmpty())
                 throw;
             throw Exception(description.saveFailure);
@@ -230,6 +230,13 @@ bool TRecordDialog::settle(const EChangedElsewhere &conflict)
     if (box.clickedButton() == take)
         query->acceptOther(conflict.columns);
     throw EAbort();
+}
+
+void TRecordDialog::reject()
+{
+    TDialog::reject();
+    if (query->CachedUpdates && query->UpdatesPending())
+        query->CancelUpdates();
 }
 
 void TRecordDialog::saveAndNew()

@@ -36,6 +36,8 @@ public:
     // Whether the last editor was left by saving and going on; the wish is taken by asking.
     static bool takeNextWanted();
 
+    void reject() override;
+
 protected:
     TQuery &row() const { return *query; }
     TField *field(const QString &column) const { return query->FieldByName(column); }
@@ -73,6 +75,7 @@ private:
 
     const TRecordStart opening;
     TQuery *query;
+    bool adds = false; // also after a failed save has put the held row back into edit
     bool changed = false;
     std::function<void()> release;
 };
