@@ -49,8 +49,9 @@ TRecordDialog::TRecordDialog(TRecordDescription described, TRecordStart opened, 
     }
     if (description.prepare)
         description.prepare(*query);
-    const bool adds = opening.kind == TRecordStart::Kind::New || query->State() == dsInsert;
-    describe(adds || description.editCaption.isEmpty() ? description.newCaption : description.editCaption,
+    const bool startsNew = opening.kind == TRecordStart::Kind::New || query->State() == dsInsert;
+    describe(startsNew || description.editCaption.isEmpty() ? description.newCaption
+                                                            : description.editCaption,
              description.rows, query, description.buttons);
     connectGuarded(&form(), &TFieldForm::edited, this, [this] {
         changed = true;
