@@ -33,7 +33,7 @@ TReport reportOfList(const TTableHeading &heading, const TDBGrid &grid, const TD
             continue;
         columns.push_back({.field = field->FieldName(),
                            .title = grid.model()->headerData(column, Qt::Horizontal).toString(),
-                           .width = grid.columnWidth(column) * pointsPerPixel,
+                           .width = grid.ownWidth(column) * pointsPerPixel,
                            .alignment = alignmentOf(*field),
                            .mask = field->DisplayFormat});
     }

@@ -107,11 +107,14 @@ void TDBGrid::setEmptyText(const QString &text)
 void TDBGrid::layOutColumns()
 {
     const QScopedValueRollback<bool> now(layingOut, true);
-    for (int i = 0; i < rows->columnCount(); ++i) {
-        if (!sized.contains(fieldAt(i).toLower()))
-            setColumnWidth(i, leastWidth(i));
-    }
+    for (int i = 0; i < rows->columnCount(); ++i)
+        setColumnWidth(i, ownWidth(i));
     shareSpareWidth();
+}
+
+int TDBGrid::ownWidth(int column) const
+{
+    return sized.contains(fieldAt(column).toLower()) ? columnWidth(column) : leastWidth(column);
 }
 
 int TDBGrid::leastWidth(int column) const

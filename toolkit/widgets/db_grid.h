@@ -64,6 +64,10 @@ public:
     QByteArray arrangement() const;
     void setArrangement(const QByteArray &kept);
 
+    // The column's width without its share of what the window has left over: as the user gave it or as
+    // described.
+    int ownWidth(int column) const;
+
     // The selected rows in their order, as rows of the set.
     QList<int> selectedRows() const;
     // The selected rows as text: cells parted by tabs, rows by line ends, columns in the order shown.

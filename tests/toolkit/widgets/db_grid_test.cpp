@@ -142,6 +142,7 @@ TEST_F(DbGrid, WhatIsLeftOverGoesToTheWidestTexts)
     show(grid);
     EXPECT_EQ(grid->columnWidth(1), 80) << "an amount needs no more than it was given";
     EXPECT_GT(grid->columnWidth(0), 400);
+    EXPECT_EQ(grid->ownWidth(0), 120) << "a print knows nothing of the window";
     EXPECT_EQ(grid->horizontalHeader()->length(), grid->viewport()->width());
     window->resize(60, 300);
     EXPECT_EQ(grid->columnWidth(0), 120) << "never less than described";
@@ -167,6 +168,7 @@ TEST_F(DbGrid, AWidthOfTheUsersStays)
     EXPECT_EQ(changed.count(), 0) << "laying out is no arrangement of the user's";
     grid->setColumnWidth(0, 60);
     EXPECT_EQ(changed.count(), 1);
+    EXPECT_EQ(grid->ownWidth(0), 60);
     window->resize(900, 300);
     EXPECT_EQ(grid->columnWidth(0), 60);
     set->Close();

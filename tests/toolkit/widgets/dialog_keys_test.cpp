@@ -161,6 +161,17 @@ TEST_F(DialogKeys, ADialogWithoutADefaultButtonIsNotDecidedByEnter)
     }));
 }
 
+TEST_F(DialogKeys, TheRefusalMayBeTheDefault)
+{
+    make({TFieldRow::edit(u"Pavadinimas"_s, u"pre_pavad"_s)},
+         {{.caption = u"&Taip"_s, .role = TDialogButton::Save},
+          {.caption = u"&Ne"_s, .role = TDialogButton::Cancel, .isDefault = true}});
+    EXPECT_FALSE(run([&] {
+        press(Qt::Key_Return);
+        EXPECT_FALSE(dialog->isVisible());
+    }));
+}
+
 TEST_F(DialogKeys, CtrlEnterSavesAndGoesOnWhereThatIsOffered)
 {
     run([&] {

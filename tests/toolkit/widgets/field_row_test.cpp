@@ -305,6 +305,19 @@ TEST_F(FieldRow, ConditionsFollowEveryChange)
     EXPECT_FALSE(form->control(u"pre_kodas"_s)->isEnabled());
 }
 
+TEST_F(FieldRow, OptionsOfTypingReachAFreeEditAsWell)
+{
+    make({TFieldRow::freeEdit(u"Kodas"_s, u"kodas"_s).upperCase(),
+          TFieldRow::freeEdit(u"Trys"_s, u"trys"_s).maxLength(3),
+          TFieldRow::combo(u"Pavadinimas"_s, u"pre_pavad"_s, {u"Morkos"_s, u"Ropės"_s})});
+    show();
+    typeOver(form->control(u"kodas"_s), u"ąb"_s);
+    EXPECT_EQ(form->control<QLineEdit>(u"kodas"_s)->text(), u"ĄB"_s);
+    typeOver(form->control(u"trys"_s), u"1234"_s);
+    EXPECT_EQ(form->control<QLineEdit>(u"trys"_s)->text(), u"123"_s);
+    EXPECT_EQ(form->control<QComboBox>(u"pre_pavad"_s)->count(), 2);
+}
+
 TEST_F(FieldRow, AControlFromOutsideIsBoundLikeTheOthers)
 {
     make({TFieldRow::bound(u"Pavadinimas"_s, u"pre_pavad"_s,
@@ -394,6 +407,7 @@ TEST_F(PictureRow, OpensAFileKeepsItsBytesAndDeletesIt)
     EXPECT_TRUE(field(u"pre_zenklas"_s).IsNull());
     EXPECT_FALSE(form->isFilled(u"pre_zenklas"_s));
     EXPECT_TRUE(button(0)->accessibleName().contains(u"Ženklas"));
+    EXPECT_EQ(button(0)->text() + button(1)->text(), u"Atidaryti…Išvalyti"_s);
 }
 
 TEST_F(PictureRow, RefusesWhatIsNoPictureOrTooLargeInWords)
