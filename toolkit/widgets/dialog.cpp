@@ -192,7 +192,7 @@ bool TDialog::saveAndStay()
         Validate();
         saveInTransaction([this] { Save(); });
     } catch (const Exception &error) {
-        focusRefused(error.message());
+        focusRefused(error);
         showCurrentException(this);
         return false;
     } catch (...) {
@@ -244,16 +244,20 @@ void TDialog::refuse(const QString &column, const QString &message)
     throw Exception(message);
 }
 
-void TDialog::focusRefused(const QString &message)
+// The field that refused says so itself; else the cursor goes to what was refused before.
+void TDialog::focusRefused(const Exception &error)
 {
+    const auto *refusal = dynamic_cast<const EFieldRefused *>(&error);
     for (TDBControl *control : TDBControl::allIn(this)) {
+        const bool isNamed =
+            refusal && control->DataField().compare(refusal->fieldName(), Qt::CaseInsensitive) == 0;
+        if (isNamed)
+            control->markInvalid(error.message());
         if (!control->invalidReason().isEmpty() && control->widget()->isVisible()) {
-            control->widget()->setFocus(Qt::TabFocusReason);
+            control->widget()->setFocus(Qt::TabFocusReason); // selects the text as coming by Tab does
             return;
         }
     }
-    if (ownFields)
-        ownFields->refuseEmpty(message);
 }
 
 QVBoxLayout *TDialog::bodyLayout() const

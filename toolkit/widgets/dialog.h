@@ -102,7 +102,7 @@ private:
     void press(const TDialogButton &button);
     void pressByEnter();
     void cancelSet();
-    void focusRefused(const QString &message);
+    void focusRefused(const Exception &error);
     void fitIntoScreen();
 
     QPointer<TDataSet> ownSet;

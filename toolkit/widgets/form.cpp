@@ -300,16 +300,3 @@ void TFieldForm::refuse(const QString &name, const QString &why)
         TInvalidMark::put(refused, why);
     refused->setFocus(Qt::TabFocusReason); // selects the text as coming by Tab does
 }
-
-bool TFieldForm::refuseEmpty(const QString &why)
-{
-    for (const Made &made : fields) {
-        const auto *bound = made.row.isRequired ? dynamic_cast<TDBControl *>(made.control) : nullptr;
-        const TField *field = bound ? bound->Field() : nullptr;
-        if (!field || !field->AsString().trimmed().isEmpty())
-            continue;
-        refuse(made.row.name, why);
-        return true;
-    }
-    return false;
-}

@@ -42,8 +42,6 @@ public:
 
     // Puts the cursor on a control, which wears a red frame with the reason until the user changes it.
     void refuse(const QString &name, const QString &why);
-    // The same for the first required row whose column is empty; false when there is none.
-    bool refuseEmpty(const QString &why);
 
 signals:
     void edited(); // after every keystroke and choice of the user in any control
