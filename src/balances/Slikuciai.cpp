@@ -64,14 +64,11 @@ void TSasLikFrm::FormCreate()
     connectGuarded(PeriodBox, &QComboBox::currentIndexChanged, this, [this] { RefreshData(Variant()); });
 }
 
-// Where no period is left, nothing is left to show or to enter.
+// Without any period nothing is left to show.
 void TSasLikFrm::PeriodChanged()
 {
     const Variant key = currentKey();
     dataSet()->Close();
-    setPanel(debitPanel, QString());
-    setPanel(creditPanel, QString());
-    SetEditable(false);
     PeriodBox->fillOrRaise();
     SetEditable(PeriodBox->count() == 1);
     RefreshData(key);

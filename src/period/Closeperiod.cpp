@@ -1,9 +1,10 @@
 #include "src/period/Closeperiod.h"
 
-#include <QApplication>
+#include "toolkit/text/format.h"
+#include "toolkit/widgets/guard.h"
+
 #include <QFormLayout>
-#include <QScopeGuard>
-#include <QVBoxLayout>
+#include <QHBoxLayout>
 
 #include <cmath>
 
@@ -13,6 +14,9 @@ TUnit unit("ClosePeriod");
 TPerCloseDlg *PerCloseDlg = nullptr;
 
 namespace {
+
+constexpr double startOfWorkPeriod = 6;
+const QString periodFormat = "yyyy \"m.\" mmmm";
 
 // To the nearest whole number, halves to even: the totals agree when these are equal.
 qint64 wholeAmount(TField *sum)
@@ -26,38 +30,59 @@ void StartPerClose()
 {
     if (StdMsgBox(mkQuestion, "Ar visos lentelės uždarytos?") != mrYes)
         return;
-    const TShownMonth current;
-    if (!current.isSet()) {
-        StdMsgBox(mkError, "Darbo pradžios periodas nenustatytas");
-        return;
-    }
-    TPerCloseDlg dialog(current, QApplication::activeWindow());
+    TPerCloseDlg dialog(QApplication::activeWindow());
     if (dialog.balancesAgree())
         dialog.exec();
 }
 
-TPerCloseDlg::TPerCloseDlg(const TShownMonth &closing, QWidget *owner)
-    : TDialog(owner),
-      month(closing),
-      nextDate(GoMonth(month.firstDay(), 1)),
-      OldPer(new QLabel(PeriodText(month.firstDay()))),
-      NewPer(new QLabel(PeriodText(nextDate))),
-      StartedProg(new TAnimate(TCommonAVI::aviCopyFiles)),
+TPerCloseDlg::TPerCloseDlg(QWidget *owner)
+    : QDialog(owner, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+      perId(EinPer_Id()),
+      perDate(EinPer_Date()),
+      nextDate(GoMonth(perDate, 1)),
+      OldPer(new QLabel(this)),
+      NewPer(new QLabel(this)),
+      StartedProg(new TAnimate(TCommonAVI::aviCopyFiles, this)),
+      StartBtn(new QPushButton("Pradėti", this)),
+      CancelBtn(new QPushButton("&Atšaukti", this)),
+      HelpBtn(new QPushButton("&Pagalba", this)),
       qrySasSum(MainDatas()->mnFin_Db(),
                 "SELECT\n  ssl_perid,\n  SUM(ssl_sum_db) as db_sum,\n  SUM(ssl_sum_kr) as kr_sum\n"
                 "FROM\n  bd_SasLik\nWHERE\n  ssl_perid=:perid\nGROUP BY\n  ssl_perid",
                 this)
 {
-    describe("Periodo uždarymas", {}, nullptr,
-             {{"Pradėti", TDialogButton::Action, true, [this] { StartBtnClick(); }, "StartBtn"},
-              {"&Atšaukti", TDialogButton::Cancel, false, {}, "CancelBtn"},
-              {"&Pagalba", TDialogButton::Help, false, {}, "HelpBtn"}});
-    setHelpTopic(18);
-    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
-    StartBtn = button("StartBtn");
-    CancelBtn = button("CancelBtn");
-    bodyLayout()->addWidget(periods());
-    bodyLayout()->addWidget(StartedProg, 0, Qt::AlignCenter);
+    setWindowTitle("Periodo uždarymas");
+    OldPer->setObjectName("OldPer");
+    NewPer->setObjectName("NewPer");
+    StartedProg->setObjectName("StartedProg");
+    StartBtn->setObjectName("StartBtn");
+    CancelBtn->setObjectName("CancelBtn");
+    HelpBtn->setObjectName("HelpBtn");
+    OldPer->setText(FormatDateTime(periodFormat, perDate));
+    NewPer->setText(FormatDateTime(periodFormat, nextDate));
+    StartBtn->setDefault(true);
+
+    auto *periods = new QFormLayout;
+    periods->addRow("Periodas uždarymui:", OldPer);
+    periods->addRow("Naujas periodas:", NewPer);
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch();
+    for (QPushButton *button : {StartBtn, CancelBtn, HelpBtn})
+        buttons->addWidget(button);
+    auto *all = new QVBoxLayout(this);
+    all->addLayout(periods);
+    all->addWidget(StartedProg, 0, Qt::AlignCenter);
+    all->addLayout(buttons);
+    all->setSizeConstraint(QLayout::SetFixedSize);
+
+    QSizePolicy keepsPlace = StartedProg->sizePolicy();
+    keepsPlace.setRetainSizeWhenHidden(true);
+    StartedProg->setSizePolicy(keepsPlace);
+    StartedProg->hide();
+
+    connectGuarded(StartBtn, &QPushButton::clicked, this, [this] { StartBtnClick(); });
+    connectGuarded(CancelBtn, &QPushButton::clicked, this, [this] { reject(); });
+    connectGuarded(HelpBtn, &QPushButton::clicked, this, [this] { showHelp(18); });
     PerCloseDlg = this;
 }
 
@@ -66,28 +91,11 @@ TPerCloseDlg::~TPerCloseDlg()
     PerCloseDlg = nullptr;
 }
 
-QWidget *TPerCloseDlg::periods()
-{
-    OldPer->setObjectName("OldPer");
-    NewPer->setObjectName("NewPer");
-    StartedProg->setObjectName("StartedProg");
-    QSizePolicy keepsPlace = StartedProg->sizePolicy();
-    keepsPlace.setRetainSizeWhenHidden(true);
-    StartedProg->setSizePolicy(keepsPlace);
-    StartedProg->hide();
-
-    auto *shown = new QWidget(this);
-    auto *lines = new QFormLayout(shown);
-    lines->addRow(new QLabel("Periodas uždarymui:"), OldPer);
-    lines->addRow(new QLabel("Naujas periodas:"), NewPer);
-    return shown;
-}
-
 bool TPerCloseDlg::balancesAgree()
 {
-    if (month.id() != startOfWorkPeriod)
+    if (perId != startOfWorkPeriod)
         return true;
-    qrySasSum.setParam("perid", month.id());
+    qrySasSum.setParam("perid", perId);
     try {
         qrySasSum.Open();
     } catch (const EDatabaseError &) {
@@ -105,32 +113,17 @@ bool TPerCloseDlg::balancesAgree()
 
 void TPerCloseDlg::StartBtnClick()
 {
-    if (!closeShown()) {
-        tellMonthPassed(month, this);
-        QDialog::reject();
-        return;
-    }
-    followLastMonth(this);
-    StdMsgBox(mkInformation, "Periodas uždarytas sekmingai");
-    accept();
-}
-
-// False when the month shown is the last one no longer, and nothing was done then. When it raises, nothing
-// was done as far as the database said; the dialog is as before the press.
-bool TPerCloseDlg::closeShown()
-{
     setClosing(true);
     auto restoreButtons = qScopeGuard([this] { setClosing(false); });
     TTransaction transaction(MainDatas()->mnFin_Db());
-    const bool closes = month.isStillLast();
-    if (closes) {
-        DbiQExecDirect(MainDatas()->mnFin_Db(), "call Close_Per()");
-        transaction.commit();
-    }
+    DbiQExecDirect(MainDatas()->mnFin_Db(), "call Close_Per()");
+    transaction.commit();
     restoreButtons.dismiss();
     StartedProg->Stop();
-    StartedProg->hide();
-    return closes;
+
+    GetPeriod();
+    StdMsgBox(mkInformation, "Periodas uždarytas sekmingai");
+    accept();
 }
 
 void TPerCloseDlg::setClosing(bool on)
@@ -148,7 +141,7 @@ void TPerCloseDlg::setClosing(bool on)
 void TPerCloseDlg::reject()
 {
     if (StartBtn->isEnabled())
-        TDialog::reject();
+        QDialog::reject();
 }
 
 } // namespace Closeperiod

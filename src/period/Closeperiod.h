@@ -1,9 +1,9 @@
 #pragma once
 
+#include "src/frame/host_services.h"
 #include "src/frame/unit.h"
-#include "src/period/shown_month.h"
-#include "toolkit/widgets/dialog.h"
 
+#include <QDialog>
 #include <QLabel>
 #include <QPushButton>
 
@@ -12,16 +12,13 @@ namespace Closeperiod {
 
 extern TUnit unit;
 
-// Closes the current period after asking; all outcomes are told in message boxes. Raises EDatabaseError when
-// the current period cannot be read.
+// Closes the current period after asking; all outcomes are told in message boxes.
 void StartPerClose();
 
-// Shows the month to be closed, which must be set. Once a close has been committed the dialog ends,
-// whatever comes after.
-class TPerCloseDlg : public TDialog {
+class TPerCloseDlg : public QDialog {
     Q_OBJECT
 public:
-    TPerCloseDlg(const TShownMonth &closing, QWidget *owner);
+    explicit TPerCloseDlg(QWidget *owner);
     ~TPerCloseDlg() override;
 
     // True when the period may be closed. The opening totals of the start-of-work period must agree;
@@ -31,12 +28,11 @@ public:
     void reject() override;
 
 private:
-    QWidget *periods();
     void StartBtnClick();
-    bool closeShown();
     void setClosing(bool on);
 
-    const TShownMonth month;
+    double perId;
+    TDateTime perDate;
     TDateTime nextDate;
     qint64 debit = 0;
     qint64 credit = 0;
@@ -46,6 +42,7 @@ private:
     TAnimate *StartedProg;
     QPushButton *StartBtn;
     QPushButton *CancelBtn;
+    QPushButton *HelpBtn;
     TQuery qrySasSum;
 };
 

@@ -1,7 +1,5 @@
 #include "src/period/Perback.h"
 
-#include "src/period/shown_month.h"
-
 #include <QApplication>
 #include <QVBoxLayout>
 
@@ -19,61 +17,52 @@ bool onlyStartOfWork()
                .toLongLong() <= 1;
 }
 
-// False when the month is the last one no longer, and nothing was done then.
-bool rollBack(const TShownMonth &month)
+// False when the database refused; nothing is changed then.
+bool rollBack()
 {
     TPerBackDlg window(QApplication::activeWindow());
     window.show();
-    TTransaction transaction(MainDatas()->mnFin_Db());
-    window.ProgressBar->setValue(0);
-    if (!month.isStillLast())
-        return false;
-    DbiQExecDirect(MainDatas()->mnFin_Db(), "call Back_Per()");
-    window.ProgressBar->setValue(100);
-    transaction.commit();
-    return true;
-}
-
-void rollBackAndTell(const TShownMonth &month)
-{
-    QWidget *owner = QApplication::activeWindow();
-    bool done = false;
     try {
-        done = rollBack(month);
+        TTransaction transaction(MainDatas()->mnFin_Db());
+        window.ProgressBar->setValue(0);
+        DbiQExecDirect(MainDatas()->mnFin_Db(), "call Back_Per()");
+        window.ProgressBar->setValue(100);
+        transaction.commit();
     } catch (const Exception &) {
-        StdMsgBox(mkWarning, "Neįmanoma atsukti darbo pradžios periodo");
-        return;
+        return false;
     }
-    if (!done) {
-        tellMonthPassed(month, owner);
-        return;
-    }
-    followLastMonth(owner);
-    StdMsgBox(mkInformation, "Periodas atsuktas sėkmingai.");
+    return true;
 }
 
 } // namespace
 
 void PeriodBack()
 {
-    const TShownMonth current;
     if (onlyStartOfWork()) {
         StdMsgBox(mkError, "Negalima atsukti darbo pradžios periodo!");
         return;
     }
-    if (StdMsgBox(mkQuestion, "Atsukant periodą bus ištrinti paskutinio periodo likučiai!") == mrYes &&
-        StdMsgBox(mkQuestion, "Ar visos lentelės uždarytos?") == mrYes)
-        rollBackAndTell(current);
+    if (StdMsgBox(mkQuestion, "Atsukant periodą bus ištrinti paskutinio periodo likučiai!") != mrYes ||
+        StdMsgBox(mkQuestion, "Ar visos lentelės uždarytos?") != mrYes)
+        return;
+    if (!rollBack()) {
+        StdMsgBox(mkWarning, "Neįmanoma atsukti darbo pradžios periodo");
+        return;
+    }
+    GetPeriod();
+    StdMsgBox(mkInformation, "Periodas atsuktas sėkmingai.");
 }
 
-TPerBackDlg::TPerBackDlg(QWidget *owner) : TDialog(owner), ProgressBar(new QProgressBar)
+TPerBackDlg::TPerBackDlg(QWidget *owner) : QDialog(owner), ProgressBar(new QProgressBar(this))
 {
-    describe("Periodo atsukimas", {}, nullptr, {});
+    setWindowTitle("Periodo atsukimas");
     ProgressBar->setObjectName("ProgressBar");
     ProgressBar->setAccessibleName("Atsukimo eiga");
     ProgressBar->setRange(0, 100);
     ProgressBar->setMinimumWidth(300);
-    bodyLayout()->addWidget(ProgressBar);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(ProgressBar);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
     PerBackDlg = this;
 }
 

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "src/frame/host_services.h"
 #include "src/frame/unit.h"
-#include "toolkit/widgets/dialog.h"
 
+#include <QDialog>
 #include <QProgressBar>
 
 // Rolling the last month close back.
@@ -10,12 +11,11 @@ namespace Perback {
 
 extern TUnit unit;
 
-// Rolls the last close back after asking; all outcomes are told in message boxes. Raises EDatabaseError when
-// the current period cannot be read.
+// Rolls the last close back after asking; all outcomes are told in message boxes.
 void PeriodBack();
 
 // Shown without waiting while the database works.
-class TPerBackDlg : public TDialog {
+class TPerBackDlg : public QDialog {
     Q_OBJECT
 public:
     explicit TPerBackDlg(QWidget *owner);

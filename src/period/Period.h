@@ -27,7 +27,6 @@ protected:
     void Save() override;
 
 private:
-    void goToFirstRow();
     void readStored();
     void proposeToday();
     void deleteStored();

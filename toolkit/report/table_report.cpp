@@ -76,7 +76,8 @@ TReportBand columnHeaderBand(const Columns &columns, qreal width, int fontSize)
         item.text = columns[i].title;
         item.alignment = Qt::AlignHCenter;
         item.bold = true;
-        band.height = std::max(band.height, wrappedHeight(item.text, item.width, fontSize, true));
+        band.height =
+            std::max(band.height, wrappedHeight(item.text, item.width, fontSize, true) + cellMargin);
     }
     return band;
 }

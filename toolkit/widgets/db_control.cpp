@@ -136,6 +136,7 @@ void TDBControl::commit()
     isPending = false;
     clearInvalid();
     refresh();
+    tellEdited(); // what is judged by the column has something new to judge
 }
 
 void TDBControl::restore()

@@ -260,8 +260,7 @@ TEST_P(Editing, IsRefusedWhereNothingMayBeWritten)
     EXPECT_THROW(set->Delete(), EDatabaseError);
     EXPECT_EQ(set->State(), dsBrowse);
     TQuery closed(mnFin_Db, u"select * from bd_t"_s);
-    closed.RequestLive = true;
-    EXPECT_ERROR(EDatabaseError, closed.Edit(), u"neatvertas"_s);
+    EXPECT_THROW(closed.Edit(), EDatabaseError);
 }
 
 TEST_P(Editing, ALiveQueryNeedsOneTableWithAKey)
