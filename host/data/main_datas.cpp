@@ -107,9 +107,9 @@ TDatabase *TMainDatas::mnRavl()
 void TMainDatas::makeReadOnly()
 {
     auto newMain = readOnlyCopy(*main);
-    auto newBudget = readOnlyCopy(*budget);
+    if (!CurrentUser().userAdmin)
+        budget = readOnlyCopy(*budget);
     main = std::move(newMain);
-    budget = std::move(newBudget);
 }
 
 TMainDatas *MainDatas()

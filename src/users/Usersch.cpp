@@ -2,10 +2,8 @@
 
 #include "src/users/Confpas.h"
 #include "toolkit/text/format.h"
-#include "toolkit/widgets/edit_options.h"
 #include "toolkit/widgets/guard.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -33,33 +31,39 @@ void abandon(TQuery &set)
 bool Add_ChUser(const bool edit, int id)
 {
     Usr_Id = edit ? id : 0;
-    return TEditUserDlg(QApplication::activeWindow(), edit ? std::nullopt : std::optional(id)).run();
+    TEditUserDlg dialog(edit, id);
+    if (dialog.run())
+        return true;
+    const QString stored = dialog.storedByHalf();
+    if (!stored.isEmpty())
+        StdMsgBox(mkWarning, stored);
+    return !stored.isEmpty();
 }
 
-TEditUserDlg::TEditUserDlg(QWidget *owner, std::optional<int> newId)
-    : TDialog(owner),
-      id(newId.value_or(Usr_Id)),
-      exists(!newId),
-      qryUsr(MainDatas()->mnRavl(), "select *\nfrom bd_usr\nwhere usr_id=:id", this),
-      qryRights(MainDatas()->mnRavl(), "select *\nfrom bd_usrkdv\nwhere udv_usrid=:id", this)
+// The row is opened for the moment of a save only: each post stands by itself, and the last save wins.
+TEditUserDlg::TEditUserDlg(bool edit, int userId)
+    : TRecordDialog({.name = "TEditUserDlg",
+                     .newCaption = "Vartotojo informacija",
+                     .help = 2,
+                     .session = TSession::Budget,
+                     .table = "bd_usr",
+                     .keyColumn = "usr_id",
+                     .sql = "select *\nfrom bd_usr\nwhere usr_id=:id",
+                     .rows = userRows(),
+                     .buttons = {{"Iš&saugoti", TDialogButton::Save, true, {}, "OkBtn"},
+                                 {"&Atšaukti", TDialogButton::Cancel, false, {}, {}}},
+                     .save = TSaveRule::WhenFilled,
+                     .prepare = nameColumns},
+                    TRecordStart::row(userId)),
+      id(userId),
+      exists(edit),
+      qryRights(Database(), "select *\nfrom bd_usrkdv\nwhere udv_usrid=:id", this)
 {
-    qryUsr.RequestLive = true;
-    qryUsr.setParam("id", id);
     qryRights.RequestLive = true;
     qryRights.setParam("id", id);
-    for (const auto &[column, label] :
-         {std::pair("usr_name", "Prisijungimo vardas"), std::pair("usr_vardas", "Vartotojo vardas"),
-          std::pair("usr_pavarde", "Vartotojo pavardė"), std::pair("usr_pasw", "Prisijungimo slaptažodis")})
-        qryUsr.describe(column, [label = label](TField &field) { field.DisplayLabel = label; });
     buildForm();
     listen();
-    setHelpTopic(2);
-    EditUserDlg = this;
-}
-
-TEditUserDlg::~TEditUserDlg()
-{
-    EditUserDlg = nullptr;
+    keepIn(EditUserDlg);
 }
 
 // --- loading
@@ -68,20 +72,30 @@ void TEditUserDlg::Load()
 {
     readSources();
     readWorkPlaces();
-    workingMask = 0;
-    if (Usr_Id != 0)
+    if (exists)
         readUser();
     passwordChanged = false;
-    mayChange = CurrentUser().userAdmin && !CurrentUser().viewOnly;
-    if (!mayChange)
+    if (!mayChange())
         DisableFormControls(this);
-    recheck();
+    judgeSave();
     LogNameEdit->setFocus();
+}
+
+// One who may administer users and otherwise only look is let in here: he may be the only one who can take
+// that back.
+bool TEditUserDlg::mayChange() const
+{
+    return CurrentUser().userAdmin;
+}
+
+bool TEditUserDlg::CanSave() const
+{
+    return TRecordDialog::CanSave() && RightsTree->isComplete();
 }
 
 void TEditUserDlg::readSources()
 {
-    TQuery qryFin(MainDatas()->mnRavl(), "SELECT\n  fin_pavad,  \n  fin_id\nFROM bd_fin");
+    TQuery qryFin(Database(), "SELECT\n  fin_pavad,  \n  fin_id\nFROM bd_fin");
     ReadList(&qryFin, FinList->model());
     FinList->setCurrentRow(0);
 }
@@ -89,11 +103,10 @@ void TEditUserDlg::readSources()
 // Only work places that the administrator himself may see can be given.
 void TEditUserDlg::readWorkPlaces()
 {
-    TQuery qryKDV(MainDatas()->mnRavl(), "SELECT\n  kdv_pav,\n  kdv_id\nFROM bd_kdv\nWHERE\n"
-                                         "  (POWER(2, (KDV_ID-1)) & :ORG_KDV) <> 0");
+    TQuery qryKDV(Database(), "SELECT\n  kdv_pav,\n  kdv_id\nFROM bd_kdv\nWHERE\n"
+                              "  (POWER(2, (KDV_ID-1)) & :ORG_KDV) <> 0");
     qryKDV.setParam("ORG_KDV", int(CurrentUser().workPlaces));
     ReadList(&qryKDV, KDVCheckList->model());
-    const QSignalBlocker silently(KDVCheckList);
     for (int i = 0; i < KDVCheckList->count(); ++i)
         KDVCheckList->item(i)->setCheckState(Qt::Unchecked);
 }
@@ -101,7 +114,7 @@ void TEditUserDlg::readWorkPlaces()
 // A user without rights gives no row here, and loads with empty fields.
 void TEditUserDlg::readUser()
 {
-    TQuery qryUser(MainDatas()->mnRavl(),
+    TQuery qryUser(Database(),
                    "SELECT *\nFROM bd_usr, bd_usrkdv\nWHERE\n  usr_id=:id AND\n  udv_usrid=usr_id");
     qryUser.setParam("id", Usr_Id);
     qryUser.Open();
@@ -121,28 +134,32 @@ void TEditUserDlg::readUser()
 
 // --- giving rights
 
-void TEditUserDlg::workPlaceTicked(const QListWidgetItem *item)
+TWorkPlaceMask TEditUserDlg::workingMask() const
 {
-    workingMask ^= workPlaceBit(GetListObject(KDVCheckList->model(), KDVCheckList->row(item)));
+    TWorkPlaceMask mask = 0;
+    for (int i = 0; i < KDVCheckList->count(); ++i)
+        if (KDVCheckList->item(i)->checkState() == Qt::Checked)
+            mask |= workPlaceBit(GetListObject(KDVCheckList->model(), i));
+    return mask;
 }
 
 void TEditUserDlg::addSelectedSources()
 {
     for (int i = 0; i < FinList->count(); ++i)
         if (FinList->item(i)->isSelected())
-            RightsTree->addSource(FinList->item(i)->text(), workingMask);
-    recheck();
+            RightsTree->addSource(FinList->item(i)->text(), workingMask());
+    judgeSave();
 }
 
 void TEditUserDlg::takeDrop(const QString &origin, QTreeWidgetItem *node)
 {
-    if (!mayChange)
+    if (!mayChange())
         return;
     if (origin == FinList->objectName()) {
         addSelectedSources();
     } else if (node) {
-        RightsTree->addWorkPlaces(node->parent() ? node->parent() : node, workingMask);
-        recheck();
+        RightsTree->addWorkPlaces(node->parent() ? node->parent() : node, workingMask());
+        judgeSave();
     }
 }
 
@@ -150,17 +167,17 @@ void TEditUserDlg::takeDrop(const QString &origin, QTreeWidgetItem *node)
 // selected work place as it is and does not go up to its source.
 bool TEditUserDlg::rightsKey(QObject *watched, int key)
 {
-    if (!mayChange)
+    if (!mayChange())
         return false;
     if (key == Qt::Key_Insert && watched == FinList && !FinList->selectedItems().isEmpty()) {
         addSelectedSources();
     } else if (key == Qt::Key_Insert && watched == KDVCheckList) {
-        RightsTree->addWorkPlaces(RightsTree->selectedNode(), workingMask);
-        recheck();
+        RightsTree->addWorkPlaces(RightsTree->selectedNode(), workingMask());
+        judgeSave();
     } else if (key == Qt::Key_Delete && watched == RightsTree) {
         RightsTree->removeSelected();
         if (RightsTree->topLevelItemCount() > 0)
-            recheck();
+            judgeSave();
     } else {
         return false;
     }
@@ -176,14 +193,7 @@ bool TEditUserDlg::eventFilter(QObject *watched, QEvent *event)
     bool consumed = false;
     if (event->type() == QEvent::KeyPress)
         runGuarded(this, [&] { consumed = rightsKey(watched, static_cast<QKeyEvent *>(event)->key()); });
-    return consumed || TDialog::eventFilter(watched, event);
-}
-
-void TEditUserDlg::recheck()
-{
-    const auto filled = [](const QLineEdit *edit) { return !edit->text().trimmed().isEmpty(); };
-    OkBtn->setEnabled(mayChange && RightsTree->isComplete() && filled(LogNameEdit) && filled(NameEdit) &&
-                      filled(PavardeEdit));
+    return consumed || TRecordDialog::eventFilter(watched, event);
 }
 
 // --- saving
@@ -191,6 +201,7 @@ void TEditUserDlg::recheck()
 void TEditUserDlg::Validate()
 {
     requireAdministrator();
+    requireOwnLogin();
     requireStorable();
     confirmPassword();
     requireSources();
@@ -200,10 +211,25 @@ void TEditUserDlg::requireAdministrator()
 {
     const QString others =
         Format("select count() from bd_usr where usr_user_admin = 1 and usr_id <> %d", {exists ? id : 0});
-    if (GetFieldResult(MainDatas()->mnRavl(), others).toInt() >= 1 || cb_userAdmin->isChecked())
+    if (GetFieldResult(Database(), others).toInt() >= 1 || cb_userAdmin->isChecked())
         return;
     StdMsgBox(mkWarning, "Nors vienas vartotojas turi turėti teises administruoti vartotojus!");
     throw EAbort();
+}
+
+// Names are compared as the login compares them.
+void TEditUserDlg::requireOwnLogin()
+{
+    const QString login = LogNameEdit->text().trimmed();
+    TQuery others(Database(), "select usr_name from bd_usr where usr_id <> :id");
+    others.setParam("id", id);
+    others.Open();
+    for (others.First(); !others.Eof(); others.Next()) {
+        const QString name = others.FieldByName("usr_name")->AsString().trimmed();
+        if (name.compare(login, Qt::CaseInsensitive) == 0)
+            refuse("LogNameEdit",
+                   QString("Prisijungimo vardas „%1“ jau naudojamas: parinkite kitą.").arg(name));
+    }
 }
 
 void TEditUserDlg::confirmPassword()
@@ -225,41 +251,55 @@ void TEditUserDlg::requireSources()
     for (const TRight &right : RightsTree->rights()) {
         const QString sql =
             QString("select count(*) from bd_fin where fin_id = %1").arg(sourceId(right.source));
-        if (GetFieldResult(MainDatas()->mnRavl(), sql).toInt() == 0)
+        if (GetFieldResult(Database(), sql).toInt() == 0)
             throw Exception(
                 QString("Finansavimo šaltinis „%1“ jau ištrintas: pašalinkite jį iš vartotojo teisių.")
                     .arg(right.source));
     }
 }
 
-// Each post is committed by the database as it runs: a failure is told together with what is written already.
+// Each post is committed by the database as it runs.
+void TEditUserDlg::saveInTransaction(const std::function<void()> &step)
+{
+    step();
+}
+
+// A failure is told together with what is written already.
 void TEditUserDlg::Save()
 {
-    userWritten = false;
-    rightsWritten = 0;
+    writeUser();
     try {
-        writeUser();
         writeRights();
     } catch (const Exception &error) {
-        if (!userWritten)
-            throw;
-        throw Exception(QString("%1\n\nVartotojo duomenys įrašyti, bet teisių įrašyta tik %2 iš %3. "
-                                "Išsaugokite dar kartą.")
-                            .arg(error.message())
-                            .arg(rightsWritten)
-                            .arg(RightsTree->rights().size()));
+        const auto *refused = dynamic_cast<const EDatabaseError *>(&error);
+        throw EDatabaseError(QString("%1\n\n%2 Išsaugokite dar kartą.").arg(error.message(), storedByHalf()),
+                             refused ? refused->serverText : QString(),
+                             refused ? refused->statement : QString());
     }
+    isHalfWritten = false;
+}
+
+QString TEditUserDlg::storedByHalf() const
+{
+    if (!isHalfWritten)
+        return {};
+    if (!rightsWritten)
+        return "Vartotojo duomenys įrašyti, bet jo teisės liko senos.";
+    return QString("Vartotojo duomenys įrašyti, bet teisių įrašyta tik %1 iš %2.")
+        .arg(*rightsWritten)
+        .arg(RightsTree->rights().size());
 }
 
 // What the database would not take is told before a password is asked for and anything is written.
 void TEditUserDlg::requireStorable()
 {
-    const auto close = qScopeGuard([this] { abandon(qryUsr); });
+    const auto close = qScopeGuard([this] { abandon(row()); });
     fillUser();
 }
 
 void TEditUserDlg::fillUser()
 {
+    TQuery &qryUsr = row();
     qryUsr.Open();
     if (exists && qryUsr.IsEmpty())
         throw Exception("Vartotojo jau nėra: jį ištrynė kitas administratorius.");
@@ -275,25 +315,27 @@ void TEditUserDlg::fillUser()
     qryUsr.FieldByName("usr_name")->setAsString(LogNameEdit->text());
     qryUsr.FieldByName("usr_vardas")->setAsString(NameEdit->text());
     qryUsr.FieldByName("usr_pavarde")->setAsString(PavardeEdit->text());
-    qryUsr.FieldByName("usr_pasw")->setAsString(PassEdit->text());
+    if (passwordChanged || !exists)
+        qryUsr.FieldByName("usr_pasw")->setAsString(PassEdit->text());
     qryUsr.FieldByName("usr_perziurai")->setAsInteger(cb_tikPerz->isChecked() ? 1 : 0);
     qryUsr.FieldByName("usr_user_admin")->setAsInteger(cb_userAdmin->isChecked() ? 1 : 0);
 }
 
 void TEditUserDlg::writeUser()
 {
-    const auto close = qScopeGuard([this] { abandon(qryUsr); });
+    const auto close = qScopeGuard([this] { abandon(row()); });
     fillUser();
-    qryUsr.Post();
-    userWritten = true;
+    row().Post();
+    if (!exists)
+        rightsWritten = 0;
+    exists = isHalfWritten = true;
 }
 
 void TEditUserDlg::writeRights()
 {
     const auto close = qScopeGuard([this] { abandon(qryRights); });
-    if (exists)
-        MainDatas()->mnRavl()->ExecSQL("delete from bd_usrkdv where udv_usrid=:id", {{"id", id}});
-    exists = true;
+    Database()->ExecSQL("delete from bd_usrkdv where udv_usrid=:id", {{"id", id}});
+    rightsWritten = 0;
     qryRights.Open();
     for (const TRight &right : RightsTree->rights()) {
         qryRights.Append();
@@ -301,7 +343,7 @@ void TEditUserDlg::writeRights()
         qryRights.FieldByName("udv_finid")->setAsInteger(sourceId(right.source));
         qryRights.FieldByName("udv_kdv")->setAsInteger(right.workPlaces);
         qryRights.Post();
-        ++rightsWritten;
+        ++*rightsWritten;
     }
 }
 

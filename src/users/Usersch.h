@@ -3,7 +3,6 @@
 #include "src/frame/host_services.h"
 #include "src/frame/unit.h"
 #include "src/users/rights_tree.h"
-#include "toolkit/widgets/dialog.h"
 
 #include <optional>
 
@@ -20,15 +19,17 @@ extern TUnit unit;
 extern int Usr_Id;
 
 // Opens the editor modally: edit false adds a user under the given id, true changes the user of that id. True
-// when the user's data were saved.
+// when the user's data were saved; also when his rights were not, or in part only, and the editor was left
+// then: a message says so.
 bool Add_ChUser(const bool edit, int id);
 
-class TEditUserDlg : public TDialog {
+class TEditUserDlg : public TRecordDialog {
     Q_OBJECT
 public:
-    // newId: the id of the user to add; without one the user Usr_Id is changed.
-    TEditUserDlg(QWidget *owner, std::optional<int> newId);
-    ~TEditUserDlg() override;
+    TEditUserDlg(bool edit, int userId);
+
+    // What a save that failed among the rights has written, in words; empty when nothing is half written.
+    QString storedByHalf() const;
 
     QLineEdit *NameEdit, *PavardeEdit, *LogNameEdit, *PassEdit;
     QCheckBox *cb_tikPerz, *cb_userAdmin;
@@ -40,13 +41,17 @@ protected:
     void Load() override;
     void Validate() override;
     void Save() override;
+    void saveInTransaction(const std::function<void()> &step) override;
+    bool mayChange() const override;
+    bool CanSave() const override;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     // Building.
     void buildForm();
-    QWidget *userGroup();
+    static QList<TFieldRow> userRows();
+    static void nameColumns(TQuery &user);
     QWidget *rightsGroup();
     void addKeys();
     void listen();
@@ -57,14 +62,14 @@ private:
     void readUser();
 
     // Giving rights.
-    void workPlaceTicked(const QListWidgetItem *item);
+    TWorkPlaceMask workingMask() const; // the work places ticked
     void takeDrop(const QString &origin, QTreeWidgetItem *node);
     void addSelectedSources();
     bool rightsKey(QObject *watched, int key);
-    void recheck();
 
     // Saving.
     void requireAdministrator();
+    void requireOwnLogin();
     void confirmPassword();
     void requireStorable();
     void requireSources();
@@ -75,12 +80,9 @@ private:
 
     const int id;
     bool exists; // the user's row is there
-    bool mayChange = true;
     bool passwordChanged = false;
-    bool userWritten = false;
-    size_t rightsWritten = 0;
-    TWorkPlaceMask workingMask = 0; // the work places ticked
-    TQuery qryUsr;
+    bool isHalfWritten = false;
+    std::optional<size_t> rightsWritten; // none while the old rights stand
     TQuery qryRights;
 };
 

@@ -2,19 +2,16 @@
 
 #include "src/users/Usersch.h"
 
-#include "toolkit/widgets/edit_options.h"
 #include "toolkit/widgets/guard.h"
+#include "toolkit/widgets/lithuanian.h"
 
 #include <QCheckBox>
-#include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
 #include <QPushButton>
 #include <QShortcut>
-#include <QStyle>
 
 namespace Usersch {
 
@@ -24,34 +21,6 @@ constexpr int nameLength = 25;
 constexpr int loginLength = 10;
 constexpr int passwordLength = 100;
 
-// A caption whose marked letter belongs to a button: it is shown, but it is no key.
-class TMarkedLabel : public QLabel {
-public:
-    using QLabel::QLabel;
-
-protected:
-    void paintEvent(QPaintEvent *) override
-    {
-        QPainter painter(this);
-        style()->drawItemText(&painter, rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic,
-                              palette(), isEnabled(), text(), foregroundRole());
-    }
-};
-
-QString withoutMark(QString caption)
-{
-    return caption.remove(u'&');
-}
-
-QLineEdit *editOf(const char *name, const QString &caption, const TEditOptions &options)
-{
-    auto *edit = new QLineEdit;
-    edit->setObjectName(name);
-    edit->setAccessibleName(withoutMark(caption));
-    applyEditOptions(edit, options);
-    return edit;
-}
-
 // A list under its label, which leads to it.
 void addUnderLabel(QVBoxLayout *layout, const QString &caption, TRightsList *list, const char *name,
                    const QString &hint)
@@ -59,7 +28,7 @@ void addUnderLabel(QVBoxLayout *layout, const QString &caption, TRightsList *lis
     auto *label = new QLabel(caption);
     label->setBuddy(list);
     list->setObjectName(name);
-    list->setAccessibleName(withoutMark(caption));
+    list->setAccessibleName(plainCaption(caption));
     list->setToolTip(hint);
     layout->addWidget(label);
     layout->addWidget(list);
@@ -67,45 +36,43 @@ void addUnderLabel(QVBoxLayout *layout, const QString &caption, TRightsList *lis
 
 } // namespace
 
-void TEditUserDlg::buildForm()
+QList<TFieldRow> TEditUserDlg::userRows()
 {
-    describe("Vartotojo informacija", {}, nullptr,
-             {{"Iš&saugoti", TDialogButton::Save, true, {}, "OkBtn"},
-              {"&Atšaukti", TDialogButton::Cancel, false, {}, {}}});
-    OkBtn = saveButton();
-    OkBtn->setEnabled(false);
-    form().hide();
-    bodyLayout()->addWidget(userGroup());
-    bodyLayout()->addWidget(rightsGroup(), 1);
-    addKeys();
-    const QList<QWidget *> order = {NameEdit,     PavardeEdit,  LogNameEdit,       PassEdit,
-                                    cb_tikPerz,   cb_userAdmin, RightsTree,        FinList,
-                                    KDVCheckList, OkBtn,        button("Atšaukti")};
-    for (qsizetype i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
-    resize(760, 560);
+    return {TFieldRow::group(
+        {},
+        {TFieldRow::freeEdit("Vartotojo v&ardas", "NameEdit").maxLength(nameLength).required(),
+         TFieldRow::freeEdit("Vartotojo &pavardė", "PavardeEdit").maxLength(nameLength).required(),
+         TFieldRow::freeEdit("Prisijungimo &vardas", "LogNameEdit").maxLength(loginLength).required(),
+         TFieldRow::freeEdit("Prisijungimo &slaptažodis", "PassEdit").maxLength(passwordLength).password(),
+         TFieldRow::freeCheck("Tik peržiūrėjimui", "cb_tikPerz"),
+         TFieldRow::freeCheck("Vartotojų administravimas", "cb_userAdmin")})};
 }
 
-QWidget *TEditUserDlg::userGroup()
+// What a message calls the columns.
+void TEditUserDlg::nameColumns(TQuery &user)
 {
-    auto *group = new QGroupBox(this);
-    auto *layout = new QFormLayout(group);
-    NameEdit = editOf("NameEdit", "Vartotojo v&ardas", {.maxLength = nameLength});
-    PavardeEdit = editOf("PavardeEdit", "Vartotojo &pavardė", {.maxLength = nameLength});
-    LogNameEdit = editOf("LogNameEdit", "Prisijungimo &vardas", {.maxLength = loginLength});
-    PassEdit =
-        editOf("PassEdit", "Prisijungimo &slaptažodis", {.maxLength = passwordLength, .password = true});
-    cb_tikPerz = new QCheckBox("Tik peržiūrėjimui");
-    cb_tikPerz->setObjectName("cb_tikPerz");
-    cb_userAdmin = new QCheckBox("Vartotojų administravimas");
-    cb_userAdmin->setObjectName("cb_userAdmin");
-    layout->addRow(new TMarkedLabel("Vartotojo v&ardas"), NameEdit);
-    layout->addRow("Vartotojo &pavardė", PavardeEdit);
-    layout->addRow("Prisijungimo &vardas", LogNameEdit);
-    layout->addRow(new TMarkedLabel("Prisijungimo &slaptažodis"), PassEdit);
-    layout->addRow(cb_tikPerz);
-    layout->addRow(cb_userAdmin);
-    return group;
+    for (const auto &[column, label] :
+         {std::pair("usr_name", "Prisijungimo vardas"), std::pair("usr_vardas", "Vartotojo vardas"),
+          std::pair("usr_pavarde", "Vartotojo pavardė"), std::pair("usr_pasw", "Prisijungimo slaptažodis")})
+        user.describe(column, [label = label](TField &field) { field.DisplayLabel = label; });
+}
+
+void TEditUserDlg::buildForm()
+{
+    NameEdit = control<QLineEdit>("NameEdit");
+    PavardeEdit = control<QLineEdit>("PavardeEdit");
+    LogNameEdit = control<QLineEdit>("LogNameEdit");
+    PassEdit = control<QLineEdit>("PassEdit");
+    cb_tikPerz = control<QCheckBox>("cb_tikPerz");
+    cb_userAdmin = control<QCheckBox>("cb_userAdmin");
+    OkBtn = saveButton();
+    OkBtn->setEnabled(false);
+    bodyLayout()->addWidget(rightsGroup(), 1);
+    addKeys();
+    const QList<QWidget *> order = {cb_userAdmin, RightsTree, FinList,
+                                    KDVCheckList, OkBtn,      button("Atšaukti")};
+    for (qsizetype i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
 }
 
 QWidget *TEditUserDlg::rightsGroup()
@@ -145,17 +112,10 @@ void TEditUserDlg::addKeys()
 
 void TEditUserDlg::listen()
 {
-    for (QLineEdit *edit : {NameEdit, PavardeEdit, LogNameEdit})
-        connectGuarded(edit, &QLineEdit::textChanged, this, [this] { recheck(); });
-    connectGuarded(PassEdit, &QLineEdit::textChanged, this, [this] {
-        passwordChanged = true;
-        recheck();
-    });
-    connectGuarded(RightsTree, &QTreeWidget::itemSelectionChanged, this, [this] { recheck(); });
+    connectGuarded(PassEdit, &QLineEdit::textChanged, this, [this] { passwordChanged = true; });
+    connectGuarded(RightsTree, &QTreeWidget::itemSelectionChanged, this, [this] { judgeSave(); });
     connectGuarded(RightsTree, &TRightsTree::dropped, this,
                    [this](const QString &origin, QTreeWidgetItem *node) { takeDrop(origin, node); });
-    connectGuarded(KDVCheckList, &QListWidget::itemChanged, this,
-                   [this](QListWidgetItem *item) { workPlaceTicked(item); });
     for (QWidget *list : {static_cast<QWidget *>(RightsTree), static_cast<QWidget *>(FinList),
                           static_cast<QWidget *>(KDVCheckList)})
         list->installEventFilter(this);

@@ -38,14 +38,19 @@ TUsersFrm::TUsersFrm(QWidget *owner) : TBrowseFrm(described(), owner)
 
 void TUsersFrm::NewRecord()
 {
-    const int id = GetFieldResult(Database(), "select IsNull(max(usr_id)+1,1) from bd_usr").toInt();
-    if (Usersch::Add_ChUser(false, id))
+    do {
+        const int id = GetFieldResult(Database(), "select IsNull(max(usr_id)+1,1) from bd_usr").toInt();
+        if (!Usersch::Add_ChUser(false, id))
+            return;
         RefreshData(id);
+    } while (TRecordDialog::takeNextWanted() && acNew->isEnabled());
 }
 
 void TUsersFrm::EditRecord()
 {
-    Usersch::Add_ChUser(true, currentKey().toInt());
+    const bool saved = Usersch::Add_ChUser(true, currentKey().toInt());
+    if (saved && TRecordDialog::takeNextWanted() && acNew->isEnabled())
+        NewRecord();
 }
 
 void TUsersFrm::DeleteRow(const Variant &key)

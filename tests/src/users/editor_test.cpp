@@ -3,28 +3,15 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QLabel>
+#include <QScreen>
+#include <QStyle>
 
 namespace {
 class UserEditor : public Users {};
 ON_BOTH_ENGINES(UserEditor);
 
 const QString noAdministrator = "Nors vienas vartotojas turi turėti teises administruoti vartotojus!";
-
-// The database refuses rights to the second source, or allows them again.
-void refuseRights(TDatabase &budget, bool isFile)
-{
-    budget.nativeExec(isFile
-                          ? "create trigger t_fail before insert on bd_usrkdv when new.udv_finid = 2 begin "
-                            "select raise(abort, 'sugadinta tyčia'); end"
-                          : "create function f_fail() returns trigger language plpgsql as "
-                            "$$ begin raise exception 'sugadinta tyčia'; end $$;"
-                            "create trigger t_fail before insert on bd_usrkdv for each row "
-                            "when (new.udv_finid = 2) execute function f_fail()");
-}
-void allowRights(TDatabase &budget, bool isFile)
-{
-    budget.nativeExec(isFile ? "drop trigger t_fail" : "drop trigger t_fail on bd_usrkdv");
-}
 } // namespace
 
 TEST_P(UserEditor, ANewUserIsWrittenWithHisRights)
@@ -402,46 +389,6 @@ TEST_P(UserEditor, OfTwoAdministratorsTheLastOneWinsWithAllHisRights)
     EXPECT_EQ(storedRights(), QStringList("1|1|1"));
 }
 
-TEST_P(UserEditor, AFailureAmongTheRightsTellsWhatIsSavedAndCanBeRepeated)
-{
-    const bool isFile = engine() == Engine::Sqlite;
-    refuseRights(budget(), isFile);
-    EXPECT_TRUE(add(1, [isFile](TEditUserDlg &dialog) {
-        fill(dialog, "jonas");
-        tick(dialog, {1});
-        selectSources(dialog, {0, 1});
-        QTest::keyClick(dialog.FinList, Qt::Key_Insert);
-        dialog.cb_userAdmin->setChecked(true);
-        const QString told = refusal(dialog);
-        EXPECT_TRUE(told.contains("sugadinta tyčia")) << qPrintable(told);
-        EXPECT_TRUE(told.contains("Vartotojo duomenys įrašyti, bet teisių įrašyta tik 1 iš 2."));
-        EXPECT_EQ(storedUsers().size(), 1);
-        EXPECT_EQ(storedRights(), QStringList("1|1|1"));
-        allowRights(budget(), isFile);
-        pressButton(dialog, "Iš&saugoti");
-    }));
-    EXPECT_EQ(storedRights(), QStringList({"1|1|1", "1|2|1"}));
-}
-
-// The half-written user is not one of the others who may administer users.
-TEST_P(UserEditor, ARepeatedSaveStillAsksForAnAdministrator)
-{
-    const bool isFile = engine() == Engine::Sqlite;
-    refuseRights(budget(), isFile);
-    add(1, [isFile](TEditUserDlg &dialog) {
-        fill(dialog, "jonas");
-        tick(dialog, {1});
-        selectSources(dialog, {0, 1});
-        QTest::keyClick(dialog.FinList, Qt::Key_Insert);
-        dialog.cb_userAdmin->setChecked(true);
-        EXPECT_TRUE(refusal(dialog).contains("teisių įrašyta tik 1 iš 2"));
-        allowRights(budget(), isFile);
-        dialog.cb_userAdmin->setChecked(false);
-        EXPECT_EQ(refusal(dialog), noAdministrator);
-        pressButton(dialog, "&Atšaukti");
-    });
-}
-
 TEST_P(UserEditor, AnIdTakenMeanwhileIsTold)
 {
     user(1, "ona", true);
@@ -454,6 +401,122 @@ TEST_P(UserEditor, AnIdTakenMeanwhileIsTold)
         EXPECT_EQ(dialog.LogNameEdit->text(), "jonas");
         pressButton(dialog, "&Atšaukti");
     });
+    EXPECT_EQ(storedUsers(), QStringList("1|ona|Ona|Onaitė|slapta|0|1"));
+}
+
+TEST_P(UserEditor, ALoginNameInUseIsRefusedWhateverItsCase)
+{
+    user(1, "Šarūnė ", true);
+    user(2, "ada", false);
+    const QString taken = "Prisijungimo vardas „Šarūnė“ jau naudojamas: parinkite kitą.";
+    add(3, [&taken](TEditUserDlg &dialog) {
+        fill(dialog, "sarune");
+        dialog.LogNameEdit->setText("ŠARŪNĖ");
+        giveRight(dialog);
+        EXPECT_EQ(refusal(dialog), taken);
+        EXPECT_EQ(dialog.focusWidget(), dialog.LogNameEdit);
+        pressButton(dialog, "&Atšaukti");
+    });
+    change(2, [&taken](TEditUserDlg &dialog) {
+        dialog.LogNameEdit->setText(" šarūnė");
+        EXPECT_EQ(refusal(dialog), taken);
+        pressButton(dialog, "&Atšaukti");
+    });
+    EXPECT_TRUE(change(1, [](TEditUserDlg &dialog) {
+        dialog.LogNameEdit->setText("šarūnė");
+        pressButton(dialog, "Iš&saugoti");
+    })) << "his own name is no other's";
+    EXPECT_EQ(value(budget(), "select count(*) from bd_usr"), "2");
+}
+
+TEST_P(UserEditor, SavingAUserWithoutRightsKeepsHisPassword)
+{
+    user(3, "ona", true, 0);
+    EXPECT_TRUE(change(3, [](TEditUserDlg &dialog) {
+        fill(dialog, "ona");
+        giveRight(dialog);
+        dialog.cb_userAdmin->setChecked(true);
+        pressButton(dialog, "Iš&saugoti");
+    }));
+    EXPECT_EQ(storedUsers(), QStringList("3|ona|Jonas|Jonaitis|slapta|0|1"));
+}
+
+TEST_P(UserEditor, APasswordTakenAwayIsGone)
+{
+    user(3, "ona", true);
+    EXPECT_TRUE(change(3, [](TEditUserDlg &dialog) {
+        type(dialog.PassEdit, "");
+        OnNextDialog<TConfPassFrm> confirm([](TConfPassFrm &shown) { pressButton(shown, "&Gerai"); });
+        pressButton(dialog, "Iš&saugoti");
+    }));
+    EXPECT_EQ(value(budget(), "select usr_pasw from bd_usr"), "");
+}
+
+TEST_P(UserEditor, PasswordsAreShownAsStars)
+{
+    add(1, [](TEditUserDlg &dialog) {
+        EXPECT_EQ(dialog.PassEdit->style()->styleHint(QStyle::SH_LineEdit_PasswordCharacter, nullptr,
+                                                      dialog.PassEdit),
+                  '*');
+        pressButton(dialog, "&Atšaukti");
+    });
+}
+
+// A key that no label owns would be shown as a raw sign, and read out as one.
+TEST_P(UserEditor, EveryMarkedLabelLeadsToItsField)
+{
+    add(1, [](TEditUserDlg &dialog) {
+        for (const QLabel *label : dialog.findChildren<QLabel *>())
+            EXPECT_TRUE(!label->text().contains('&') || label->buddy()) << qPrintable(label->text());
+        pressButton(dialog, "&Atšaukti");
+    });
+}
+
+TEST_P(UserEditor, WithALargeFontItStaysOnTheScreenWithItsButtons)
+{
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSize(28);
+    QApplication::setFont(large);
+    add(1, [](TEditUserDlg &dialog) {
+        const QRect screen = dialog.screen()->availableGeometry();
+        EXPECT_TRUE(screen.contains(dialog.frameGeometry()));
+        for (const QPushButton *each : dialog.findChildren<QPushButton *>())
+            EXPECT_TRUE(screen.contains(QRect(each->mapToGlobal(QPoint()), each->size())))
+                << qPrintable(each->text());
+        pressButton(dialog, "&Atšaukti");
+    });
+    QApplication::setFont(usual);
+}
+
+TEST_P(UserEditor, WhoMayNotAdministerTicksNothing)
+{
+    user(1, "ona", true);
+    CurrentUser().userAdmin = false;
+    change(1, [](TEditUserDlg &dialog) {
+        tick(dialog, {2});
+        for (int i = 0; i < dialog.KDVCheckList->count(); ++i)
+            EXPECT_EQ(dialog.KDVCheckList->item(i)->checkState(), Qt::Unchecked);
+        pressButton(dialog, "&Atšaukti");
+    });
+}
+
+TEST_P(UserEditor, ASoleAdministratorWhoMayOnlyLookTakesThatBackHimself)
+{
+    user(1, "ona", true);
+    ASSERT_TRUE(logIn(*MainDatas(), "ona", "slapta"));
+    EXPECT_TRUE(change(1, [](TEditUserDlg &dialog) {
+        dialog.cb_tikPerz->setChecked(true);
+        pressButton(dialog, "Iš&saugoti");
+    }));
+    ASSERT_TRUE(logIn(*MainDatas(), "ona", "slapta"));
+    ASSERT_TRUE(CurrentUser().viewOnly);
+    MainDatas()->makeReadOnly();
+    EXPECT_THROW(books().ExecSQL("delete from bd_saslik"), EDatabaseError);
+    EXPECT_TRUE(change(1, [](TEditUserDlg &dialog) {
+        dialog.cb_tikPerz->setChecked(false);
+        pressButton(dialog, "Iš&saugoti");
+    }));
     EXPECT_EQ(storedUsers(), QStringList("1|ona|Ona|Onaitė|slapta|0|1"));
 }
 

@@ -112,3 +112,23 @@ TEST_P(UserList, WhoMayNotAdministerMayOnlyOpen)
     EXPECT_FALSE(frm->acDelete->isEnabled());
     EXPECT_TRUE(frm->acEdit->isEnabled());
 }
+
+TEST_P(UserList, CtrlEnterSavesAndBeginsTheNextUser)
+{
+    open();
+    OnNextDialog<TEditUserDlg> first([](TEditUserDlg &editor) {
+        fill(editor, "jonas");
+        giveRight(editor);
+        editor.cb_userAdmin->setChecked(true);
+        QTest::keyClick(&editor, Qt::Key_Return, Qt::ControlModifier);
+    });
+    OnNextDialog<TEditUserDlg> next([](TEditUserDlg &editor) {
+        EXPECT_EQ(editor.LogNameEdit->text(), "");
+        fill(editor, "petras");
+        giveRight(editor);
+        pressButton(editor, "Iš&saugoti");
+    });
+    frm->NewBtnClick();
+    EXPECT_EQ(shown(), QStringList({"jonas", "petras"}));
+    EXPECT_EQ(storedRights(), QStringList({"1|1|1", "2|1|1"}));
+}
