@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <optional>
+#include <type_traits>
 #include <vector>
 
 // Who may change the rows of a list.
@@ -78,12 +79,17 @@ struct TBrowseDescription {
     std::function<void(TQuery &)> prepare;
 };
 
-// An editor whose keys are of type Key (double, int, AnsiString) as a list calls it.
+// An editor whose keys are of type Key (double, int, AnsiString) as a list calls it: a function of caption,
+// new flag and key, or of key and new flag alone.
 template<class Key, class Editor> auto keyed(Editor editor)
 {
     return [editor](const QString &caption, bool isNew, Variant &key) {
         auto typed = TKeyOf<Key>::from(key);
-        const bool saved = editor(caption, isNew, typed);
+        bool saved = false;
+        if constexpr (std::is_invocable_v<Editor, Key &, bool>)
+            saved = editor(typed, isNew);
+        else
+            saved = editor(caption, isNew, typed);
         key = TKeyOf<Key>::to(typed);
         return saved;
     };

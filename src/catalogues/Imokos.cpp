@@ -15,9 +15,7 @@ TImokosFrm::TImokosFrm(QWidget *owner)
                   .table = "pp_imok",
                   .sql = "SELECT * FROM pp_imok",
                   .columns = {{"IMO_KOD", "Kodas"}, {"IMO_PAVAD", "Pavadinimas"}},
-                  .edit = keyed<AnsiString>([](const QString &, bool isNew, AnsiString &kodas) {
-                      return Newimok::EditImokos(kodas, isNew);
-                  })},
+                  .edit = keyed<AnsiString>(Newimok::EditImokos)},
                  owner)
 {
     keepIn(ImokosFrm);
