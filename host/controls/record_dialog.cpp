@@ -57,12 +57,15 @@ TRecordDialog::TRecordDialog(TRecordDescription described, TRecordStart opened, 
         changed = true;
         judgeSave();
     });
+    // What is judged by a column has something new to judge when the column took what was typed.
+    connectGuarded(query, &TDataSet::fieldChanged, this, [this] { judgeSave(); });
     offerSaveAndNew();
     nextWanted() = false;
 }
 
 TRecordDialog::~TRecordDialog()
 {
+    query->disconnect(this); // dropping the row is no change to be judged
     if (release)
         release();
 }

@@ -64,11 +64,14 @@ void TSasLikFrm::FormCreate()
     connectGuarded(PeriodBox, &QComboBox::currentIndexChanged, this, [this] { RefreshData(Variant()); });
 }
 
-// Without any period nothing is left to show.
+// Where no period is left, nothing is left to show or to enter.
 void TSasLikFrm::PeriodChanged()
 {
     const Variant key = currentKey();
     dataSet()->Close();
+    setPanel(debitPanel, QString());
+    setPanel(creditPanel, QString());
+    SetEditable(false);
     PeriodBox->fillOrRaise();
     SetEditable(PeriodBox->count() == 1);
     RefreshData(key);

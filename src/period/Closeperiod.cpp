@@ -1,10 +1,9 @@
 #include "src/period/Closeperiod.h"
 
-#include "toolkit/text/format.h"
-#include "toolkit/widgets/guard.h"
-
+#include <QApplication>
 #include <QFormLayout>
-#include <QHBoxLayout>
+#include <QScopeGuard>
+#include <QVBoxLayout>
 
 #include <cmath>
 
@@ -14,9 +13,6 @@ TUnit unit("ClosePeriod");
 TPerCloseDlg *PerCloseDlg = nullptr;
 
 namespace {
-
-constexpr double startOfWorkPeriod = 6;
-const QString periodFormat = "yyyy \"m.\" mmmm";
 
 // To the nearest whole number, halves to even: the totals agree when these are equal.
 qint64 wholeAmount(TField *sum)
@@ -30,59 +26,38 @@ void StartPerClose()
 {
     if (StdMsgBox(mkQuestion, "Ar visos lentelės uždarytos?") != mrYes)
         return;
-    TPerCloseDlg dialog(QApplication::activeWindow());
+    const TShownMonth current;
+    if (!current.isSet()) {
+        StdMsgBox(mkError, "Darbo pradžios periodas nenustatytas");
+        return;
+    }
+    TPerCloseDlg dialog(current, QApplication::activeWindow());
     if (dialog.balancesAgree())
         dialog.exec();
 }
 
-TPerCloseDlg::TPerCloseDlg(QWidget *owner)
-    : QDialog(owner, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
-      perId(EinPer_Id()),
-      perDate(EinPer_Date()),
-      nextDate(GoMonth(perDate, 1)),
-      OldPer(new QLabel(this)),
-      NewPer(new QLabel(this)),
-      StartedProg(new TAnimate(TCommonAVI::aviCopyFiles, this)),
-      StartBtn(new QPushButton("Pradėti", this)),
-      CancelBtn(new QPushButton("&Atšaukti", this)),
-      HelpBtn(new QPushButton("&Pagalba", this)),
+TPerCloseDlg::TPerCloseDlg(const TShownMonth &closing, QWidget *owner)
+    : TDialog(owner),
+      month(closing),
+      nextDate(GoMonth(month.firstDay(), 1)),
+      OldPer(new QLabel(PeriodText(month.firstDay()))),
+      NewPer(new QLabel(PeriodText(nextDate))),
+      StartedProg(new TAnimate(TCommonAVI::aviCopyFiles)),
       qrySasSum(MainDatas()->mnFin_Db(),
                 "SELECT\n  ssl_perid,\n  SUM(ssl_sum_db) as db_sum,\n  SUM(ssl_sum_kr) as kr_sum\n"
                 "FROM\n  bd_SasLik\nWHERE\n  ssl_perid=:perid\nGROUP BY\n  ssl_perid",
                 this)
 {
-    setWindowTitle("Periodo uždarymas");
-    OldPer->setObjectName("OldPer");
-    NewPer->setObjectName("NewPer");
-    StartedProg->setObjectName("StartedProg");
-    StartBtn->setObjectName("StartBtn");
-    CancelBtn->setObjectName("CancelBtn");
-    HelpBtn->setObjectName("HelpBtn");
-    OldPer->setText(FormatDateTime(periodFormat, perDate));
-    NewPer->setText(FormatDateTime(periodFormat, nextDate));
-    StartBtn->setDefault(true);
-
-    auto *periods = new QFormLayout;
-    periods->addRow("Periodas uždarymui:", OldPer);
-    periods->addRow("Naujas periodas:", NewPer);
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    for (QPushButton *button : {StartBtn, CancelBtn, HelpBtn})
-        buttons->addWidget(button);
-    auto *all = new QVBoxLayout(this);
-    all->addLayout(periods);
-    all->addWidget(StartedProg, 0, Qt::AlignCenter);
-    all->addLayout(buttons);
-    all->setSizeConstraint(QLayout::SetFixedSize);
-
-    QSizePolicy keepsPlace = StartedProg->sizePolicy();
-    keepsPlace.setRetainSizeWhenHidden(true);
-    StartedProg->setSizePolicy(keepsPlace);
-    StartedProg->hide();
-
-    connectGuarded(StartBtn, &QPushButton::clicked, this, [this] { StartBtnClick(); });
-    connectGuarded(CancelBtn, &QPushButton::clicked, this, [this] { reject(); });
-    connectGuarded(HelpBtn, &QPushButton::clicked, this, [this] { showHelp(18); });
+    describe("Periodo uždarymas", {}, nullptr,
+             {{"Pradėti", TDialogButton::Action, true, [this] { StartBtnClick(); }, "StartBtn"},
+              {"&Atšaukti", TDialogButton::Cancel, false, {}, "CancelBtn"},
+              {"&Pagalba", TDialogButton::Help, false, {}, "HelpBtn"}});
+    setHelpTopic(18);
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+    StartBtn = button("StartBtn");
+    CancelBtn = button("CancelBtn");
+    bodyLayout()->addWidget(periods());
+    bodyLayout()->addWidget(StartedProg, 0, Qt::AlignCenter);
     PerCloseDlg = this;
 }
 
@@ -91,11 +66,28 @@ TPerCloseDlg::~TPerCloseDlg()
     PerCloseDlg = nullptr;
 }
 
+QWidget *TPerCloseDlg::periods()
+{
+    OldPer->setObjectName("OldPer");
+    NewPer->setObjectName("NewPer");
+    StartedProg->setObjectName("StartedProg");
+    QSizePolicy keepsPlace = StartedProg->sizePolicy();
+    keepsPlace.setRetainSizeWhenHidden(true);
+    StartedProg->setSizePolicy(keepsPlace);
+    StartedProg->hide();
+
+    auto *shown = new QWidget(this);
+    auto *lines = new QFormLayout(shown);
+    lines->addRow(new QLabel("Periodas uždarymui:"), OldPer);
+    lines->addRow(new QLabel("Naujas periodas:"), NewPer);
+    return shown;
+}
+
 bool TPerCloseDlg::balancesAgree()
 {
-    if (perId != startOfWorkPeriod)
+    if (month.id() != startOfWorkPeriod)
         return true;
-    qrySasSum.setParam("perid", perId);
+    qrySasSum.setParam("perid", month.id());
     try {
         qrySasSum.Open();
     } catch (const EDatabaseError &) {
@@ -113,17 +105,32 @@ bool TPerCloseDlg::balancesAgree()
 
 void TPerCloseDlg::StartBtnClick()
 {
+    if (!closeShown()) {
+        tellMonthPassed(month, this);
+        QDialog::reject();
+        return;
+    }
+    followLastMonth(this);
+    StdMsgBox(mkInformation, "Periodas uždarytas sekmingai");
+    accept();
+}
+
+// False when the month shown is the last one no longer, and nothing was done then. When it raises, nothing
+// was done as far as the database said; the dialog is as before the press.
+bool TPerCloseDlg::closeShown()
+{
     setClosing(true);
     auto restoreButtons = qScopeGuard([this] { setClosing(false); });
     TTransaction transaction(MainDatas()->mnFin_Db());
-    DbiQExecDirect(MainDatas()->mnFin_Db(), "call Close_Per()");
-    transaction.commit();
+    const bool closes = month.isStillLast();
+    if (closes) {
+        DbiQExecDirect(MainDatas()->mnFin_Db(), "call Close_Per()");
+        transaction.commit();
+    }
     restoreButtons.dismiss();
     StartedProg->Stop();
-
-    GetPeriod();
-    StdMsgBox(mkInformation, "Periodas uždarytas sekmingai");
-    accept();
+    StartedProg->hide();
+    return closes;
 }
 
 void TPerCloseDlg::setClosing(bool on)
@@ -141,7 +148,7 @@ void TPerCloseDlg::setClosing(bool on)
 void TPerCloseDlg::reject()
 {
     if (StartBtn->isEnabled())
-        QDialog::reject();
+        TDialog::reject();
 }
 
 } // namespace Closeperiod

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "src/frame/host_services.h"
 #include "src/frame/unit.h"
+#include "src/period/shown_month.h"
+#include "toolkit/widgets/dialog.h"
 
-#include <QDialog>
 #include <QLabel>
 #include <QPushButton>
 
@@ -12,13 +12,16 @@ namespace Closeperiod {
 
 extern TUnit unit;
 
-// Closes the current period after asking; all outcomes are told in message boxes.
+// Closes the current period after asking; all outcomes are told in message boxes. Raises EDatabaseError when
+// the current period cannot be read.
 void StartPerClose();
 
-class TPerCloseDlg : public QDialog {
+// Shows the month to be closed, which must be set. Once a close has been committed the dialog ends,
+// whatever comes after.
+class TPerCloseDlg : public TDialog {
     Q_OBJECT
 public:
-    explicit TPerCloseDlg(QWidget *owner);
+    TPerCloseDlg(const TShownMonth &closing, QWidget *owner);
     ~TPerCloseDlg() override;
 
     // True when the period may be closed. The opening totals of the start-of-work period must agree;
@@ -28,11 +31,12 @@ public:
     void reject() override;
 
 private:
+    QWidget *periods();
     void StartBtnClick();
+    bool closeShown();
     void setClosing(bool on);
 
-    double perId;
-    TDateTime perDate;
+    const TShownMonth month;
     TDateTime nextDate;
     qint64 debit = 0;
     qint64 credit = 0;
@@ -42,7 +46,6 @@ private:
     TAnimate *StartedProg;
     QPushButton *StartBtn;
     QPushButton *CancelBtn;
-    QPushButton *HelpBtn;
     TQuery qrySasSum;
 };
 

@@ -1,5 +1,7 @@
 #include "src/period/Perback.h"
 
+#include "src/period/shown_month.h"
+
 #include <QApplication>
 #include <QVBoxLayout>
 
@@ -17,52 +19,61 @@ bool onlyStartOfWork()
                .toLongLong() <= 1;
 }
 
-// False when the database refused; nothing is changed then.
-bool rollBack()
+// False when the month is the last one no longer, and nothing was done then.
+bool rollBack(const TShownMonth &month)
 {
     TPerBackDlg window(QApplication::activeWindow());
     window.show();
-    try {
-        TTransaction transaction(MainDatas()->mnFin_Db());
-        window.ProgressBar->setValue(0);
-        DbiQExecDirect(MainDatas()->mnFin_Db(), "call Back_Per()");
-        window.ProgressBar->setValue(100);
-        transaction.commit();
-    } catch (const Exception &) {
+    TTransaction transaction(MainDatas()->mnFin_Db());
+    window.ProgressBar->setValue(0);
+    if (!month.isStillLast())
         return false;
-    }
+    DbiQExecDirect(MainDatas()->mnFin_Db(), "call Back_Per()");
+    window.ProgressBar->setValue(100);
+    transaction.commit();
     return true;
+}
+
+void rollBackAndTell(const TShownMonth &month)
+{
+    QWidget *owner = QApplication::activeWindow();
+    bool done = false;
+    try {
+        done = rollBack(month);
+    } catch (const Exception &) {
+        StdMsgBox(mkWarning, "Neįmanoma atsukti darbo pradžios periodo");
+        return;
+    }
+    if (!done) {
+        tellMonthPassed(month, owner);
+        return;
+    }
+    followLastMonth(owner);
+    StdMsgBox(mkInformation, "Periodas atsuktas sėkmingai.");
 }
 
 } // namespace
 
 void PeriodBack()
 {
+    const TShownMonth current;
     if (onlyStartOfWork()) {
         StdMsgBox(mkError, "Negalima atsukti darbo pradžios periodo!");
         return;
     }
-    if (StdMsgBox(mkQuestion, "Atsukant periodą bus ištrinti paskutinio periodo likučiai!") != mrYes ||
-        StdMsgBox(mkQuestion, "Ar visos lentelės uždarytos?") != mrYes)
-        return;
-    if (!rollBack()) {
-        StdMsgBox(mkWarning, "Neįmanoma atsukti darbo pradžios periodo");
-        return;
-    }
-    GetPeriod();
-    StdMsgBox(mkInformation, "Periodas atsuktas sėkmingai.");
+    if (StdMsgBox(mkQuestion, "Atsukant periodą bus ištrinti paskutinio periodo likučiai!") == mrYes &&
+        StdMsgBox(mkQuestion, "Ar visos lentelės uždarytos?") == mrYes)
+        rollBackAndTell(current);
 }
 
-TPerBackDlg::TPerBackDlg(QWidget *owner) : QDialog(owner), ProgressBar(new QProgressBar(this))
+TPerBackDlg::TPerBackDlg(QWidget *owner) : TDialog(owner), ProgressBar(new QProgressBar)
 {
-    setWindowTitle("Periodo atsukimas");
+    describe("Periodo atsukimas", {}, nullptr, {});
     ProgressBar->setObjectName("ProgressBar");
     ProgressBar->setAccessibleName("Atsukimo eiga");
     ProgressBar->setRange(0, 100);
     ProgressBar->setMinimumWidth(300);
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(ProgressBar);
-    layout->setSizeConstraint(QLayout::SetFixedSize);
+    bodyLayout()->addWidget(ProgressBar);
     PerBackDlg = this;
 }
 

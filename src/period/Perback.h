@@ -1,9 +1,8 @@
 #pragma once
 
-#include "src/frame/host_services.h"
 #include "src/frame/unit.h"
+#include "toolkit/widgets/dialog.h"
 
-#include <QDialog>
 #include <QProgressBar>
 
 // Rolling the last month close back.
@@ -11,11 +10,12 @@ namespace Perback {
 
 extern TUnit unit;
 
-// Rolls the last close back after asking; all outcomes are told in message boxes.
+// Rolls the last close back after asking; all outcomes are told in message boxes. Raises EDatabaseError when
+// the current period cannot be read.
 void PeriodBack();
 
 // Shown without waiting while the database works.
-class TPerBackDlg : public QDialog {
+class TPerBackDlg : public TDialog {
     Q_OBJECT
 public:
     explicit TPerBackDlg(QWidget *owner);

@@ -6,6 +6,8 @@
 #include <QComboBox>
 #include <QLineEdit>
 
+#include <algorithm>
+
 namespace Period {
 
 TUnit unit("Period");
@@ -15,9 +17,9 @@ namespace {
 
 constexpr int firstYear = 1997;
 constexpr int lastYear = 2100;
-constexpr int startMonthRow = 6; // per_id of the start-of-work month
-const QStringList monthNames = {"Sausis", "Vasaris",   "Kovas",    "Balandis", "Gegužė",    "Birželis",
-                                "Liepa",  "Rugpjūtis", "Rugsėjis", "Spalis",   "Lapkritis", "Gruodis"};
+constexpr int startMonthRow = int(startOfWorkPeriod);
+const QStringList monthNames = {"Sausis", "Vasaris",    "Kovas",    "Balandis", "Gegužė",    "Birželis",
+                                "Liepa",  "Rugpijūtis", "Rugsėjis", "Spalis",   "Lapkritis", "Gruodis"};
 
 } // namespace
 
@@ -51,10 +53,20 @@ TPeriodDlg::~TPeriodDlg()
     PeriodDlg = nullptr;
 }
 
+// The statement says nothing of an order.
+void TPeriodDlg::goToFirstRow()
+{
+    double first = qryPer.FieldByName("per_id")->AsFloat();
+    for (qryPer.First(); !qryPer.Eof(); qryPer.Next())
+        first = std::min(first, qryPer.FieldByName("per_id")->AsFloat());
+    qryPer.Locate("per_id", first);
+}
+
 // Without a start-of-work row the month is taken from the row the cursor stands on; a year row names no
 // month, and then none is selected.
 void TPeriodDlg::readStored()
 {
+    goToFirstRow();
     UpDown->setPosition(qryPer.FieldByName("per_metai")->AsInteger());
     qryPer.Locate("per_id", startMonthRow);
     MonthBox->setCurrentIndex(monthIndexOf(

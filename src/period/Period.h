@@ -27,6 +27,7 @@ protected:
     void Save() override;
 
 private:
+    void goToFirstRow();
     void readStored();
     void proposeToday();
     void deleteStored();

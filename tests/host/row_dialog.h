@@ -61,7 +61,7 @@ protected:
         for (const Qt::Key key : keys)
             QTest::keyClick(QApplication::focusWidget(), key);
     }
-    static void keys(const QString &text) { QTest::keyClicks(QApplication::focusWidget(), text); }
+    static void keys(const QString &text) { typeKeys(QApplication::focusWidget(), text); }
     void cancel() { pressButton(*dialog, QStringLiteral("Atšaukti")); }
     // Presses the save button and gives the message that comes; the dialog stays open.
     QString refusal()

@@ -235,6 +235,21 @@ void pressButton(QWidget &window, const QString &text)
     ADD_FAILURE() << "no enabled button \"" << text.toStdString() << "\" on " << described(&window);
 }
 
+// Letters outside ASCII have no key that the test library knows; a keyboard sends them as text alone.
+void typeKeys(QWidget *control, const QString &text)
+{
+    for (const QChar letter : text) {
+        if (letter.unicode() < 128) {
+            QTest::keyClick(control, letter.toLatin1());
+            continue;
+        }
+        for (const QEvent::Type half : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(half, Qt::Key_unknown, Qt::NoModifier, QString(letter));
+            QApplication::sendEvent(control, &event);
+        }
+    }
+}
+
 void type(QWidget *control, const QString &text)
 {
     if (!control || !control->isEnabled()) {
@@ -244,7 +259,7 @@ void type(QWidget *control, const QString &text)
     control->setFocus();
     QTest::keyClick(control, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(control, Qt::Key_Delete);
-    QTest::keyClicks(control, text);
+    typeKeys(control, text);
 }
 
 void leave(QWidget *control)

@@ -106,6 +106,7 @@ void pressButton(QWidget &window, const QString &text);
 
 // Goes to a control, replaces its text as a user does and leaves it there; press Tab with leave().
 void type(QWidget *control, const QString &text);
+void typeKeys(QWidget *control, const QString &text); // as it is typed where the cursor stands
 void leave(QWidget *control);
 
 // Watches for modal windows; installed once, by main().

@@ -136,7 +136,6 @@ void TDBControl::commit()
     isPending = false;
     clearInvalid();
     refresh();
-    tellEdited(); // what is judged by the column has something new to judge
 }
 
 void TDBControl::restore()

@@ -9,6 +9,7 @@
 #include "toolkit/widgets/lithuanian.h"
 #include "toolkit/widgets/push_button.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScreen>
@@ -49,6 +50,16 @@ QRect roomFor(const QWidget *window)
     const int title = window->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, window);
     const int frame = window->style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, window);
     return window->screen()->availableGeometry().adjusted(frame, title + frame, -frame, -frame);
+}
+
+// How wide a window must be for its title to be read whole beside the icons and buttons of its frame.
+int widthForTitle(const QWidget *window)
+{
+    QFont font = QApplication::font("QMdiSubWindowTitleBar");
+    font.setBold(true);
+    constexpr int iconsOfFrame = 4;
+    const int icon = window->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, window);
+    return QFontMetrics(font).horizontalAdvance(window->windowTitle()) + iconsOfFrame * icon;
 }
 
 } // namespace
@@ -331,7 +342,7 @@ void TDialog::fitIntoScreen()
         layout()->activate();
     }
     const QSize wanted = testAttribute(Qt::WA_Resized) ? size() : sizeHint().expandedTo(size());
-    resize(wanted.boundedTo(room.size()));
+    resize(wanted.expandedTo({widthForTitle(this), 0}).boundedTo(room.size()));
     const QPoint lastCorner = room.bottomRight() - QPoint(width() - 1, height() - 1);
     move(std::clamp(x(), room.left(), std::max(room.left(), lastCorner.x())),
          std::clamp(y(), room.top(), std::max(room.top(), lastCorner.y())));

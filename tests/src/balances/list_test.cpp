@@ -206,6 +206,48 @@ TEST_P(BalanceList, ACloseThatFindsTheTotalsUnequalLeavesTheListAsItIs)
     EXPECT_FALSE(frm->acNew->isVisible());
 }
 
+// --- another station
+
+TEST_P(BalanceList, FollowsAnotherStationsCloseAndRollBack)
+{
+    balanced();
+    openList();
+    secondFin()->ExecSQL("call Close_Per()");
+    FollowPeriod();
+    EXPECT_EQ(periods()->count(), 2);
+    EXPECT_EQ(periods()->currentText(), "2004 m. vasaris");
+    EXPECT_EQ(shown(1), QStringList({"60.00", "40.00", "0.00"}));
+    EXPECT_FALSE(frm->acNew->isVisible());
+
+    secondFin()->ExecSQL("call Back_Per()");
+    FollowPeriod();
+    EXPECT_EQ(periods()->count(), 1);
+    EXPECT_EQ(periods()->currentText(), "2004 m. sausis");
+    EXPECT_TRUE(frm->acNew->isVisible());
+}
+
+TEST_P(BalanceList, WithoutAnyPeriodLeftItShowsNothingAndSaysWhy)
+{
+    balanced();
+    openList();
+    secondFin()->ExecSQL("delete from bd_period");
+    NextBoxes box{QMessageBox::Ok};
+    FollowPeriod();
+    EXPECT_EQ(box.at(0).text, "Darbo pradžios periodas nenustatitas!");
+    EXPECT_EQ(shown(0), QStringList());
+    EXPECT_EQ(periods()->count(), 0);
+    EXPECT_EQ(frm->panel(0), "Įrašų kiekis: 0");
+    EXPECT_EQ(frm->panel(1), "");
+    EXPECT_EQ(frm->panel(2), "");
+    EXPECT_FALSE(frm->acNew->isVisible());
+
+    startOfWork(2005, 1, 1);
+    EXPECT_EQ(periods()->currentText(), "2005 m. sausis");
+    EXPECT_EQ(shown(1), QStringList({"60.00", "40.00", "0.00"}));
+    EXPECT_EQ(frm->panel(1), "Debetų suma: 100.00");
+    EXPECT_TRUE(frm->acNew->isVisible());
+}
+
 // --- money
 
 TEST_P(BalanceList, AMillionDimesAgainstOneCreditAreEqualToTheCent)

@@ -1,7 +1,11 @@
 #include "src/period/Closeperiod.h"
 
 #include "tests/src/open_books.h"
+#include "tests/src/period/when_hidden.h"
 #include "tests/support/message_box.h"
+
+#include <QTest>
+#include <QTimer>
 
 using Closeperiod::StartPerClose;
 using Closeperiod::TPerCloseDlg;
@@ -197,4 +201,210 @@ TEST_P(MonthClose, TheAnimationMovesWhileTheDatabaseWorks)
     });
     StartPerClose();
     EXPECT_GE(frames, 3);
+}
+
+TEST_P(MonthClose, WithoutAPeriodItSaysSoInsteadOfOpening)
+{
+    const ShownBox box = closeRefused();
+    EXPECT_EQ(box.kind, 81);
+    EXPECT_EQ(box.text, "Darbo pradžios periodas nenustatytas");
+}
+
+TEST_P(MonthClose, ItsWindowHasNoButtonsAndEscCloses)
+{
+    startOfWork(2026, 1, 1);
+    NextBoxes question{QMessageBox::Yes};
+    OnNextDialog<TPerCloseDlg> dialog([](TPerCloseDlg &shown) {
+        EXPECT_FALSE(shown.windowFlags() & (Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint |
+                                            Qt::WindowCloseButtonHint | Qt::WindowContextHelpButtonHint));
+        EXPECT_TRUE(shown.windowFlags() & Qt::CustomizeWindowHint);
+        QTest::keyClick(&shown, Qt::Key_Escape);
+        EXPECT_FALSE(shown.isVisible());
+    });
+    StartPerClose();
+    EXPECT_EQ(months().size(), 1);
+}
+
+TEST_P(MonthClose, EnterOnTheRefusalClosesNothing)
+{
+    startOfWork(2026, 1, 1);
+    NextBoxes question{QMessageBox::Yes};
+    OnNextDialog<TPerCloseDlg> dialog([](TPerCloseDlg &shown) {
+        auto *refusal = shown.findChild<QPushButton *>("CancelBtn");
+        refusal->setFocus();
+        QTest::keyClick(refusal, Qt::Key_Return);
+        EXPECT_FALSE(shown.isVisible());
+    });
+    StartPerClose();
+    EXPECT_EQ(months().size(), 1);
+}
+
+TEST_P(MonthClose, ItIsNotLeftWhileItRuns)
+{
+    startOfWork(2026, 1, 1);
+    slowDownInserting("bd_period");
+    bool left = false;
+    NextBoxes question{QMessageBox::Yes};
+    OnNextDialog<TPerCloseDlg> dialog([&left](TPerCloseDlg &shown) {
+        const auto *animation = shown.findChild<TAnimate *>();
+        const auto former = TDatabase::setBusyHook([&shown, &left, animation] {
+            EXPECT_TRUE(animation->isVisible());
+            shown.reject();
+            shown.close();
+            left = left || !shown.isVisible();
+        });
+        NextBoxes end{QMessageBox::Ok};
+        pressButton(shown, "Pradėti");
+        TDatabase::setBusyHook(former);
+        EXPECT_EQ(end.at(0).text, done);
+    });
+    StartPerClose();
+    EXPECT_FALSE(left);
+}
+
+// --- another station, and what is lost on the way
+
+TEST_P(MonthClose, ShowsTheMonthThatAnotherStationOpened)
+{
+    openingTotals(1000, 1000);
+    secondFin()->ExecSQL("call Close_Per()");
+    NextBoxes question{QMessageBox::Yes};
+    OnNextDialog<TPerCloseDlg> dialog([](TPerCloseDlg &shown) {
+        EXPECT_EQ(shown.findChild<QLabel *>("OldPer")->text(), "2026 m. vasaris");
+        EXPECT_EQ(shown.findChild<QLabel *>("NewPer")->text(), "2026 m. kovas");
+        pressButton(shown, "&Atšaukti");
+    });
+    StartPerClose();
+    EXPECT_EQ(EinPer_Id(), 7);
+}
+
+TEST_P(MonthClose, AMonthThatAnotherStationClosedSinceClosesNoOther)
+{
+    openingTotals(1000, 1000);
+    QStringList closed;
+    NextBoxes question{QMessageBox::Yes};
+    OnNextDialog<TPerCloseDlg> dialog([this, &closed](TPerCloseDlg &shown) {
+        secondFin()->ExecSQL("call Close_Per()");
+        closed = dump(books());
+        NextBoxes told{QMessageBox::Ok};
+        pressButton(shown, "Pradėti");
+        EXPECT_EQ(told.at(0).kind, 49);
+        EXPECT_EQ(told.at(0).text, "Periodas 2026 m. sausis jau nebe einamasis. Dabar einamasis periodas yra "
+                                   "2026 m. vasaris; jis nepakeistas.");
+        EXPECT_FALSE(shown.isVisible());
+        EXPECT_EQ(shown.result(), QDialog::Rejected);
+    });
+    StartPerClose();
+    EXPECT_EQ(dump(books()), closed);
+    EXPECT_EQ(EinPer_Id(), 7);
+    EXPECT_FALSE(books().InTransaction());
+}
+
+TEST_P(MonthClose, AStartOfWorkSetAnewMeanwhileIsAnotherMonth)
+{
+    openingTotals(1000, 1000);
+    NextBoxes question{QMessageBox::Yes};
+    OnNextDialog<TPerCloseDlg> dialog([this](TPerCloseDlg &shown) {
+        secondFin()->ExecSQL("update bd_period set per_metai = 2025");
+        NextBoxes told{QMessageBox::Ok};
+        pressButton(shown, "Pradėti");
+        EXPECT_TRUE(told.at(0).text.contains("einamasis periodas yra 2025 m. sausis"));
+    });
+    StartPerClose();
+    EXPECT_EQ(months(), QStringList("6|2025|1|1"));
+}
+
+TEST_P(MonthClose, PeriodsThatAreGoneMeanwhileAreTold)
+{
+    openingTotals(1000, 1000);
+    NextBoxes question{QMessageBox::Yes};
+    OnNextDialog<TPerCloseDlg> dialog([this](TPerCloseDlg &shown) {
+        secondFin()->ExecSQL("delete from bd_period");
+        NextBoxes told{QMessageBox::Ok};
+        pressButton(shown, "Pradėti");
+        EXPECT_EQ(told.at(0).text,
+                  "Periodas 2026 m. sausis jau nebe einamasis. Darbo pradžios periodas nenustatytas.");
+    });
+    StartPerClose();
+    EXPECT_EQ(months(), QStringList());
+}
+
+TEST_P(MonthClose, EndsAlsoWhenTheCurrentPeriodCannotBeReadAfterwards)
+{
+    openingTotals(1000, 1000);
+    NextBoxes question{QMessageBox::Yes};
+    OnNextDialog<TPerCloseDlg> dialog([this](TPerCloseDlg &shown) {
+        const WhenHidden broken("StartedProg", [this] {
+            secondFin()->nativeExec("alter table bd_period rename to bd_period_dingo");
+        });
+        NextBoxes told{QMessageBox::Ok, QMessageBox::Ok};
+        pressButton(shown, "Pradėti");
+        EXPECT_EQ(told.at(1).text, done);
+        EXPECT_FALSE(shown.isVisible());
+        EXPECT_EQ(shown.result(), QDialog::Accepted);
+    });
+    StartPerClose();
+    secondFin()->nativeExec("alter table bd_period_dingo rename to bd_period");
+    EXPECT_EQ(months().size(), 2);
+    FollowPeriod();
+    EXPECT_EQ(EinPer_Id(), 7);
+}
+
+namespace {
+class MonthCloseOnServer : public MonthClose {
+protected:
+    // The connection ends at the very moment of the commit.
+    void loseTheServerAtCommit()
+    {
+        books().nativeExec("create function f_end() returns trigger language plpgsql security definer as "
+                           "$$ begin perform pg_terminate_backend(pg_backend_pid()); return null; end $$;"
+                           "create constraint trigger t_end after insert on bd_period "
+                           "deferrable initially deferred for each row execute function f_end()");
+    }
+};
+INSTANTIATE_TEST_SUITE_P(, MonthCloseOnServer, testing::Values(Engine::PostgreSql));
+} // namespace
+
+TEST_P(MonthCloseOnServer, ASecondPressAfterALostAnswerClosesNoSecondMonth)
+{
+    openingTotals(1000, 1000);
+    loseTheServerAtCommit();
+    NextBoxes question{QMessageBox::Yes};
+    OnNextDialog<TPerCloseDlg> dialog([this](TPerCloseDlg &shown) {
+        NextBoxes told{QMessageBox::Ok, QMessageBox::Ok};
+        pressButton(shown, "Pradėti");
+        EXPECT_TRUE(told.at(0).text.startsWith("Nutrūko ryšys"));
+        EXPECT_TRUE(shown.isVisible());
+        // As if the commit had reached the server and only its answer had not come.
+        secondFin()->nativeExec("drop trigger t_end on bd_period");
+        secondFin()->ExecSQL("call Close_Per()");
+        pressButton(shown, "Pradėti");
+        EXPECT_TRUE(told.at(1).text.contains("einamasis periodas yra 2026 m. vasaris"));
+        EXPECT_FALSE(shown.isVisible());
+    });
+    StartPerClose();
+    EXPECT_EQ(months(), QStringList({"6|2026|1|1", "7|2026|1|2"}));
+    EXPECT_EQ(EinPer_Id(), 7);
+}
+
+TEST_P(MonthCloseOnServer, TwoStationsThatStartTogetherCloseOneMonth)
+{
+    openingTotals(1000, 1000);
+    const auto other = open(finSettings());
+    other->StartTransaction();
+    other->ExecSQL("call Close_Per()");
+    NextBoxes question{QMessageBox::Yes};
+    OnNextDialog<TPerCloseDlg> dialog([&other](TPerCloseDlg &shown) {
+        // This one waits for the other, which commits meanwhile.
+        const auto former = TDatabase::setBusyHook([&other] {
+            if (other->InTransaction())
+                other->Commit();
+        });
+        NextBoxes told{QMessageBox::Ok};
+        pressButton(shown, "Pradėti");
+        TDatabase::setBusyHook(former);
+        EXPECT_TRUE(told.at(0).text.contains("einamasis periodas yra 2026 m. vasaris"));
+    });
+    StartPerClose();
+    EXPECT_EQ(months().size(), 2);
 }

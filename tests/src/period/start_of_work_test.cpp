@@ -92,7 +92,7 @@ TEST_P(StartOfWork, ShowsWhatIsStored)
     startOfWork(2024, 3, 2);
     TPeriodDlg dialog(nullptr);
     EXPECT_EQ(year(dialog)->text(), "2024");
-    EXPECT_EQ(month(dialog)->currentText(), "Rugpjūtis");
+    EXPECT_EQ(month(dialog)->currentText(), "Rugpijūtis");
 }
 
 TEST_P(StartOfWork, RunAgainReplacesEveryRow)
@@ -173,6 +173,58 @@ TEST_P(StartOfWork, TheArrowsStepTheYearWithinItsRange)
     QTest::keyClick(upDown, Qt::Key_Down);
     QTest::keyClick(upDown, Qt::Key_Down);
     EXPECT_EQ(year(dialog)->text(), "1997");
+}
+
+TEST_P(StartOfWork, EnterOnTheRefusalLeavesThePeriodsAsTheyAre)
+{
+    startOfWork(2024, 1, 1);
+    books().ExecSQL("call Close_Per()");
+    const QStringList before = dump(books());
+    TPeriodDlg dialog(nullptr);
+    dialog.show();
+    type(year(dialog), "2025");
+    for (int step = 0; step < 10 && dialog.focusWidget()->objectName() != "Ne"; ++step)
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+    ASSERT_EQ(dialog.focusWidget()->objectName(), "Ne");
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(dialog.result(), QDialog::Rejected);
+    EXPECT_EQ(dump(books()), before);
+}
+
+TEST_P(StartOfWork, EnterInAFieldSavesAndEscCloses)
+{
+    TPeriodDlg refused(nullptr);
+    refused.show();
+    QTest::keyClick(year(refused), Qt::Key_Escape);
+    EXPECT_EQ(refused.result(), QDialog::Rejected);
+    EXPECT_FALSE(refused.isVisible());
+    EXPECT_EQ(periods(), QStringList());
+
+    TPeriodDlg dialog(nullptr);
+    dialog.show();
+    type(year(dialog), "2025");
+    QTest::keyClick(year(dialog), Qt::Key_Return);
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_EQ(periods().size(), 6);
+}
+
+TEST_P(StartOfWork, TheYearIsThatOfTheLowestRowInWhateverOrderTheyCome)
+{
+    startOfWork(2025, 4, 3);
+    books().ExecSQL("call Close_Per()");
+    // A server puts a row that was written again behind the others.
+    books().ExecSQL("update bd_period set per_metai = 2025 where per_id <= 6");
+    TPeriodDlg dialog(nullptr);
+    EXPECT_EQ(year(dialog)->text(), "2025");
+    EXPECT_EQ(month(dialog)->currentText(), "Gruodis");
+}
+
+TEST_P(StartOfWork, ItsTitleIsReadWhole)
+{
+    TPeriodDlg dialog(nullptr);
+    dialog.show();
+    EXPECT_GE(dialog.width(), dialog.fontMetrics().horizontalAdvance(dialog.windowTitle()) + 60);
 }
 
 TEST_P(StartOfWork, CancellingWritesNothing)

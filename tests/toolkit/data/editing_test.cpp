@@ -260,7 +260,8 @@ TEST_P(Editing, IsRefusedWhereNothingMayBeWritten)
     EXPECT_THROW(set->Delete(), EDatabaseError);
     EXPECT_EQ(set->State(), dsBrowse);
     TQuery closed(mnFin_Db, u"select * from bd_t"_s);
-    EXPECT_THROW(closed.Edit(), EDatabaseError);
+    closed.RequestLive = true;
+    EXPECT_ERROR(EDatabaseError, closed.Edit(), u"neatvertas"_s);
 }
 
 TEST_P(Editing, ALiveQueryNeedsOneTableWithAKey)

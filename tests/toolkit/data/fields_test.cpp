@@ -178,6 +178,17 @@ TEST_P(Fields, RunTheirValidatorBeforeAndTheirChangeHookAfterTheValue)
     EXPECT_EQ(sum.AsFloat(), 2);
 }
 
+TEST_P(Fields, AnIntegerIsTakenUpToItsBoundsAndRefusedBeyond)
+{
+    TField &sum = field(u"t_suma"_s);
+    for (const double bound : {-2147483648.0, 2147483647.0}) {
+        sum.setAsFloat(bound);
+        EXPECT_EQ(sum.AsInteger(), int(bound));
+        sum.setAsFloat(bound + (bound < 0 ? -1 : 1));
+        EXPECT_ERROR(EFieldRefused, sum.AsInteger(), u"per didelis"_s);
+    }
+}
+
 TEST_P(Fields, TellTheOldValueWhileEdited)
 {
     field(u"t_suma"_s).setAsFloat(9);

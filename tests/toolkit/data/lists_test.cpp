@@ -52,6 +52,8 @@ TEST_P(Lists, TheCursorGoesWhereItIsSent)
 {
     fill(many);
     const auto set = list();
+    set->setRecNo(1000); // not read yet
+    EXPECT_EQ(id(*set), 1001);
     set->Last();
     EXPECT_EQ(id(*set), many);
     EXPECT_TRUE(set->Eof());
@@ -173,12 +175,46 @@ TEST_P(Lists, AStoppedReadingKeepsWhatIsHereAndEndsASearch)
     EXPECT_FALSE(set->stopped());
 }
 
+TEST_P(Lists, OneThatOutlivesItsSessionMayGoBeforeTheSessionIsClosedAgain)
+{
+    fill(2);
+    auto set = list();
+    mnFin_Db->Close();
+    set.reset();
+    mnFin_Db->Open();
+    EXPECT_EQ(list()->RecordCount(), 2);
+    mnFin_Db->Close();
+    mnFin_Db->Open();
+    EXPECT_EQ(stored(u"t_kodas"_s, 1), u"K1"_s);
+}
+
+TEST_P(Lists, EveryMoveIsToldOnce)
+{
+    fill(3);
+    const auto set = list();
+    int hooks = 0;
+    set->AfterScroll = [&hooks](TDataSet &) { ++hooks; };
+    QSignalSpy scrolled(set.get(), &TDataSet::scrolled);
+    set->Next();
+    set->Last();
+    set->Next(); // there is none
+    EXPECT_TRUE(set->Locate(u"t_id"_s, 1));
+    EXPECT_FALSE(set->Locate(u"t_id"_s, 9));
+    EXPECT_EQ(hooks, 3);
+    EXPECT_EQ(scrolled.count(), 3);
+}
+
 TEST_P(Lists, ALongSearchCallsTheBusyHookWhichMayStopIt)
 {
     constexpr int veryMany = 200000;
     fill(veryMany);
     const auto set = list();
-    const TDatabase::BusyHook before = TDatabase::setBusyHook([&set] { set->stopReading(); });
+    const TDatabase::BusyHook before = TDatabase::setBusyHook([&set] {
+        const int here = set->fetchedCount();
+        set->fetchMore({}); // nothing is read inside the hook
+        EXPECT_EQ(set->fetchedCount(), here);
+        set->stopReading();
+    });
     EXPECT_FALSE(set->Locate(u"t_kodas"_s, u"nėra"_s));
     TDatabase::setBusyHook(before);
     EXPECT_TRUE(set->stopped());
@@ -225,6 +261,7 @@ TEST_P(Lists, CalculatedFieldsFollowTheirRow)
     fill(3);
     TTable set(mnFin_Db, u"bd_t"_s);
     set.addCalculated(u"dvigubai"_s, TFieldType::ftFloat);
+    EXPECT_TRUE(set.FindField(u"DVIGUBAI"_s)); // before it is open
     set.OnCalcFields = [](TDataSet &row) {
         row.FieldByName(u"dvigubai"_s)->setAsFloat(row.FieldByName(u"t_suma"_s)->AsFloat() * 2);
     };
@@ -336,6 +373,8 @@ TEST_P(Lists, AListThatBreaksOffSaysSoAndNeverPassesForAWhole)
     QSignalSpy failed(&set, &TDataSet::fetchFailed);
     ASSERT_TRUE(QTest::qWaitFor([&failed] { return failed.count() > 0; }, 60000));
     EXPECT_FALSE(failed.at(0).at(0).toString().isEmpty());
+    QTest::qWait(30);
+    EXPECT_EQ(failed.count(), 1); // and is told once
     EXPECT_FALSE(set.fetchedAll());
     EXPECT_GT(set.rowCount(), 0);
     EXPECT_THROW(set.RecordCount(), EDatabaseError);
