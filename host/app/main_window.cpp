@@ -105,6 +105,8 @@ void TMainWindow::addEntryMenus()
 
     QHash<QString, QMenu *> menus;
     for (const TPackageEntry &entry : package.entries()) {
+        if (entry.menu.isEmpty())
+            continue;
         QMenu *&menu = menus[entry.menu];
         if (!menu) {
             menu = menuBar()->addMenu(entry.menu);
@@ -207,6 +209,7 @@ void TMainWindow::openEntry(const QString &name)
             runDialog(*entry);
         break;
     case TPackageEntry::Kind::Function:
+    case TPackageEntry::Kind::Editor:
         entry->call();
         break;
     }

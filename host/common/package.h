@@ -16,18 +16,19 @@ struct TPackageInfo {
     QStringList units;    // contained units, in order of initialization
 };
 
-// One thing that the host can open: a screen class, or an entry function that needs no arguments. A class
-// that opens in several ways has an entry for each, with a name and a window of its own.
+// One thing that the host can open: a screen class, an entry function that needs no arguments, or an editor.
+// A class that opens in several ways has an entry for each, with a name and a window of its own.
 struct TPackageEntry {
     enum class Kind {
         ListScreen, // create() gives a list screen; the host shows it as a document window
         Dialog,     // create() gives a dialog; the host shows it modally
         Function,   // call() does everything
+        Editor,     // call() opens the editor of one row on the first row of the books; in no menu
     };
     QString name; // "TPeriodDlg", "StartPerClose": the class or the entry function; no two are alike
     QString unit; // the unit it lives in
     Kind kind = Kind::Function;
-    QString menu;    // the menu it stands in
+    QString menu;    // the menu it stands in; empty: in none
     QString caption; // its menu caption, with the accelerator
     int help = 0;    // help topic; 0: none
     std::function<QWidget *(QWidget *owner)> create;

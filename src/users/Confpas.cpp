@@ -20,6 +20,7 @@ TConfPassFrm::TConfPassFrm(QWidget *owner) : TDialog(owner)
     describe("Patvirtinkite slaptažodį",
              {TFieldRow::freeEdit("S&laptažodis:", "ConfEdit").password().width(30)}, nullptr,
              {{"&Gerai", TDialogButton::Save, true, {}, {}}});
+    setHelpTopic(2);
     ConfEdit = control<QLineEdit>("ConfEdit");
     ConfPassFrm = this;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/common/lists.h"
+#include "src/frame/host_services.h"
 
 #include <QListWidget>
 #include <QTreeWidget>

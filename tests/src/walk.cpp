@@ -1,15 +1,19 @@
 #include "tests/src/walk.h"
 
 #include "tests/support/message_box.h"
+#include "toolkit/data/query.h"
 
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
+#include <QAccessible>
+#include <QAction>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressDialog>
 #include <QTest>
 #include <QToolButton>
 
@@ -61,6 +65,24 @@ QString describe(const QWidget *control)
         .arg(control->metaObject()->className(), control->objectName(), caption(control));
 }
 
+// What a reader of the screen is told.
+QString spoken(const QWidget *control, QAccessible::Text which)
+{
+    QAccessibleInterface *told = QAccessible::queryAccessibleInterface(const_cast<QWidget *>(control));
+    return told ? told->text(which) : QString();
+}
+
+bool isNameless(const QWidget *control, const QWidget &window)
+{
+    const bool isBox =
+        qobject_cast<const QComboBox *>(control) || qobject_cast<const QAbstractSpinBox *>(control);
+    const QString name = spoken(control, QAccessible::Name);
+    if (isBox && !name.isEmpty() && name == spoken(control, QAccessible::Value))
+        return true;
+    return name.isEmpty() && caption(control).isEmpty() && control->accessibleName().isEmpty() &&
+           !labelOf(control, window);
+}
+
 bool hasKeyOfItsOwn(const QWidget *control)
 {
     if (caption(control).contains(u'&'))
@@ -69,30 +91,70 @@ bool hasKeyOfItsOwn(const QWidget *control)
     return tool && tool->defaultAction() && !tool->defaultAction()->shortcuts().isEmpty();
 }
 
+// Passes every message box and looks at every other modal window.
+class Visitor : public ModalExpectation {
+public:
+    explicit Visitor(const std::function<void(QWidget &)> &looks) : look(looks) {}
+
+    bool awaits(QWidget *window) const override { return !qobject_cast<QProgressDialog *>(window); }
+    void answer(QWidget *window) override
+    {
+        if (auto *box = qobject_cast<QMessageBox *>(window)) {
+            pass(*box);
+            return;
+        }
+        ++visit.windows;
+        // Keys go to the window in front, as a user's do.
+        window->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+        look(*window);
+        window->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+        QTest::keyClick(window, Qt::Key_Escape);
+        EXPECT_FALSE(window->isVisible()) << qPrintable(window->windowTitle()) << " is not left by Esc";
+    }
+
+    TVisit visit;
+
+private:
+    void pass(QMessageBox &box)
+    {
+        visit.boxes << box.text();
+        QAbstractButton *yes = box.button(QMessageBox::Yes);
+        QAbstractButton *no = box.button(QMessageBox::No);
+        QAbstractButton *answer = yes && !asked ? yes : no ? no : box.buttons().first();
+        asked = asked || yes;
+        answer->click();
+    }
+
+    const std::function<void(QWidget &)> &look;
+    bool asked = false;
+};
+
 } // namespace
 
-void lookAtEntry(const TPackageEntry &entry, const std::function<void(QWidget &)> &look)
+TVisit visitEntry(const TPackageEntry &entry, const std::function<void(QWidget &)> &look)
 {
-    if (entry.kind == TPackageEntry::Kind::Function) {
-        OnNextDialog<QDialog> first([&look](QDialog &window) {
-            look(window);
-            QTest::keyClick(&window, Qt::Key_Escape);
-        });
+    Visitor visitor(look);
+    if (entry.call) {
         entry.call();
-        return;
+        return visitor.visit;
     }
     const std::unique_ptr<QWidget> window(entry.create(nullptr));
     window->show();
-    QCoreApplication::processEvents();
+    window->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    ++visitor.visit.windows;
     look(*window);
     EXPECT_TRUE(window->close());
+    return visitor.visit;
 }
 
 QStringList controlsWithoutName(QWidget &window)
 {
     QStringList nameless;
     for (const QWidget *control : controls(window))
-        if (caption(control).isEmpty() && control->accessibleName().isEmpty() && !labelOf(control, window))
+        if (isNameless(control, window))
             nameless << describe(control);
     return nameless;
 }
@@ -126,4 +188,21 @@ QStringList repeatedAccelerators(QWidget &window)
         if (use.value() > 1)
             repeated << QString(use.key());
     return repeated;
+}
+
+QStringList statementsRefused(QWidget &window)
+{
+    QStringList refused;
+    for (const TQuery *query : window.findChildren<TQuery *>())
+        for (const QString &statement :
+             {query->SQL(), query->InsertSQL, query->ModifySQL, query->DeleteSQL}) {
+            if (statement.isEmpty())
+                continue;
+            try {
+                query->Database()->prepare(statement);
+            } catch (const EDatabaseError &error) {
+                refused << statement + ": " + error.message();
+            }
+        }
+    return refused;
 }

@@ -72,6 +72,8 @@ public:
     void openEverything()
     {
         for (const TPackageEntry &entry : package.entries()) {
+            if (entry.menu.isEmpty())
+                continue;
             if (entry.kind == TPackageEntry::Kind::ListScreen) {
                 TTourHands::chooseFromMenu(window, entry.name);
                 lookAt(entry, "Langas atidarytas iš meniu.");

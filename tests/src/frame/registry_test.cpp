@@ -1,84 +1,115 @@
-// What every screen and dialog of the package owes, shown for each of them: a new one is tested by being
-// registered.
+// What every screen, dialog and editor of the package owes, shown for each of them: a new one is tested by
+// being registered.
 
-#include "src/frame/registry.h"
-#include "tests/src/open_books.h"
+#include "host/controls/browse_frm.h"
+#include "host/controls/record_dialog.h"
+#include "tests/src/frame/every_entry.h"
 #include "tests/src/walk.h"
+#include "tests/support/message_box.h"
 
 namespace {
 
-class EveryScreen : public OnOpenBooks {
+class EveryEntry : public OnEveryEntry {
 protected:
-    void SetUp() override
+    // Looks at every window of the entry; there must be one, or questions that stand for it.
+    TVisit visit(const std::function<void(QWidget &)> &look = [](QWidget &) {})
     {
-        OnOpenBooks::SetUp();
-        startOfWork(2026, 1, 1);
-        balance(account("241"), 100, 0);
-        balance(account("401"), 0, 100);
+        const TVisit met = visitEntry(entry(), look);
+        EXPECT_GT(met.windows + (entry().writes ? met.boxes.size() : 0), 0);
+        return met;
+    }
+    // The same for what is wrong in each: nothing must be.
+    void expectNothing(const std::function<QStringList(QWidget &)> &wrong)
+    {
+        visit([&wrong](QWidget &window) {
+            EXPECT_EQ(wrong(window), QStringList()) << qPrintable(window.windowTitle());
+        });
     }
 };
-ON_BOTH_ENGINES(EveryScreen);
+ON_EVERY_ENTRY(EveryEntry);
 
 } // namespace
 
-TEST_P(EveryScreen, OpensAndCloses)
+TEST(Registry, NamesScreensDialogsFunctionsAndEditors)
 {
-    for (const TPackageEntry &entry : packageEntries()) {
-        SCOPED_TRACE(entry.name.toStdString());
-        int seen = 0;
-        lookAtEntry(entry, [&seen](QWidget &) { ++seen; });
-        EXPECT_EQ(seen, 1);
+    using Kind = TPackageEntry::Kind;
+    for (const Kind kind : {Kind::ListScreen, Kind::Dialog, Kind::Function, Kind::Editor})
+        EXPECT_TRUE(std::ranges::count(packageEntries(), kind, &TPackageEntry::kind) > 0) << int(kind);
+}
+
+TEST_P(EveryEntry, OpensAndLeavesTheBooksAlone)
+{
+    const QList<QByteArray> before = books().fingerprints();
+    visit();
+    EXPECT_EQ(books().fingerprints(), before);
+}
+
+TEST_P(EveryEntry, NamesEveryControlForThoseWhoCannotSeeIt)
+{
+    expectNothing(controlsWithoutName);
+}
+
+TEST_P(EveryEntry, LetsTheKeyboardReachEveryControl)
+{
+    expectNothing(controlsOutOfReach);
+}
+
+TEST_P(EveryEntry, GivesNoAcceleratorTwice)
+{
+    expectNothing(repeatedAccelerators);
+}
+
+TEST_P(EveryEntry, HasStatementsThatTheEngineTakes)
+{
+    expectNothing(statementsRefused);
+}
+
+TEST_P(EveryEntry, SaysWhatItIsInItsTitleAndMenu)
+{
+    const bool inNoMenu = entry().kind == TPackageEntry::Kind::Editor;
+    EXPECT_EQ(entry().caption.isEmpty(), inNoMenu);
+    EXPECT_EQ(entry().menu.isEmpty(), inNoMenu);
+    visit([](QWidget &window) { EXPECT_FALSE(window.windowTitle().isEmpty()); });
+}
+
+#ifndef QT_NO_DEBUG
+
+// A misspelt column is asserted when the screen is built: opening every entry shows that all are there.
+class MisspeltColumn : public OnEveryEntry {
+protected:
+    static void openList(const QString &column)
+    {
+        const TBrowseDescription described{.name = "TBandFrm",
+                                           .keyColumn = "imo_kod",
+                                           .table = "pp_imok",
+                                           .sql = "select * from pp_imok",
+                                           .columns = {{column, "Pavadinimas"}}};
+        delete createForm<TBrowseFrm>(described, nullptr);
     }
-}
-
-TEST_P(EveryScreen, LeavesTheBooksAloneWhenOnlyLookedAt)
-{
-    const QStringList before = dump(books());
-    for (const TPackageEntry &entry : packageEntries())
-        lookAtEntry(entry, [](QWidget &) {});
-    EXPECT_EQ(dump(books()), before);
-}
-
-TEST_P(EveryScreen, NamesEveryControlForThoseWhoCannotSeeIt)
-{
-    for (const TPackageEntry &entry : packageEntries())
-        lookAtEntry(entry, [&entry](QWidget &window) {
-            EXPECT_EQ(controlsWithoutName(window), QStringList()) << qPrintable(entry.name);
-        });
-}
-
-TEST_P(EveryScreen, LetsTheKeyboardReachEveryControl)
-{
-    for (const TPackageEntry &entry : packageEntries())
-        lookAtEntry(entry, [&entry](QWidget &window) {
-            EXPECT_EQ(controlsOutOfReach(window), QStringList()) << qPrintable(entry.name);
-        });
-}
-
-TEST_P(EveryScreen, GivesNoAcceleratorTwice)
-{
-    for (const TPackageEntry &entry : packageEntries())
-        lookAtEntry(entry, [&entry](QWidget &window) {
-            EXPECT_EQ(repeatedAccelerators(window), QStringList()) << qPrintable(entry.name);
-        });
-}
-
-TEST_P(EveryScreen, HasStatementsThatTheEngineTakes)
-{
-    for (const TPackageEntry &entry : packageEntries())
-        lookAtEntry(entry, [&entry](QWidget &window) {
-            for (const TQuery *query : window.findChildren<TQuery *>())
-                EXPECT_NO_THROW(query->Database()->prepare(query->SQL())) << qPrintable(entry.name);
-        });
-}
-
-TEST_P(EveryScreen, SaysWhatItIsInItsTitleAndMenu)
-{
-    for (const TPackageEntry &entry : packageEntries()) {
-        EXPECT_FALSE(entry.caption.isEmpty()) << qPrintable(entry.name);
-        EXPECT_FALSE(entry.menu.isEmpty()) << qPrintable(entry.name);
-        lookAtEntry(entry, [&entry](QWidget &window) {
-            EXPECT_FALSE(window.windowTitle().isEmpty()) << qPrintable(entry.name);
-        });
+    static void openDialog(const QString &column)
+    {
+        OnNextDialog<TRecordDialog> leaves([](TRecordDialog &dialog) { dialog.reject(); });
+        TRecordDialog({.name = "TBandDlg",
+                       .table = "pp_imok",
+                       .keyColumn = "imo_kod",
+                       .sql = "select * from pp_imok where imo_kod = :kodas",
+                       .rows = {TFieldRow::edit("Pavadinimas", column)}},
+                      TRecordStart::newRow(), nullptr)
+            .run();
     }
+};
+INSTANTIATE_TEST_SUITE_P(, MisspeltColumn, testing::Values(TEntryOnEngine(Engine::Sqlite, "TImokosFrm")));
+
+TEST_P(MisspeltColumn, OfAListIsAsserted)
+{
+    openList("IMO_PAVAD");
+    EXPECT_DEATH(openList("IMO_PAVADINIMAS"), "IMO_PAVADINIMAS");
 }
+
+TEST_P(MisspeltColumn, OfADialogIsAsserted)
+{
+    openDialog("IMO_PAVAD");
+    EXPECT_DEATH(openDialog("IMO_PAVADINIMAS"), "IMO_PAVADINIMAS");
+}
+
+#endif

@@ -86,7 +86,7 @@ void tryList(TBrowseFrm &list)
 
 void tryEntry(const TPackageEntry &entry)
 {
-    if (entry.kind == TPackageEntry::Kind::Function) {
+    if (entry.call) {
         entry.call();
         return;
     }

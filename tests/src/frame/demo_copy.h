@@ -1,0 +1,20 @@
+#pragma once
+
+#include "toolkit/data/database.h"
+
+// The demonstration books, filled once for each engine and run; every object is a fresh copy of them.
+class TDemoCopy {
+public:
+    explicit TDemoCopy(Engine engine);
+    ~TDemoCopy();
+    TDemoCopy(const TDemoCopy &) = delete;
+    TDemoCopy &operator=(const TDemoCopy &) = delete;
+
+    // The copy that all who only look share.
+    static const TDemoCopy &shared(Engine engine);
+
+    // Everything in both books, as one hash over each as the engine stores it.
+    QList<QByteArray> fingerprints() const;
+
+    const TSessionSettings fin, ravl;
+};

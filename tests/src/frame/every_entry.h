@@ -1,0 +1,54 @@
+#pragma once
+
+#include "host/data/main_datas.h"
+#include "src/frame/registry.h"
+#include "tests/src/frame/demo_copy.h"
+#include "tests/support/engines.h"
+
+#include <tuple>
+
+// One test for each entry of the registry on each engine, on the demonstration books. Tests that only look
+// share the books; those that write take a copy of their own (books()).
+using TEntryOnEngine = std::tuple<Engine, QString>;
+
+class OnEveryEntry : public testing::TestWithParam<TEntryOnEngine> {
+protected:
+    void SetUp() override
+    {
+        setMainDatas(std::make_unique<TMainDatas>(books().fin, books().ravl));
+        MainDatas()->Open();
+        CurrentUser() = {.id = 1, .workPlaces = 0xFFFF, .userAdmin = true};
+        GetPeriod();
+    }
+    void TearDown() override
+    {
+        setMainDatas(nullptr);
+        CurrentUser() = {};
+    }
+
+    virtual const TDemoCopy &books() { return TDemoCopy::shared(engine()); }
+
+    Engine engine() const { return std::get<Engine>(GetParam()); }
+    const TPackageEntry &entry() const
+    {
+        return *std::ranges::find(packageEntries(), std::get<QString>(GetParam()), &TPackageEntry::name);
+    }
+};
+
+inline QStringList entryNames()
+{
+    QStringList names;
+    for (const TPackageEntry &entry : packageEntries())
+        names << entry.name;
+    return names;
+}
+
+#define ON_EVERY_ENTRY(Fixture)                                                                              \
+    INSTANTIATE_TEST_SUITE_P(, Fixture,                                                                      \
+                             testing::Combine(testing::Values(Engine::Sqlite, Engine::PostgreSql),           \
+                                              testing::ValuesIn(entryNames())),                              \
+                             [](const testing::TestParamInfo<TEntryOnEngine> &each) {                        \
+                                 return (std::get<QString>(each.param) + "_" +                               \
+                                         engineName(std::get<Engine>(each.param)))                           \
+                                     .toStdString();                                                         \
+                             })
