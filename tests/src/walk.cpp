@@ -2,6 +2,7 @@
 
 #include "tests/support/message_box.h"
 #include "toolkit/data/query.h"
+#include "toolkit/data/statement.h"
 
 #include <gtest/gtest.h>
 
