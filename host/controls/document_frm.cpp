@@ -5,8 +5,8 @@
 #include "host/data/main_datas.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QMdiSubWindow>
 #include <QPointer>
 
@@ -112,9 +112,12 @@ void TDocumentFrm::escape()
     CloseBtnClick();
 }
 
+// While a dialog of the window's own is open, the code that waits for it still needs the window.
 void TDocumentFrm::CloseBtnClick()
 {
-    placed()->close();
+    const QWidget *modal = QApplication::activeModalWidget();
+    if (!modal || modal == this)
+        placed()->close();
 }
 
 void TDocumentFrm::acHelpExecute()

@@ -37,8 +37,9 @@ public:
     TDatabase *mnFin_Db();
     TDatabase *mnRavl();
 
-    // Opens both sessions again read-only in the engine itself; for view-only users, at login. Pointers to
-    // the former sessions are dead afterwards. When it fails the former sessions stay.
+    // Opens the main session again read-only in the engine itself, and the budget session too unless the
+    // current user may administer users; for view-only users, at login. Pointers to the former sessions are
+    // dead afterwards. When it fails the former sessions stay.
     void makeReadOnly();
 
 private:
