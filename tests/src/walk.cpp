@@ -89,7 +89,11 @@ bool hasKeyOfItsOwn(const QWidget *control)
     if (caption(control).contains(u'&'))
         return true;
     const auto *tool = qobject_cast<const QToolButton *>(control);
-    return tool && tool->defaultAction() && !tool->defaultAction()->shortcuts().isEmpty();
+    if (!tool)
+        return false;
+    // The picker of a composed control is opened by a key of its edit, which its tool tip names.
+    const bool byItsEdit = tool->toolTip().endsWith("(F4)");
+    return byItsEdit || (tool->defaultAction() && !tool->defaultAction()->shortcuts().isEmpty());
 }
 
 // Passes every message box and looks at every other modal window.

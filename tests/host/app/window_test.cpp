@@ -216,7 +216,7 @@ TEST_F(MainWindow, AListOpensOnceAndClosesByItsKey)
 
 TEST_F(MainWindow, AViewOnlyUserIsToldAtLoginThatNothingCanBeChanged)
 {
-    MainDatas()->mnRavl()->ExecSQL("update bd_usr set usr_perziurai = 1");
+    MainDatas()->mnRavl()->ExecSQL("update bd_usr set usr_perziurai = 1, usr_user_admin = 0");
     OnNextDialog<TLoginDlg> login([](TLoginDlg &dialog) {
         dialog.findChild<QLineEdit *>("NameEdit")->setText("ona");
         dialog.findChild<QLineEdit *>("PassEdit")->setText("x");
