@@ -47,8 +47,6 @@ TRecordDialog::TRecordDialog(TRecordDescription described, TRecordStart opened, 
         if (description.byKeyOnly)
             query->UpdateMode = TUpdateMode::upWhereKeyOnly;
     }
-    if (description.prepare)
-        description.prepare(*query);
     const bool startsNew = opening.kind == TRecordStart::Kind::New || query->State() == dsInsert;
     describe(startsNew || description.editCaption.isEmpty() ? description.newCaption
                                                             : description.editCaption,
@@ -89,8 +87,11 @@ void TRecordDialog::openRow()
         query->Edit();
 }
 
+// The settings may call the dialog, which is whole only by now.
 void TRecordDialog::Load()
 {
+    if (description.prepare)
+        description.prepare(*query);
     if (opening.kind != TRecordStart::Kind::ListRow)
         openRow();
     adds = query->State() == dsInsert;
