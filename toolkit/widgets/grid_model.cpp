@@ -9,19 +9,6 @@ namespace {
 constexpr int smallList = 2000;    // up to here every growth is passed on at once
 constexpr int growthPauseMs = 150; // and beyond it after such a pause, or when the list grew by half
 
-int alignmentOf(TAlignment alignment)
-{
-    switch (alignment) {
-    case TAlignment::taRightJustify:
-        return Qt::AlignRight | Qt::AlignVCenter;
-    case TAlignment::taCenter:
-        return Qt::AlignCenter;
-    case TAlignment::taLeftJustify:
-        break;
-    }
-    return Qt::AlignLeft | Qt::AlignVCenter;
-}
-
 QString formatted(const QString &format, const QVariant &value)
 {
     if (value.isNull())
@@ -220,7 +207,7 @@ QVariant TGridModel::data(const QModelIndex &index, int role) const
             return {};
         }
     case Qt::TextAlignmentRole:
-        return alignmentOf(described[index.column()].alignment.value_or(fieldOf(index.column())->Alignment));
+        return toQt(described[index.column()].alignment.value_or(fieldOf(index.column())->Alignment)).toInt();
     case Qt::EditRole:
         return set->data(set->index(index.row(), sources[index.column()]), Qt::EditRole);
     default:
