@@ -52,8 +52,7 @@ TEditUserDlg::TEditUserDlg(bool edit, int userId)
                      .rows = userRows(),
                      .buttons = {{"Iš&saugoti", TDialogButton::Save, true, {}, "OkBtn"},
                                  {"&Atšaukti", TDialogButton::Cancel, false, {}, {}}},
-                     .save = TSaveRule::WhenFilled,
-                     .prepare = nameColumns},
+                     .save = TSaveRule::WhenFilled},
                     TRecordStart::row(userId)),
       id(userId),
       exists(edit),
@@ -70,6 +69,7 @@ TEditUserDlg::TEditUserDlg(bool edit, int userId)
 
 void TEditUserDlg::Load()
 {
+    nameColumns(row());
     readSources();
     readWorkPlaces();
     if (exists)
