@@ -103,19 +103,26 @@ void TMainWindow::addEntryMenus()
     leave->setShortcut(QKeySequence("Alt+F4"));
     connectGuarded(leave, &QAction::triggered, this, [this] { close(); });
 
-    QHash<QString, QMenu *> menus;
     for (const TPackageEntry &entry : package.entries()) {
         if (entry.menu.isEmpty())
             continue;
-        QMenu *&menu = menus[entry.menu];
-        if (!menu) {
-            menu = menuBar()->addMenu(entry.menu);
-            entryMenus << menu;
-        }
-        QAction *action = menu->addAction(entry.caption);
+        QAction *action = menuOf(entry.menu)->addAction(entry.caption);
         action->setObjectName(entry.name);
         connectGuarded(action, &QAction::triggered, this, [this, name = entry.name] { openEntry(name); });
     }
+}
+
+// The menu at the end of the path, which is laid where it does not lead yet.
+QMenu *TMainWindow::menuOf(const QStringList &path)
+{
+    QMenu *&menu = menus[path];
+    if (!menu && path.size() == 1) {
+        menu = menuBar()->addMenu(path.first());
+        entryMenus << menu;
+    } else if (!menu) {
+        menu = menuOf(path.first(path.size() - 1))->addMenu(path.last());
+    }
+    return menu;
 }
 
 void TMainWindow::addWindowMenu()

@@ -33,6 +33,7 @@ protected:
 
 private:
     void addEntryMenus();
+    QMenu *menuOf(const QStringList &path);
     void addWindowMenu();
     void listWindows(QMenu *menu);
     void addHelpMenu();
@@ -44,7 +45,8 @@ private:
 
     TLoadedPackage &package;
     TDocumentArea *area;
-    QList<QMenu *> entryMenus;
+    QHash<QStringList, QMenu *> menus; // by the way to them
+    QList<QMenu *> entryMenus;         // those in the menu bar
     QLabel *institution;
     QLabel *user;
     QLabel *period;

@@ -28,9 +28,9 @@ struct TPackageEntry {
     QString name; // "TPeriodDlg", "StartPerClose": the class or the entry function; no two are alike
     QString unit; // the unit it lives in
     Kind kind = Kind::Function;
-    QString menu;    // the menu it stands in; empty: in none
-    QString caption; // its menu caption, with the accelerator
-    int help = 0;    // help topic; 0: none
+    QStringList menu; // the menu it stands in and its sub-menus on the way; empty: in none
+    QString caption;  // its menu caption, with the accelerator
+    int help = 0;     // help topic; 0: none
     std::function<QWidget *(QWidget *owner)> create;
     std::function<void()> call;
     // A call of the screen's own between its creation and its first showing; what it raises ends the screen.

@@ -9,13 +9,34 @@
 #include <QAction>
 #include <QHBoxLayout>
 
+#include <ranges>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+QList<TBrowseFrm *> &openLists()
+{
+    static QList<TBrowseFrm *> lists;
+    return lists;
+}
+
+} // namespace
+
+TBrowseFrm *TBrowseFrm::openList(const QString &name)
+{
+    for (TBrowseFrm *list : openLists() | std::views::reverse)
+        if (list->description.name == name)
+            return list;
+    return nullptr;
+}
 
 TBrowseFrm::TBrowseFrm(TBrowseDescription described, QWidget *owner)
     : TDocumentFrm({.name = described.name, .caption = described.caption, .help = described.help}, owner),
       description(std::move(described)),
       d(std::make_unique<Private>(this))
 {
+    openLists() << this;
     resize(TBrowseFrm::sizeHint());
     auto *body = new QWidget(this);
     d->grid = new TDBGrid(body);
@@ -35,6 +56,7 @@ TBrowseFrm::TBrowseFrm(TBrowseDescription described, QWidget *owner)
 
 TBrowseFrm::~TBrowseFrm()
 {
+    openLists().removeOne(this);
     // The data set goes before the widgets that look at it.
     d->query.disconnect(this);
     d->grid->setDataSet(nullptr);

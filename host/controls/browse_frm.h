@@ -25,6 +25,9 @@ public:
     TBrowseFrm(TBrowseDescription description, QWidget *owner);
     ~TBrowseFrm() override;
 
+    // The open list of that class ("TKasosFrm"), the last one opened; null when there is none.
+    static TBrowseFrm *openList(const QString &name);
+
     // --- the list
     TQuery *dataSet() const; // reads aside from transactions
     TDBGrid *grid() const;

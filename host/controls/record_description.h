@@ -62,4 +62,7 @@ struct TRecordStart {
     static TRecordStart row(const Variant &key) { return {Kind::Row, key, nullptr}; }
     static TRecordStart rowOrNew(bool isNew, const Variant &key) { return isNew ? newRow() : row(key); }
     static TRecordStart on(TQuery &list) { return {Kind::ListRow, {}, &list}; }
+    // The row that the open list of that class ("TKasosFrm") has in insert or edit state; raises when there
+    // is none.
+    static TRecordStart onRowOf(const QString &listName);
 };

@@ -1,6 +1,7 @@
 #include "host/controls/record_dialog.h"
 
 #include "host/common/forms.h"
+#include "host/controls/browse_frm.h"
 #include "host/data/main_datas.h"
 #include "toolkit/widgets/guard.h"
 
@@ -32,6 +33,14 @@ QString literal(const Variant &key)
 }
 
 } // namespace
+
+TRecordStart TRecordStart::onRowOf(const QString &listName)
+{
+    const TBrowseFrm *frm = TBrowseFrm::openList(listName);
+    if (!frm || !frm->dataSet()->editing())
+        throw Exception(u"Šis įrašas redaguojamas tik savo sąraše."_s);
+    return on(*frm->dataSet());
+}
 
 TRecordDialog::TRecordDialog(TRecordDescription described, TRecordStart opened, QWidget *owner)
     : TDialog(owner),

@@ -1,0 +1,6 @@
+#include "src/frame/entries.h"
+
+TPackageEntries peopleEntries()
+{
+    return {};
+}
