@@ -4,6 +4,7 @@
 #include "host/controls/browse_private.h"
 #include "host/controls/record_dialog.h"
 #include "host/controls/row_of_table.h"
+#include "toolkit/widgets/guard.h"
 
 #include <QAction>
 #include <QScopeGuard>
@@ -84,25 +85,36 @@ bool TBrowseFrm::editListRow(bool isNew)
     return description.editRow(isNew ? description.newCaption : description.editCaption, isNew);
 }
 
+// What the database refuses is told and asked for again, as it was given.
 bool TBrowseFrm::askForValues(bool isNew, Variant &key)
 {
     QVariantMap now;
     for (int i = 0; !isNew && i < d->query.FieldCount(); ++i)
         now.insert(d->query.Field(i)->FieldName().toLower(), d->query.Field(i)->Value());
-    const TListValues &values = description.values;
-    const auto given = values.ask(isNew ? description.newCaption : description.editCaption, now);
-    if (!given)
-        return false;
+    for (;;) {
+        const auto given =
+            description.values.ask(isNew ? description.newCaption : description.editCaption, now);
+        if (!given)
+            return false;
+        if (runGuarded(this, [&] { key = writeValues(isNew, key, *given); }))
+            return true;
+        for (const auto &[column, value] : given->asKeyValueRange())
+            now[column] = value;
+    }
+}
+
+Variant TBrowseFrm::writeValues(bool isNew, const Variant &key, const QVariantMap &given)
+{
     const TRowOfTable row{Database(), description.table, description.keyColumn};
+    const TListValues &values = description.values;
     try {
-        key = isNew ? row.insert(*given, values.key) : row.update(key, *given);
+        return isNew ? row.insert(given, values.key) : row.update(key, given);
     } catch (const EDatabaseError &) {
         const QString &told = isNew ? values.newFailure : values.editFailure;
         if (told.isEmpty())
             throw;
         throw Exception(told);
     }
-    return true;
 }
 
 bool TBrowseFrm::rowIsThere(const Variant &key) const

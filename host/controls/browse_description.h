@@ -30,13 +30,26 @@ struct TBrowseColumn {
     QString lookup;
 };
 
+// The text of a flag's column: yes, and no for 0.
+inline QString yesOrNo(const Variant &flag)
+{
+    return flag.toInt() != 0 ? QStringLiteral("Taip") : QStringLiteral("Ne");
+}
+
 // A list that writes its rows itself: its dialog only asks for values.
 struct TListValues {
-    // Shows the dialog with a row's values by column, none for a new row; null when the user gave up.
+    // Shows the dialog with a row's values by column in small letters, none for a new row; null when the user
+    // gave up. What the database refuses is asked for again.
     std::function<std::optional<QVariantMap>(const QString &caption, const QVariantMap &now)> ask;
     TKeyRule key;
     // Shown instead of what the database says when it refuses; empty: its own words.
     QString newFailure, editFailure;
+};
+
+// The statements of a list that holds its changes until its dialog saves; parameters are named after the
+// columns, OLD_name is the value before the change.
+struct TListStatements {
+    QString insert, update, remove;
 };
 
 // Rows that business records refer to are not deleted.
@@ -72,10 +85,11 @@ struct TBrowseDescription {
     // A dialog over the list's own current row, which the list has put into insert or edit state before.
     // Returns whether the user saved.
     std::function<bool(const QString &caption, bool isNew)> editRow;
+    TListStatements statements; // with editRow: what the dialog's changes are written by
     // A dialog that only asks for values.
     TListValues values;
 
-    // Further settings of the data set before it is opened first: live, cached updates, calculated fields.
+    // Further settings of the data set before it is opened first: live, calculated fields, rules of columns.
     std::function<void(TQuery &)> prepare;
 };
 

@@ -92,6 +92,11 @@ void TBrowseFrm::FormCreate()
     describeFields();
     d->statedOrder = d->orderColumn = statedOrder();
     d->query.setDatabase(Database());
+    const TListStatements &worded = description.statements;
+    d->query.CachedUpdates = !worded.update.isEmpty();
+    d->query.InsertSQL = worded.insert;
+    d->query.ModifySQL = worded.update;
+    d->query.DeleteSQL = worded.remove;
     if (description.prepare)
         description.prepare(d->query);
     d->grid->setDataSet(&d->query);

@@ -123,6 +123,7 @@ private:
     bool askFor(bool isNew, Variant &key);
     bool editListRow(bool isNew);
     bool askForValues(bool isNew, Variant &key);
+    Variant writeValues(bool isNew, const Variant &key, const QVariantMap &given);
 
     // Searching.
     TField *findField() const;

@@ -253,7 +253,12 @@ void TRecordDialog::reject()
 void TRecordDialog::saveAndNew()
 {
     if (trySave())
-        nextWanted() = true;
+        wantNext();
+}
+
+void TRecordDialog::wantNext()
+{
+    nextWanted() = true;
 }
 
 bool TRecordDialog::takeNextWanted()

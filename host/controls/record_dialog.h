@@ -35,6 +35,7 @@ public:
 
     // Whether the last editor was left by saving and going on; the wish is taken by asking.
     static bool takeNextWanted();
+    static void wantNext();
 
     void reject() override;
 

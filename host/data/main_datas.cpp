@@ -104,11 +104,27 @@ TDatabase *TMainDatas::mnRavl()
     return budget.get();
 }
 
+TQuery *TMainDatas::Tarn()
+{
+    if (!tarn)
+        tarn = std::make_unique<TQuery>(main.get(), u"select * from bd_tarn order by trn_id"_s);
+    return tarn.get();
+}
+
+void TMainDatas::RefreshTarn()
+{
+    if (!Tarn()->Active())
+        return;
+    Tarn()->Close();
+    Tarn()->Open();
+}
+
 void TMainDatas::makeReadOnly()
 {
     auto newMain = readOnlyCopy(*main);
     if (!CurrentUser().userAdmin)
         budget = readOnlyCopy(*budget);
+    tarn.reset();
     main = std::move(newMain);
 }
 

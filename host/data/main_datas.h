@@ -37,14 +37,20 @@ public:
     TDatabase *mnFin_Db();
     TDatabase *mnRavl();
 
+    // The civil-servant categories, by id: one set for all screens, opened by the first that needs it.
+    TQuery *Tarn();
+    // Who changed them says so: an open set is opened anew.
+    void RefreshTarn();
+
     // Opens the main session again read-only in the engine itself, and the budget session too unless the
-    // current user may administer users; for view-only users, at login. Pointers to the former sessions are
-    // dead afterwards. When it fails the former sessions stay.
+    // current user may administer users; for view-only users, at login. Pointers to the former sessions and
+    // sets are dead afterwards. When it fails the former sessions stay.
     void makeReadOnly();
 
 private:
     std::unique_ptr<TDatabase> main;
     std::unique_ptr<TDatabase> budget;
+    std::unique_ptr<TQuery> tarn;
 };
 TMainDatas *MainDatas();
 // The module becomes the owner; a null pointer closes the old one. The current period is read again.

@@ -1,5 +1,7 @@
 #include "src/catalogues/Imokos.h"
 #include "src/catalogues/Newimok.h"
+#include "src/catalogues/Pajamurusiukodai.h"
+#include "src/catalogues/Pajamurusiukodaiedit.h"
 #include "src/frame/entries.h"
 
 namespace {
@@ -12,12 +14,20 @@ void editPaymentCode()
     Newimok::EditImokos(code, false);
 }
 
+void editIncomeCode()
+{
+    Pajamurusiukodaiedit::ShowPajamuRusiuKodaiEdit(firstCode("bd_pajamurusiukodai", "paj_kod"), dsEdit);
+}
+
 } // namespace
 
 TPackageEntries catalogueEntries()
 {
     return {
+        listScreen<Pajamurusiukodai::TPajamuRusiuKodaiFrm>(Pajamurusiukodai::unit, codes,
+                                                           "&Pajamų rūšių kodai…", 64),
         listScreen<Imokos::TImokosFrm>(Imokos::unit, codes, "&Mokesčių, rinkliavų ir kitų įmokų kodai…", 61),
+        editor("ShowPajamuRusiuKodaiEdit", Pajamurusiukodaiedit::unit, 64, editIncomeCode),
         editor("EditImokos", Newimok::unit, 61, editPaymentCode),
     };
 }

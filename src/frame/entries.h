@@ -68,6 +68,7 @@ TPackageEntries debtorEntries();
 TPackageEntries peopleEntries();
 TPackageEntries moneyEntries();
 TPackageEntries departmentEntries();
+TPackageEntries assetEntries();
 TPackageEntries catalogueEntries();
 TPackageEntries userEntries();
 

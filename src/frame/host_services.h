@@ -8,6 +8,7 @@
 #include "host/controls/record_dialog.h"
 #include "host/controls/side_choice.h"
 #include "host/controls/transactions.h"
+#include "host/controls/value_dialog.h"
 
 // HostCommon
 #include "host/common/forms.h"
@@ -19,6 +20,7 @@
 
 // HostData
 #include "host/data/account_row.h"
+#include "host/data/catalogue_row.h"
 #include "host/data/main_datas.h"
 #include "host/data/party_row.h"
 #include "host/data/reports.h"

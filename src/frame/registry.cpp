@@ -1,9 +1,16 @@
 #include "src/frame/registry.h"
 
+#include "src/assets/Editf.h"
+#include "src/assets/Editpirktip.h"
+#include "src/assets/Objektai.h"
+#include "src/assets/Pardtip.h"
+#include "src/assets/Pirktip.h"
 #include "src/balances/Saslikedit.h"
 #include "src/balances/Slikuciai.h"
 #include "src/catalogues/Imokos.h"
 #include "src/catalogues/Newimok.h"
+#include "src/catalogues/Pajamurusiukodai.h"
+#include "src/catalogues/Pajamurusiukodaiedit.h"
 #include "src/debtors/Chdbkr.h"
 #include "src/debtors/Copydbkr.h"
 #include "src/debtors/Dbkr.h"
@@ -11,6 +18,16 @@
 #include "src/frame/SysInit.h"
 #include "src/frame/Velmora.h"
 #include "src/frame/entries.h"
+#include "src/money/Bankai.h"
+#include "src/money/Bankaied.h"
+#include "src/money/Fined.h"
+#include "src/money/Finlist.h"
+#include "src/people/Drbklasred.h"
+#include "src/people/Drbklassar.h"
+#include "src/people/Editprg.h"
+#include "src/people/Pareig.h"
+#include "src/people/Vtarn.h"
+#include "src/people/Vtarnnew.h"
 #include "src/period/Closeperiod.h"
 #include "src/period/Perback.h"
 #include "src/period/Period.h"
@@ -24,22 +41,39 @@
 const std::vector<TUnit *> &packageUnits()
 {
     static const std::vector<TUnit *> units = {
-        &Velmora::unit,     //
-        &SysInit::unit,     //
-        &Dbkrsut::unit,     //
-        &Chdbkr::unit,      //
-        &Copydbkr::unit,    //
-        &Newimok::unit,     //
-        &Imokos::unit,      //
-        &Saslikedit::unit,  //
-        &Slikuciai::unit,   //
-        &Usersch::unit,     //
-        &Confpas::unit,     //
-        &Period::unit,      //
-        &Perback::unit,     //
-        &Dbkr::unit,        //
-        &Closeperiod::unit, //
-        &Userslist::unit,   //
+        &Velmora::unit,              //
+        &SysInit::unit,              //
+        &Dbkrsut::unit,              //
+        &Chdbkr::unit,               //
+        &Copydbkr::unit,             //
+        &Pajamurusiukodaiedit::unit, //
+        &Pajamurusiukodai::unit,     //
+        &Vtarnnew::unit,             //
+        &Vtarn::unit,                //
+        &Fined::unit,                //
+        &Finlist::unit,              //
+        &Editpirktip::unit,          //
+        &Bankaied::unit,             //
+        &Bankai::unit,               //
+        &Drbklasred::unit,           //
+        &Drbklassar::unit,           //
+        &Objektai::unit,             //
+        &Editf::unit,                //
+        &Newimok::unit,              //
+        &Imokos::unit,               //
+        &Saslikedit::unit,           //
+        &Slikuciai::unit,            //
+        &Usersch::unit,              //
+        &Confpas::unit,              //
+        &Pirktip::unit,              //
+        &Period::unit,               //
+        &Perback::unit,              //
+        &Pareig::unit,               //
+        &Editprg::unit,              //
+        &Pardtip::unit,              //
+        &Dbkr::unit,                 //
+        &Closeperiod::unit,          //
+        &Userslist::unit,            //
     };
     return units;
 }
@@ -49,7 +83,7 @@ const TPackageEntries &packageEntries()
     static const TPackageEntries entries = [] {
         TPackageEntries all;
         for (const auto &part : {periodEntries, balanceEntries, debtorEntries, peopleEntries, moneyEntries,
-                                 departmentEntries, catalogueEntries, userEntries})
+                                 departmentEntries, assetEntries, catalogueEntries, userEntries})
             std::ranges::move(part(), std::back_inserter(all));
         return all;
     }();

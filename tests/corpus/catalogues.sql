@@ -1,6 +1,10 @@
 -- screen: TBankaiFrm, session: mnFin_Db
 SELECT * FROM BD_BANKAI ORDER BY BNK_PAVAD
 ;;
+-- screen: TBankaiDlg, session: mnFin_Db
+-- param kodas = 70440
+SELECT * FROM BD_BANKAI WHERE BNK_KODAS = :kodas
+;;
 -- screen: TBankaiFrm, session: mnFin_Db
 select f_CheckUsed('BD_BANKAI', 'BNK_KODAS', '70440') from dummy
 ;;
@@ -70,7 +74,7 @@ delete from bd_fin where fin_id = :OLD_fin_id
 select * from bd_prg
 ;;
 -- screen: TPareigFrm, session: mnFin_Db
-select PRG_ID, PRG_PAVAD, PRG_SUBORD, PRG_KLA_KOD, PRG_MOKGYD, PRG_TRNID, TRN_PAVAD from bd_prg left outer join bd_tarn on PRG_TRNID = TRN_ID
+select TRN_ID, cast(TRN_ID as varchar(12)) + '  ' + TRN_PAVAD from bd_tarn
 ;;
 -- screen: TEditPrgDlg, session: mnFin_Db
 select max(prg_id) from bd_prg
@@ -89,13 +93,14 @@ insert into bd_prg (PRG_ID, PRG_PAVAD, PRG_SUBORD, PRG_KLA_KOD, PRG_MOKGYD, PRG_
 values (:PRG_ID, :PRG_PAVAD, :PRG_SUBORD, :PRG_KLA_KOD, :PRG_MOKGYD, :PRG_TRNID)
 ;;
 -- screen: TPareigFrm, session: mnFin_Db
+-- param PRG_ID = 2
 -- param PRG_PAVAD = 'Ūkvedys'
 -- param PRG_SUBORD = 1
 -- param PRG_KLA_KOD = 47
 -- param PRG_MOKGYD = 0
 -- param PRG_TRNID = null
 -- param OLD_PRG_ID = 2
-update bd_prg set PRG_PAVAD = :PRG_PAVAD, PRG_SUBORD = :PRG_SUBORD, PRG_KLA_KOD = :PRG_KLA_KOD, PRG_MOKGYD = :PRG_MOKGYD, PRG_TRNID = :PRG_TRNID where PRG_ID = :OLD_PRG_ID
+update bd_prg set PRG_ID = :PRG_ID, PRG_PAVAD = :PRG_PAVAD, PRG_SUBORD = :PRG_SUBORD, PRG_KLA_KOD = :PRG_KLA_KOD, PRG_MOKGYD = :PRG_MOKGYD, PRG_TRNID = :PRG_TRNID where PRG_ID = :OLD_PRG_ID
 ;;
 -- screen: TPareigFrm, session: mnFin_Db
 -- param OLD_PRG_ID = 2
@@ -115,10 +120,11 @@ insert into bd_tarn (TRN_ID, TRN_PAVAD, TRN_KOEF)
 values (:TRN_ID, :TRN_PAVAD, :TRN_KOEF)
 ;;
 -- screen: TVTarnFrm, session: mnFin_Db
+-- param TRN_ID = 3
 -- param TRN_PAVAD = 'Vyresnysis'
 -- param TRN_KOEF = 1.35
 -- param OLD_TRN_ID = 3
-update bd_tarn set TRN_PAVAD = :TRN_PAVAD, TRN_KOEF = :TRN_KOEF where TRN_ID = :OLD_TRN_ID
+update bd_tarn set TRN_ID = :TRN_ID, TRN_PAVAD = :TRN_PAVAD, TRN_KOEF = :TRN_KOEF where TRN_ID = :OLD_TRN_ID
 ;;
 -- screen: TVTarnFrm, session: mnFin_Db
 -- param OLD_TRN_ID = 3

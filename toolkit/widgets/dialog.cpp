@@ -189,6 +189,7 @@ bool TDialog::saveAndStay()
     try {
         for (TDBControl *control : TDBControl::allIn(this))
             control->commit();
+        ownFields->requireOwnFilled();
         Validate();
         saveInTransaction([this] { Save(); });
     } catch (const Exception &error) {

@@ -1,5 +1,6 @@
 #include "toolkit/widgets/field_row.h"
 
+#include "toolkit/data/query.h"
 #include "toolkit/text/format.h"
 #include "toolkit/widgets/lithuanian.h"
 
@@ -35,6 +36,16 @@ double amountOf(const TField &field, const QString &typed)
     if (StrToFloat(FormatFloat(u"0.00"_s, amount)) != amount)
         refuse(u"gali turėti tik du skaitmenis po kablelio!"_s);
     return amount;
+}
+
+// The column itself tells a text that is no number.
+void requireBetween(const TField &field, const QString &typed, const std::pair<double, double> &bounds)
+{
+    bool isNumber = false;
+    const double number = QString(typed).replace(u',', u'.').toDouble(&isNumber);
+    if (isNumber && (number < bounds.first || number > bounds.second))
+        throw EConvertError(u"Laukas \"%1\" turi būti nuo %2 iki %3!"_s.arg(
+            field.label(), FloatToStr(bounds.first), FloatToStr(bounds.second)));
 }
 
 } // namespace
@@ -127,6 +138,16 @@ TFieldRow TFieldRow::lookup(const QString &label, const QString &column, TDataSe
     return over(label, column, [=](QWidget *parent) {
         auto *combo = new TDBLookupComboBox(parent);
         combo->setList(list, key, shown);
+        return combo;
+    });
+}
+
+TFieldRow TFieldRow::lookup(const QString &label, const QString &column, TDatabase *session,
+                            const QString &statement, const QString &key, const QString &shown)
+{
+    return over(label, column, [=](QWidget *parent) {
+        auto *combo = new TDBLookupComboBox(parent);
+        combo->setList(new TQuery(session, statement, combo), key, shown);
         return combo;
     });
 }
@@ -243,6 +264,12 @@ TFieldRow &TFieldRow::money()
     return format(u"0.00"_s);
 }
 
+TFieldRow &TFieldRow::between(double low, double high)
+{
+    bounds.emplace(low, high);
+    return *this;
+}
+
 TFieldRow &TFieldRow::format(const QString &picture)
 {
     displayFormat = picture;
@@ -287,10 +314,13 @@ void TFieldRow::applyTo(TField &field, const QWidget *control) const
 std::function<Variant(TField &, const QString &)> TFieldRow::rulesOfTyping(const TField &field) const
 {
     const bool blanksCount = isText(field) && !isRequired && !blanksAreNull;
-    return [blanksCount, amounts = isMoney](TField &typedInto, const QString &typed) -> Variant {
+    return [blanksCount, amounts = isMoney, limits = bounds](TField &typedInto,
+                                                             const QString &typed) -> Variant {
         const bool isNothing = blanksCount ? typed.isEmpty() : typed.trimmed().isEmpty();
         if (isNothing)
             return {};
+        if (limits)
+            requireBetween(typedInto, typed, *limits);
         return amounts ? Variant(amountOf(typedInto, typed)) : Variant(typed);
     };
 }

@@ -7,6 +7,7 @@
 #include "toolkit/widgets/db_image.h"
 
 #include <functional>
+#include <optional>
 
 class TDatabase;
 class TFieldForm;
@@ -39,11 +40,14 @@ public:
     static TFieldRow suggest(const QString &label, const QString &column, const QString &sql);
     static TFieldRow suggest(const QString &label, const QString &column, TDatabase *session,
                              const QString &sql);
-    // A drop-down that stores a key: of a data set, of given choices, or of a statement that gives text and
-    // key. A statement is read once, when the form is made, and what it raises reaches the maker of the form;
-    // without a session it runs in that of the form's set.
+    // A drop-down that stores a key: of a data set or a statement with a column of keys and one of texts, of
+    // given choices, or of a statement that gives text and key. A statement is read once, when the form is
+    // made, and what it raises reaches the maker of the form; without a session it runs in that of the form's
+    // set.
     static TFieldRow lookup(const QString &label, const QString &column, TDataSet *list, const QString &key,
                             const QString &shown);
+    static TFieldRow lookup(const QString &label, const QString &column, TDatabase *session,
+                            const QString &sql, const QString &key, const QString &shown);
     static TFieldRow choices(const QString &label, const QString &column, const TChoices &choices);
     static TFieldRow pick(const QString &label, const QString &column, const QString &sql);
     static TFieldRow pick(const QString &label, const QString &column, TDatabase *session,
@@ -69,6 +73,7 @@ public:
     TFieldRow &required();                 // blanks count as empty
     TFieldRow &blankIsNull();              // a text of blanks is stored as null
     TFieldRow &money();                    // shown as "0.00"; a typed text with parts of a cent is refused
+    TFieldRow &between(double low, double high); // a typed number outside is refused
     TFieldRow &format(const QString &format);
     TFieldRow &defaultValue(const QVariant &value); // of a new record
     TFieldRow &firstPreselected();                  // a new record has the first item of the list
@@ -127,6 +132,7 @@ private:
     bool isRequired = false;
     bool blanksAreNull = false;
     bool isMoney = false;
+    std::optional<std::pair<double, double>> bounds;
     bool startsWithFirst = false;
     bool isReadOnly = false;
     bool isHidden = false;

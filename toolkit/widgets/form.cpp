@@ -11,6 +11,8 @@
 #include <QHBoxLayout>
 #include <QToolButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A record that was begun before the form was made knows nothing of what the rows preset.
@@ -251,12 +253,26 @@ bool TFieldForm::isFilled(const QString &name) const
     return showsValue(control(name));
 }
 
+bool TFieldForm::isMissing(const Made &made)
+{
+    const bool asked = made.row.isRequired && !made.line->isHidden() && made.line->isEnabled();
+    return asked && !showsValue(made.control);
+}
+
 bool TFieldForm::requiredFilled() const
 {
-    return std::all_of(fields.begin(), fields.end(), [](const Made &made) {
-        const bool asked = made.row.isRequired && !made.line->isHidden() && made.line->isEnabled();
-        return !asked || showsValue(made.control);
-    });
+    return std::ranges::none_of(fields, isMissing);
+}
+
+void TFieldForm::requireOwnFilled()
+{
+    for (const Made &made : std::as_const(fields)) {
+        if (made.row.isBound || !isMissing(made))
+            continue;
+        const QString why = u"Laukas \"%1\" negali būti tuščias!"_s.arg(made.row.spokenName());
+        refuse(made.row.name, why);
+        throw Exception(why);
+    }
 }
 
 QList<TFieldForm::ButtonsPlace> TFieldForm::buttonsPlaces() const

@@ -29,6 +29,9 @@ public:
     bool isFilled(const QString &name) const;
     // The same of every required row that is neither hidden nor disabled.
     bool requiredFilled() const;
+    // Refuses the first required row without a column that shows nothing; those over columns are the set's to
+    // refuse.
+    void requireOwnFilled();
 
     void setRowVisible(const QString &name, bool visible);
     void setLabel(const QString &name, const QString &label);
@@ -58,6 +61,7 @@ private:
     void addRow(QFormLayout *layout, const TFieldRow &row);
     void readItems(const Made &made) const;
     QWidget *withButtons(Made &made);
+    static bool isMissing(const Made &made);
     void chain(const Made &made);
     void listenTo(const Made &made);
     void describeFields();

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "toolkit/widgets/dialog.h"
+
+#include <QApplication>
+
+// What a dialog that only asks for values says about itself.
+struct TValueDescription {
+    QString name; // the dialog's class
+    QString caption;
+    int help = 0; // help topic; 0: none
+    QList<TFieldRow> rows;
+    QList<TDialogButton> buttons = saveAndCancel();
+};
+
+// A dialog that asks for values and writes nothing: a list that writes its rows itself shows it (see
+// TListValues).
+//
+// - Who may only look finds every control disabled.
+// - Ctrl+Enter confirms; the list then asks for the next new row.
+class TValueDialog : public TDialog {
+    Q_OBJECT
+public:
+    explicit TValueDialog(const TValueDescription &described, QWidget *owner = QApplication::activeWindow());
+    ~TValueDialog() override;
+
+protected:
+    void Load() override;
+    void saveAndNew() override;
+
+    // The dialog's exported global: set while it exists.
+    template<class T> void keepIn(T *&global)
+    {
+        global = static_cast<T *>(this);
+        release = [&global] { global = nullptr; };
+    }
+
+private:
+    std::function<void()> release;
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+class QLineEdit;
+
+// The dialog of one name, for lists that have nothing else.
+namespace Editf {
+
+extern TUnit unit;
+
+// Asks for a name of 1 to 100 characters. True when the user confirmed; name is then what he typed, and
+// otherwise stays as it was.
+bool EditFin(const AnsiString &caption, AnsiString &name);
+
+// The same as a list asks for the values of its rows; column (in small letters) is that of the name.
+std::function<std::optional<QVariantMap>(const QString &caption, const QVariantMap &now)>
+askName(const QString &column);
+
+class TFinEditDlg : public TValueDialog {
+    Q_OBJECT
+public:
+    TFinEditDlg(const AnsiString &caption, const AnsiString &name);
+
+    const AnsiString &name() const { return confirmed; }
+
+protected:
+    void Validate() override;
+
+private:
+    QLineEdit *edit;
+    AnsiString confirmed;
+};
+
+extern TFinEditDlg *FinEditDlg;
+
+} // namespace Editf

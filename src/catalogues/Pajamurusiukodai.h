@@ -1,0 +1,19 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+// Codes of the kinds of income.
+namespace Pajamurusiukodai {
+
+extern TUnit unit;
+
+class TPajamuRusiuKodaiFrm : public TBrowseFrm {
+    Q_OBJECT
+public:
+    explicit TPajamuRusiuKodaiFrm(QWidget *owner);
+};
+
+extern TPajamuRusiuKodaiFrm *PajamuRusiuKodaiFrm;
+
+} // namespace Pajamurusiukodai

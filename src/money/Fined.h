@@ -1,0 +1,27 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+namespace Fined {
+
+extern TUnit unit;
+
+// Edits the row that the list of financing sources has in insert or edit state; true when the user saved.
+bool FinShow();
+
+class TFinEdDlg : public TRecordDialog {
+    Q_OBJECT
+public:
+    TFinEdDlg();
+
+protected:
+    void Validate() override;
+
+private:
+    void requireOfOrganisation(const char *column);
+};
+
+extern TFinEdDlg *FinEdDlg;
+
+} // namespace Fined

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+// Financing sources; they live beside the users.
+namespace Finlist {
+
+extern TUnit unit;
+
+class TFinListFrm : public TBrowseFrm {
+    Q_OBJECT
+public:
+    explicit TFinListFrm(QWidget *owner);
+};
+
+extern TFinListFrm *FinListFrm;
+
+} // namespace Finlist

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+namespace Drbklasred {
+
+extern TUnit unit;
+
+// Edits the row that the list of professional groups has in insert or edit state.
+void DrbKlasShow();
+
+class TDrbKlasRedFrm : public TRecordDialog {
+    Q_OBJECT
+public:
+    TDrbKlasRedFrm();
+
+protected:
+    void Validate() override;
+};
+
+extern TDrbKlasRedFrm *DrbKlasRedFrm;
+
+} // namespace Drbklasred

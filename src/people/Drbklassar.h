@@ -1,0 +1,19 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+// Professional groups; a group's code is one decimal digit under its type.
+namespace Drbklassar {
+
+extern TUnit unit;
+
+class TDrbKlasFrm : public TBrowseFrm {
+    Q_OBJECT
+public:
+    explicit TDrbKlasFrm(QWidget *owner);
+};
+
+extern TDrbKlasFrm *DrbKlasFrm;
+
+} // namespace Drbklassar

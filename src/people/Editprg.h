@@ -1,0 +1,21 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+namespace Editprg {
+
+extern TUnit unit;
+
+// Edits the row that the list of positions has in insert or edit state; true when the user saved.
+bool PrgEdit(const bool isNew);
+
+class TEditPrgDlg : public TRecordDialog {
+    Q_OBJECT
+public:
+    TEditPrgDlg();
+};
+
+extern TEditPrgDlg *EditPrgDlg;
+
+} // namespace Editprg

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+// Civil-servant categories.
+namespace Vtarn {
+
+extern TUnit unit;
+
+class TVTarnFrm : public TBrowseFrm {
+    Q_OBJECT
+public:
+    explicit TVTarnFrm(QWidget *owner);
+
+protected:
+    void CheckUsed() override;
+    void DeleteRecord() override;
+};
+
+extern TVTarnFrm *VTarnFrm;
+
+} // namespace Vtarn

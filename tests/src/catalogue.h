@@ -1,0 +1,151 @@
+#pragma once
+
+#include "host/data/sas_edit.h"
+#include "tests/src/open_books.h"
+#include "tests/support/message_box.h"
+#include "toolkit/widgets/db_grid.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+
+// A catalogue as its user has it: the list, and the editor that opens from it.
+template<class List, class Dialog> class OnCatalogue : public OnOpenBooks {
+protected:
+    using User = std::function<void(Dialog &)>;
+
+    void TearDown() override
+    {
+        close();
+        OnOpenBooks::TearDown();
+    }
+    void open()
+    {
+        list = createForm<List>(nullptr);
+        list->show();
+    }
+    void close()
+    {
+        if (list)
+            list->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    // --- the list
+    // What a column shows, from top to bottom.
+    QStringList shown(int column)
+    {
+        list->dataSet()->RecordCount();
+        QCoreApplication::processEvents();
+        QStringList texts;
+        for (int row = 0; row < list->grid()->model()->rowCount(); ++row)
+            texts << list->grid()->model()->index(row, column).data().toString();
+        return texts;
+    }
+    QStringList titles()
+    {
+        QStringList texts;
+        for (int column = 0; column < list->grid()->model()->columnCount(); ++column)
+            texts << list->grid()->model()->headerData(column, Qt::Horizontal).toString();
+        return texts;
+    }
+    int key() const { return list->currentKey().toInt(); }
+    void add(User user)
+    {
+        OnNextDialog<Dialog> dialog(std::move(user));
+        list->NewBtnClick();
+    }
+    void change(const Variant &row, User user)
+    {
+        list->RefreshData(row);
+        OnNextDialog<Dialog> dialog(std::move(user));
+        list->EditBtnClick();
+    }
+    // Answers the question with yes; the texts of all boxes that come.
+    QStringList erase(const Variant &row,
+                      std::initializer_list<QMessageBox::StandardButton> answers = {QMessageBox::Yes})
+    {
+        list->RefreshData(row);
+        NextBoxes boxes(answers);
+        list->acDelete->trigger();
+        return boxes.texts();
+    }
+
+    // --- the editor
+    static QLineEdit *edit(QWidget &dialog, const char *column)
+    {
+        auto *found = dialog.findChild<QWidget *>(column);
+        auto *line = qobject_cast<QLineEdit *>(found);
+        return line ? line : found->findChild<QLineEdit *>();
+    }
+    static QComboBox *box(QWidget &dialog, const char *column)
+    {
+        return dialog.findChild<QComboBox *>(column);
+    }
+    static TSasEdit *picker(QWidget &dialog, const char *column)
+    {
+        return dialog.findChild<TSasEdit *>(column);
+    }
+    static QStringList items(QWidget &dialog, const char *column)
+    {
+        QStringList texts;
+        for (int item = 0; item < box(dialog, column)->count(); ++item)
+            texts << box(dialog, column)->itemText(item);
+        return texts;
+    }
+    static void choose(QWidget &dialog, const char *column, const QString &item)
+    {
+        QComboBox *list = box(dialog, column);
+        list->setFocus();
+        list->setCurrentIndex(list->findText(item));
+        emit list->activated(list->currentIndex());
+    }
+    static void paste(QLineEdit *line, const QString &text)
+    {
+        QApplication::clipboard()->setText(text);
+        line->selectAll();
+        line->paste();
+    }
+    static QPushButton *saver(QWidget &dialog) { return dialog.findChild<QPushButton *>("Išsaugoti"); }
+    static void save(QWidget &dialog) { pressButton(dialog, "Išsaugoti"); }
+    static void leaveUnsaved(QDialog &dialog) { dialog.reject(); }
+    // Saves and expects to be refused; the dialog stays open.
+    static QString refusal(QWidget &dialog)
+    {
+        NextBoxes told{QMessageBox::Ok};
+        save(dialog);
+        EXPECT_TRUE(dialog.isVisible());
+        return told.at(0).text;
+    }
+
+    // --- the other station
+    // Runs once, inside the save, when the key of the new row is drawn.
+    static void whenKeyIsDrawn(QWidget &dialog, const char *keyColumn, std::function<void()> happens)
+    {
+        dialog.findChild<TQuery *>()->describe(keyColumn, [happens](TField &drawn) {
+            drawn.OnChange = [happens](TField &key) {
+                key.OnChange = {};
+                happens();
+            };
+        });
+    }
+    // Whether another station could write just now; it does not wait.
+    bool elsewhere(const std::function<void(TDatabase &)> &write)
+    {
+        TSessionSettings settings = finSettings();
+        settings.busyTimeoutMs = 50;
+        try {
+            write(*OnBothEngines::open(settings));
+            return true;
+        } catch (const EDatabaseBusy &) {
+            return false;
+        }
+    }
+
+    QPointer<List> list;
+};
