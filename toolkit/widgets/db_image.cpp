@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QImageReader>
 #include <QPainter>
+#include <QtEndian>
 
 using namespace Qt::StringLiterals;
 
@@ -32,6 +33,12 @@ QByteArray contentOf(const QString &name)
     return content;
 }
 
+// A bitmap tells its own length in its third to sixth byte; the reader takes a shorter one for a whole one.
+bool isCutOff(const QByteArray &format, const QByteArray &content)
+{
+    return format == "bmp" && qFromLittleEndian<quint32>(content.constData() + 2) > quint32(content.size());
+}
+
 // The size is read before the picture is: a small file may unfold to more than the memory holds.
 void checkPicture(const QString &name, const QByteArray &content)
 {
@@ -45,7 +52,7 @@ void checkPicture(const QString &name, const QByteArray &content)
     if (qint64(size.width()) * size.height() > mostPixels)
         throw EConvertError(
             u"Paveikslėlis „%1“ per didelis: %2 × %3 taškų"_s.arg(name).arg(size.width()).arg(size.height()));
-    if (reader.read().isNull())
+    if (isCutOff(reader.format(), content) || reader.read().isNull())
         throw EConvertError(u"Failas „%1“ sugadintas: paveikslėlio parodyti negalima"_s.arg(name));
 }
 

@@ -102,10 +102,9 @@ TEST_P(Categories, AreAddedUnderADrawnKeyAndStayInTheList)
 TEST_P(Categories, ACoefficientThatIsNoneIsRefusedInWords)
 {
     change(3, [](TVTarnDlg &dialog) {
-        for (const auto &[typed, why] :
-             {std::pair("-1", "Laukas \"Koef.\" turi būti nuo 0 iki 1000!"),
-              std::pair("1e400", "Laukas \"Koef.\": „1e400“ nėra skaičius."),
-              std::pair("du", "Laukas \"Koef.\": „du“ nėra skaičius.")}) {
+        for (const auto &[typed, why] : {std::pair("-1", "Laukas \"Koef.\" turi būti nuo 0 iki 1000!"),
+                                         std::pair("1e400", "Laukas \"Koef.\": „1e400“ nėra skaičius."),
+                                         std::pair("du", "Laukas \"Koef.\": „du“ nėra skaičius.")}) {
             type(edit(dialog, "TRN_KOEF"), typed);
             EXPECT_EQ(refusal(dialog), why) << typed;
             EXPECT_EQ(edit(dialog, "TRN_KOEF")->text(), typed);
