@@ -162,6 +162,8 @@ void TRecordDialog::requireAllUnique()
 
 void TRecordDialog::requireUnique(const TUniqueCode &code)
 {
+    if (field(code.column)->IsNull())
+        return;
     const QString value = field(code.column)->AsString();
     QString sql =
         u"select count(%1) from %2 where %3 ="_s.arg(description.keyColumn, description.table, code.column) +

@@ -18,7 +18,7 @@ protected:
     {
         OnOpenBooks::SetUp();
         ravl().ExecSQL("insert into bd_savivaldybes (sav_kod, sav_pavad) values (13, 'Žiogelių')");
-        ravl().ExecSQL("insert into bd_fin (fin_id, fin_pavad, fin_dir) values (4, 'Biudžetas', '01')");
+        ravl().ExecSQL("insert into bd_fin (fin_pavad, fin_dir) values ('Biudžetas', '01')");
         open();
     }
     static TDatabase &ravl() { return *MainDatas()->mnRavl(); }
@@ -61,19 +61,19 @@ TEST_P(Financing, SourcesAreAddedUnderTheKeyThatTheDatabaseGives)
         choose(dialog, "Fin_Savivaldybe", "Žiogelių");
         save(dialog);
     });
-    EXPECT_EQ(stored(), QStringList({"4|Biudžetas|01|NULL|NULL|NULL|NULL|NULL",
-                                     "5|Spec. lėšos|02|NULL|NULL|NULL|13|1"}));
-    EXPECT_EQ(key(), 5) << "the key is read back";
-    change(5, [](TFinEdDlg &dialog) {
+    EXPECT_EQ(stored(), QStringList({"1|Biudžetas|01|NULL|NULL|NULL|NULL|NULL",
+                                     "2|Spec. lėšos|02|NULL|NULL|NULL|13|1"}));
+    EXPECT_EQ(key(), 2) << "the key is read back";
+    change(2, [](TFinEdDlg &dialog) {
         type(edit(dialog, "fin_pavad"), "Spec. programa");
         save(dialog);
     });
-    EXPECT_EQ(rows(ravl(), "select fin_pavad from bd_fin where fin_id = 5"), QStringList("Spec. programa"));
+    EXPECT_EQ(rows(ravl(), "select fin_pavad from bd_fin where fin_id = 2"), QStringList("Spec. programa"));
 }
 
 TEST_P(Financing, AnOrganisationNeedsItsAddressAndItsCode)
 {
-    change(4, [](TFinEdDlg &dialog) {
+    change(1, [](TFinEdDlg &dialog) {
         type(edit(dialog, "fin_org_pavad"), "Gimnazija");
         {
             NextBoxes asked{QMessageBox::Yes};
@@ -93,17 +93,17 @@ TEST_P(Financing, AnOrganisationNeedsItsAddressAndItsCode)
         type(edit(dialog, "fin_i_kod"), "190000000");
         save(dialog);
     });
-    EXPECT_EQ(stored(), QStringList("4|Biudžetas|01|Gimnazija|Šilo g. 7|190000000|NULL|NULL"));
+    EXPECT_EQ(stored(), QStringList("1|Biudžetas|01|Gimnazija|Šilo g. 7|190000000|NULL|NULL"));
 }
 
 TEST_P(Financing, NoInsteadClearsTheNameOfTheOrganisation)
 {
-    change(4, [](TFinEdDlg &dialog) {
+    change(1, [](TFinEdDlg &dialog) {
         type(edit(dialog, "fin_org_pavad"), "Gimnazija");
         NextBoxes asked{QMessageBox::No};
         save(dialog);
     });
-    EXPECT_EQ(stored(), QStringList("4|Biudžetas|01|NULL|NULL|NULL|NULL|NULL"));
+    EXPECT_EQ(stored(), QStringList("1|Biudžetas|01|NULL|NULL|NULL|NULL|NULL"));
 }
 
 TEST_P(Financing, BlanksAreNoNameAndLettersAreNoCompanyCode)
@@ -123,13 +123,13 @@ TEST_P(Financing, AnEmblemIsTakenFromAFileAndTakenAway)
 {
     for (const char *format : {"png", "jpeg", "bmp"}) {
         const QString file = picture(format);
-        change(4, [&](TFinEdDlg &dialog) {
+        change(1, [&](TFinEdDlg &dialog) {
             emblem(dialog)->loadFromFile(file);
             save(dialog);
         });
         EXPECT_EQ(ravl().fieldResult("select fin_org_zenklas from bd_fin").toByteArray(), contentOf(file));
     }
-    change(4, [](TFinEdDlg &dialog) {
+    change(1, [](TFinEdDlg &dialog) {
         EXPECT_TRUE(emblem(dialog)->hasPicture());
         emblem(dialog)->clearPicture();
         save(dialog);
@@ -145,7 +145,7 @@ TEST_P(Financing, ABrokenPictureAndAHugeOneAreRefusedInWords)
     ASSERT_TRUE(QFile::resize(broken, QFileInfo(broken).size() / 2));
     QFile file(huge);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(11 * 1024 * 1024));
-    change(4, [&](TFinEdDlg &dialog) {
+    change(1, [&](TFinEdDlg &dialog) {
         const auto refused = [&dialog](const QString &name) {
             try {
                 emblem(dialog)->loadFromFile(name);
@@ -165,19 +165,19 @@ TEST_P(Financing, ABrokenPictureAndAHugeOneAreRefusedInWords)
 TEST_P(Financing, ASourceOfUsersRightsIsNotDeleted)
 {
     ravl().ExecSQL("insert into bd_usr (usr_id, usr_name) values (1, 'ona')");
-    ravl().ExecSQL("insert into bd_usrkdv (udv_usrid, udv_finid, udv_kdv) values (1, 4, 1)");
-    EXPECT_EQ(erase(4, {QMessageBox::Ok}), QStringList("Finansavimo šaltinis \"Biudžetas\" yra naudojamas!"));
+    ravl().ExecSQL("insert into bd_usrkdv (udv_usrid, udv_finid, udv_kdv) values (1, 1, 1)");
+    EXPECT_EQ(erase(1, {QMessageBox::Ok}), QStringList("Finansavimo šaltinis \"Biudžetas\" yra naudojamas!"));
     ravl().ExecSQL("delete from bd_usrkdv");
-    EXPECT_EQ(erase(4), QStringList("Ar tikrai norite ištrinti?"));
+    EXPECT_EQ(erase(1), QStringList("Ar tikrai norite ištrinti?"));
     EXPECT_EQ(stored(), QStringList());
 }
 
 TEST_P(Financing, CancellingDropsWhatIsHeld)
 {
-    change(4, [](TFinEdDlg &dialog) {
+    change(1, [](TFinEdDlg &dialog) {
         type(edit(dialog, "fin_pavad"), "Kitaip");
         leaveUnsaved(dialog);
     });
     EXPECT_EQ(shown(0), QStringList("Biudžetas"));
-    EXPECT_EQ(stored(), QStringList("4|Biudžetas|01|NULL|NULL|NULL|NULL|NULL"));
+    EXPECT_EQ(stored(), QStringList("1|Biudžetas|01|NULL|NULL|NULL|NULL|NULL"));
 }
