@@ -77,6 +77,7 @@ public:
             if (entry.kind == TPackageEntry::Kind::ListScreen) {
                 TTourHands::chooseFromMenu(window, entry.name);
                 lookAt(entry, "Langas atidarytas iš meniu.");
+                lookBehindEdit();
                 window.documents()->closeAllSubWindows();
             } else {
                 hands.whenAsked([&](QWidget &dialog) {
@@ -183,7 +184,6 @@ public:
     void registers()
     {
         TTourHands::chooseFromMenu(window, "TDbKrFrm");
-        lookBehind("acEdit", "Debitorius ar kreditorius", "Keičiamas pažymėtas įrašas.");
         hands.whenAsked([this](QWidget &editor) {
             hands.whenAsked([this](QWidget &contract) {
                 report.step("Sutartis", "Debitoriaus ar kreditoriaus sutartis.");
@@ -196,9 +196,6 @@ public:
         lookBehind("acCopyData", "Debitoriaus ar kreditoriaus kopija", "Naujas įrašas su senojo duomenimis.");
         lookBehind("acPrint", "Debitoriai ir kreditoriai", "Ataskaita prieš spausdinant.");
         window.documents()->closeAllSubWindows();
-        TTourHands::chooseFromMenu(window, "TUsersFrm");
-        lookBehind("acEdit", "Vartotojo informacija", "Vartotojas ir jo teisės.");
-        window.documents()->closeAllSubWindows();
     }
 
 private:
@@ -209,6 +206,19 @@ private:
             if (button->defaultAction() && button->defaultAction()->objectName() == actionName)
                 QTest::mouseClick(button, Qt::LeftButton);
         hands.nothingLeft();
+    }
+
+    // The editor of the current row of the list in front.
+    void lookBehindEdit()
+    {
+        const auto *edit = window.documents()->currentSubWindow()->findChild<QAction *>("acEdit");
+        if (!edit || !edit->isEnabled())
+            return;
+        hands.whenAsked([this](QWidget &dialog) {
+            report.step(dialog.windowTitle(), "Keičiamas pažymėtas įrašas.");
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        pressTool("acEdit");
     }
 
     // Looks at the window that a tool of the list opens, and leaves it.

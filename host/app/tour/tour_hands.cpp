@@ -67,21 +67,39 @@ void TTourHands::look()
     });
 }
 
+namespace {
+
+// The actions to click, one after the other, from one of these down to the last; none when no menu leads
+// there.
+QList<QAction *> wayTo(const QAction *last, const QList<QAction *> &from)
+{
+    for (QAction *action : from) {
+        if (action == last)
+            return {action};
+        if (const QList<QAction *> rest =
+                action->menu() ? wayTo(last, action->menu()->actions()) : QList<QAction *>();
+            !rest.isEmpty())
+            return QList<QAction *>{action} + rest;
+    }
+    return {};
+}
+
+} // namespace
+
 void TTourHands::chooseFromMenu(QMainWindow &window, const QString &actionName)
 {
-    auto *action = window.findChild<QAction *>(actionName);
-    if (!action)
+    const auto *action = window.findChild<QAction *>(actionName);
+    const QList<QAction *> way = wayTo(action, window.menuBar()->actions());
+    if (way.isEmpty())
         throw Exception(QString("Meniu nėra „%1“").arg(actionName));
-    for (QAction *title : window.menuBar()->actions()) {
-        QMenu *menu = title->menu();
-        if (!menu || !menu->actions().contains(action))
-            continue;
-        QTest::mouseClick(window.menuBar(), Qt::LeftButton, {},
-                          window.menuBar()->actionGeometry(title).center());
-        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
-        return;
+    QTest::mouseClick(window.menuBar(), Qt::LeftButton, {},
+                      window.menuBar()->actionGeometry(way.first()).center());
+    for (qsizetype step = 1; step < way.size(); ++step) {
+        QMenu *menu = way[step - 1]->menu();
+        if (!QTest::qWaitFor([menu] { return menu->isVisible(); }))
+            throw Exception(QString("Meniu „%1“ neatsivėrė").arg(menu->title()));
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(way[step]).center());
     }
-    throw Exception(QString("Meniu nėra „%1“").arg(actionName));
 }
 
 void TTourHands::press(QWidget &window, const QString &buttonText)
