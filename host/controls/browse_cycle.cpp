@@ -29,11 +29,13 @@ void TBrowseFrm::DelBtnClick()
         DeleteRecord();
 }
 
-// Shows the dialog for the current row or a new one; whether the user saved.
+// Shows the dialog for the current row or a new one; whether something may have been saved.
 bool TBrowseFrm::askFor(bool isNew, Variant &key)
 {
-    if (description.editRow)
-        return editListRow(isNew);
+    if (description.editRow) {
+        editListRow(isNew);
+        return true;
+    }
     if (description.values.ask)
         return askForValues(isNew, key);
     Q_ASSERT(description.edit);
@@ -61,6 +63,8 @@ void TBrowseFrm::EditRecord()
         RefreshData(Variant());
         throw ERowGone();
     }
+    if (description.editRow)
+        d->query.RefreshRecord();
     if (!askFor(false, key))
         return;
     if (!description.editRow)
@@ -69,20 +73,28 @@ void TBrowseFrm::EditRecord()
         NewRecord();
 }
 
-// The dialog stands on the list's own row. Whatever is left of it unsaved is dropped.
-bool TBrowseFrm::editListRow(bool isNew)
+// The dialog stands on the list's own row, which nothing but the dialog may leave meanwhile. Whatever is left
+// of it unsaved is dropped.
+void TBrowseFrm::editListRow(bool isNew)
 {
-    const auto dropUnsaved = qScopeGuard([this] {
-        if (d->query.editing())
-            d->query.Cancel();
-        if (d->query.CachedUpdates && d->query.UpdatesPending())
-            d->query.CancelUpdates();
-    });
+    d->tmrFind.stop();
+    d->finder.stop();
+    const int former = d->query.RecNo();
     if (isNew)
         d->query.Append();
     else
         d->query.Edit();
-    return description.editRow(isNew ? description.newCaption : description.editCaption, isNew);
+    const int rows = d->query.rowCount();
+    const auto leave = qScopeGuard([this, former, rows] {
+        if (d->query.editing())
+            d->query.Cancel();
+        if (d->query.UpdatesPending())
+            d->query.CancelUpdates();
+        if (d->query.rowCount() < rows)
+            d->query.setRecNo(former);
+        forgetTexts();
+    });
+    description.editRow(isNew ? description.newCaption : description.editCaption, isNew);
 }
 
 // What the database refuses is told and asked for again, as it was given.
@@ -149,8 +161,12 @@ bool TBrowseFrm::mayDelete()
 
 void TBrowseFrm::DeleteRow(const Variant &key)
 {
-    const QString sql = u"delete from %1 where %2 = :key"_s.arg(description.table, description.keyColumn);
-    d->deleted = Database()->ExecSQL(sql, {{u"key"_s, key}});
+    const QString oldKey = u"OLD_"_s + description.keyColumn;
+    const QString sql =
+        d->query.DeleteSQL.isEmpty()
+            ? u"delete from %1 where %2 = :%3"_s.arg(description.table, description.keyColumn, oldKey)
+            : d->query.DeleteSQL;
+    d->deleted = Database()->ExecSQL(sql, {{oldKey, key}});
 }
 
 void TBrowseFrm::DeleteRecord()

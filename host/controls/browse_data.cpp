@@ -101,14 +101,20 @@ QString TBrowseFrm::orderedSql() const
     return withOrderBy(description.sql, d->orderColumn, d->descending);
 }
 
+// The texts of columns are looked up anew.
+void TBrowseFrm::forgetTexts()
+{
+    for (const auto &texts : d->lookups)
+        texts->forget();
+}
+
 void TBrowseFrm::RefreshData(const Variant &key)
 {
     const Waiting waiting;
     d->finder.stop();
     d->tmrFind.stop();
     d->query.Close();
-    for (const auto &texts : d->lookups)
-        texts->forget();
+    forgetTexts();
     const QString sql = orderedSql();
     if (d->query.SQL() != sql)
         d->query.setSQL(sql);

@@ -82,9 +82,9 @@ struct TBrowseDescription {
     // One of three. The editor of one row: shows it and returns whether the user saved; a new row's key comes
     // back in key.
     std::function<bool(const QString &caption, bool isNew, Variant &key)> edit;
-    // A dialog over the list's own current row, which the list has put into insert or edit state before.
-    // Returns whether the user saved.
-    std::function<bool(const QString &caption, bool isNew)> editRow;
+    // A dialog over the list's own current row, which the list has put into insert or edit state before; see
+    // TRecordStart::onRowOf(). What it leaves unsaved is dropped.
+    std::function<void(const QString &caption, bool isNew)> editRow;
     TListStatements statements; // with editRow: what the dialog's changes are written by
     // A dialog that only asks for values.
     TListValues values;

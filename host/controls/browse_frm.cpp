@@ -9,8 +9,6 @@
 #include <QAction>
 #include <QHBoxLayout>
 
-#include <ranges>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -23,10 +21,10 @@ QList<TBrowseFrm *> &openLists()
 
 } // namespace
 
-TBrowseFrm *TBrowseFrm::openList(const QString &name)
+TBrowseFrm *TBrowseFrm::listInEdit(const QString &name)
 {
-    for (TBrowseFrm *list : openLists() | std::views::reverse)
-        if (list->description.name == name)
+    for (TBrowseFrm *list : openLists())
+        if (list->description.name == name && list->d->query.editing())
             return list;
     return nullptr;
 }

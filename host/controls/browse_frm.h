@@ -25,8 +25,8 @@ public:
     TBrowseFrm(TBrowseDescription description, QWidget *owner);
     ~TBrowseFrm() override;
 
-    // The open list of that class ("TKasosFrm"), the last one opened; null when there is none.
-    static TBrowseFrm *openList(const QString &name);
+    // The open list of that class ("TKasosFrm") with a row in insert or edit state; null when there is none.
+    static TBrowseFrm *listInEdit(const QString &name);
 
     // --- the list
     TQuery *dataSet() const; // reads aside from transactions
@@ -85,9 +85,10 @@ protected:
     // --- steps. The first three do what the description says.
     virtual void NewRecord();
     virtual void EditRecord();
-    virtual void DeleteRecord();                // checks, asks, deletes in a transaction, repositions
-    virtual void CheckUsed();                   // raises when business records refer to the current row
-    virtual void DeleteRow(const Variant &key); // the statements; runs inside the transaction
+    virtual void DeleteRecord(); // checks, asks, deletes in a transaction, repositions
+    virtual void CheckUsed();    // raises when business records refer to the current row
+    // The data set's DeleteSQL, or one by the key; runs inside the transaction.
+    virtual void DeleteRow(const Variant &key);
     // Describes the printed list from the grid (see list_report.h); a screen adds its bands to it. Raises
     // when there is nothing to print.
     virtual void BeforePrint(TReport &report);
@@ -116,12 +117,13 @@ private:
     bool rowIsThere(const Variant &key) const;
     bool mayDelete();
     void reposition();
+    void forgetTexts();
     void showSortArrow();
     void showCount();
 
     // The cycle.
     bool askFor(bool isNew, Variant &key);
-    bool editListRow(bool isNew);
+    void editListRow(bool isNew);
     bool askForValues(bool isNew, Variant &key);
     Variant writeValues(bool isNew, const Variant &key, const QVariantMap &given);
 

@@ -36,8 +36,8 @@ QString literal(const Variant &key)
 
 TRecordStart TRecordStart::onRowOf(const QString &listName)
 {
-    const TBrowseFrm *frm = TBrowseFrm::openList(listName);
-    if (!frm || !frm->dataSet()->editing())
+    const TBrowseFrm *frm = TBrowseFrm::listInEdit(listName);
+    if (!frm)
         throw Exception(u"Šis įrašas redaguojamas tik savo sąraše."_s);
     return on(*frm->dataSet());
 }
@@ -160,6 +160,21 @@ void TRecordDialog::requireAllUnique()
         requireUnique(code);
 }
 
+// What a rule of a column refuses now that another station has written.
+void TRecordDialog::requireValid()
+{
+    for (const TDBControl *control : TDBControl::allIn(this)) {
+        TField *field = control->Field();
+        if (!field || !field->OnValidate)
+            continue;
+        try {
+            field->OnValidate(*field, field->Value());
+        } catch (const Exception &error) {
+            refuse(field->FieldName(), error.message());
+        }
+    }
+}
+
 void TRecordDialog::requireUnique(const TUniqueCode &code)
 {
     if (field(code.column)->IsNull())
@@ -190,8 +205,10 @@ void TRecordDialog::saveInTransaction(const std::function<void()> &step)
             again = settle(conflict);
         } catch (const EDatabaseError &error) {
             // Another station took the code between the check and the post: it is named then, too.
-            if (dynamic_cast<const EUniqueViolation *>(&error))
+            if (dynamic_cast<const EUniqueViolation *>(&error)) {
                 requireAllUnique();
+                requireValid();
+            }
             if (description.saveFailure.isEmpty())
                 throw;
             throw Exception(description.saveFailure);

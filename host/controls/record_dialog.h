@@ -70,6 +70,7 @@ private:
     void openRow();
     void requireUnique(const TUniqueCode &code);
     void requireAllUnique();
+    void requireValid();
     void saveOnce(const std::function<void()> &step);
     void takeBack(const Variant &formerKey);
     bool settle(const EChangedElsewhere &conflict);

@@ -15,6 +15,8 @@
 #include "src/debtors/Copydbkr.h"
 #include "src/debtors/Dbkr.h"
 #include "src/debtors/Dbkrsut.h"
+#include "src/departments/Veiklred.h"
+#include "src/departments/Veiklsar.h"
 #include "src/frame/SysInit.h"
 #include "src/frame/Velmora.h"
 #include "src/frame/entries.h"
@@ -57,6 +59,8 @@ const std::vector<TUnit *> &packageUnits()
         &Bankai::unit,               //
         &Drbklasred::unit,           //
         &Drbklassar::unit,           //
+        &Veiklred::unit,             //
+        &Veiklsar::unit,             //
         &Objektai::unit,             //
         &Editf::unit,                //
         &Newimok::unit,              //

@@ -130,6 +130,9 @@ protected:
     // A field's text for display as it would be in this record.
     QString textIn(const Record &record, int field);
 
+    // The current record becomes what the function makes of it; false: it stays.
+    void replaceRecord(const std::function<bool(Record &)> &with);
+
     bool hasHeldChanges() const;
     // Writes the changes held back, in the order in which the records were first changed. They stay held.
     void writeHeldChanges();

@@ -53,6 +53,21 @@ void TDataSet::Private::writeDeletion()
     write(change);
 }
 
+void TDataSet::replaceRecord(const std::function<bool(Record &)> &with)
+{
+    Q_ASSERT(!editing() && !hasHeldChanges());
+    const int source = d->cursor.row < 0 ? -1 : d->currentSource();
+    if (source < 0)
+        return;
+    Record record = d->rows.read(d->rows.at(source), d->fields.stored());
+    if (!with(record))
+        return;
+    d->rows.replace(source, d->rows.store(record));
+    d->calculated.forget();
+    d->changed(d->cursor.row);
+    emit scrolled();
+}
+
 // --- changes held back
 
 bool TDataSet::hasHeldChanges() const

@@ -109,6 +109,11 @@ void TQuery::write(TRecordChange &change)
     q->writer->write(change);
 }
 
+void TQuery::RefreshRecord()
+{
+    replaceRecord([this](Record &record) { return q->writer->reread(record); });
+}
+
 void TQuery::ApplyUpdates()
 {
     if (editing())

@@ -15,8 +15,10 @@ using enum TUpdateMode;
 //   is written and EChangedElsewhere is raised; see acceptOther() and keepOwn(). By upWhereKeyOnly the last
 //   one wins. A row that is gone raises ERowGone.
 // - InsertSQL/ModifySQL/DeleteSQL: written as they are worded; parameters are named after the columns,
-//   OLD_name is the value before the change. The row is then re-read through the query's own statement, so
-//   that a key given by the database and computed columns are there.
+//   OLD_name is the value before the change. What another station changed meanwhile is treated as above: a
+//   column changed here too raises EChangedElsewhere, any other is written with their value. The row is then
+//   re-read through the query's own statement, so that a key given by the database and computed columns are
+//   there.
 // - CachedUpdates: posts are held in the set and written by ApplyUpdates(). They stay held, whether it fails
 //   or not, until CommitUpdates() takes them for written or CancelUpdates() throws them away; so an outer
 //   transaction may still fail and the row be put back into edit.
@@ -41,6 +43,10 @@ public:
     Variant param(const QString &name) const;
 
     void ExecSQL(); // a statement that gives no rows
+
+    // Reads the current row anew, computed columns included; it stays as it is where the statement does not
+    // show it any more. Not while the row is being edited or changes are held.
+    void RefreshRecord();
 
     // --- cached updates
     bool CachedUpdates = false;

@@ -4,6 +4,18 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QStringList namesOf(const RecordWriter::Cells &cells)
+{
+    QStringList names;
+    for (const RecordWriter::Cell &cell : cells)
+        names.append(cell.column);
+    return names;
+}
+
+} // namespace
+
 QueryWriter::QueryWriter(TQuery *theQuery, const QVariantMap &theParameters)
     : query(theQuery),
       database(theQuery->Database()),
@@ -49,20 +61,24 @@ void QueryWriter::write(TRecordChange &change)
 
 // --- by the query's own statements
 
-// The first table that a writing statement names is the one it writes to.
+// The first table that a writing statement names is the one it writes to. It tells the key that the row has
+// then, whatever the statement made of it.
 void QueryWriter::writeAsWorded(const QString &wording, TRecordChange &change)
 {
     TranslatedSql sql = database->translator().translate(wording);
     const QStringList key = sql.tables.isEmpty() ? QStringList() : database->keyOf(sql.tables.first());
-    const bool tellsKey = sql.kind == SqlKind::Insert && !key.isEmpty();
+    const bool tellsKey = (sql.kind == SqlKind::Insert || sql.kind == SqlKind::Update) && !key.isEmpty();
     if (tellsKey)
         sql.text += u" returning "_s + RecordWriter::nameList(key);
+    if (sql.kind == SqlKind::Update && query->UpdateMode == upWhereChanged)
+        mergeElsewhere(sql.tables.value(0), change);
     const std::unique_ptr<TStatement> statement = database->prepareNative(sql);
     bindChange(*statement, change);
     statement->exec();
-    if (tellsKey)
-        takeKey(*statement, key, change.now);
-    else if (statement->affected() == 0 && sql.kind != SqlKind::Call)
+    const bool wasWritten = tellsKey ? takeKey(*statement, key, change.now) : statement->affected() > 0;
+    if (!wasWritten && sql.kind == SqlKind::Insert)
+        throw EDatabaseError(u"Duomenų bazė įrašo nepriėmė."_s);
+    if (!wasWritten && sql.kind != SqlKind::Call)
         throw ERowGone(wording);
     if (change.kind != TChangeKind::Deleted)
         readAsShown(keyIn(change.now, key), change.now);
@@ -78,24 +94,44 @@ void QueryWriter::bindChange(TStatement &statement, const TRecordChange &change)
     }
 }
 
-void QueryWriter::takeKey(TStatement &statement, const QStringList &key, Record &record) const
+// False when the statement wrote no row.
+bool QueryWriter::takeKey(TStatement &statement, const QStringList &key, Record &record) const
 {
     if (!statement.next())
-        throw EDatabaseError(u"Duomenų bazė įrašo nepriėmė."_s);
+        return false;
     for (int i = 0; i < key.size(); ++i) {
         if (const TField *field = query->FindField(key.at(i)))
             record[size_t(field->index())] = statement.value(i);
     }
     while (statement.next()) { // the statement ends with its last row
     }
+    return true;
+}
+
+// A worded statement writes every column that it names: those that were not changed here get what another
+// station made of them.
+void QueryWriter::mergeElsewhere(const QString &tableName, TRecordChange &change)
+{
+    RecordWriter written(database, tableName);
+    const Cells key = keyIn(change.before, written.key());
+    if (key.isEmpty())
+        return;
+    const Cells asRead = columnsIn(change.before, written);
+    const QList<Variant> stored = written.lock(namesOf(asRead), key);
+    checkUnchangedElsewhere(asRead, stored, change);
+    for (qsizetype i = 0; i < asRead.size(); ++i) {
+        Variant &now = change.now[size_t(query->FieldByName(asRead.at(i).column)->index())];
+        if (sameKey(now, asRead.at(i).value))
+            now = stored.at(i);
+    }
 }
 
 // The row as the query's own statement shows it, computed columns included. A row that it does not show, and
 // one whose key is not among its columns, stays as it is.
-void QueryWriter::readAsShown(const Cells &key, Record &record) const
+bool QueryWriter::readAsShown(const Cells &key, Record &record) const
 {
     if (key.isEmpty())
-        return;
+        return false;
     QStringList names;
     for (size_t i = 0; i < record.size(); ++i)
         names.append(u'c' + QString::number(i));
@@ -116,9 +152,18 @@ void QueryWriter::readAsShown(const Cells &key, Record &record) const
         statement->bind(sql.parameters.at(own + i), key.at(i).value);
     statement->exec();
     if (!statement->next())
-        return;
+        return false;
     for (size_t i = 0; i < record.size(); ++i)
         record[i] = statement->value(int(i));
+    return true;
+}
+
+bool QueryWriter::reread(Record &record) const
+{
+    const QString table = query->ModifySQL.isEmpty()
+                              ? liveTable
+                              : database->translator().translate(query->ModifySQL).tables.value(0);
+    return !table.isEmpty() && readAsShown(keyIn(record, database->keyOf(table)), record);
 }
 
 // --- into the table of a live query
@@ -154,13 +199,13 @@ QueryWriter::Cells QueryWriter::liveKey(const Record &record)
 }
 
 // The fields that are columns of the table, with their values.
-QueryWriter::Cells QueryWriter::columnsIn(const Record &record)
+QueryWriter::Cells QueryWriter::columnsIn(const Record &record, const RecordWriter &written) const
 {
     Cells cells;
     for (size_t i = 0; i < record.size(); ++i) {
         const QString column = query->Field(int(i))->FieldName().toLower();
         const bool first = query->FindField(column)->index() == int(i);
-        if (first && table().has(column))
+        if (first && written.has(column))
             cells.append({column, record[i]});
     }
     return cells;
@@ -168,7 +213,7 @@ QueryWriter::Cells QueryWriter::columnsIn(const Record &record)
 
 void QueryWriter::insert(TRecordChange &change)
 {
-    Cells cells = columnsIn(change.now);
+    Cells cells = columnsIn(change.now, table());
     // What stays null is left to the database: its keys and its defaults.
     cells.removeIf([](const RecordWriter::Cell &cell) { return cell.value.isNull(); });
     readBack(table().insert(cells), change.now);
@@ -176,10 +221,10 @@ void QueryWriter::insert(TRecordChange &change)
 
 void QueryWriter::update(TRecordChange &change)
 {
-    const Cells before = columnsIn(change.before);
+    const Cells before = columnsIn(change.before, table());
     Cells changed;
     Cells unchanged;
-    const Cells now = columnsIn(change.now);
+    const Cells now = columnsIn(change.now, table());
     for (qsizetype i = 0; i < now.size(); ++i) {
         if (sameKey(now.at(i).value, before.at(i).value))
             continue;
@@ -190,25 +235,23 @@ void QueryWriter::update(TRecordChange &change)
         return;
     const Cells key = liveKey(change.before);
     if (query->UpdateMode == upWhereChanged)
-        checkUnchangedElsewhere(key, unchanged, change);
+        checkUnchangedElsewhere(unchanged, table().lock(namesOf(unchanged), key), change);
     table().update(changed, key);
     readBack(liveKey(change.now), change.now);
 }
 
-// The row is locked first, so that nobody changes it between the look and the writing.
-void QueryWriter::checkUnchangedElsewhere(const Cells &key, const Cells &asRead, const TRecordChange &change)
+// What is stored was read with a lock, so that nobody changes it between the look and the writing.
+void QueryWriter::checkUnchangedElsewhere(const Cells &asRead, const QList<Variant> &stored,
+                                          const TRecordChange &change) const
 {
-    QStringList names;
-    for (const RecordWriter::Cell &cell : asRead)
-        names.append(cell.column);
-    const QList<Variant> stored = table().lock(names, key);
     Record theirs = change.before;
     QList<const TField *> differing;
     for (qsizetype i = 0; i < asRead.size(); ++i) {
         const TField *field = query->FieldByName(asRead.at(i).column);
         const Variant &own = change.now[size_t(field->index())];
         theirs[size_t(field->index())] = stored.at(i);
-        if (!sameKey(stored.at(i), asRead.at(i).value) && !sameKey(stored.at(i), own))
+        const bool isChanged = !sameKey(own, asRead.at(i).value);
+        if (isChanged && !sameKey(stored.at(i), asRead.at(i).value) && !sameKey(stored.at(i), own))
             differing.append(field);
     }
     QList<TChangedColumn> columns;
@@ -230,10 +273,8 @@ void QueryWriter::remove(const TRecordChange &change)
 // Columns that the table does not have are computed by the query's statement.
 void QueryWriter::readBack(const Cells &key, Record &record)
 {
-    const Cells columns = columnsIn(record);
-    QStringList wanted;
-    for (const RecordWriter::Cell &cell : columns)
-        wanted.append(cell.column);
+    const Cells columns = columnsIn(record, table());
+    const QStringList wanted = namesOf(columns);
     const QList<Variant> values = table().read(wanted, key);
     for (qsizetype i = 0; i < values.size(); ++i)
         record[size_t(query->FieldByName(wanted.at(i))->index())] = values.at(i);

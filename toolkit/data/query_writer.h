@@ -13,6 +13,9 @@ public:
 
     // All or nothing.
     void write(TRecordChange &change);
+    // Puts the row with the record's key into it as the query's own statement shows it now; false when that
+    // shows no such row, or the statements name no table with a key.
+    bool reread(Record &record) const;
 
 private:
     using Cells = RecordWriter::Cells;
@@ -20,18 +23,20 @@ private:
     const QString &wordingFor(TChangeKind kind) const;
     void writeAsWorded(const QString &wording, TRecordChange &change);
     void bindChange(TStatement &statement, const TRecordChange &change) const;
-    void takeKey(TStatement &statement, const QStringList &key, Record &record) const;
-    void readAsShown(const Cells &key, Record &record) const;
+    bool takeKey(TStatement &statement, const QStringList &key, Record &record) const;
+    void mergeElsewhere(const QString &tableName, TRecordChange &change);
+    bool readAsShown(const Cells &key, Record &record) const;
     Cells keyIn(const Record &record, const QStringList &columns) const;
 
     void insert(TRecordChange &change);
     void update(TRecordChange &change);
     void remove(const TRecordChange &change);
-    void checkUnchangedElsewhere(const Cells &key, const Cells &asRead, const TRecordChange &change);
+    void checkUnchangedElsewhere(const Cells &asRead, const QList<Variant> &stored,
+                                 const TRecordChange &change) const;
     void readBack(const Cells &key, Record &record);
     RecordWriter &table();
     Cells liveKey(const Record &record);
-    Cells columnsIn(const Record &record);
+    Cells columnsIn(const Record &record, const RecordWriter &written) const;
 
     TQuery *query;
     TDatabase *database;

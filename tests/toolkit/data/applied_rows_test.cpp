@@ -207,3 +207,13 @@ TEST_P(AppliedRows, OfAListThatIsStillBeingReadDoNotReadItToTheEnd)
     EXPECT_EQ(set->index(0, 0).data().toString(), u"K1"_s);
     EXPECT_EQ(set->index(4999, 0).data().toString(), u"K5000"_s);
 }
+
+TEST_P(AppliedRows, AChangeThatLeavesTheKeyOutKeepsTheOldOne)
+{
+    set->Edit();
+    set->FieldByName(u"t_id"_s)->setAsInteger(50);
+    set->FieldByName(u"t_kiek"_s)->setAsInteger(2);
+    set->Post();
+    apply();
+    EXPECT_EQ(shown().first(), u"K1|1,5|2|Antra|3|1|#1"_s);
+}

@@ -179,11 +179,46 @@ TEST_P(OtherStation, AStatementOfTheQuerysOwnIsWrittenAsItIsWorded)
     field(u"t_pavad"_s).setAsString(u"Mano"_s);
     field(u"t_kiek"_s).setAsInteger(5); // the statement leaves it out
     elsewhere(u"t_pavad = 'Jų', t_suma = 99"_s);
+    set->keepOwn(refused());
     set->Post();
     EXPECT_EQ(rows(*secondFin(), u"select t_pavad, t_kiek, t_suma from bd_t where t_id = 1"_s),
               QStringList{u"Mano|1|99"_s});
     EXPECT_EQ(field(u"t_kiek"_s).AsInteger(), 1);
     EXPECT_EQ(field(u"t_suma"_s).AsFloat(), 99);
+}
+
+TEST_P(OtherStation, AStatementThatWritesEveryColumnKeepsWhatOnlyTheyChanged)
+{
+    set->ModifySQL = u"update bd_t set T_PAVAD = :T_PAVAD, T_KIEK = :T_KIEK, T_SUMA = :T_SUMA "
+                     "where T_ID = :OLD_T_ID"_s;
+    field(u"t_kiek"_s).setAsInteger(5);
+    elsewhere(u"t_pavad = 'Jų', t_suma = null"_s);
+    set->Post();
+    EXPECT_EQ(rows(*secondFin(), u"select t_pavad, t_kiek, t_suma from bd_t where t_id = 1"_s),
+              QStringList{u"Jų|5|NULL"_s});
+    EXPECT_EQ(field(u"t_pavad"_s).AsString(), u"Jų"_s);
+}
+
+TEST_P(OtherStation, ByKeyOnlyAStatementWritesEverythingAsItIsShown)
+{
+    set->ModifySQL = u"update bd_t set T_PAVAD = :T_PAVAD, T_KIEK = :T_KIEK where T_ID = :OLD_T_ID"_s;
+    set->UpdateMode = upWhereKeyOnly;
+    field(u"t_kiek"_s).setAsInteger(5);
+    elsewhere(u"t_pavad = 'Jų'"_s);
+    set->Post();
+    EXPECT_EQ(rows(*secondFin(), u"select t_pavad, t_kiek from bd_t where t_id = 1"_s),
+              QStringList{u"Vardas 1|5"_s});
+}
+
+TEST_P(OtherStation, TheCurrentRowCanBeReadAnew)
+{
+    set->Cancel();
+    elsewhere(u"t_pavad = 'Jų'"_s);
+    set->RefreshRecord();
+    EXPECT_EQ(field(u"t_pavad"_s).AsString(), u"Jų"_s);
+    secondFin()->ExecSQL(u"delete from bd_t where t_id = 1"_s);
+    set->RefreshRecord();
+    EXPECT_EQ(field(u"t_pavad"_s).AsString(), u"Jų"_s);
 }
 
 TEST_P(OtherStation, ARowThatIsGoneIsTold)

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+namespace Veiklred {
+
+extern TUnit unit;
+
+// Edits the row of the open list of activity types that is in insert or edit state; raises when there is
+// none.
+void VeiklRedShow();
+
+class TVeiklRedFrm : public TRecordDialog {
+    Q_OBJECT
+public:
+    TVeiklRedFrm();
+};
+
+extern TVeiklRedFrm *VeiklRedFrm;
+
+} // namespace Veiklred
