@@ -1,5 +1,6 @@
 #include "host/data/main_datas.h"
 
+#include "toolkit/data/connection.h"
 #include "toolkit/data/statement.h"
 
 #include <utility>
@@ -61,6 +62,9 @@ void GetPeriod()
 
 void FollowPeriod() noexcept
 {
+    // Called by what was posted while a statement runs: the session takes no other one meanwhile.
+    if (BusyBeat::isBeating())
+        return;
     try {
         if (MainDatas() && MainDatas()->mnFin_Db()->Connected() && !MainDatas()->mnFin_Db()->InTransaction())
             GetPeriod();

@@ -130,6 +130,25 @@ TEST_P(Books, FollowingThePeriodNeverDisturbsWork)
     EXPECT_EQ(EinPer_Id(), 6);
 }
 
+TEST_P(Books, FollowingThePeriodWaitsForTheStatementThatRuns)
+{
+    int followed = 0;
+    const auto former = TDatabase::setBusyHook([&followed] {
+        FollowPeriod();
+        ++followed;
+    });
+    fin->nativeExec(engine() == Engine::Sqlite
+                        ? u"with recursive n(i) as (select 1 union all select i + 1 from n where i < 800000) "
+                          "select count(*) from n"_s
+                        : u"select pg_sleep(0.3)"_s);
+    TDatabase::setBusyHook(former);
+    EXPECT_GT(followed, 0);
+    EXPECT_TRUE(fin->Connected());
+    fin->ExecSQL(u"insert into bd_period values (6, 2005, 1, 1)"_s);
+    FollowPeriod();
+    EXPECT_EQ(EinPer_Id(), 6);
+}
+
 TEST_P(Books, ClosingTheBooksForgetsThePeriod)
 {
     fin->ExecSQL(u"insert into bd_period values (6, 2005, 1, 1)"_s);
