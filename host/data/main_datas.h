@@ -66,7 +66,8 @@ TDateTime EinPer_Date();
 // bar are told. Raises EDatabaseError; the period known before stays then.
 void GetPeriod();
 // The same where nobody asked for anything: for a period that another station may have changed. Does nothing
-// inside a transaction and while a statement runs, and leaves a database that does not answer to the next statement that needs it.
+// inside a transaction and while a statement runs, and leaves a database that does not answer to the next
+// statement that needs it.
 void FollowPeriod() noexcept;
 
 // The institution of the main database: its name, and whether it is a company (organisation type 1), that is,

@@ -1,5 +1,6 @@
 #include "tests/src/walk.h"
 
+#include "host/controls/document_frm.h"
 #include "tests/support/message_box.h"
 #include "toolkit/data/query.h"
 #include "toolkit/data/statement.h"
@@ -11,9 +12,11 @@
 #include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QProgressDialog>
 #include <QTest>
 #include <QToolButton>
@@ -96,7 +99,26 @@ bool hasKeyOfItsOwn(const QWidget *control)
     return byItsEdit || (tool->defaultAction() && !tool->defaultAction()->shortcuts().isEmpty());
 }
 
-// Passes every message box and looks at every other modal window.
+// Keys go to the window in front, as a user's do. A window whose owner is in front counts as active before it
+// is in front itself; its keys would still go to the owner.
+void bringToFront(QWidget &window)
+{
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitFor([&window] { return QApplication::activeWindow() == &window; }))
+        << qPrintable(window.windowTitle()) << " does not come to the front";
+}
+
+void leaveByEsc(QWidget &window)
+{
+    const QPointer<QWidget> there(&window);
+    const QString title = window.windowTitle();
+    bringToFront(window);
+    QWidget *focused = window.focusWidget();
+    QTest::keyClick(focused ? focused : &window, Qt::Key_Escape);
+    EXPECT_FALSE(there && there->isVisible()) << qPrintable(title) << " is not left by Esc";
+}
+
+// Passes every message box, looks at every other window, and from a list at what New and Edit open.
 class Visitor : public ModalExpectation {
 public:
     explicit Visitor(const std::function<void(QWidget &)> &looks) : look(looks) {}
@@ -104,27 +126,50 @@ public:
     bool awaits(QWidget *window) const override { return !qobject_cast<QProgressDialog *>(window); }
     void answer(QWidget *window) override
     {
-        if (auto *box = qobject_cast<QMessageBox *>(window)) {
+        if (auto *box = qobject_cast<QMessageBox *>(window))
             pass(*box);
-            return;
-        }
+        else
+            visitWindow(*window);
+    }
+
+    void visitWindow(QWidget &window)
+    {
+        const QPointer<QWidget> there(&window);
         ++visit.windows;
-        // Keys go to the window in front, as a user's do.
-        window->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window));
-        look(*window);
-        window->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window));
-        QTest::keyClick(window, Qt::Key_Escape);
-        EXPECT_FALSE(window->isVisible()) << qPrintable(window->windowTitle()) << " is not left by Esc";
+        ++inside;
+        bringToFront(window);
+        look(window);
+        for (const char *action : {"acNew", "acEdit"})
+            if (there && inside <= deepest)
+                pressFormAction(window, action);
+        if (there)
+            leaveByEsc(window);
+        --inside;
     }
 
     TVisit visit;
 
 private:
+    // A picker that is opened from a picker may open itself.
+    static constexpr int deepest = 2;
+
+    void pressFormAction(QWidget &window, const char *name)
+    {
+        auto *action = qobject_cast<TDocumentFrm *>(&window) ? window.findChild<QAction *>(name) : nullptr;
+        if (!action || !action->isEnabled() || !action->isVisible())
+            return;
+        const auto met = [this] { return visit.windows + visit.boxes.size(); };
+        const qsizetype before = met();
+        asked = false;
+        bringToFront(window);
+        action->trigger();
+        EXPECT_GT(met(), before) << name << " opens nothing in " << qPrintable(window.windowTitle());
+    }
+
     void pass(QMessageBox &box)
     {
         visit.boxes << box.text();
+        EXPECT_NE(box.icon(), QMessageBox::Critical) << qPrintable(box.text());
         QAbstractButton *yes = box.button(QMessageBox::Yes);
         QAbstractButton *no = box.button(QMessageBox::No);
         QAbstractButton *answer = yes && !asked ? yes : no ? no : box.buttons().first();
@@ -134,6 +179,7 @@ private:
 
     const std::function<void(QWidget &)> &look;
     bool asked = false;
+    int inside = 0;
 };
 
 } // namespace
@@ -146,12 +192,10 @@ TVisit visitEntry(const TPackageEntry &entry, const std::function<void(QWidget &
         return visitor.visit;
     }
     const std::unique_ptr<QWidget> window(entry.create(nullptr));
+    if (entry.opened)
+        entry.opened(window.get());
     window->show();
-    window->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    ++visitor.visit.windows;
-    look(*window);
-    EXPECT_TRUE(window->close());
+    visitor.visitWindow(*window);
     return visitor.visit;
 }
 

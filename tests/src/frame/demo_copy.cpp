@@ -7,21 +7,33 @@
 #include "tests/support/postgres.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <map>
 
 namespace {
 
-const char *const finAlias = "mnFin_Db";
-const char *const ravlAlias = "mnRavl";
+QString databaseOf(const TSessionSettings &settings)
+{
+    return settings.connInfo.section("dbname=", 1);
+}
+
+void removeBook(const TSessionSettings &settings)
+{
+    if (settings.engine == Engine::PostgreSql)
+        postgresExec(QString("drop database %1 with (force)").arg(databaseOf(settings)));
+    else
+        QFileInfo(settings.file).dir().removeRecursively();
+}
 
 // Where the books of this run lie, and what of them must go at its end.
 struct TRun {
     QTemporaryDir folder{scratchRoot() + "/velmora-demo-XXXXXX"};
     std::map<Engine, std::unique_ptr<TDemoCopy>> shared;
-    std::map<Engine, QStringList> filled; // main and budget book
-    int copies = 0;
+    std::map<Engine, TBooks> filled;
+    int places = 0;
 };
 
 class Runs : public testing::Environment {
@@ -29,8 +41,10 @@ public:
     void TearDown() override
     {
         run.shared.clear();
-        for (const QString &model : run.filled[Engine::PostgreSql])
-            postgresExec("drop database " + model);
+        for (const auto &[engine, model] : run.filled) {
+            removeBook(model.fin);
+            removeBook(model.ravl);
+        }
         run.filled.clear();
     }
     TRun run;
@@ -44,64 +58,61 @@ TRun &thisRun()
 // Before main(): an environment counts from the start of the tests.
 [[maybe_unused]] const TRun &early = thisRun();
 
-TSessionSettings sessionSettings(Engine engine, const QString &alias, const QString &place)
+// A place for both books, as the program keeps them: a folder of its own, or two databases of the server.
+TBooks freshPlace(Engine engine)
 {
-    TSessionSettings settings;
-    settings.alias = alias;
-    settings.engine = engine;
-    if (engine == Engine::Sqlite)
-        settings.file = place;
-    else
-        settings.connInfo = postgresConnInfo(place);
-    return settings;
+    const QString name = QString::number(++thisRun().places);
+    if (engine == Engine::Sqlite) {
+        if (!QDir(thisRun().folder.path()).mkdir(name))
+            qFatal("no folder for the books");
+        return embeddedBooks(thisRun().folder.filePath(name));
+    }
+    QString words = postgresConnInfo("postgres");
+    const QString prefix = QString("demo_%1_%2").arg(QCoreApplication::applicationPid()).arg(name);
+    words.replace("dbname=postgres", QString("fin=%1_fin ravl=%1_ravl").arg(prefix));
+    return serverBooks(words);
 }
 
-QString freshPlace(Engine engine, const QString &name)
+void copyBook(const TSessionSettings &model, const TSessionSettings &copy)
 {
-    return engine == Engine::Sqlite ? thisRun().folder.filePath(name + ".db")
-                                    : QString("demo_%1_%2").arg(QCoreApplication::applicationPid()).arg(name);
+    if (model.engine == Engine::PostgreSql)
+        postgresExec(QString("create database %1 template %2 strategy file_copy")
+                         .arg(databaseOf(copy), databaseOf(model)));
+    else if (!QFile::copy(model.file, copy.file))
+        qFatal("cannot copy %s", qPrintable(model.file));
 }
 
-TSessionSettings copyOf(const QString &model, Engine engine, const QString &alias)
+TBooks fill(Engine engine)
 {
-    const QString place = freshPlace(engine, QString("%1_%2").arg(++thisRun().copies).arg(alias.toLower()));
+    TBooks books = freshPlace(engine);
     if (engine == Engine::PostgreSql)
-        postgresExec(QString("create database %1 template %2 strategy file_copy").arg(place, model));
-    else if (!QFile::copy(model, place))
-        qFatal("cannot copy %s", qPrintable(model));
-    return sessionSettings(engine, alias, place);
-}
-
-QStringList fill(Engine engine)
-{
-    QStringList places{freshPlace(engine, "fin"), freshPlace(engine, "ravl")};
-    if (engine == Engine::PostgreSql)
-        for (const QString &place : places)
-            postgresExec(QString("create database %1 template template0 strategy file_copy").arg(place));
-    TDatabase fin(sessionSettings(engine, finAlias, places[0]));
-    TDatabase ravl(sessionSettings(engine, ravlAlias, places[1]));
+        for (const TSessionSettings &each : {books.fin, books.ravl})
+            postgresExec(
+                QString("create database %1 template template0 strategy file_copy").arg(databaseOf(each)));
+    TDatabase fin(books.fin);
+    TDatabase ravl(books.ravl);
     fin.Open();
     ravl.Open();
     upgrade(fin, Book::Main);
     upgrade(ravl, Book::Budget);
     fillDemoBooks(fin, ravl, 1, [](const QString &) {});
-    return places;
+    return books;
 }
 
-const QStringList &filled(Engine engine)
+const TBooks &filled(Engine engine)
 {
-    QStringList &places = thisRun().filled[engine];
-    if (places.isEmpty())
-        places = fill(engine);
-    return places;
+    std::map<Engine, TBooks> &models = thisRun().filled;
+    if (!models.contains(engine))
+        models[engine] = fill(engine);
+    return models[engine];
 }
 
-void remove(const TSessionSettings &settings)
+TBooks copied(const TBooks &model)
 {
-    if (settings.engine == Engine::PostgreSql)
-        postgresExec(QString("drop database %1 with (force)").arg(settings.connInfo.section("dbname=", 1)));
-    else
-        QFile::remove(settings.file);
+    const TBooks copy = freshPlace(model.fin.engine);
+    copyBook(model.fin, copy.fin);
+    copyBook(model.ravl, copy.ravl);
+    return copy;
 }
 
 QByteArray fingerprintOf(const TSessionSettings &settings)
@@ -113,16 +124,14 @@ QByteArray fingerprintOf(const TSessionSettings &settings)
 
 } // namespace
 
-TDemoCopy::TDemoCopy(Engine engine)
-    : fin(copyOf(filled(engine)[0], engine, finAlias)),
-      ravl(copyOf(filled(engine)[1], engine, ravlAlias))
-{
-}
+TDemoCopy::TDemoCopy(Engine engine) : TDemoCopy(copied(filled(engine))) {}
+
+TDemoCopy::TDemoCopy(const TBooks &books) : fin(books.fin), ravl(books.ravl) {}
 
 TDemoCopy::~TDemoCopy()
 {
-    remove(fin);
-    remove(ravl);
+    removeBook(fin);
+    removeBook(ravl);
 }
 
 const TDemoCopy &TDemoCopy::shared(Engine engine)

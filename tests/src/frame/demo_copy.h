@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/data/database.h"
+#include "database/books.h"
 
 // The demonstration books, filled once for each engine and run; every object is a fresh copy of them.
 class TDemoCopy {
@@ -17,4 +17,7 @@ public:
     QList<QByteArray> fingerprints() const;
 
     const TSessionSettings fin, ravl;
+
+private:
+    explicit TDemoCopy(const TBooks &books);
 };

@@ -72,6 +72,18 @@ TEST_P(EveryEntry, SaysWhatItIsInItsTitleAndMenu)
     visit([](QWidget &window) { EXPECT_FALSE(window.windowTitle().isEmpty()); });
 }
 
+// That the others look at what New and Edit open, too.
+class WalkOverAList : public OnEveryEntry {};
+INSTANTIATE_TEST_SUITE_P(, WalkOverAList, testing::Values(TEntryOnEngine(Engine::Sqlite, "TImokosFrm")));
+
+TEST_P(WalkOverAList, MeetsItsDialogs)
+{
+    QStringList titles;
+    visitEntry(entry(), [&titles](QWidget &window) { titles << window.windowTitle(); });
+    EXPECT_EQ(titles, QStringList({"Mokesčių, rinkliavų ir kitų įmokų kodų sąrašas", "Įmokos kodas",
+                                   "Įmokos kodas"}));
+}
+
 #ifndef QT_NO_DEBUG
 
 // A misspelt column is asserted when the screen is built: opening every entry shows that all are there.
