@@ -1,6 +1,6 @@
 #include "tests/src/walk.h"
 
-#include "host/controls/document_frm.h"
+#include "host/controls/browse_frm.h"
 #include "tests/support/message_box.h"
 #include "toolkit/data/query.h"
 #include "toolkit/data/statement.h"
@@ -113,6 +113,9 @@ void leaveByEsc(QWidget &window)
     const QPointer<QWidget> there(&window);
     const QString title = window.windowTitle();
     bringToFront(window);
+    // While a list is being read, Esc only ends the reading.
+    if (auto *list = qobject_cast<TBrowseFrm *>(&window))
+        list->dataSet()->RecordCount();
     QWidget *focused = window.focusWidget();
     QTest::keyClick(focused ? focused : &window, Qt::Key_Escape);
     EXPECT_FALSE(there && there->isVisible()) << qPrintable(title) << " is not left by Esc";
