@@ -117,6 +117,7 @@ private:
     void finish(); // FormDestroy, once
 
     void addCommonActions();
+    void yieldAccelerator(const QString &caption);
     QWidget *placed();
     void restorePlacement();
     void showCaptions(bool on);

@@ -77,8 +77,18 @@ void TDocumentFrm::addCommonActions()
     offerMenu(w->bar);
 }
 
+// An accelerator that a screen names belongs to its action; one of the base that has it, too, has other keys.
+void TDocumentFrm::yieldAccelerator(const QString &caption)
+{
+    const QKeySequence named = QKeySequence::mnemonic(caption);
+    for (QAction *action : findChildren<QAction *>())
+        if (!named.isEmpty() && QKeySequence::mnemonic(action->text()) == named)
+            action->setText(action->text().remove(u'&'));
+}
+
 QAction *TDocumentFrm::addFormAction(const TFormAction &described)
 {
+    yieldAccelerator(described.text);
     auto *action = new QAction(described.text, this);
     action->setObjectName(described.name);
     if (described.picture)

@@ -15,6 +15,10 @@
 #include "src/debtors/Copydbkr.h"
 #include "src/debtors/Dbkr.h"
 #include "src/debtors/Dbkrsut.h"
+#include "src/departments/Laikymovietos.h"
+#include "src/departments/Lvedit.h"
+#include "src/departments/Paditem.h"
+#include "src/departments/Skyriailist.h"
 #include "src/departments/Veiklred.h"
 #include "src/departments/Veiklsar.h"
 #include "src/frame/SysInit.h"
@@ -50,6 +54,8 @@ const std::vector<TUnit *> &packageUnits()
         &Copydbkr::unit,             //
         &Pajamurusiukodaiedit::unit, //
         &Pajamurusiukodai::unit,     //
+        &Lvedit::unit,               //
+        &Laikymovietos::unit,        //
         &Vtarnnew::unit,             //
         &Vtarn::unit,                //
         &Fined::unit,                //
@@ -69,6 +75,8 @@ const std::vector<TUnit *> &packageUnits()
         &Slikuciai::unit,            //
         &Usersch::unit,              //
         &Confpas::unit,              //
+        &Skyriailist::unit,          //
+        &Paditem::unit,              //
         &Pirktip::unit,              //
         &Period::unit,               //
         &Perback::unit,              //

@@ -87,6 +87,14 @@ bool isNameless(const QWidget *control, const QWidget &window)
            !labelOf(control, window);
 }
 
+// A text whose button is gone to instead.
+bool onlyShows(const QWidget *control)
+{
+    const auto *text = qobject_cast<const QLineEdit *>(control);
+    return text && text->isReadOnly() &&
+           qobject_cast<const QToolButton *>(text->parentWidget()->focusProxy());
+}
+
 bool hasKeyOfItsOwn(const QWidget *control)
 {
     if (caption(control).contains(u'&'))
@@ -216,7 +224,7 @@ QStringList controlsOutOfReach(QWidget &window)
     QStringList unreachable;
     for (const QWidget *control : controls(window)) {
         const bool byTab = control->focusPolicy() & Qt::TabFocus;
-        if (control->isEnabled() && !byTab && !hasKeyOfItsOwn(control))
+        if (control->isEnabled() && !byTab && !onlyShows(control) && !hasKeyOfItsOwn(control))
             unreachable << describe(control);
     }
     return unreachable;

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+// Departments of the institution.
+namespace Skyriailist {
+
+extern TUnit unit;
+
+class TSkyriaiFrm : public TBrowseFrm {
+    Q_OBJECT
+public:
+    explicit TSkyriaiFrm(QWidget *owner);
+};
+
+extern TSkyriaiFrm *SkyriaiFrm;
+
+} // namespace Skyriailist
