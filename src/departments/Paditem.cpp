@@ -12,7 +12,7 @@ constexpr int usualActivity = 1;
 QList<TFieldRow> rows()
 {
     return {
-        TFieldRow::edit("&Pavadinimas", "PAD_PAVAD").width(50),
+        TFieldRow::edit("&Pavadinimas", "PAD_PAVAD").width(60),
         TFieldRow::edit("&Adresas", "PAD_ADR"),
         TFieldRow::edit("&Kodas", "PAD_KODAS").holdsFocus(),
         TFieldRow::check("Is&taiga", "PAD_IST"),
