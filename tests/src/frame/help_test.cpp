@@ -54,7 +54,7 @@ TEST_P(HelpOfEveryEntry, OpensByItsKey)
         pressF1(window);
     else if (met.windows == 0) // nothing but questions
         return;
-    EXPECT_EQ(shown, QList<int>{entry().help});
+    EXPECT_EQ(shown, QList<int>(std::max(met.windows, 1), entry().help));
 }
 
 TEST_P(HelpOfEveryEntry, IsWritten)
