@@ -2,6 +2,7 @@
 
 #include "database/demo/demo.h"
 #include "host/app/new_books_dialog.h"
+#include "host/common/waiting.h"
 #include "host/data/connections.h"
 #include "host/data/main_datas.h"
 
@@ -45,8 +46,7 @@ bool createFirstBooks(const QString &folder, QWidget *owner)
     TNewBooksDlg dialog(folder, owner);
     if (dialog.exec() != QDialog::Accepted)
         return false;
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    const auto restoreCursor = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
+    const TWaiting waiting;
     if (dialog.demonstration())
         createDemonstrationBooks(folder);
     else

@@ -1,24 +1,15 @@
 #include "host/common/msgbox.h"
+#include "host/common/waiting.h"
 #include "host/controls/browse_private.h"
 #include "host/data/main_datas.h"
 #include "toolkit/widgets/db_grid.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-// The waiting cursor while a statement runs.
-class Waiting {
-public:
-    Waiting() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~Waiting() { QApplication::restoreOverrideCursor(); }
-    Waiting(const Waiting &) = delete;
-    Waiting &operator=(const Waiting &) = delete;
-};
-
 bool isKey(const Variant &key)
 {
     if (key.isNull())
@@ -110,7 +101,7 @@ void TBrowseFrm::forgetTexts()
 
 void TBrowseFrm::RefreshData(const Variant &key)
 {
-    const Waiting waiting;
+    const TWaiting waiting;
     d->finder.stop();
     d->tmrFind.stop();
     d->query.Close();
@@ -237,7 +228,7 @@ void TBrowseFrm::NextBtnClick()
 
 void TBrowseFrm::LastBtnClick()
 {
-    const Waiting waiting;
+    const TWaiting waiting;
     d->query.Last();
 }
 

@@ -3,7 +3,6 @@
 #include "src/balances/Saslikedit.h"
 #include "src/balances/balance_report.h"
 #include "toolkit/text/format.h"
-#include "toolkit/widgets/guard.h"
 
 #include <QScopeGuard>
 
@@ -13,9 +12,6 @@ TUnit unit("SLikuciai");
 TSasLikFrm *SasLikFrm = nullptr;
 
 namespace {
-
-constexpr int debitPanel = 1;
-constexpr int creditPanel = 2;
 
 TBrowseDescription described()
 {
@@ -43,48 +39,18 @@ TBrowseDescription described()
 } // namespace
 
 TSasLikFrm::TSasLikFrm(QWidget *owner)
-    : TBrowseFrm(described(), owner),
-      PeriodBox(new TPeriodBox(TPeriodBox::Order::OldestFirst, this)),
+    : TPeriodListFrm(described(), TPeriodBox::Order::OldestFirst, "perid", owner),
       qrySum(MainDatas()->mnFin_Db(),
              "SELECT ssl_perid, sum(ssl_sum_db) as suma_deb, sum(ssl_sum_kr) as suma_kerd "
              "FROM bd_saslik WHERE ssl_perid=:id GROUP BY ssl_perid",
              this)
 {
     keepIn(SasLikFrm);
-    addToToolBar("&Periodas", PeriodBox);
-    addPanel();
-    addPanel();
 }
 
-void TSasLikFrm::FormCreate()
+bool TSasLikFrm::rowsMayChange() const
 {
-    PeriodBox->fillOrRaise();
-    TBrowseFrm::FormCreate();
-    SetEditable(PeriodBox->count() == 1);
-    connectGuarded(PeriodBox, &QComboBox::currentIndexChanged, this, [this] { RefreshData(Variant()); });
-}
-
-// Where no period is left, nothing is left to show or to enter.
-void TSasLikFrm::PeriodChanged()
-{
-    const Variant key = currentKey();
-    dataSet()->Close();
-    setPanel(debitPanel, QString());
-    setPanel(creditPanel, QString());
-    SetEditable(false);
-    PeriodBox->fillOrRaise();
-    SetEditable(PeriodBox->count() == 1);
-    RefreshData(key);
-}
-
-void TSasLikFrm::RefreshData(const Variant &key)
-{
-    if (PeriodBox->period().isNull())
-        return;
-    description.parameters["perid"] = PeriodBox->period();
-    readTotals();
-    showTotals();
-    TBrowseFrm::RefreshData(key);
+    return PeriodBox->count() == 1;
 }
 
 void TSasLikFrm::readTotals()
@@ -120,9 +86,7 @@ QString TSasLikFrm::dayBeforePeriod() const
 
 void TSasLikFrm::BeforePrint(TReport &report)
 {
-    TBrowseFrm::BeforePrint(report);
-    report.period = PeriodBox->currentText();
-    readTotals();
+    TPeriodListFrm::BeforePrint(report);
     addBalanceBands(report, dayBeforePeriod(), debit, credit);
 }
 

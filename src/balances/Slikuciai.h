@@ -1,6 +1,6 @@
 #pragma once
 
-#include "src/frame/host_services.h"
+#include "src/balances/period_list.h"
 #include "src/frame/unit.h"
 
 // The opening balances of accounts, one period at a time.
@@ -8,26 +8,20 @@ namespace Slikuciai {
 
 extern TUnit unit;
 
-class TSasLikFrm : public TBrowseFrm {
+class TSasLikFrm : public TPeriodListFrm {
     Q_OBJECT
 public:
     explicit TSasLikFrm(QWidget *owner);
 
-    // Tells as well when the debit and credit totals of the period differ.
-    void RefreshData(const Variant &key) override;
-
 protected:
-    // Raises while no start-of-work period is set.
-    void FormCreate() override;
-    void PeriodChanged() override;
     void BeforePrint(TReport &report) override;
+    bool rowsMayChange() const override;
+    void readTotals() override;
+    void showTotals() override; // tells as well when the debit and credit totals of the period differ
 
 private:
-    void readTotals();
-    void showTotals();
     QString dayBeforePeriod() const;
 
-    TPeriodBox *PeriodBox;
     TQuery qrySum;
     double debit = 0;
     double credit = 0;

@@ -17,6 +17,7 @@
 #include "host/common/months.h"
 #include "host/common/msgbox.h"
 #include "host/common/settings_store.h"
+#include "host/common/waiting.h"
 
 // HostData
 #include "host/data/account_row.h"

@@ -5,6 +5,10 @@
 #include "src/assets/Objektai.h"
 #include "src/assets/Pardtip.h"
 #include "src/assets/Pirktip.h"
+#include "src/balances/Dkalik.h"
+#include "src/balances/Dkaliked.h"
+#include "src/balances/Ilikuciai.h"
+#include "src/balances/Isllikedit.h"
 #include "src/balances/Saslikedit.h"
 #include "src/balances/Slikuciai.h"
 #include "src/catalogues/Imokos.h"
@@ -46,47 +50,53 @@
 
 const std::vector<TUnit *> &packageUnits()
 {
+    // clang-format off
     static const std::vector<TUnit *> units = {
-        &Velmora::unit,              //
-        &SysInit::unit,              //
-        &Dbkrsut::unit,              //
-        &Chdbkr::unit,               //
-        &Copydbkr::unit,             //
-        &Pajamurusiukodaiedit::unit, //
-        &Pajamurusiukodai::unit,     //
-        &Lvedit::unit,               //
-        &Laikymovietos::unit,        //
-        &Vtarnnew::unit,             //
-        &Vtarn::unit,                //
-        &Fined::unit,                //
-        &Finlist::unit,              //
-        &Editpirktip::unit,          //
-        &Bankaied::unit,             //
-        &Bankai::unit,               //
-        &Drbklasred::unit,           //
-        &Drbklassar::unit,           //
-        &Veiklred::unit,             //
-        &Veiklsar::unit,             //
-        &Objektai::unit,             //
-        &Editf::unit,                //
-        &Newimok::unit,              //
-        &Imokos::unit,               //
-        &Saslikedit::unit,           //
-        &Slikuciai::unit,            //
-        &Usersch::unit,              //
-        &Confpas::unit,              //
-        &Skyriailist::unit,          //
-        &Paditem::unit,              //
-        &Pirktip::unit,              //
-        &Period::unit,               //
-        &Perback::unit,              //
-        &Pareig::unit,               //
-        &Editprg::unit,              //
-        &Pardtip::unit,              //
-        &Dbkr::unit,                 //
-        &Closeperiod::unit,          //
-        &Userslist::unit,            //
+        &Velmora::unit,
+        &SysInit::unit,
+        &Dbkrsut::unit,
+        &Chdbkr::unit,
+        &Copydbkr::unit,
+        &Pajamurusiukodaiedit::unit,
+        &Pajamurusiukodai::unit,
+        &Lvedit::unit,
+        &Laikymovietos::unit,
+        &Dkaliked::unit,
+        &Dkalik::unit,
+        &Vtarnnew::unit,
+        &Vtarn::unit,
+        &Fined::unit,
+        &Finlist::unit,
+        &Editpirktip::unit,
+        &Bankaied::unit,
+        &Bankai::unit,
+        &Drbklasred::unit,
+        &Drbklassar::unit,
+        &Veiklred::unit,
+        &Veiklsar::unit,
+        &Objektai::unit,
+        &Editf::unit,
+        &Newimok::unit,
+        &Imokos::unit,
+        &Isllikedit::unit,
+        &Ilikuciai::unit,
+        &Saslikedit::unit,
+        &Slikuciai::unit,
+        &Usersch::unit,
+        &Confpas::unit,
+        &Skyriailist::unit,
+        &Paditem::unit,
+        &Pirktip::unit,
+        &Period::unit,
+        &Perback::unit,
+        &Pareig::unit,
+        &Editprg::unit,
+        &Pardtip::unit,
+        &Dbkr::unit,
+        &Closeperiod::unit,
+        &Userslist::unit,
     };
+    // clang-format on
     return units;
 }
 

@@ -128,9 +128,9 @@ protected:
     static void whenKeyIsDrawn(QWidget &dialog, const char *keyColumn, std::function<void()> happens)
     {
         dialog.findChild<TQuery *>()->describe(keyColumn, [happens](TField &drawn) {
-            drawn.OnChange = [happens](TField &key) {
-                key.OnChange = {};
-                happens();
+            drawn.OnChange = [happens, done = false](TField &) mutable {
+                if (!std::exchange(done, true))
+                    happens();
             };
         });
     }

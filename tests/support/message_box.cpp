@@ -73,7 +73,7 @@ void closeIfLeftOpen(QWidget *window)
 
 void answerWindow(QWidget *window)
 {
-    if (!window->isVisible())
+    if (!window->isVisible() || window->objectName() == "Animation")
         return;
     ModalExpectation *expected = expectationOf(window);
     // How fast the machine is decides whether progress is shown; it goes by itself.

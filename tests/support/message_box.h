@@ -19,9 +19,9 @@
 //
 //     OnNextDialog<TSasLikDlg> dialog([](TSasLikDlg &dlg) { type(…); pressButton(dlg, u"&Taip"); });
 //
-// A window that nobody expects fails the test and is closed (a progress window aside, which goes by itself),
-// as does one that is still open long after its answer. A box or dialog that was expected and did not come
-// fails the test when the object goes.
+// A window that nobody expects fails the test and is closed (a window of progress aside, which goes by
+// itself), as does one that is still open long after its answer. A box or dialog that was expected and did
+// not come fails the test when the object goes.
 //
 // What is set up first is served first. What is set up inside a dialog's function is served before what waits
 // outside.

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+class TDBGrid;
+
+// The opening balances of expenses: for each node of the classification one row in a period.
+namespace Ilikuciai {
+
+extern TUnit unit;
+
+class TIslFrm : public TBookFrm {
+    Q_OBJECT
+public:
+    explicit TIslFrm(QWidget *owner);
+    ~TIslFrm() override;
+
+    TQuery &balances() { return qryIslLik; } // of the current node and the picked period
+
+    void CheckActions() override;
+
+protected:
+    void FormCreate() override;
+    void PeriodChanged() override;
+    void NewRecord() override;
+    void EditRecord() override;
+    void DeleteRecord() override;
+
+private:
+    void loadBalances();
+    bool isFirstMonth() const;
+    bool hasBalance();
+
+    TQuery qryIslLik;
+    TPeriodBox *PeriodBox;
+    TDBGrid *DBGrid;
+};
+
+extern TIslFrm *IslFrm;
+
+} // namespace Ilikuciai

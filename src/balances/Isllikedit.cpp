@@ -1,0 +1,125 @@
+#include "src/balances/Isllikedit.h"
+
+#include "src/balances/Ilikuciai.h"
+#include "toolkit/widgets/guard.h"
+
+#include <QScopeGuard>
+
+#include <array>
+
+namespace Isllikedit {
+
+TUnit unit("IslLikEdit");
+TIslLikDlg *IslLikDlg = nullptr;
+
+struct TIslLikDlg::TKind {
+    const char *side; // the name of its choice
+    const char *caption;
+    const char *debit;
+    const char *credit;
+    bool opensByAmount; // on the side that has the amount
+};
+
+// A factual balance opens on its debit side even when it is a credit: that is deliberate.
+const std::array<TIslLikDlg::TKind, 3> &TIslLikDlg::kinds()
+{
+    static constexpr std::array<TKind, 3> all{
+        {{"AsigSide", "Asignavimo išlaidos", "SML_ASIG_DB", "SML_ASIG_KR", true},
+         {"KasSide", "Kasinės išlaidos", "SML_KAS_DB", "SML_KAS_KR", true},
+         {"FakSide", "Faktinės išlaidos", "SML_FAK_DB", "SML_FAK_KR", false}}};
+    return all;
+}
+
+bool EditIslLik(bool edit)
+{
+    if (!Ilikuciai::IslFrm)
+        return false;
+    TQuery &balances = Ilikuciai::IslFrm->balances();
+    if (!balances.Active() || (edit && (balances.IsEmpty() || balances.FieldByName("SML_ID")->IsNull())))
+        return false;
+    const auto dropUnsaved = qScopeGuard([&balances] {
+        if (balances.editing())
+            balances.Cancel();
+    });
+    if (edit)
+        balances.Edit();
+    else
+        balances.Append();
+    return TIslLikDlg(TRecordStart::on(balances)).run();
+}
+
+TFieldRow TIslLikDlg::groupOf(const TKind &kind)
+{
+    const auto amount = [](const char *column, const char *side) {
+        return TFieldRow::edit("Suma", column).named(side).money().defaultValue(0).width(16);
+    };
+    return TFieldRow::group(kind.caption,
+                            {TFieldRow::custom({}, kind.side, new TSideChoice("Debetas", "Kreditas")),
+                             amount(kind.debit, "Debetas"), amount(kind.credit, "Kreditas")});
+}
+
+TIslLikDlg::TIslLikDlg(const TRecordStart &start)
+    : TRecordDialog(
+          {.name = "TIslLikDlg",
+           .newCaption = "Naujas",
+           .editCaption = "Koreguojamas",
+           .help = 22,
+           .table = "bd_isllik",
+           .keyColumn = "SML_ID",
+           .key = TKeyRule::drawn("select GetNextTableColumnId('dba','bd_isllik','sml_id') from dummy"),
+           .rows = {groupOf(kinds()[0]), groupOf(kinds()[1]), groupOf(kinds()[2])}},
+          start)
+{
+    for (const TKind &kind : kinds())
+        connectGuarded(control<TSideChoice>(kind.side), &TSideChoice::chosen, this, [this] { showSides(); });
+    connectGuarded(&form(), &TFieldForm::edited, this, [this] { settleSides(); });
+    showSides();
+    keepIn(IslLikDlg);
+}
+
+void TIslLikDlg::Loaded()
+{
+    for (const TKind &kind : kinds())
+        if (!isNew() && kind.opensByAmount)
+            control<TSideChoice>(kind.side)->setDebit(field(kind.debit)->AsFloat() != 0);
+}
+
+bool TIslLikDlg::onDebit(const TKind &kind) const
+{
+    return control<TSideChoice>(kind.side)->isDebit();
+}
+
+// Amounts do not move between the sides.
+void TIslLikDlg::showSides()
+{
+    for (const TKind &kind : kinds()) {
+        form().setRowVisible(kind.debit, onDebit(kind));
+        form().setRowVisible(kind.credit, !onDebit(kind));
+    }
+}
+
+// In ten-thousandths, so that amounts that cancel each other are nothing.
+double TIslLikDlg::settleSides()
+{
+    qint64 sum = 0;
+    for (const TKind &kind : kinds()) {
+        field(onDebit(kind) ? kind.credit : kind.debit)->setAsFloat(0);
+        sum += qRound64(field(onDebit(kind) ? kind.debit : kind.credit)->AsFloat() * 10000);
+    }
+    return double(sum) / 10000;
+}
+
+// Nothing to save is passed over in silence.
+void TIslLikDlg::Validate()
+{
+    if (settleSides() == 0)
+        throw EAbort();
+    if (!isNew())
+        return;
+    if (EinPer_Id() == 0)
+        throw Exception("Darbo pradžios periodas nenustatitas!");
+    field("SML_PERID")->setAsFloat(EinPer_Id());
+    field("SML_JVEID")->setAsFloat(Ilikuciai::IslFrm->JungId());
+}
+
+} // namespace Isllikedit
