@@ -35,11 +35,38 @@ TStoredReport debtorRegister()
     };
 }
 
+// The estimates with their corrections, the last year first.
+TStoredReport estimates()
+{
+    return {
+        .number = 86,
+        .caption = u"Sąmatos"_s,
+        .sql = u"select PER_METAI, PER_KETV, JVE_KODAS, JVE_PAVAD, SAM_SAMATA, SAM_SAM_KOR "
+               "from bd_samatos, bd_period, bd_jve where per_id=sam_perid and jve_id=sam_jveid "
+               "order by PER_METAI desc, JVE_KODAS, SAM_PERID"_s,
+        .columns = {{.field = u"PER_METAI"_s, .title = u"Metai"_s, .width = 40},
+                    {.field = u"JVE_KODAS"_s, .title = u"Kodas"_s, .width = 70},
+                    {.field = u"JVE_PAVAD"_s, .title = u"Pavadinimas"_s, .width = 230},
+                    {.field = u"PER_KETV"_s, .title = u"Ketvirtis"_s, .width = 50},
+                    {.field = u"SAM_SAMATA"_s,
+                     .title = u"Sąmatos suma"_s,
+                     .width = 90,
+                     .alignment = Qt::AlignRight,
+                     .mask = u"0.00"_s},
+                    {.field = u"SAM_SAM_KOR"_s,
+                     .title = u"Koreguota sąmata"_s,
+                     .width = 90,
+                     .alignment = Qt::AlignRight,
+                     .mask = u"0.00"_s}},
+        .fontSize = 8,
+    };
+}
+
 } // namespace
 
 const TStoredReport *storedReport(int number)
 {
-    static const std::vector<TStoredReport> store = {debtorRegister()};
+    static const std::vector<TStoredReport> store = {debtorRegister(), estimates()};
     const auto found = std::ranges::find(store, number, &TStoredReport::number);
     return found == store.end() ? nullptr : &*found;
 }

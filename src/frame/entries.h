@@ -64,6 +64,7 @@ AnsiString firstCode(const char *table, const char *key);
 // The parts, each with its screens in the order of the menus and then its editors.
 TPackageEntries periodEntries();
 TPackageEntries balanceEntries();
+TPackageEntries estimateEntries();
 TPackageEntries debtorEntries();
 TPackageEntries peopleEntries();
 TPackageEntries moneyEntries();
@@ -75,5 +76,6 @@ TPackageEntries userEntries();
 namespace Menu {
 inline const QString periods = QStringLiteral("Pe&riodas");
 inline const QString balances = QStringLiteral("Li&kučiai");
+inline const QString estimates = QStringLiteral("&Sąmatos");
 inline const QString catalogues = QStringLiteral("&Žinynai");
 } // namespace Menu

@@ -25,6 +25,10 @@
 #include "src/departments/Skyriailist.h"
 #include "src/departments/Veiklred.h"
 #include "src/departments/Veiklsar.h"
+#include "src/estimates/Korlist.h"
+#include "src/estimates/Newsam.h"
+#include "src/estimates/Samform.h"
+#include "src/estimates/Samkor.h"
 #include "src/frame/SysInit.h"
 #include "src/frame/Velmora.h"
 #include "src/frame/entries.h"
@@ -82,6 +86,10 @@ const std::vector<TUnit *> &packageUnits()
         &Ilikuciai::unit,
         &Saslikedit::unit,
         &Slikuciai::unit,
+        &Korlist::unit,
+        &Samkor::unit,
+        &Samform::unit,
+        &Newsam::unit,
         &Usersch::unit,
         &Confpas::unit,
         &Skyriailist::unit,
@@ -104,8 +112,9 @@ const TPackageEntries &packageEntries()
 {
     static const TPackageEntries entries = [] {
         TPackageEntries all;
-        for (const auto &part : {periodEntries, balanceEntries, debtorEntries, peopleEntries, moneyEntries,
-                                 departmentEntries, assetEntries, catalogueEntries, userEntries})
+        for (const auto &part :
+             {periodEntries, balanceEntries, estimateEntries, debtorEntries, peopleEntries, moneyEntries,
+              departmentEntries, assetEntries, catalogueEntries, userEntries})
             std::ranges::move(part(), std::back_inserter(all));
         return all;
     }();
