@@ -37,7 +37,7 @@ TBrowseDescription described(double samId)
 
 void SamKorList(const double samId, const bool editable)
 {
-    const std::unique_ptr<TKorListDlg> list(createForm<TKorListDlg>(samId, nullptr));
+    auto *list = createForm<TKorListDlg>(samId, nullptr); // gone when it is closed
     list->SetEditable(editable);
     list->ShowModal();
 }
