@@ -75,6 +75,8 @@ struct TBrowseDescription {
     bool titlesCentred = false;
     TEditing editing = TEditing::Always;
     bool printable = true;
+    int report = 0;             // the number of the host's report that is printed; 0: the list itself
+    bool closesReports = false; // the end of the list ends the report engine, too
     TUsedCheck used;
 
     QString newCaption;
@@ -94,7 +96,7 @@ struct TBrowseDescription {
 };
 
 // An editor whose keys are of type Key (double, int, AnsiString) as a list calls it: a function of caption,
-// new flag and key, or of key and new flag alone.
+// new flag and key, the latter two in either order, or of key and new flag alone.
 template<class Key, class Editor> auto keyed(Editor editor)
 {
     return [editor](const QString &caption, bool isNew, Variant &key) {
@@ -102,6 +104,10 @@ template<class Key, class Editor> auto keyed(Editor editor)
         bool saved = false;
         if constexpr (std::is_invocable_v<Editor, Key &, bool>)
             saved = editor(typed, isNew);
+        else if constexpr (std::is_invocable_v<Editor, AnsiString, bool, Key &>)
+            saved = editor(AnsiString(caption), isNew, typed);
+        else if constexpr (std::is_invocable_v<Editor, AnsiString, Key &, bool>)
+            saved = editor(AnsiString(caption), typed, isNew);
         else
             saved = editor(caption, isNew, typed);
         key = TKeyOf<Key>::to(typed);

@@ -3,6 +3,7 @@
 #include "host/controls/browse_private.h"
 #include "host/controls/session.h"
 #include "host/data/main_datas.h"
+#include "host/data/reports.h"
 #include "toolkit/widgets/db_grid.h"
 #include "toolkit/widgets/guard.h"
 
@@ -115,6 +116,8 @@ void TBrowseFrm::FormDestroy()
     d->finder.stop();
     d->query.Close();
     TDocumentFrm::FormDestroy();
+    if (description.closesReports)
+        CloseReports();
 }
 
 void TBrowseFrm::PeriodChanged()

@@ -2,6 +2,7 @@
 #include "host/controls/list_copy.h"
 #include "host/controls/list_report.h"
 #include "host/data/main_datas.h"
+#include "host/data/reports.h"
 #include "toolkit/report/dataset_rows.h"
 #include "toolkit/report/preview.h"
 #include "toolkit/text/datetime.h"
@@ -29,6 +30,10 @@ void TBrowseFrm::BeforePrint(TReport &report)
 
 void TBrowseFrm::PrintBtnClick()
 {
+    if (description.report > 0) {
+        OpenReports(AnsiString(u"/DBN=%1 /RPTID=%2"_s.arg(Database()->AliasName()).arg(description.report)));
+        return;
+    }
     if (d->query.stopped())
         throw Exception(u"Perskaityta tik dalis sąrašo. Atnaujinkite jį (F5) ir bandykite dar kartą."_s);
     TReport report;

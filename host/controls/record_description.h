@@ -40,7 +40,8 @@ struct TRecordDescription {
     QList<TDialogButton> buttons = saveAndCancel();
     TSaveRule save = TSaveRule::Always;
 
-    // Shown instead of what the database says when it refuses; empty: its own words.
+    // Shown instead of what the database says when it refuses; empty: its own words. A row that is gone and a
+    // server that is lost are told as ever.
     QString openFailure, saveFailure;
 
     // Further settings of the row before it is opened: rules, statements of held changes.

@@ -86,7 +86,7 @@ void TRecordDialog::openRow()
     } catch (const EDatabaseError &) {
         if (description.openFailure.isEmpty())
             throw;
-        throw Exception(description.openFailure);
+        throw EErrorNoOpen(description.openFailure);
     }
     if (opening.kind == TRecordStart::Kind::New || (description.addsMissing && query->IsEmpty()))
         query->Append();
@@ -203,6 +203,10 @@ void TRecordDialog::saveInTransaction(const std::function<void()> &step)
             saveOnce(step);
         } catch (const EChangedElsewhere &conflict) {
             again = settle(conflict);
+        } catch (const ERowGone &) {
+            throw;
+        } catch (const EConnectionLost &) {
+            throw;
         } catch (const EDatabaseError &error) {
             // Another station took the code between the check and the post: it is named then, too.
             if (dynamic_cast<const EUniqueViolation *>(&error)) {

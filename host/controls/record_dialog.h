@@ -4,6 +4,12 @@
 
 #include <QApplication>
 
+// The row of an editor cannot be read; the text is the editor's own.
+class EErrorNoOpen : public Exception {
+public:
+    using Exception::Exception;
+};
+
 // The editor of one row, from opening to the result; an editor describes itself and overrides a step only
 // where it differs:
 //

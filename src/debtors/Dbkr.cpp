@@ -40,12 +40,11 @@ TBrowseDescription described()
                     {"DKA_BANK_KOD", "Banko kodas", 90},
                     {"DKA_BANK_PAV", "Banko pavadinimas", 150},
                     {"SASKAITA_2", "Mok. sumų sąskaita", 170}},
+        .report = 81,
         .used = {"Db Kr \"%s\" dalyvauja ūkinėse operacijose!", "dka_pavad", true},
         .newCaption = newCaption,
         .editCaption = "Koreguojamas debitorius ar kreditorius",
-        .edit = keyed<double>([](const QString &caption, bool isNew, double &id) {
-            return Chdbkr::EditDbKr(AnsiString(caption), isNew, id);
-        }),
+        .edit = keyed<double>(Chdbkr::EditDbKr),
     };
 }
 
@@ -67,11 +66,6 @@ void TDbKrFrm::copyRecord()
     double newId = 0;
     if (Copydbkr::CopyData(AnsiString(newCaption), currentKey().toDouble(), newId))
         RefreshData(newId);
-}
-
-void TDbKrFrm::PrintBtnClick()
-{
-    OpenReports(AnsiString("/DBN=" + Database()->AliasName() + " /RPTID=81"));
 }
 
 } // namespace Dbkr

@@ -15,8 +15,6 @@ public:
 
     QAction *acCopyData; // a new counterparty as a copy of the current one
 
-    void PrintBtnClick() override; // the host's report 81
-
 private:
     void copyRecord();
 };

@@ -36,9 +36,13 @@
 #include "src/money/Bankaied.h"
 #include "src/money/Fined.h"
 #include "src/money/Finlist.h"
+#include "src/people/Atsasmlist.h"
+#include "src/people/Chatasm.h"
+#include "src/people/Chmatasm.h"
 #include "src/people/Drbklasred.h"
 #include "src/people/Drbklassar.h"
 #include "src/people/Editprg.h"
+#include "src/people/Matasm.h"
 #include "src/people/Pareig.h"
 #include "src/people/Vtarn.h"
 #include "src/people/Vtarnnew.h"
@@ -90,6 +94,7 @@ const std::vector<TUnit *> &packageUnits()
         &Samkor::unit,
         &Samform::unit,
         &Newsam::unit,
+        &Chatasm::unit,
         &Usersch::unit,
         &Confpas::unit,
         &Skyriailist::unit,
@@ -100,9 +105,12 @@ const std::vector<TUnit *> &packageUnits()
         &Pareig::unit,
         &Editprg::unit,
         &Pardtip::unit,
+        &Matasm::unit,
+        &Chmatasm::unit,
         &Dbkr::unit,
         &Closeperiod::unit,
         &Userslist::unit,
+        &Atsasmlist::unit,
     };
     // clang-format on
     return units;

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+// Accountable persons: employees who receive advances and account for them.
+namespace Atsasmlist {
+
+extern TUnit unit;
+
+class TAtsAsmFrm : public TBrowseFrm {
+    Q_OBJECT
+public:
+    explicit TAtsAsmFrm(QWidget *owner);
+};
+
+extern TAtsAsmFrm *AtsAsmFrm;
+
+} // namespace Atsasmlist

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+namespace Chatasm {
+
+extern TUnit unit;
+
+// Edits the person whose ats_id is id, or adds one; true when the user saved, id is then the ats_id as saved.
+bool ChAtsAsm(const AnsiString &caption, double &id, bool isNew);
+
+class TEditAtAsmDlg : public TRecordDialog {
+    Q_OBJECT
+public:
+    TEditAtAsmDlg(const AnsiString &caption, const TRecordStart &start);
+};
+
+extern TEditAtAsmDlg *EditAtAsmDlg;
+
+} // namespace Chatasm
