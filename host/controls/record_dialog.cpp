@@ -186,8 +186,12 @@ void TRecordDialog::requireUnique(const TUniqueCode &code)
     if (!isNew())
         sql +=
             u" and %1 <> %2"_s.arg(description.keyColumn, literal(field(description.keyColumn)->OldValue()));
-    if (Database()->fieldResult(sql).toInt() > 0)
-        refuse(code.column, QString(code.message).replace(u"%s"_s, value));
+    if (Database()->fieldResult(sql).toInt() <= 0)
+        return;
+    const QString told = QString(code.message).replace(u"%s"_s, value);
+    if (form().has(code.column))
+        refuse(code.column, told);
+    throw Exception(told); // a code that is composed of other fields
 }
 
 bool TRecordDialog::takesKey() const

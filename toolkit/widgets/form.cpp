@@ -233,6 +233,11 @@ const TFieldForm::Made &TFieldForm::made(const QString &name) const
     return fields[*found];
 }
 
+bool TFieldForm::has(const QString &name) const
+{
+    return places.contains(name.toLower());
+}
+
 QWidget *TFieldForm::control(const QString &name) const
 {
     return made(name).control;

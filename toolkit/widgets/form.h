@@ -25,6 +25,7 @@ public:
     QLabel *labelOf(const QString &name) const; // null when the control shows its label itself
     QWidget *browseButton(const QString &name, int which = 0) const; // null when there is none
 
+    bool has(const QString &name) const; // there is such a row
     // Whether the control shows something now, what is still being typed included; blanks are nothing.
     bool isFilled(const QString &name) const;
     // The same of every required row that is neither hidden nor disabled.
