@@ -35,6 +35,25 @@ TStoredReport debtorRegister()
     };
 }
 
+// The current accounts.
+TStoredReport currentAccounts()
+{
+    return {
+        .number = 82,
+        .caption = u"Einamosios sąskaitos"_s,
+        .sql = u"select EIN_ID, EIN_NR, (SAS_SASNR + '  ' + SAS_PAVAD) as SAS_NR_PAVAD, EIN_BANK_PAV, "
+               "EIN_BANK_KOD from bd_einsas inner join bd_sasplan on (EIN_SASID = SAS_ID) order by EIN_NR"_s,
+        .columns = {{.field = u"EIN_NR"_s, .title = u"Ein sąs. Nr"_s, .width = 120},
+                    {.field = u"SAS_NR_PAVAD"_s, .title = u"Sąskaita"_s, .width = 190},
+                    {.field = u"EIN_BANK_PAV"_s, .title = u"Banko pavadinimas"_s, .width = 150},
+                    {.field = u"EIN_BANK_KOD"_s,
+                     .title = u"Banko kodas"_s,
+                     .width = 60,
+                     .alignment = Qt::AlignRight}},
+        .summary = u"'Iš viso: ' + COUNT(EIN_ID)"_s,
+    };
+}
+
 // The estimates with their corrections, the last year first.
 TStoredReport estimates()
 {
@@ -66,7 +85,7 @@ TStoredReport estimates()
 
 const TStoredReport *storedReport(int number)
 {
-    static const std::vector<TStoredReport> store = {debtorRegister(), estimates()};
+    static const std::vector<TStoredReport> store = {debtorRegister(), currentAccounts(), estimates()};
     const auto found = std::ranges::find(store, number, &TStoredReport::number);
     return found == store.end() ? nullptr : &*found;
 }

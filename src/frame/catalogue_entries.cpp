@@ -1,5 +1,7 @@
 #include "src/catalogues/Imokos.h"
 #include "src/catalogues/Newimok.h"
+#include "src/catalogues/Nuom.h"
+#include "src/catalogues/Nuomedit.h"
 #include "src/catalogues/Pajamurusiukodai.h"
 #include "src/catalogues/Pajamurusiukodaiedit.h"
 #include "src/frame/entries.h"
@@ -19,14 +21,22 @@ void editIncomeCode()
     Pajamurusiukodaiedit::ShowPajamuRusiuKodaiEdit(firstCode("bd_pajamurusiukodai", "paj_kod"), dsEdit);
 }
 
+void editTenant()
+{
+    double id = firstKey(TSession::Main, "bd_nuomasm", "nuom_id");
+    Nuomedit::EditNuom(AnsiString("Koreguojamas nuomininkas"), false, id);
+}
+
 } // namespace
 
 TPackageEntries catalogueEntries()
 {
     return {
+        listScreen<Nuom::TNuomFrm>(Nuom::unit, {Menu::catalogues}, "&Nuomininkai…", 62),
         listScreen<Pajamurusiukodai::TPajamuRusiuKodaiFrm>(Pajamurusiukodai::unit, codes,
                                                            "&Pajamų rūšių kodai…", 64),
         listScreen<Imokos::TImokosFrm>(Imokos::unit, codes, "&Mokesčių, rinkliavų ir kitų įmokų kodai…", 61),
+        editor("EditNuom", Nuomedit::unit, 62, editTenant),
         editor("ShowPajamuRusiuKodaiEdit", Pajamurusiukodaiedit::unit, 64, editIncomeCode),
         editor("EditImokos", Newimok::unit, 61, editPaymentCode),
     };

@@ -1,6 +1,8 @@
 #include "src/frame/entries.h"
 #include "src/money/Bankai.h"
 #include "src/money/Bankaied.h"
+#include "src/money/Einsasdet.h"
+#include "src/money/Einsasform.h"
 #include "src/money/Fined.h"
 #include "src/money/Finlist.h"
 
@@ -14,13 +16,21 @@ void editBank()
     Bankaied::EditBankas(kodas, false);
 }
 
+void editAccount()
+{
+    double id = firstKey(TSession::Main, "bd_einsas", "ein_id");
+    Einsasdet::ShowEinSas(AnsiString("Koreguojama sąskaita"), id, false);
+}
+
 } // namespace
 
 TPackageEntries moneyEntries()
 {
     return {
+        listScreen<Einsasform::TEinSasFrm>(Einsasform::unit, money, "&Einamosios sąskaitos…", 6),
         listScreen<Bankai::TBankaiFrm>(Bankai::unit, money, "&Bankai…", 65),
         listScreen<Finlist::TFinListFrm>(Finlist::unit, money, "&Finansavimo šaltiniai…", 72),
+        editor("ShowEinSas", Einsasdet::unit, 6, editAccount),
         editor("TBankaiDlg", Bankaied::unit, 65, editBank),
         editorInList<Finlist::TFinListFrm>("TFinEdDlg", Fined::unit, 72),
     };

@@ -13,6 +13,8 @@
 #include "src/balances/Slikuciai.h"
 #include "src/catalogues/Imokos.h"
 #include "src/catalogues/Newimok.h"
+#include "src/catalogues/Nuom.h"
+#include "src/catalogues/Nuomedit.h"
 #include "src/catalogues/Pajamurusiukodai.h"
 #include "src/catalogues/Pajamurusiukodaiedit.h"
 #include "src/debtors/Chdbkr.h"
@@ -34,6 +36,8 @@
 #include "src/frame/entries.h"
 #include "src/money/Bankai.h"
 #include "src/money/Bankaied.h"
+#include "src/money/Einsasdet.h"
+#include "src/money/Einsasform.h"
 #include "src/money/Fined.h"
 #include "src/money/Finlist.h"
 #include "src/people/Atsasmlist.h"
@@ -65,6 +69,8 @@ const std::vector<TUnit *> &packageUnits()
         &Dbkrsut::unit,
         &Chdbkr::unit,
         &Copydbkr::unit,
+        &Nuomedit::unit,
+        &Nuom::unit,
         &Pajamurusiukodaiedit::unit,
         &Pajamurusiukodai::unit,
         &Lvedit::unit,
@@ -107,6 +113,8 @@ const std::vector<TUnit *> &packageUnits()
         &Pardtip::unit,
         &Matasm::unit,
         &Chmatasm::unit,
+        &Einsasform::unit,
+        &Einsasdet::unit,
         &Dbkr::unit,
         &Closeperiod::unit,
         &Userslist::unit,

@@ -295,7 +295,7 @@ delete from pp_imok where IMO_KOD = :OLD_IMO_KOD
 -- screen: TNuomFrm, session: mnFin_Db
 select NUOM_ID, NUOM_KOD, NUOM_PAVAD, NUOM_ADR, NUOM_TEL, NUOM_I_KOD, NUOM_PVM_KOD, NUOM_EIN_SAS, NUOM_BANK_PAV,
   (a.SAS_SASNR+'  '+a.SAS_PAVAD) as SASKAITA, (b.SAS_SASNR+'  '+b.SAS_PAVAD) as SASKAITA_2
-from bd_nuomasm, bd_sasplan as a, bd_sasplan as b where a.sas_id=nuom_sasid and b.sas_id=nuom_sasid2 order by nuom_kod
+from bd_nuomasm left outer join bd_sasplan as a on (a.sas_id=nuom_sasid) left outer join bd_sasplan as b on (b.sas_id=nuom_sasid2) order by nuom_kod
 ;;
 -- screen: TNuomDlg, session: mnFin_Db
 -- param ID = 1

@@ -106,11 +106,19 @@ protected:
         startOfWork(2026, 1, 1);
         balance(account("241"), 100, 0);
         balance(account("401"), 0, 100);
-        for (const char *sql : {"insert into bd_org (org_pavad, org_tipas) values ('Mokykla', 0)",
-                                "insert into bd_dbkrasm (dka_id, dka_kod, dka_pavad, dka_sasid, dka_sasid_2) "
-                                "values (1, 'A', 'B', 1, 1)",
-                                "insert into bd_dbkrasm (dka_id, dka_kod, dka_pavad, dka_sasid, dka_sasid_2) "
-                                "values (2, 'C', 'D', 1, 1)"})
+        for (const char *sql :
+             {"insert into bd_org (org_pavad, org_tipas) values ('Mokykla', 0)",
+              "insert into bd_dbkrasm (dka_id, dka_kod, dka_pavad, dka_sasid, dka_sasid_2) "
+              "values (1, 'A', 'B', 1, 1)",
+              "insert into bd_dbkrasm (dka_id, dka_kod, dka_pavad, dka_sasid, dka_sasid_2) "
+              "values (2, 'C', 'D', 1, 1)",
+              "insert into bd_prg (prg_id, prg_pavad) values (1, 'A')",
+              "insert into bd_pad (pad_id, pad_pavad, pad_kodas) values (1, 'A', '1')",
+              "insert into bd_atsasm values (1, 'A', '1', 1, 1)",
+              "insert into bd_matasm values (1, 'A', '1', 1, 1)",
+              "insert into bd_matasm values (2, 'A', '1', 1, 1)",
+              "insert into bd_einsas values (1, 'A', 1, 1, 'B')",
+              "insert into bd_nuomasm (nuom_id, nuom_kod, nuom_pavad) values (1, 'A', 'B')"})
             books().ExecSQL(sql);
         for (const char *sql :
              {"insert into bd_fin (fin_id, fin_pavad) values (1, 'Biudžetas')",

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+// Tenants.
+namespace Nuom {
+
+extern TUnit unit;
+
+class TNuomFrm : public TBrowseFrm {
+    Q_OBJECT
+public:
+    explicit TNuomFrm(QWidget *owner);
+};
+
+extern TNuomFrm *NuomFrm;
+
+} // namespace Nuom

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+namespace Einsasdet {
+
+extern TUnit unit;
+
+// Edits the account whose ein_id is id, or adds one; true when the user saved, id is then the ein_id as
+// saved.
+bool ShowEinSas(const AnsiString &caption, double &id, bool isNew);
+
+class TEinSasItem : public TRecordDialog {
+    Q_OBJECT
+public:
+    TEinSasItem(const AnsiString &caption, const TRecordStart &start);
+};
+
+extern TEinSasItem *EinSasItem;
+
+} // namespace Einsasdet

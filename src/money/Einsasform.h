@@ -1,0 +1,22 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+// The institution's current accounts with banks.
+namespace Einsasform {
+
+extern TUnit unit;
+
+class TEinSasFrm : public TBrowseFrm {
+    Q_OBJECT
+public:
+    explicit TEinSasFrm(QWidget *owner);
+
+protected:
+    void CheckUsed() override;
+};
+
+extern TEinSasFrm *EinSasFrm;
+
+} // namespace Einsasform
