@@ -57,9 +57,11 @@ TRecordDialog::TRecordDialog(TRecordDescription described, TRecordStart opened, 
             query->UpdateMode = TUpdateMode::upWhereKeyOnly;
     }
     const bool startsNew = opening.kind == TRecordStart::Kind::New || query->State() == dsInsert;
-    describe(startsNew || description.editCaption.isEmpty() ? description.newCaption
-                                                            : description.editCaption,
-             description.rows, query, description.buttons);
+    orNotOpened([&] {
+        describe(startsNew || description.editCaption.isEmpty() ? description.newCaption
+                                                                : description.editCaption,
+                 description.rows, query, description.buttons);
+    });
     connectGuarded(&form(), &TFieldForm::edited, this, [this] {
         changed = true;
         judgeSave();
@@ -79,15 +81,21 @@ TRecordDialog::~TRecordDialog()
 
 // --- opening
 
-void TRecordDialog::openRow()
+// Reads the row, or what is offered beside it.
+void TRecordDialog::orNotOpened(const std::function<void()> &read)
 {
     try {
-        query->Open();
+        read();
     } catch (const EDatabaseError &) {
         if (description.openFailure.isEmpty())
             throw;
         throw EErrorNoOpen(description.openFailure);
     }
+}
+
+void TRecordDialog::openRow()
+{
+    orNotOpened([this] { query->Open(); });
     if (opening.kind == TRecordStart::Kind::New || (description.addsMissing && query->IsEmpty()))
         query->Append();
     else if (query->IsEmpty())

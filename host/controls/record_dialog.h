@@ -73,6 +73,7 @@ protected:
     const TRecordDescription description;
 
 private:
+    void orNotOpened(const std::function<void()> &read);
     void openRow();
     void requireUnique(const TUniqueCode &code);
     void requireAllUnique();
