@@ -68,16 +68,19 @@ public:
                     books(), lastPeriods);
     }
 
-    // Every screen and dialog is opened from its menu, looked at and left.
+    // Every screen and dialog is opened, from its menu where it has one, looked at and left.
     void openEverything()
     {
         for (const TPackageEntry &entry : package.entries()) {
-            if (entry.menu.isEmpty())
-                continue;
-            if (entry.kind == TPackageEntry::Kind::ListScreen) {
+            if (entry.kind == TPackageEntry::Kind::Editor) {
+                hands.whenAsked([this](QWidget &dialog) {
+                    report.step(dialog.windowTitle(), "Pirmas įrašas.");
+                    QTest::keyClick(&dialog, Qt::Key_Escape);
+                });
+                entry.call();
+            } else if (entry.kind == TPackageEntry::Kind::ListScreen) {
                 TTourHands::chooseFromMenu(window, entry.name);
                 lookAt(entry, "Langas atidarytas iš meniu.");
-                lookBehindEdit();
                 window.documents()->closeAllSubWindows();
             } else {
                 hands.whenAsked([&](QWidget &dialog) {
@@ -206,19 +209,6 @@ private:
             if (button->defaultAction() && button->defaultAction()->objectName() == actionName)
                 QTest::mouseClick(button, Qt::LeftButton);
         hands.nothingLeft();
-    }
-
-    // The editor of the current row of the list in front.
-    void lookBehindEdit()
-    {
-        const auto *edit = window.documents()->currentSubWindow()->findChild<QAction *>("acEdit");
-        if (!edit || !edit->isEnabled())
-            return;
-        hands.whenAsked([this](QWidget &dialog) {
-            report.step(dialog.windowTitle(), "Keičiamas pažymėtas įrašas.");
-            QTest::keyClick(&dialog, Qt::Key_Escape);
-        });
-        pressTool("acEdit");
     }
 
     // Looks at the window that a tool of the list opens, and leaves it.
