@@ -25,6 +25,8 @@ public:
     TBookFrm(const TDocumentDescription &described, QWidget *owner);
     ~TBookFrm() override;
 
+    QSize sizeHint() const override { return {900, 600}; }
+
     // --- the current node
     double JungId() const;
     // Goes to a node, of another book too; 0 goes above the first level. Raises EDatabaseError when there is

@@ -15,8 +15,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int treeWidth = 300;
-constexpr int wholeWidth = 900;
-constexpr int wholeHeight = 600;
 constexpr int betweenSelectors = 10;
 
 } // namespace
@@ -28,7 +26,7 @@ TBookFrm::TBookFrm(const TDocumentDescription &described, QWidget *owner)
     buildActions();
     setBody(buildBody());
     addPanel();
-    resize(wholeWidth, wholeHeight);
+    resize(TBookFrm::sizeHint());
     setFocusProxy(d->tree);
 }
 
@@ -177,7 +175,7 @@ void TBookFrm::buildPanes()
     d->panes->addWidget(d->nodePanes);
     d->panes->setChildrenCollapsible(false);
     d->panes->setStretchFactor(1, 1);
-    d->panes->setSizes({treeWidth, wholeWidth - treeWidth});
+    d->panes->setSizes({treeWidth, TBookFrm::sizeHint().width() - treeWidth});
     connectGuarded(d->tree, &QTreeWidget::currentItemChanged, this, [this] { treeSelected(); });
     connectGuarded(d->list, &QTreeWidget::itemActivated, this,
                    [this](QTreeWidgetItem *item) { SetJungId(nodeOf(item)); });

@@ -57,7 +57,7 @@ TBrowseDescription described()
         .sql = "select * from bd_pad order by pad_pavad",
         .columns = {{"PAD_PAVAD", "Pavadinimas", 220},
                     {"PAD_ADR", "Adresas", 180},
-                    {"PAD_IST", "Istaiga", 60},
+                    {.field = "PAD_IST", .title = "Istaiga", .width = 60, .text = yesOrNo},
                     {"PAD_KODAS", "Kodas", 60},
                     {.field = "PAD_SASID", .title = "Sąskaita", .width = 200, .text = accountText},
                     {.field = "PAD_FUNID",

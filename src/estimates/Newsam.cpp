@@ -73,6 +73,7 @@ TSamDlg::TSamDlg(const TRecordStart &start)
 
 void TSamDlg::Loaded()
 {
+    control("SAM_PERID")->setEnabled(false); // the order of the rows gives it
     const double year = Samform::SamFrm->yearId();
     const double node = Samform::SamFrm->JungId();
     before = isNew() ? 0 : field("SAM_SAMATA")->AsFloat();

@@ -113,7 +113,8 @@ TEST_P(Departments, AreAddedChangedAndDeleted)
         save(dialog);
     });
     EXPECT_EQ(list->currentKey().toInt(), 9);
-    EXPECT_EQ(shown(2).mid(2), QStringList({"1", "'%\"", "401  Sąskaita 401", "", "", "241  Sąskaita 241"}));
+    EXPECT_EQ(shown(2).mid(2),
+              QStringList({"Taip", "'%\"", "401  Sąskaita 401", "", "", "241  Sąskaita 241"}));
     change(9, [](TPadItemFrm &dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Koreguojamas skyrius");
         part<QCheckBox>(dialog, "PAD_IST")->click();
