@@ -5,6 +5,8 @@
 #include "src/money/Einsasform.h"
 #include "src/money/Fined.h"
 #include "src/money/Finlist.h"
+#include "src/money/Kasnew.h"
+#include "src/money/Kasosform.h"
 
 namespace {
 
@@ -27,9 +29,11 @@ void editAccount()
 TPackageEntries moneyEntries()
 {
     return {
+        listScreen<Kasosform::TKasosFrm>(Kasosform::unit, money, "&Kasos…", 40),
         listScreen<Einsasform::TEinSasFrm>(Einsasform::unit, money, "&Einamosios sąskaitos…", 6),
         listScreen<Bankai::TBankaiFrm>(Bankai::unit, money, "&Bankai…", 65),
         listScreen<Finlist::TFinListFrm>(Finlist::unit, money, "&Finansavimo šaltiniai…", 72),
+        editorInList<Kasosform::TKasosFrm>("ShowKasa", Kasnew::unit, 40),
         editor("ShowEinSas", Einsasdet::unit, 6, editAccount),
         editor("TBankaiDlg", Bankaied::unit, 65, editBank),
         editorInList<Finlist::TFinListFrm>("TFinEdDlg", Fined::unit, 72),

@@ -40,6 +40,8 @@
 #include "src/money/Einsasform.h"
 #include "src/money/Fined.h"
 #include "src/money/Finlist.h"
+#include "src/money/Kasnew.h"
+#include "src/money/Kasosform.h"
 #include "src/people/Atsasmlist.h"
 #include "src/people/Chatasm.h"
 #include "src/people/Chmatasm.h"
@@ -113,6 +115,8 @@ const std::vector<TUnit *> &packageUnits()
         &Pardtip::unit,
         &Matasm::unit,
         &Chmatasm::unit,
+        &Kasosform::unit,
+        &Kasnew::unit,
         &Einsasform::unit,
         &Einsasdet::unit,
         &Dbkr::unit,

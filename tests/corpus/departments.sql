@@ -52,7 +52,7 @@ select max(pad_id) from bd_pad
 select isl_pavad from bd_asgisl where isl_id = 1
 ;;
 -- screen: TPadItemFrm, session: mnFin_Db
-select VKL_ID, VKL_PAVAD from du_veikl
+select VKL_PAVAD, VKL_ID from du_veikl order by vkl_pavad
 ;;
 -- screen: TLaikymoVietosFrm, session: mnFin_Db
 -- param PADID = 1
