@@ -33,6 +33,7 @@ struct TRun {
     QTemporaryDir folder{scratchRoot() + "/velmora-demo-XXXXXX"};
     std::map<Engine, std::unique_ptr<TDemoCopy>> shared;
     std::map<Engine, TBooks> filled;
+    std::map<Engine, QList<QByteArray>> fingerprints;
     int places = 0;
 };
 
@@ -142,7 +143,20 @@ const TDemoCopy &TDemoCopy::shared(Engine engine)
     return *copy;
 }
 
+void TDemoCopy::renewShared(Engine engine)
+{
+    thisRun().shared.erase(engine);
+}
+
 QList<QByteArray> TDemoCopy::fingerprints() const
 {
     return {fingerprintOf(fin), fingerprintOf(ravl)};
+}
+
+const QList<QByteArray> &TDemoCopy::unchanged(Engine engine)
+{
+    QList<QByteArray> &known = thisRun().fingerprints[engine];
+    if (known.isEmpty())
+        known = TDemoCopy(engine).fingerprints();
+    return known;
 }
