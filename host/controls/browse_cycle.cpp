@@ -11,6 +11,24 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// What the database refuses is told in these words; empty: in its own.
+template<typename Action> Variant inWordsOf(const QString &failure, const Action &action)
+{
+    try {
+        return action();
+    } catch (const EChangedElsewhere &) {
+        throw;
+    } catch (const EDatabaseError &) {
+        if (failure.isEmpty())
+            throw;
+        throw Exception(failure);
+    }
+}
+
+} // namespace
+
 void TBrowseFrm::NewBtnClick()
 {
     if (acNew->isEnabled() && acNew->isVisible())
@@ -97,36 +115,44 @@ void TBrowseFrm::editListRow(bool isNew)
     description.editRow(isNew ? description.newCaption : description.editCaption, isNew);
 }
 
-// What the database refuses is told and asked for again, as it was given.
+// What the database refuses is told and asked for again, as it was given. What another station changed is
+// told once: the user then keeps his own by confirming again, or gives up.
 bool TBrowseFrm::askForValues(bool isNew, Variant &key)
 {
-    QVariantMap now;
+    QVariantMap asRead;
     for (int i = 0; !isNew && i < d->query.FieldCount(); ++i)
-        now.insert(d->query.Field(i)->FieldName().toLower(), d->query.Field(i)->Value());
+        asRead.insert(d->query.Field(i)->FieldName().toLower(), d->query.Field(i)->Value());
+    QVariantMap now = asRead;
     for (;;) {
         const auto given =
             description.values.ask(isNew ? description.newCaption : description.editCaption, now);
         if (!given)
             return false;
-        if (runGuarded(this, [&] { key = writeValues(isNew, key, *given); }))
+        try {
+            key = isNew ? insertValues(*given) : updateValues(key, *given, asRead);
             return true;
-        for (const auto &[column, value] : given->asKeyValueRange())
-            now[column] = value;
+        } catch (const EChangedElsewhere &conflict) {
+            for (const TChangedColumn &column : conflict.columns)
+                asRead[column.field] = column.theirs;
+            showError(this, conflict);
+        } catch (...) {
+            showCurrentException(this);
+        }
+        now.insert(*given);
     }
 }
 
-Variant TBrowseFrm::writeValues(bool isNew, const Variant &key, const QVariantMap &given)
+Variant TBrowseFrm::insertValues(const QVariantMap &given)
 {
-    const TRowOfTable row{Database(), description.table, description.keyColumn};
-    const TListValues &values = description.values;
-    try {
-        return isNew ? row.insert(given, values.key) : row.update(key, given);
-    } catch (const EDatabaseError &) {
-        const QString &told = isNew ? values.newFailure : values.editFailure;
-        if (told.isEmpty())
-            throw;
-        throw Exception(told);
-    }
+    const TRowOfTable row{Database(), description.table, description.keyColumn, &d->query};
+    return inWordsOf(description.values.newFailure,
+                     [&] { return row.insert(given, description.values.key); });
+}
+
+Variant TBrowseFrm::updateValues(const Variant &key, const QVariantMap &given, const QVariantMap &asRead)
+{
+    const TRowOfTable row{Database(), description.table, description.keyColumn, &d->query};
+    return inWordsOf(description.values.editFailure, [&] { return row.update(key, given, asRead); });
 }
 
 bool TBrowseFrm::rowIsThere(const Variant &key) const

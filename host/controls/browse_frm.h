@@ -125,7 +125,8 @@ private:
     bool askFor(bool isNew, Variant &key);
     void editListRow(bool isNew);
     bool askForValues(bool isNew, Variant &key);
-    Variant writeValues(bool isNew, const Variant &key, const QVariantMap &given);
+    Variant insertValues(const QVariantMap &given);
+    Variant updateValues(const Variant &key, const QVariantMap &given, const QVariantMap &asRead);
 
     // Searching.
     TField *findField() const;

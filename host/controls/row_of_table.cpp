@@ -12,6 +12,24 @@ void fill(TQuery &row, const QVariantMap &values)
         row.FieldByName(column)->setValue(value);
 }
 
+// Columns that are neither as they were read nor as they shall be.
+void requireUnchanged(TQuery &row, const QVariantMap &values, const QVariantMap &asRead,
+                      const TDataSet *shown)
+{
+    QList<TChangedColumn> changed;
+    for (const auto &[column, value] : values.asKeyValueRange()) {
+        const TField *field = row.FieldByName(column);
+        const Variant before = asRead.value(column);
+        if (sameKey(field->Value(), before) || sameKey(field->Value(), value))
+            continue;
+        const QString label = shown ? shown->FieldByName(column)->label() : QString();
+        changed.append({column, label, before, field->Value(), value, before.toString(), field->DisplayText(),
+                        value.toString()});
+    }
+    if (!changed.isEmpty())
+        throw EChangedElsewhere(changed);
+}
+
 } // namespace
 
 Variant TRowOfTable::insert(const QVariantMap &values, const TKeyRule &rule) const
@@ -30,7 +48,7 @@ Variant TRowOfTable::insert(const QVariantMap &values, const TKeyRule &rule) con
     return key;
 }
 
-Variant TRowOfTable::update(const Variant &key, const QVariantMap &values) const
+Variant TRowOfTable::update(const Variant &key, const QVariantMap &values, const QVariantMap &asRead) const
 {
     TTransaction transaction(database);
     TQuery row(database, u"select * from %1 where %2 = :key"_s.arg(table, keyColumn));
@@ -39,6 +57,7 @@ Variant TRowOfTable::update(const Variant &key, const QVariantMap &values) const
     row.Open();
     if (row.IsEmpty())
         throw ERowGone();
+    requireUnchanged(row, values, asRead, shown);
     row.Edit();
     fill(row, values);
     row.Post();

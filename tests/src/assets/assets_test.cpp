@@ -134,6 +134,28 @@ TEST_P(Objects, AnObjectDeletedElsewhereIsToldWhenItsNameIsSaved)
     EXPECT_EQ(stored(), QStringList());
 }
 
+TEST_P(Objects, WhatAnotherStationChangedIsToldAndOnesOwnIsKeptByConfirmingAgain)
+{
+    open();
+    named("Kiemas");
+    OnNextDialog<TFinEditDlg> renaming([this](TFinEditDlg &dialog) {
+        secondFin()->ExecSQL("update bd_objektai set obj_pavad = 'Jų kiemas'");
+        type(edit(dialog, "Name"), "Mano kiemas");
+        save(dialog);
+    });
+    NextBoxes told{QMessageBox::Ok};
+    OnNextDialog<TFinEditDlg> again([this](TFinEditDlg &dialog) {
+        EXPECT_EQ(stored(), QStringList("1|Jų kiemas")) << "nothing was written over";
+        EXPECT_EQ(edit(dialog, "Name")->text(), "Mano kiemas");
+        save(dialog);
+    });
+    list->EditBtnClick();
+    EXPECT_EQ(
+        told.texts(),
+        QStringList("Kita darbo vieta tuo tarpu pakeitė: Pavadinimas: buvo „Kiemas“, dabar „Jų kiemas“."));
+    EXPECT_EQ(stored(), QStringList("1|Mano kiemas"));
+}
+
 TEST_P(Objects, AnObjectOfAnAssetIsNotDeleted)
 {
     open();

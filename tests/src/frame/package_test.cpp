@@ -85,7 +85,7 @@ TEST(Package, ListsItsUnitsInTheirOrder)
 {
     const TLoadedPackage package(packageFile());
     EXPECT_EQ(package.info().name, "Velmora");
-    EXPECT_GE(package.info().units.size(), 30);
+    EXPECT_GE(package.info().units.size(), 50);
     QStringList inOrder = unitsInOrder;
     inOrder.removeIf([&](const QString &unit) { return !package.info().units.contains(unit); });
     EXPECT_EQ(package.info().units, inOrder);
