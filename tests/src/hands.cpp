@@ -1,7 +1,9 @@
 #include "tests/src/hands.h"
 
+#include "host/classifier/book_frm.h"
 #include "host/controls/browse_frm.h"
 #include "host/controls/value_dialog.h"
+#include "tests/src/book_node.h"
 #include "toolkit/report/preview.h"
 #include "toolkit/widgets/guard.h"
 
@@ -53,6 +55,13 @@ bool isLeftAlone(const QAction &action)
 {
     static const QStringList names{"acDelete", "acClose", "acEscape", "acHelp"};
     return names.contains(action.objectName());
+}
+
+void triggerAll(const TDocumentFrm &document)
+{
+    for (QAction *action : document.findChildren<QAction *>())
+        if (!isLeftAlone(*action))
+            action->trigger();
 }
 
 void pressDefault(const QWidget &window)
@@ -229,8 +238,12 @@ void TryingHands::tryWindow(QWidget &window)
 // What is deleted comes first: afterwards it would be what was added.
 void TryingHands::tryDocument(TDocumentFrm &document)
 {
-    auto *list = qobject_cast<TBrowseFrm *>(&document);
+    if (auto *book = qobject_cast<TBookFrm *>(&document)) {
+        tryBook(*book);
+        return;
+    }
     // What is switched off may still be called by its key or from the program.
+    auto *list = qobject_cast<TBrowseFrm *>(&document);
     const auto call = [list](void (TBrowseFrm::*handler)()) {
         if (list)
             runGuarded(list, [&] { (list->*handler)(); });
@@ -239,13 +252,21 @@ void TryingHands::tryDocument(TDocumentFrm &document)
         deletes->trigger();
     call(&TBrowseFrm::DelBtnClick);
     for (int row = 0; row < rowsTried; ++row) {
-        for (QAction *action : document.findChildren<QAction *>())
-            if (!isLeftAlone(*action))
-                action->trigger();
+        triggerAll(document);
         call(&TBrowseFrm::NewBtnClick);
         call(&TBrowseFrm::EditBtnClick);
         call(&TBrowseFrm::NextBtnClick);
     }
+}
+
+// What may be done depends on the node.
+void TryingHands::tryBook(TBookFrm &book)
+{
+    for (QAction *action : {book.acDelete, book.acNew, book.acEdit})
+        if (goToNode(book, [action] { return action->isEnabled(); })) {
+            action->trigger();
+            triggerAll(book);
+        }
 }
 
 void TryingHands::tryDialog(QWidget &dialog)

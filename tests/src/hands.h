@@ -24,6 +24,7 @@ private:
     void answerBox(class QMessageBox &box);
     void tryWindow(QWidget &window);
     void tryDocument(class TDocumentFrm &document);
+    void tryBook(class TBookFrm &book);
     void tryDialog(QWidget &dialog);
 
     int depth = 0;

@@ -1,6 +1,8 @@
 #include "tests/src/walk.h"
 
+#include "host/classifier/book_frm.h"
 #include "host/controls/browse_frm.h"
+#include "tests/src/book_node.h"
 #include "tests/support/message_box.h"
 #include "toolkit/data/query.h"
 #include "toolkit/data/statement.h"
@@ -149,6 +151,9 @@ public:
         ++visit.windows;
         ++inside;
         bringToFront(window);
+        // Above the first level a book has nothing of its own to show.
+        if (auto *book = qobject_cast<TBookFrm *>(&window))
+            goToNode(*book, [book] { return book->acEdit->isEnabled(); });
         look(window);
         for (const char *action : {"acNew", "acEdit"})
             if (there && inside <= deepest)
@@ -167,6 +172,8 @@ private:
     void pressFormAction(QWidget &window, const char *name)
     {
         auto *action = qobject_cast<TDocumentFrm *>(&window) ? window.findChild<QAction *>(name) : nullptr;
+        if (auto *book = qobject_cast<TBookFrm *>(&window); book && action)
+            goToNode(*book, [action] { return action->isEnabled(); });
         if (!action || !action->isEnabled() || !action->isVisible())
             return;
         const auto met = [this] { return visit.windows + visit.boxes.size(); };
