@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/controls/key_rule.h"
+#include "toolkit/data/dataset.h"
 
 // One row of a table, written by its key. Each write is one transaction; a failure leaves the table as it
 // was.
