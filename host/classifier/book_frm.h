@@ -17,7 +17,7 @@ class QTreeWidgetItem;
 // what the book allows in CheckActions(). Create it with createForm() of host/controls/browse_frm.h; handlers
 // that the user starts are guarded.
 //
-// Keys: Ins new, Enter (in the content) edit, Del delete, F5 refresh, Alt+Left back, Alt+Right forward,
+// Keys: Ins new, Enter (in the content) or F2 edit, Del delete, F5 refresh, Alt+Left back, Alt+Right forward,
 // Alt+Up or Backspace up, Alt+Home first level, F1 help, Esc closes.
 class TBookFrm : public TDocumentFrm {
     Q_OBJECT

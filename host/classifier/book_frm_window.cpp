@@ -53,6 +53,7 @@ void TBookFrm::buildActions()
           .text = u"&Keisti"_s,
           .hint = u"Keisti įrašą"_s,
           .picture = TIcon::Edit,
+          .keys = {Qt::Key_F2},
           .handler = [this] { EditRecord(); }}},
         {&TBookFrm::acDelete,
          {.name = u"acDelete"_s,

@@ -49,7 +49,6 @@ TIslFrm::TIslFrm(QWidget *owner)
     DBGrid->setDataSet(&qryIslLik);
     setContent(DBGrid);
     addToToolBar("&Periodas", PeriodBox);
-    connectGuarded(DBGrid, &TDBGrid::rowActivated, this, [this] { acEdit->trigger(); });
 }
 
 TIslFrm::~TIslFrm()

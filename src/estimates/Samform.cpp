@@ -73,7 +73,6 @@ TSamFrm::TSamFrm(QWidget *owner)
                            .handler = [this] { showCorrections(); },
                            .enabled = [this] { return acEdit->isEnabled(); },
                            .separated = true});
-    connectGuarded(DBGrid, &TDBGrid::rowActivated, this, [this] { acEdit->trigger(); });
 }
 
 TSamFrm::~TSamFrm()

@@ -8,7 +8,7 @@
 
 namespace {
 
-const QStringList departments{Menu::catalogues, "&Padaliniai ir veikla"};
+const QStringList departments{Menu::catalogues, "Padaliniai ir v&eikla"};
 
 void showPlaces()
 {

@@ -7,23 +7,48 @@
 #include "tests/src/walk.h"
 #include "tests/support/message_box.h"
 
+#include <map>
+
 namespace {
+
+// What was wrong in the windows of an entry, each with its window's title.
+struct TFaults {
+    QStringList nameless, unreachable, repeated, refused, untitled;
+};
+
+QStringList inWindow(const QWidget &window, const QStringList &faults)
+{
+    QStringList named;
+    for (const QString &fault : faults)
+        named << window.windowTitle() + ": " + fault;
+    return named;
+}
 
 class EveryEntry : public OnEveryEntry {
 protected:
     // Looks at every window of the entry; there must be one, or questions that stand for it.
-    TVisit visit(const std::function<void(QWidget &)> &look = [](QWidget &) {})
+    void visit(const std::function<void(QWidget &)> &look = [](QWidget &) {})
     {
         const TVisit met = visitEntry(entry(), look);
         EXPECT_GT(met.windows + (entry().writes ? met.boxes.size() : 0), 0);
-        return met;
     }
-    // The same for what is wrong in each: nothing must be.
-    void expectNothing(const std::function<QStringList(QWidget &)> &wrong)
+    // The entry is walked through once for all that is asked of it.
+    const TFaults &faults()
     {
-        visit([&wrong](QWidget &window) {
-            EXPECT_EQ(wrong(window), QStringList()) << qPrintable(window.windowTitle());
+        static std::map<TEntryOnEngine, TFaults> walked;
+        const auto known = walked.find(GetParam());
+        if (known != walked.end())
+            return known->second;
+        TFaults &found = walked[GetParam()];
+        visit([&found](QWidget &window) {
+            found.nameless += inWindow(window, controlsWithoutName(window));
+            found.unreachable += inWindow(window, controlsOutOfReach(window));
+            found.repeated += inWindow(window, repeatedAccelerators(window));
+            found.refused += inWindow(window, statementsRefused(window));
+            if (window.windowTitle().isEmpty())
+                found.untitled << window.metaObject()->className();
         });
+        return found;
     }
 };
 ON_EVERY_ENTRY(EveryEntry);
@@ -47,22 +72,22 @@ TEST_P(EveryEntry, OpensAndLeavesTheBooksAlone)
 
 TEST_P(EveryEntry, NamesEveryControlForThoseWhoCannotSeeIt)
 {
-    expectNothing(controlsWithoutName);
+    EXPECT_EQ(faults().nameless, QStringList());
 }
 
 TEST_P(EveryEntry, LetsTheKeyboardReachEveryControl)
 {
-    expectNothing(controlsOutOfReach);
+    EXPECT_EQ(faults().unreachable, QStringList());
 }
 
 TEST_P(EveryEntry, GivesNoAcceleratorTwice)
 {
-    expectNothing(repeatedAccelerators);
+    EXPECT_EQ(faults().repeated, QStringList());
 }
 
 TEST_P(EveryEntry, HasStatementsThatTheEngineTakes)
 {
-    expectNothing(statementsRefused);
+    EXPECT_EQ(faults().refused, QStringList());
 }
 
 TEST_P(EveryEntry, SaysWhatItIsInItsTitleAndMenu)
@@ -70,7 +95,7 @@ TEST_P(EveryEntry, SaysWhatItIsInItsTitleAndMenu)
     const bool inNoMenu = entry().kind == TPackageEntry::Kind::Editor;
     EXPECT_EQ(entry().caption.isEmpty(), inNoMenu);
     EXPECT_EQ(entry().menu.isEmpty(), inNoMenu);
-    visit([](QWidget &window) { EXPECT_FALSE(window.windowTitle().isEmpty()); });
+    EXPECT_EQ(faults().untitled, QStringList());
 }
 
 // That the others look at what New and Edit open, too.
