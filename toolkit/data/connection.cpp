@@ -23,12 +23,23 @@ QString uniqueName(const TSessionSettings &settings)
 }
 
 bool beating = false;
+int quiet = 0;
 
 } // namespace
 
 bool BusyBeat::isBeating()
 {
     return beating;
+}
+
+BusyBeat::Quiet::Quiet()
+{
+    ++quiet;
+}
+
+BusyBeat::Quiet::~Quiet()
+{
+    --quiet;
 }
 
 TDatabase::BusyHook &BusyBeat::hook()
@@ -46,7 +57,7 @@ void BusyBeat::start()
 void BusyBeat::beat()
 {
     const qint64 now = sinceStart.elapsed();
-    if (beating || !hook() || now - lastBeatMs < beatIntervalMs)
+    if (beating || quiet > 0 || !hook() || now - lastBeatMs < beatIntervalMs)
         return;
     lastBeatMs = now;
     beating = true;

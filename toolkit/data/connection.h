@@ -16,6 +16,15 @@ public:
     // Whether the hook is running just now: nothing may be read then.
     static bool isBeating();
 
+    // While it lives the hook is not called: for what is read in the middle of a painting.
+    class Quiet {
+    public:
+        Quiet();
+        ~Quiet();
+        Quiet(const Quiet &) = delete;
+        Quiet &operator=(const Quiet &) = delete;
+    };
+
 private:
     QElapsedTimer sinceStart;
     qint64 lastBeatMs = 0;

@@ -1,6 +1,10 @@
 #include "toolkit/widgets/column_lookup.h"
 
+#include "toolkit/data/connection.h"
 #include "toolkit/data/query.h"
+
+#include <QApplication>
+#include <QTimer>
 
 namespace {
 
@@ -10,6 +14,14 @@ template<typename Number, typename Text> auto byKind(const QVariant &key, Number
     bool isNumber = false;
     const double value = key.toDouble(&isNumber);
     return isNumber ? number(value) : text(key.toString());
+}
+
+void paintAgainSoon()
+{
+    QTimer::singleShot(0, qApp, [] {
+        for (QWidget *window : QApplication::topLevelWidgets())
+            window->update();
+    });
 }
 
 } // namespace
@@ -26,6 +38,11 @@ QString TColumnLookup::text(const QVariant &key)
 {
     if (key.isNull())
         return {};
+    if (BusyBeat::isBeating() && !isKnown(key)) {
+        paintAgainSoon();
+        return {};
+    }
+    const BusyBeat::Quiet unpainted;
     if (!source && !isRead)
         read();
     const auto find = [&](auto &texts, const auto &value) {
@@ -37,6 +54,13 @@ QString TColumnLookup::text(const QVariant &key)
     return byKind(
         key, [&](double number) { return find(byNumber, number); },
         [&](const QString &text) { return find(byText, text); });
+}
+
+bool TColumnLookup::isKnown(const QVariant &key) const
+{
+    return isRead || byKind(
+                         key, [this](double number) { return byNumber.contains(number); },
+                         [this](const QString &text) { return byText.contains(text); });
 }
 
 void TColumnLookup::read()

@@ -19,6 +19,8 @@ public:
     explicit TColumnLookup(std::function<QString(const QVariant &key)> source);
 
     // Empty for null and for a key that is not found; 5, 5.0 and "5" are one key. Raises what reading raises.
+    // It may be asked for by a painting. Where that happens while a statement runs, nothing is read, a text
+    // that is not known yet stays empty, and the windows are painted again afterwards.
     QString text(const QVariant &key);
     // The next use reads anew.
     void forget();
@@ -29,6 +31,7 @@ public:
 
 private:
     void read();
+    bool isKnown(const QVariant &key) const;
 
     TDatabase *session = nullptr;
     QString sql;
