@@ -65,8 +65,12 @@ void TIslFrm::FormCreate()
     TBookFrm::FormCreate();
 }
 
+// A dialog that stands on the row is not disturbed; what it left is read then.
 void TIslFrm::PeriodChanged()
 {
+    periodWaits = qryIslLik.editing();
+    if (periodWaits)
+        return;
     PeriodBox->fill();
     loadBalances();
 }
@@ -124,13 +128,20 @@ void TIslFrm::CheckActions()
 
 void TIslFrm::NewRecord()
 {
-    if (Isllikedit::EditIslLik(false))
-        loadBalances();
+    editBalance(false);
 }
 
 void TIslFrm::EditRecord()
 {
-    if (Isllikedit::EditIslLik(true))
+    editBalance(true);
+}
+
+void TIslFrm::editBalance(bool edit)
+{
+    const bool saved = Isllikedit::EditIslLik(edit);
+    if (periodWaits)
+        PeriodChanged();
+    else if (saved)
         loadBalances();
 }
 

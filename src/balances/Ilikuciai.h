@@ -31,10 +31,12 @@ private:
     void loadBalances();
     bool isFirstMonth() const;
     bool hasBalance();
+    void editBalance(bool edit);
 
     TQuery qryIslLik;
     TPeriodBox *PeriodBox;
     TDBGrid *DBGrid;
+    bool periodWaits = false; // another one, to be shown when the dialog is left
 };
 
 extern TIslFrm *IslFrm;

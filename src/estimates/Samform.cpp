@@ -115,8 +115,12 @@ bool TSamFrm::picksLastYear() const
     return YearBox->count() > 0 && YearBox->currentIndex() == YearBox->count() - 1;
 }
 
+// A dialog that stands on the row is not disturbed; what it left is read then.
 void TSamFrm::PeriodChanged()
 {
+    periodWaits = qryRows.editing();
+    if (periodWaits)
+        return;
     fillYears();
     showYear();
 }
@@ -239,19 +243,28 @@ void TSamFrm::CheckActions()
 
 void TSamFrm::NewRecord()
 {
-    if (qryRows.RecordCount() >= rowsOfYear || !Newsam::EditSam(false))
-        return;
-    showYear();
-    qryRows.Last();
+    if (qryRows.RecordCount() < rowsOfYear && editEstimate(false))
+        qryRows.Last();
 }
 
 void TSamFrm::EditRecord()
 {
-    if (qryRows.IsEmpty() || qryRows.FieldByName("sam_jveid")->IsNull() || !Newsam::EditSam(true))
+    if (qryRows.IsEmpty() || qryRows.FieldByName("sam_jveid")->IsNull())
         return;
     const Variant id = qryRows.FieldByName("sam_id")->Value();
-    showYear();
-    qryRows.Locate("sam_id", id);
+    if (editEstimate(true))
+        qryRows.Locate("sam_id", id);
+}
+
+// The rows are read anew when the user saved, and when the period became another one meanwhile.
+bool TSamFrm::editEstimate(bool edit)
+{
+    const bool saved = Newsam::EditSam(edit);
+    if (periodWaits)
+        PeriodChanged();
+    else if (saved)
+        showYear();
+    return saved;
 }
 
 // Only the last row of the node may go.

@@ -54,12 +54,14 @@ private:
     void showSum(TQuery &sums, int panel, const QString &caption);
     void completeChildren();
     void showCorrections();
+    bool editEstimate(bool edit);
     int quarterOf(const Variant &period);
 
     QComboBox *YearBox;
     TDBGrid *DBGrid;
     TQuery qryRows, qryYearSum, qryQuarterSum, qryPeriods;
-    double shownNode = 0; // whose rows pass the filter
+    double shownNode = 0;     // whose rows pass the filter
+    bool periodWaits = false; // another one, to be shown when the dialog is left
 };
 
 extern TSamFrm *SamFrm;

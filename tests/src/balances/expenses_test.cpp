@@ -254,6 +254,35 @@ TEST_P(Expenses, ARefusedSaveKeepsTheDialogOpenWithWhatWasTyped)
     EXPECT_EQ(stored().size(), 1);
 }
 
+TEST_P(Expenses, AMonthClosedMeanwhileLeavesTheDialogAsItIs)
+{
+    open();
+    inDialog(frm->acNew, [this](TIslLikDlg &dialog) {
+        type(edit(dialog, "SML_ASIG_DB"), "5");
+        month(7, 2004, 1, 2);
+        EXPECT_EQ(edit(dialog, "SML_ASIG_DB")->text(), "5");
+        pressButton(dialog, "Išsaugoti");
+    });
+    EXPECT_EQ(stored(), QStringList("1|7|2|5|0|0|0|0|0"));
+    EXPECT_EQ(frm->findChild<TPeriodBox *>()->count(), 2) << "and then the new one is offered";
+}
+
+TEST_P(Expenses, WithoutACurrentPeriodNothingIsSavedAndNothingTypedIsLost)
+{
+    open();
+    inDialog(frm->acNew, [this](TIslLikDlg &dialog) {
+        type(edit(dialog, "SML_ASIG_DB"), "5");
+        books().ExecSQL("delete from bd_period");
+        GetPeriod();
+        NextBoxes told{QMessageBox::Ok};
+        pressButton(dialog, "Išsaugoti");
+        EXPECT_EQ(told.texts(), QStringList("Darbo pradžios periodas nenustatitas!"));
+        EXPECT_EQ(edit(dialog, "SML_ASIG_DB")->text(), "5.00");
+        pressButton(dialog, "Atšaukti");
+    });
+    EXPECT_EQ(stored(), QStringList());
+}
+
 TEST_P(Expenses, ARowAddedMeanwhileByAnotherStationIsShownAfterARefresh)
 {
     open();

@@ -181,6 +181,22 @@ TEST_P(EstimateBook, ARowOfAnotherStationLeavesNoRoomForMine)
     EXPECT_EQ(stored().size(), 2);
 }
 
+TEST_P(EstimateBook, AYearClosedMeanwhileLeavesTheDialogAsItIs)
+{
+    estimate({1000});
+    open();
+    inDialog(frm->acNew, [this](TSamDlg &dialog) {
+        type(edit(dialog, "SAM_SAMATA"), "250");
+        books().ExecSQL("insert into bd_period values (200, 2006, 0, 0)");
+        books().ExecSQL("insert into bd_period values (205, 2006, 1, 1)");
+        GetPeriod();
+        EXPECT_EQ(edit(dialog, "SAM_SAMATA")->text(), "250");
+        pressButton(dialog, "Išsaugoti");
+    });
+    EXPECT_EQ(stored().last(), "21|2|102|250|0");
+    EXPECT_EQ(enabled(), "N---") << "the new year is picked, and has nothing yet";
+}
+
 TEST_P(EstimateBook, CancellingLeavesTheNodeAsItWas)
 {
     estimate({1000});
