@@ -5,7 +5,6 @@
 #include <QClipboard>
 #include <QLabel>
 #include <QScreen>
-#include <QStyle>
 
 namespace {
 class UserEditor : public Users {};
@@ -177,78 +176,6 @@ TEST_P(UserEditor, WhoMayNotAdministerOnlyLooks)
         pressButton(dialog, "&Atšaukti");
     });
     EXPECT_EQ(dump(budget()), before);
-}
-
-// --- the password
-
-TEST_P(UserEditor, AnUnchangedPasswordIsNotAskedForAgain)
-{
-    user(1, "ona", true);
-    EXPECT_TRUE(change(1, [](TEditUserDlg &dialog) {
-        type(dialog.NameEdit, "Kita");
-        pressButton(dialog, "Iš&saugoti");
-    }));
-}
-
-TEST_P(UserEditor, AChangedPasswordIsConfirmedOrNothingIsSaved)
-{
-    user(1, "ona", true);
-    EXPECT_TRUE(change(1, [](TEditUserDlg &dialog) {
-        type(dialog.PassEdit, "Nauja ");
-        {
-            OnNextDialog<TConfPassFrm> mistyped([](TConfPassFrm &shown) {
-                EXPECT_EQ(shown.windowTitle(), "Patvirtinkite slaptažodį");
-                EXPECT_EQ(shown.ConfEdit->echoMode(), QLineEdit::Password);
-                type(shown.ConfEdit, "nauja ");
-                pressButton(shown, "&Gerai");
-            });
-            pressButton(dialog, "Iš&saugoti");
-        }
-        EXPECT_TRUE(dialog.isVisible());
-        EXPECT_EQ(storedUsers(), QStringList("1|ona|Ona|Onaitė|slapta|0|1"));
-        OnNextDialog<TConfPassFrm> right([](TConfPassFrm &shown) {
-            type(shown.ConfEdit, "Nauja ");
-            QTest::keyClick(&shown, Qt::Key_Escape);
-        });
-        pressButton(dialog, "Iš&saugoti");
-    }));
-    EXPECT_EQ(storedUsers(), QStringList("1|ona|Ona|Onaitė|Nauja |0|1"));
-}
-
-TEST_P(UserEditor, OnlyTheTypedTextConfirmsAPassword)
-{
-    const auto confirmedBy = [](const QString &typed, const QString &password) {
-        OnNextDialog<TConfPassFrm> asked([&typed](TConfPassFrm &shown) {
-            type(shown.ConfEdit, typed);
-            pressButton(shown, "&Gerai");
-        });
-        return Confpas::ShowPass(AnsiString(password));
-    };
-    EXPECT_TRUE(confirmedBy("Slapta ", "Slapta "));
-    EXPECT_FALSE(confirmedBy("Slapta", "Slapta "));
-    EXPECT_FALSE(confirmedBy("slapta ", "Slapta "));
-    EXPECT_TRUE(confirmedBy("", ""));
-    EXPECT_EQ(Confpas::ConfPassFrm, nullptr);
-}
-
-TEST_P(UserEditor, APasswordSavedWithTrailingBlanksLetsInWithThemOnly)
-{
-    EXPECT_TRUE(add(1, [](TEditUserDlg &dialog) {
-        fill(dialog, "jonas");
-        giveRight(dialog);
-        dialog.cb_userAdmin->setChecked(true);
-        type(dialog.PassEdit, "raktas  ");
-        OnNextDialog<TConfPassFrm> confirm([](TConfPassFrm &shown) {
-            type(shown.ConfEdit, "raktas  ");
-            pressButton(shown, "&Gerai");
-        });
-        pressButton(dialog, "Iš&saugoti");
-    }));
-    EXPECT_FALSE(logIn(*MainDatas(), "jonas", "raktas"));
-    EXPECT_FALSE(logIn(*MainDatas(), "jonas", "raktas "));
-    EXPECT_TRUE(logIn(*MainDatas(), "jonas", "raktas  "));
-    EXPECT_EQ(CurrentUser().workPlaces, 1);
-    EXPECT_TRUE(CurrentUser().userAdmin);
 }
 
 TEST_P(UserEditor, OnesOwnFlagsChangeAtTheNextLogin)
@@ -427,39 +354,6 @@ TEST_P(UserEditor, ALoginNameInUseIsRefusedWhateverItsCase)
         pressButton(dialog, "Iš&saugoti");
     })) << "his own name is no other's";
     EXPECT_EQ(value(budget(), "select count(*) from bd_usr"), "2");
-}
-
-TEST_P(UserEditor, SavingAUserWithoutRightsKeepsHisPassword)
-{
-    user(3, "ona", true, 0);
-    EXPECT_TRUE(change(3, [](TEditUserDlg &dialog) {
-        fill(dialog, "ona");
-        giveRight(dialog);
-        dialog.cb_userAdmin->setChecked(true);
-        pressButton(dialog, "Iš&saugoti");
-    }));
-    EXPECT_EQ(storedUsers(), QStringList("3|ona|Jonas|Jonaitis|slapta|0|1"));
-}
-
-TEST_P(UserEditor, APasswordTakenAwayIsGone)
-{
-    user(3, "ona", true);
-    EXPECT_TRUE(change(3, [](TEditUserDlg &dialog) {
-        type(dialog.PassEdit, "");
-        OnNextDialog<TConfPassFrm> confirm([](TConfPassFrm &shown) { pressButton(shown, "&Gerai"); });
-        pressButton(dialog, "Iš&saugoti");
-    }));
-    EXPECT_EQ(value(budget(), "select usr_pasw from bd_usr"), "");
-}
-
-TEST_P(UserEditor, PasswordsAreShownAsStars)
-{
-    add(1, [](TEditUserDlg &dialog) {
-        EXPECT_EQ(dialog.PassEdit->style()->styleHint(QStyle::SH_LineEdit_PasswordCharacter, nullptr,
-                                                      dialog.PassEdit),
-                  '*');
-        pressButton(dialog, "&Atšaukti");
-    });
 }
 
 // A key that no label owns would be shown as a raw sign, and read out as one.
