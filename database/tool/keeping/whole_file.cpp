@@ -4,7 +4,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -13,11 +12,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 portion = 1 << 20;
-
-QString systemTrouble(int code)
-{
-    return code == ENOSPC ? u"diske nebeliko vietos"_s : QString::fromLocal8Bit(std::strerror(code));
-}
 
 [[noreturn]] void failWriting(const QString &name, const QString &reason)
 {

@@ -1,15 +1,9 @@
 #pragma once
 
-#include "toolkit/text/errors.h"
+#include "toolkit/text/file_error.h"
 
 #include <QByteArrayView>
 #include <QFile>
-
-// A file of the disk that cannot be read or written; the message names the file and the reason.
-class EFileError : public Exception {
-public:
-    using Exception::Exception;
-};
 
 // The reason of the last failure of a file in words; a full disk is named as such.
 QString fileTrouble(const QFileDevice &file);

@@ -15,10 +15,11 @@ const QMap<QString, QStringList> arrows = {
     {"toolkit/text", {"toolkit/text"}},
     {"toolkit/sql", {"toolkit/text", "toolkit/sql"}},
     {"toolkit/data", {"toolkit/text", "toolkit/sql", "toolkit/data"}},
+    {"toolkit/export", {"toolkit/text", "toolkit/data", "toolkit/export"}},
     {"toolkit/postgresql", {"toolkit/text", "toolkit/sql", "toolkit/data", "toolkit/postgresql"}},
     {"toolkit/widgets", {"toolkit/text", "toolkit/sql", "toolkit/data", "toolkit/widgets"}},
     {"toolkit/report", {"toolkit/"}},
-    {"database", {"toolkit/text", "toolkit/sql", "toolkit/data", "database"}},
+    {"database", {"toolkit/text", "toolkit/sql", "toolkit/data", "toolkit/export", "database"}},
     {"host/common", {"toolkit/", "host/common"}},
     {"host/data", {"toolkit/", "database/", "host/common", "host/data"}},
     {"host/accounts", {"toolkit/", "host/common", "host/data", "host/accounts"}},
@@ -32,8 +33,8 @@ const QStringList doors = {"src/frame/host_services.h -> host/",
                            "src/frame/Velmora.h -> host/common/package.h",
                            "src/frame/registry.h -> host/common/package.h"};
 
-const QStringList windowless = {"toolkit/text", "toolkit/sql", "toolkit/data", "toolkit/postgresql",
-                                "database"};
+const QStringList windowless = {"toolkit/text",   "toolkit/sql",        "toolkit/data",
+                                "toolkit/export", "toolkit/postgresql", "database"};
 
 struct TSource {
     QString path; // from the root of the sources
