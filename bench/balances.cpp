@@ -5,6 +5,7 @@
 //   bench_balances [--rows N] [--entries N] [--nodes N] [--engine sqlite|postgresql]
 
 #include "bench/child.h"
+#include "bench/engines.h"
 #include "bench/party_books.h"
 #include "host/data/dka_combo.h"
 #include "host/data/main_datas.h"
@@ -166,8 +167,7 @@ void measure(Engine engine, int rows, int entries, int nodes)
     TDatabase &fin = *MainDatas()->mnFin_Db();
     fill(fin, rows, entries, nodes);
     GetPeriod();
-    std::printf("%s, %d counterparties, %d entries\n", engine == Engine::Sqlite ? "sqlite" : "postgresql",
-                rows, entries);
+    std::printf("%s, %d counterparties, %d entries\n", nameOf(engine), rows, entries);
     measureCalculation(books, fin);
     measureTyping(rows);
     measureChildren(nodes);
@@ -179,23 +179,17 @@ void measure(Engine engine, int rows, int entries, int nodes)
 
 int main(int argc, char *argv[])
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    needNoScreen();
     QApplication application(argc, argv);
     application.setApplicationName(u"bench_balances"_s);
     QCommandLineParser parser;
     parser.addOption({u"rows"_s, u"Counterparties"_s, u"N"_s, u"300000"_s});
     parser.addOption({u"entries"_s, u"Lines of the journal"_s, u"N"_s, u"1000000"_s});
     parser.addOption({u"nodes"_s, u"Nodes below one"_s, u"N"_s, u"2000"_s});
-    parser.addOption({u"engine"_s, u"Only this engine: sqlite or postgresql"_s, u"name"_s});
+    parser.addOption(engineOption());
     parser.process(application);
-    const QString engine = parser.value(u"engine"_s);
-    const int rows = parser.value(u"rows"_s).toInt();
-    const int entries = parser.value(u"entries"_s).toInt();
-    const int nodes = parser.value(u"nodes"_s).toInt();
-    if (engine != u"postgresql")
-        measure(Engine::Sqlite, rows, entries, nodes);
-    if (engine != u"sqlite")
-        measure(Engine::PostgreSql, rows, entries, nodes);
+    for (const Engine engine : wantedEngines(parser))
+        measure(engine, parser.value(u"rows"_s).toInt(), parser.value(u"entries"_s).toInt(),
+                parser.value(u"nodes"_s).toInt());
     return 0;
 }

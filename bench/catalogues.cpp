@@ -3,6 +3,7 @@
 //
 //   bench_catalogues [--rows N] [--engine sqlite|postgresql]
 
+#include "bench/engines.h"
 #include "bench/party_books.h"
 #include "host/controls/browse_frm.h"
 #include "host/controls/record_dialog.h"
@@ -165,8 +166,7 @@ void measureAll(Engine engine, int rows)
     datas->Open();
     setMainDatas(std::move(datas));
     fill(*MainDatas()->mnFin_Db(), rows);
-    std::printf("%s, %d rows each; milliseconds, and the ratio to the register\n",
-                engine == Engine::Sqlite ? "sqlite" : "postgresql", rows);
+    std::printf("%s, %d rows each; milliseconds, and the ratio to the register\n", nameOf(engine), rows);
     TTimes first;
     for (const TMeasured &screen : screens) {
         const auto entry =
@@ -187,19 +187,14 @@ void measureAll(Engine engine, int rows)
 
 int main(int argc, char *argv[])
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    needNoScreen();
     QApplication application(argc, argv);
     application.setApplicationName(u"bench_catalogues"_s);
     QCommandLineParser parser;
     parser.addOption({u"rows"_s, u"Rows of each list"_s, u"N"_s, u"100000"_s});
-    parser.addOption({u"engine"_s, u"Only this engine: sqlite or postgresql"_s, u"name"_s});
+    parser.addOption(engineOption());
     parser.process(application);
-    const QString engine = parser.value(u"engine"_s);
-    const int rows = parser.value(u"rows"_s).toInt();
-    if (engine != u"postgresql")
-        measureAll(Engine::Sqlite, rows);
-    if (engine != u"sqlite")
-        measureAll(Engine::PostgreSql, rows);
+    for (const Engine engine : wantedEngines(parser))
+        measureAll(engine, parser.value(u"rows"_s).toInt());
     return 0;
 }

@@ -4,6 +4,7 @@
 //   bench_close [--rows N] [--engine sqlite|postgresql]
 
 #include "bench/close_books.h"
+#include "bench/engines.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -19,8 +20,7 @@ void measure(Engine engine, int rows)
     const double shell = books.closeByShell();
     books.compare();
     std::printf("%s: %d balances, %d entries: Close_Per %.0f ms, by hand %.0f ms, ratio %.2f\n",
-                engine == Engine::Sqlite ? "sqlite" : "postgresql", rows, rows, routine, shell,
-                routine / shell);
+                nameOf(engine), rows, rows, routine, shell, routine / shell);
     std::fflush(stdout);
 }
 
@@ -31,13 +31,9 @@ int main(int argc, char *argv[])
     QCoreApplication application(argc, argv);
     QCommandLineParser parser;
     parser.addOption({"rows", "Balances and entries", "N", "1000000"});
-    parser.addOption({"engine", "Only this engine: sqlite or postgresql", "name"});
+    parser.addOption(engineOption());
     parser.process(application);
-    const int rows = parser.value("rows").toInt();
-    const QString engine = parser.value("engine");
-    if (engine != "postgresql")
-        measure(Engine::Sqlite, rows);
-    if (engine != "sqlite")
-        measure(Engine::PostgreSql, rows);
+    for (const Engine engine : wantedEngines(parser))
+        measure(engine, parser.value("rows").toInt());
     return 0;
 }

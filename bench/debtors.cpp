@@ -3,6 +3,7 @@
 //
 //   bench_debtors [--rows N] [--engine sqlite|postgresql]
 
+#include "bench/engines.h"
 #include "bench/party_books.h"
 #include "host/controls/browse_frm.h"
 #include "host/data/main_datas.h"
@@ -133,8 +134,8 @@ void measure(Engine engine, int rows, bool report)
     const double bareList = books.inShell(engine == Engine::Sqlite ? ".output /dev/null\n" + list + ";\n"
                                                                    : "\\o /dev/null\n" + list + ";\n");
 
-    std::printf("%s, %d counterparties: list open %.0f ms, whole %.0f ms\n",
-                engine == Engine::Sqlite ? "sqlite" : "postgresql", rows, opened, loaded);
+    std::printf("%s, %d counterparties: list open %.0f ms, whole %.0f ms\n", nameOf(engine), rows, opened,
+                loaded);
     std::printf("  save %.2f ms, in the shell %.2f ms without its start\n", save, bareSave);
     std::printf("  refresh back to the row %.0f ms, the whole statement in the shell %.0f ms, ratio %.2f\n",
                 refresh, bareList - nothing, refresh / (bareList - nothing));
@@ -151,20 +152,15 @@ void measure(Engine engine, int rows, bool report)
 
 int main(int argc, char *argv[])
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    needNoScreen();
     QApplication application(argc, argv);
     application.setApplicationName(u"bench_debtors"_s);
     QCommandLineParser parser;
     parser.addOption({u"rows"_s, u"Counterparties"_s, u"N"_s, u"300000"_s});
-    parser.addOption({u"engine"_s, u"Only this engine: sqlite or postgresql"_s, u"name"_s});
+    parser.addOption(engineOption());
     parser.addOption({u"preview"_s, u"Measure the preview of the report as well"_s});
     parser.process(application);
-    const QString engine = parser.value(u"engine"_s);
-    const int rows = parser.value(u"rows"_s).toInt();
-    if (engine != u"postgresql")
-        measure(Engine::Sqlite, rows, parser.isSet(u"preview"_s));
-    if (engine != u"sqlite")
-        measure(Engine::PostgreSql, rows, parser.isSet(u"preview"_s));
+    for (const Engine engine : wantedEngines(parser))
+        measure(engine, parser.value(u"rows"_s).toInt(), parser.isSet(u"preview"_s));
     return 0;
 }

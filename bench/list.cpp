@@ -3,6 +3,7 @@
 //
 //   bench_list [--rows N] [--repeat N] [--engine sqlite|postgresql]
 
+#include "bench/engines.h"
 #include "bench/list_roles.h"
 #include "bench/party_books.h"
 
@@ -71,8 +72,7 @@ void measure(Engine engine, int rows, int repeat)
     const auto of = [](const QJsonObject &run, const char *name) {
         return run[QString::fromLatin1(name)].toDouble();
     };
-    std::printf("%s, %d rows, %.0f MB of text\n", engine == Engine::Sqlite ? "sqlite" : "postgresql", rows,
-                of(loop, "MB"));
+    std::printf("%s, %d rows, %.0f MB of text\n", nameOf(engine), rows, of(loop, "MB"));
     std::printf("  first rows          ours %.1f ms read, %.1f ms painted, %.1f ms with a new window; "
                 "limit 50 %.1f ms; Qt %.0f ms painted\n",
                 of(ours, "read"), of(ours, "again"), of(ours, "first"), of(fifty, "all"), of(qt, "first"));
@@ -92,23 +92,18 @@ void measure(Engine engine, int rows, int repeat)
 
 int main(int argc, char *argv[])
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    needNoScreen();
     QApplication application(argc, argv);
     application.setApplicationName(u"bench_list"_s);
     QCommandLineParser parser;
     parser.addOption({u"rows"_s, u"Rows of the list"_s, u"N"_s, u"1000000"_s});
     parser.addOption({u"repeat"_s, u"Runs of each; the one in the middle counts"_s, u"N"_s, u"3"_s});
-    parser.addOption({u"engine"_s, u"Only this engine: sqlite or postgresql"_s, u"name"_s});
+    parser.addOption(engineOption());
     parser.addOption({u"role"_s, u"What this process measures (used by the program itself)"_s, u"name"_s});
     parser.process(application);
     if (parser.isSet(u"role"_s))
         return playRole(QStringList(parser.value(u"role"_s)) + parser.positionalArguments());
-    const QString engine = parser.value(u"engine"_s);
-    const int rows = parser.value(u"rows"_s).toInt(), repeat = parser.value(u"repeat"_s).toInt();
-    if (engine != u"postgresql")
-        measure(Engine::Sqlite, rows, repeat);
-    if (engine != u"sqlite")
-        measure(Engine::PostgreSql, rows, repeat);
+    for (const Engine engine : wantedEngines(parser))
+        measure(engine, parser.value(u"rows"_s).toInt(), parser.value(u"repeat"_s).toInt());
     return 0;
 }
