@@ -6,6 +6,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// The journal is added up on its own first: its lines are sorted by two numbers, not by the five columns of
+// a balance.
 constexpr char computeSql[] =
     "insert into bd_dbkrlik (dkl_perid, dkl_dkaid, dkl_sasid, dkl_i_kod, dkl_pavad, dkl_sum_db, dkl_sum_kr,"
     "                        dkl_padid) "
@@ -16,13 +18,13 @@ constexpr char computeSql[] =
     "            from bd_dbkrlik where dkl_perid = (select per_id from bd_period where per_menuo > 0"
     "                                               order by per_metai, per_ketv, per_menuo limit 1)"
     "            union all"
-    "            select irs_dkaid, null, null, null, irs_padid, irs_sum_db - irs_sum_kr"
-    "            from bd_irasai"
-    "            join bd_period p on p.per_id = irs_perid and p.per_menuo > 0"
-    "            join bd_period t on t.per_id = ?1 and (p.per_metai, p.per_ketv, p.per_menuo)"
-    "                                                < (t.per_metai, t.per_ketv, t.per_menuo)"
-    "            join bd_dbkrasm on dka_id = irs_dkaid"
-    "            where irs_sasid in (dka_sasid, dka_sasid_2))"
+    "            select irs_dkaid, null, null, null, irs_padid, sum(irs_sum_db - irs_sum_kr)"
+    "            from bd_irasai join bd_dbkrasm on dka_id = irs_dkaid"
+    "            where irs_sasid in (dka_sasid, dka_sasid_2)"
+    "              and irs_perid in (select p.per_id from bd_period p join bd_period t on t.per_id = ?1"
+    "                                where p.per_menuo > 0 and (p.per_metai, p.per_ketv, p.per_menuo)"
+    "                                                        < (t.per_metai, t.per_ketv, t.per_menuo))"
+    "            group by irs_dkaid, irs_padid)"
     "      group by dkaid, sasid, i_kod, pavad, padid) "
     "where suma <> 0";
 
