@@ -5,6 +5,7 @@
 #include "host/controls/record_dialog.h"
 #include "tests/src/frame/every_entry.h"
 #include "tests/src/walk.h"
+#include "tests/src/written_rows.h"
 #include "tests/support/message_box.h"
 
 #include <map>
@@ -44,7 +45,7 @@ protected:
             found.nameless += inWindow(window, controlsWithoutName(window));
             found.unreachable += inWindow(window, controlsOutOfReach(window));
             found.repeated += inWindow(window, repeatedAccelerators(window));
-            found.refused += inWindow(window, statementsRefused(window));
+            found.refused += inWindow(window, statementsRefused(window) + writesRefused(window));
             if (window.windowTitle().isEmpty())
                 found.untitled << window.metaObject()->className();
         });
