@@ -1,6 +1,7 @@
 #include "src/balances/Isllikedit.h"
 
 #include "src/balances/Ilikuciai.h"
+#include "toolkit/text/amount.h"
 #include "toolkit/widgets/guard.h"
 
 #include <QScopeGuard>
@@ -98,15 +99,15 @@ void TIslLikDlg::showSides()
     }
 }
 
-// In ten-thousandths, so that amounts that cancel each other are nothing.
-double TIslLikDlg::settleSides()
+// Amounts that cancel each other are nothing.
+qint64 TIslLikDlg::settleSides()
 {
     qint64 sum = 0;
     for (const TKind &kind : kinds()) {
         field(onDebit(kind) ? kind.credit : kind.debit)->setAsFloat(0);
-        sum += qRound64(field(onDebit(kind) ? kind.debit : kind.credit)->AsFloat() * 10000);
+        sum += tenThousandths(field(onDebit(kind) ? kind.debit : kind.credit)->AsFloat());
     }
-    return double(sum) / 10000;
+    return sum;
 }
 
 // Nothing to save is passed over in silence.

@@ -27,7 +27,7 @@ private:
     static TFieldRow groupOf(const TKind &kind);
     bool onDebit(const TKind &kind) const;
     void showSides();
-    double settleSides(); // the other sides are nothing; the sum of the chosen ones
+    qint64 settleSides(); // the other sides are nothing; the sum of the chosen ones in ten-thousandths
 };
 
 extern TIslLikDlg *IslLikDlg;

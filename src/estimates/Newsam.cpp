@@ -1,6 +1,7 @@
 #include "src/estimates/Newsam.h"
 
 #include "src/estimates/Samform.h"
+#include "toolkit/text/amount.h"
 #include "toolkit/text/format.h"
 #include "toolkit/widgets/guard.h"
 
@@ -14,12 +15,6 @@ TSamDlg *SamDlg = nullptr;
 bool Changed1 = false;
 
 namespace {
-
-// Amounts are compared in ten-thousandths.
-qint64 fixed(double amount)
-{
-    return qRound64(amount * 10000);
-}
 
 TChoices quarterChoices()
 {
@@ -74,9 +69,14 @@ TSamDlg::TSamDlg(const TRecordStart &start)
 void TSamDlg::Loaded()
 {
     control("SAM_PERID")->setEnabled(false); // the order of the rows gives it
+    before = isNew() ? 0 : field("SAM_SAMATA")->AsFloat();
+    readSums();
+}
+
+void TSamDlg::readSums()
+{
     const double year = Samform::SamFrm->yearId();
     const double node = Samform::SamFrm->JungId();
-    before = isNew() ? 0 : field("SAM_SAMATA")->AsFloat();
     const auto sum = [&](const QString &periods) {
         const QString sql = "select sum(sam_samata) from bd_samatos where sam_jveid=%1 and ";
         return GetFieldResult(Database(), sql.arg(node, 0, 'f', 0) + periods).toDouble();
@@ -109,8 +109,9 @@ std::optional<double> TSamDlg::typedAmount() const
 bool TSamDlg::isConsistent(double amount) const
 {
     if (isYearly())
-        return isNew() || fixed(amount) >= fixed(quarters);
-    return fixed(amount) + fixed(quarters) - fixed(before) <= fixed(yearly);
+        return isNew() || tenThousandths(amount) >= tenThousandths(quarters);
+    return tenThousandths(amount) + tenThousandths(quarters) - tenThousandths(before) <=
+           tenThousandths(yearly);
 }
 
 bool TSamDlg::CanSave() const
@@ -135,13 +136,10 @@ void TSamDlg::showConsistency()
 void TSamDlg::Validate()
 {
     TRecordDialog::Validate();
-    const double typed = field("SAM_SAMATA")->AsFloat();
-    const double formerly = before;
-    Loaded();
-    before = formerly;
+    readSums();
     judgeSave();
     showConsistency();
-    if (!isConsistent(typed))
+    if (!isConsistent(field("SAM_SAMATA")->AsFloat()))
         throw EAbort();
 }
 

@@ -31,6 +31,7 @@ private:
     std::optional<double> typedAmount() const; // none: it is no number
     bool isConsistent(double amount) const;
     void showConsistency();
+    void readSums();
 
     double before = 0;   // the amount before it was edited
     double yearly = 0;   // that of the yearly row

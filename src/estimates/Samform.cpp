@@ -241,9 +241,16 @@ void TSamFrm::CheckActions()
     acDelete->setEnabled(acDelete->isEnabled() && may && rows > 0);
 }
 
+// A row whose period is none could be neither shown nor deleted.
 void TSamFrm::NewRecord()
 {
-    if (qryRows.RecordCount() < rowsOfYear && editEstimate(false))
+    const int next = qryRows.RecordCount();
+    if (next >= rowsOfYear)
+        return;
+    if (quarterOf(yearId() + next) != next)
+        throw Exception(QString("Tarp %1 periodų nėra eilutės \"%2\"!")
+                            .arg(YearBox->currentText(), quarterNames()[next]));
+    if (editEstimate(false))
         qryRows.Last();
 }
 

@@ -1,6 +1,7 @@
 #include "src/estimates/Samkor.h"
 
 #include "src/estimates/Samform.h"
+#include "toolkit/text/amount.h"
 
 #include <QEvent>
 #include <QLabel>
@@ -22,12 +23,6 @@ constexpr TQuarter quarters[] = {{"SAK_I_KETV", "I", " I Ketvertis"},
                                  {"SAK_II_KETV", "II", " II Ketvertis"},
                                  {"SAK_III_KETV", "III", " III Ketvertis"},
                                  {"SAK_IV_KETV", "IV", " IV Ketvertis"}};
-
-// Amounts are compared in ten-thousandths.
-bool isNegative(double amount)
-{
-    return qRound64(amount * 10000) < 0;
-}
 
 double sumOf(const TDataSet &correction)
 {
@@ -120,10 +115,10 @@ void TSamKorDlg::checkQuarter(int quarter, double proposed) const
     double room = rows[quarter].corrected;
     for (int k = 1; k <= quarter; ++k)
         room += rows[k].amount;
-    if (isNegative(proposed + room))
+    if (tenThousandths(proposed + room) < 0)
         throw Exception(QString("Samata %1 ketverčiui, įskaitant koregavimą, negali būti mažesnė už 0!")
                             .arg(quarters[quarter - 1].roman));
-    if (isNegative(rows[0].amount + field("SAK_SUM")->AsFloat()))
+    if (tenThousandths(rows[0].amount + field("SAK_SUM")->AsFloat()) < 0)
         throw Exception("Samata metams, įskaitant koregavimą, negali būti mažesnė už 0!");
 }
 

@@ -166,6 +166,40 @@ TEST_P(EstimateBook, ANodeOfTheFirstLevelShowsItsNodesWithTheirSums)
     EXPECT_EQ(frm->panel(1), "");
 }
 
+// The list of its nodes hides the rows of a folder of the first level; without nodes they are its own.
+TEST_P(EstimateBook, AFolderOfTheFirstLevelWithDataOfItsOwnShowsItOnlyWithoutNodes)
+{
+    books().ExecSQL("update bd_jve set jve_duom = 1 where jve_id = 1");
+    books().ExecSQL("insert into bd_jve (jve_id, jve_islid, jve_kodas, jve_pavad, jve_duom) "
+                    "values (4, 1, '03', 'Turtas', 1)");
+    estimate({700}, 1);
+    estimate({300, 30}, 3);
+    estimate({900}, 4);
+    open(1);
+    EXPECT_EQ(frm->list()->topLevelItemCount(), 2);
+    EXPECT_EQ(frm->estimates().RecordCount(), 2) << "those of the last node";
+    EXPECT_EQ(enabled(), "----");
+    frm->SetJungId(4);
+    EXPECT_EQ(frm->list()->topLevelItemCount(), 0);
+    EXPECT_EQ(frm->estimates().FieldByName("sam_samata")->AsFloat(), 900);
+    EXPECT_EQ(enabled(), "NKT+");
+    add("90");
+    EXPECT_EQ(stored().last(), "41|4|102|90|0");
+}
+
+TEST_P(EstimateBook, AYearWithoutItsQuartersTakesTheYearlyRowAlone)
+{
+    books().ExecSQL("delete from bd_period where per_id > 101");
+    GetPeriod();
+    open();
+    add("1000");
+    EXPECT_EQ(shown(0), QStringList("Metinė"));
+    NextBoxes refused{QMessageBox::Ok};
+    frm->acNew->trigger();
+    EXPECT_EQ(refused.at(0).text, "Tarp 2005 m. periodų nėra eilutės \"Pirmas\"!");
+    EXPECT_EQ(stored(), QStringList("1|2|101|1000|0"));
+}
+
 TEST_P(EstimateBook, ARowOfAnotherStationLeavesNoRoomForMine)
 {
     estimate({1000, 250});
