@@ -144,14 +144,14 @@ bool TBrowseFrm::askForValues(bool isNew, Variant &key)
 
 Variant TBrowseFrm::insertValues(const QVariantMap &given)
 {
-    const TRowOfTable row{Database(), description.table, description.keyColumn, &d->query};
+    const TRowOfTable row{Database(), description.table, description.keyColumn, d->query};
     return inWordsOf(description.values.newFailure,
                      [&] { return row.insert(given, description.values.key); });
 }
 
 Variant TBrowseFrm::updateValues(const Variant &key, const QVariantMap &given, const QVariantMap &asRead)
 {
-    const TRowOfTable row{Database(), description.table, description.keyColumn, &d->query};
+    const TRowOfTable row{Database(), description.table, description.keyColumn, d->query};
     return inWordsOf(description.values.editFailure, [&] { return row.update(key, given, asRead); });
 }
 

@@ -52,15 +52,21 @@ void TBrowseFrm::describeFields()
     d->grid->setTitlesCentred(description.titlesCentred);
 }
 
+std::shared_ptr<TColumnLookup> TBrowseFrm::textsOf(const TBrowseColumn &column)
+{
+    if (!column.text && column.lookup.isEmpty())
+        return nullptr;
+    std::shared_ptr<TColumnLookup> &texts = d->lookups[column.text ? column.field : column.lookup];
+    if (!texts && column.text)
+        texts = std::make_shared<TColumnLookup>(column.text);
+    else if (!texts)
+        texts = std::make_shared<TColumnLookup>(Database(), column.lookup, column.lookupText);
+    return texts;
+}
+
 void TBrowseFrm::describeField(const TBrowseColumn &column)
 {
-    std::shared_ptr<TColumnLookup> texts;
-    if (column.text)
-        texts = std::make_shared<TColumnLookup>(column.text);
-    else if (!column.lookup.isEmpty())
-        texts = std::make_shared<TColumnLookup>(Database(), column.lookup);
-    if (texts)
-        d->lookups.push_back(texts);
+    const std::shared_ptr<TColumnLookup> texts = textsOf(column);
     d->query.describe(column.field, [column, texts](TField &field) {
         field.DisplayLabel = column.title;
         if (!column.format.isEmpty())
@@ -95,7 +101,7 @@ QString TBrowseFrm::orderedSql() const
 // The texts of columns are looked up anew.
 void TBrowseFrm::forgetTexts()
 {
-    for (const auto &texts : d->lookups)
+    for (const auto &[name, texts] : d->lookups)
         texts->forget();
 }
 

@@ -26,8 +26,11 @@ struct TBrowseColumn {
     // The text shown for a key, looked up once for each key until the list is read again. A null key shows
     // nothing.
     std::function<QString(const Variant &key)> text;
-    // The same by a statement with the key in its first column and the text in its second, run at first use.
+    // The same by a statement with the key in its first column, run at first use; columns with the same
+    // statement read it once.
     QString lookup;
+    // The text of one of its rows; without it that of the second column.
+    std::function<QString(const TDataSet &row)> lookupText;
 };
 
 // The text of a flag's column: yes, and no for 0.

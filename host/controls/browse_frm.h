@@ -5,6 +5,7 @@
 #include "toolkit/report/report.h"
 
 class QKeyEvent;
+class TColumnLookup;
 class TDBGrid;
 
 // The base of every list screen: a document window with search line, grid and status bar. It owns the whole
@@ -110,6 +111,7 @@ private:
     void listen();
     void describeFields();
     void describeField(const TBrowseColumn &column);
+    std::shared_ptr<TColumnLookup> textsOf(const TBrowseColumn &column);
 
     // The data.
     QString statedOrder() const;

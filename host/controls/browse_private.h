@@ -10,6 +10,8 @@
 #include <QLineEdit>
 #include <QTimer>
 
+#include <map>
+
 // What the files of the base list share.
 struct TBrowseFrm::Private {
     explicit Private(TBrowseFrm *frm) : query(nullptr, frm), finder(&query) { query.readsAside = true; }
@@ -18,8 +20,9 @@ struct TBrowseFrm::Private {
     TListFinder finder;
     QTimer tmrFind; // waits for the end of typing, then drives the search piece by piece
 
-    std::vector<std::shared_ptr<TColumnLookup>> lookups; // of columns; forgotten with every reading
-    QAction *afterEditing = nullptr;                     // parts new, edit and delete from the rest
+    // The texts of columns by their column or statement; forgotten with every reading.
+    std::map<QString, std::shared_ptr<TColumnLookup>> lookups;
+    QAction *afterEditing = nullptr; // parts new, edit and delete from the rest
     QBoxLayout *searchLine = nullptr;
     QLabel *findLabel = nullptr;
     QLineEdit *findEdit = nullptr;

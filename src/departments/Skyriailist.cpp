@@ -13,9 +13,17 @@ TSkyriaiFrm *SkyriaiFrm = nullptr;
 
 namespace {
 
-QString accountText(const Variant &id)
+// One reading of the chart serves both columns of accounts.
+TBrowseColumn account(const char *column, const QString &title)
 {
-    return GetSasById(id.toDouble(), true);
+    return {.field = column,
+            .title = title,
+            .width = 200,
+            .lookup = "select * from bd_sasplan",
+            .lookupText = [](const TDataSet &row) {
+                return row.FieldByName("SAS_SASNR")->AsString() + "  " +
+                       row.FieldByName("SAS_PAVAD")->AsString();
+            }};
 }
 
 void blankToNull(TField &text)
@@ -59,7 +67,7 @@ TBrowseDescription described()
                     {"PAD_ADR", "Adresas", 180},
                     {.field = "PAD_IST", .title = "Istaiga", .width = 60, .text = yesOrNo},
                     {"PAD_KODAS", "Kodas", 60},
-                    {.field = "PAD_SASID", .title = "Sąskaita", .width = 200, .text = accountText},
+                    account("PAD_SASID", "Sąskaita"),
                     {.field = "PAD_FUNID",
                      .title = "Valstybės funkcija",
                      .width = 160,
@@ -68,10 +76,7 @@ TBrowseDescription described()
                      .title = "Knyga",
                      .width = 120,
                      .lookup = "select   isl_id,   isl_pavad from bd_asgisl"},
-                    {.field = "PAD_SASID2",
-                     .title = "Būsimų laikotarpių sąskaita",
-                     .width = 200,
-                     .text = accountText}},
+                    account("PAD_SASID2", "Būsimų laikotarpių sąskaita")},
         .used = {"Skyrius \"%s\" yra naudojamas!", "PAD_PAVAD"},
         .editRow = [](const QString &, bool) { Paditem::ChangePad(); },
         .statements = {.insert =

@@ -125,9 +125,10 @@ protected:
 
     // --- the other station
     // Runs once, inside the save, when the key of the new row is drawn.
-    static void whenKeyIsDrawn(QWidget &dialog, const char *keyColumn, std::function<void()> happens)
+    void whenKeyIsDrawn(QWidget &dialog, const char *keyColumn, std::function<void()> happens)
     {
-        dialog.findChild<TQuery *>()->describe(keyColumn, [happens](TField &drawn) {
+        auto *own = dialog.findChild<TQuery *>();
+        (own ? own : list->dataSet())->describe(keyColumn, [happens](TField &drawn) {
             drawn.OnChange = [happens, done = false](TField &) mutable {
                 if (!std::exchange(done, true))
                     happens();

@@ -26,9 +26,10 @@ void paintAgainSoon()
 
 } // namespace
 
-TColumnLookup::TColumnLookup(TDatabase *database, const QString &statement)
+TColumnLookup::TColumnLookup(TDatabase *database, const QString &statement, RowText textOfRow)
     : session(database),
-      sql(statement)
+      sql(statement),
+      rowText(std::move(textOfRow))
 {
 }
 
@@ -67,7 +68,7 @@ void TColumnLookup::read()
 {
     TQuery query(session, sql);
     for (query.Open(); !query.Eof(); query.Next()) {
-        const QString text = query.Field(1)->DisplayText();
+        const QString text = rowText ? rowText(query) : query.Field(1)->DisplayText();
         byKind(
             query.Field(0)->Value(), [&](double number) { byNumber.insert(number, text); },
             [&](const QString &key) { byText.insert(key, text); });

@@ -7,14 +7,18 @@
 #include <functional>
 #include <memory>
 
+class TDataSet;
 class TField;
 
 // Texts for the keys of a column, read as a whole on the first use and then found without another statement.
 // Several columns, and several lists, may share one.
 class TColumnLookup {
 public:
-    // The statement gives key and text.
-    TColumnLookup(TDatabase *session, const QString &sql);
+    using RowText = std::function<QString(const TDataSet &row)>;
+
+    // The statement gives the key in its first column, and the text as rowText has it of a row; without that,
+    // in its second column.
+    TColumnLookup(TDatabase *session, const QString &sql, RowText rowText = {});
     // For texts that come from elsewhere: asked once for each key.
     explicit TColumnLookup(std::function<QString(const QVariant &key)> source);
 
@@ -35,6 +39,7 @@ private:
 
     TDatabase *session = nullptr;
     QString sql;
+    RowText rowText;
     std::function<QString(const QVariant &)> source;
     QHash<double, QString> byNumber;
     QHash<QString, QString> byText;

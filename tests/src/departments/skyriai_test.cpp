@@ -1,15 +1,9 @@
 #include "src/departments/Laikymovietos.h"
 #include "src/departments/Paditem.h"
 #include "src/departments/Skyriailist.h"
-#include "tests/src/open_books.h"
-#include "tests/support/message_box.h"
-#include "toolkit/widgets/db_grid.h"
+#include "tests/src/catalogue.h"
 
-#include <QAction>
 #include <QCheckBox>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QTest>
 
 using Paditem::TPadItemFrm;
 using Skyriailist::SkyriaiFrm;
@@ -17,7 +11,7 @@ using Skyriailist::TSkyriaiFrm;
 
 namespace {
 
-class Departments : public OnOpenBooks {
+class Departments : public OnCatalogue<TSkyriaiFrm, TPadItemFrm> {
 protected:
     void SetUp() override
     {
@@ -33,60 +27,32 @@ protected:
               "pad_sasid2) values (7, 'Administracija', 'ab1', 2, 1, 3, 4, 99)",
               "insert into bd_pad (pad_id, pad_pavad, pad_kodas) values (8, 'Virtuvė', 'žv')"})
             books().ExecSQL(sql);
-        list.reset(createForm<TSkyriaiFrm>(nullptr));
-        list->show();
+        open();
     }
     void TearDown() override
     {
-        list.reset();
+        OnCatalogue::TearDown();
         EXPECT_EQ(SkyriaiFrm, nullptr);
-        OnOpenBooks::TearDown();
     }
 
     QStringList stored(const char *columns)
     {
         return rows(*secondFin(), QString("select %1 from bd_pad order by pad_id").arg(columns));
     }
+    using OnCatalogue::elsewhere;
     void elsewhere(const QString &sql) { secondFin()->ExecSQL(sql); }
-    QStringList shown(int row)
+    QStringList cells(int row)
     {
-        QStringList cells;
+        QStringList texts;
         for (int column = 0; column < list->grid()->model()->columnCount(); ++column)
-            cells << list->grid()->model()->index(row, column).data().toString();
-        return cells;
+            texts << list->grid()->model()->index(row, column).data().toString();
+        return texts;
     }
     template<class T = QWidget> static T *part(QWidget &dialog, const char *name)
     {
         return dialog.findChild<T *>(name);
     }
-    static QLineEdit *line(QWidget &dialog, const char *name)
-    {
-        auto *whole = part(dialog, name);
-        auto *own = qobject_cast<QLineEdit *>(whole);
-        return own ? own : whole->findChild<QLineEdit *>();
-    }
-    static void save(QWidget &dialog) { pressButton(dialog, "Išsaugoti"); }
     static void cancel(QWidget &dialog) { pressButton(dialog, "Atsisakyti"); }
-    static QString refusal(QWidget &dialog)
-    {
-        NextBoxes told{QMessageBox::Ok};
-        save(dialog);
-        EXPECT_TRUE(dialog.isVisible());
-        return told.at(0).text;
-    }
-    void add(std::function<void(TPadItemFrm &)> user)
-    {
-        OnNextDialog<TPadItemFrm> dialog(std::move(user));
-        list->NewBtnClick();
-    }
-    void change(int id, std::function<void(TPadItemFrm &)> user)
-    {
-        list->RefreshData(id);
-        OnNextDialog<TPadItemFrm> dialog(std::move(user));
-        list->EditBtnClick();
-    }
-
-    std::unique_ptr<TSkyriaiFrm> list;
 };
 ON_BOTH_ENGINES(Departments);
 
@@ -94,9 +60,9 @@ ON_BOTH_ENGINES(Departments);
 
 TEST_P(Departments, AreShownByTheTextsOfTheirKeysAndNothingForAKeyThatIsNotFound)
 {
-    EXPECT_EQ(shown(0), QStringList({"Administracija", "", "", "ab1", "241  Sąskaita 241", "09  Švietimas",
+    EXPECT_EQ(cells(0), QStringList({"Administracija", "", "", "ab1", "241  Sąskaita 241", "09  Švietimas",
                                      "Knyga", ""}));
-    EXPECT_EQ(shown(1), QStringList({"Virtuvė", "", "", "žv", "", "", "", ""}));
+    EXPECT_EQ(cells(1), QStringList({"Virtuvė", "", "", "žv", "", "", "", ""}));
 }
 
 TEST_P(Departments, AreAddedChangedAndDeleted)
@@ -108,12 +74,12 @@ TEST_P(Departments, AreAddedChangedAndDeleted)
         type(part(dialog, "PAD_KODAS"), "'%\"");
         part<QCheckBox>(dialog, "PAD_IST")->click();
         part<QComboBox>(dialog, "PAD_VKLID")->setCurrentIndex(0);
-        type(line(dialog, "PAD_SASID"), "401");
-        type(line(dialog, "PAD_SASID2"), "241");
+        type(edit(dialog, "PAD_SASID"), "401");
+        type(edit(dialog, "PAD_SASID2"), "241");
         save(dialog);
     });
     EXPECT_EQ(list->currentKey().toInt(), 9);
-    EXPECT_EQ(shown(2).mid(2),
+    EXPECT_EQ(cells(2).mid(2),
               QStringList({"Taip", "'%\"", "401  Sąskaita 401", "", "", "241  Sąskaita 241"}));
     change(9, [](TPadItemFrm &dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Koreguojamas skyrius");
@@ -135,7 +101,7 @@ TEST_P(Departments, OneWithoutAnActivityGetsTheFirst)
 TEST_P(Departments, AnEmptiedAccountLeavesTheColumnAsItWas)
 {
     change(7, [](TPadItemFrm &dialog) {
-        type(line(dialog, "PAD_SASID"), "");
+        type(edit(dialog, "PAD_SASID"), "");
         save(dialog);
     });
     EXPECT_EQ(stored("pad_sasid").first(), "1");
@@ -144,8 +110,8 @@ TEST_P(Departments, AnEmptiedAccountLeavesTheColumnAsItWas)
 TEST_P(Departments, FunctionAndBookAreShownAndMayBeEmptied)
 {
     change(7, [](TPadItemFrm &dialog) {
-        EXPECT_EQ(line(dialog, "PAD_FUNID")->text(), "09  Švietimas");
-        EXPECT_EQ(line(dialog, "PAD_ISLID")->text(), "Knyga");
+        EXPECT_EQ(edit(dialog, "PAD_FUNID")->text(), "09  Švietimas");
+        EXPECT_EQ(edit(dialog, "PAD_ISLID")->text(), "Knyga");
         dialog.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
         for (const char *name : {"PAD_FUNID", "PAD_ISLID"}) {
@@ -274,6 +240,29 @@ TEST_P(Departments, TwoStationsWithTheSameCodeAndTheSameNextKey)
     });
     EXPECT_EQ(stored("pad_id, pad_kodas, pad_pavad").mid(2), QStringList({"9|x|NULL", "10|Y|Kita"}));
     EXPECT_EQ(list->currentKey().toInt(), 10);
+}
+
+// An embedded database lets the other station wait for the save; a server refuses who comes second.
+TEST_P(Departments, TwoStationsThatDrawTheSameKeyNeverShareIt)
+{
+    const bool isServer = engine() == Engine::PostgreSql;
+    add([&](TPadItemFrm &dialog) {
+        type(part(dialog, "PAD_KODAS"), "X");
+        bool taken = false;
+        whenKeyIsDrawn(dialog, "PAD_ID", [&] {
+            taken = elsewhere([](TDatabase &station) {
+                station.ExecSQL("insert into bd_pad (pad_id, pad_kodas) values (9, 'Y')");
+            });
+        });
+        if (isServer) {
+            EXPECT_EQ(refusal(dialog), "Toks įrašas jau yra.");
+            EXPECT_EQ(edit(dialog, "PAD_KODAS")->text(), "X");
+        }
+        save(dialog);
+        EXPECT_EQ(taken, isServer);
+    });
+    EXPECT_EQ(stored("pad_id, pad_kodas").mid(2),
+              isServer ? QStringList({"9|Y", "10|X"}) : QStringList("9|X"));
 }
 
 TEST_P(Departments, OneDeletedWhileItsDialogIsOpenIsTold)
