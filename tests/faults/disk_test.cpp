@@ -28,8 +28,7 @@ protected:
         EXPECT_EQ(fingerprint(*open(settings)), before);
     }
 };
-INSTANTIATE_TEST_SUITE_P(, FullDisk, testing::Values(Engine::Sqlite),
-                         [](const auto &) { return std::string("Sqlite"); });
+ON_ENGINE(FullDisk, Engine::Sqlite);
 
 TEST_P(FullDisk, DuringACloseDamagesNothing)
 {

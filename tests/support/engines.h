@@ -28,6 +28,12 @@ void PrintTo(Engine engine, std::ostream *out);
         , Fixture, testing::Values(Engine::Sqlite, Engine::PostgreSql),                                      \
         [](const testing::TestParamInfo<Engine> &engine) { return engineName(engine.param).toStdString(); })
 
+// A fixture of what only one engine has.
+#define ON_ENGINE(Fixture, engine)                                                                           \
+    INSTANTIATE_TEST_SUITE_P(                                                                                \
+        , Fixture, testing::Values(engine),                                                                  \
+        [](const testing::TestParamInfo<Engine> &) { return engineName(engine).toStdString(); })
+
 // Two fresh databases without any table, on the engine that the test's parameter names.
 class OnEmptyDatabases : public testing::TestWithParam<Engine> {
 public:

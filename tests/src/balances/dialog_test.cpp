@@ -6,8 +6,7 @@ ON_BOTH_ENGINES(BalanceDialog);
 
 // Only a server can be lost.
 class BalanceDialogOnServer : public Balances {};
-INSTANTIATE_TEST_SUITE_P(, BalanceDialogOnServer, testing::Values(Engine::PostgreSql),
-                         [](const testing::TestParamInfo<Engine> &) { return std::string("PostgreSql"); });
+ON_ENGINE(BalanceDialogOnServer, Engine::PostgreSql);
 
 const QString debitTooSmall = "Laukas \"Debetinis likutis\" turi būti didesnis už 0!";
 const QString creditTooSmall = "Laukas \"Kreditinis likutis\" turi būti didesnis už 0!";

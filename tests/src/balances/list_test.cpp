@@ -1,5 +1,6 @@
 #include "src/period/Closeperiod.h"
 #include "tests/src/balances/balances.h"
+#include "tests/support/refusal.h"
 #include "toolkit/widgets/db_grid.h"
 
 #include <QAction>
@@ -51,12 +52,7 @@ TEST_P(BalanceList, ShowsTheBalancesByAccountNumberWithTotals)
 TEST_P(BalanceList, WithoutAPeriodItDoesNotOpen)
 {
     books().ExecSQL("delete from bd_period where per_menuo > 0");
-    try {
-        createForm<TSasLikFrm>(nullptr);
-        FAIL() << "it opened";
-    } catch (const Exception &error) {
-        EXPECT_EQ(error.message(), "Darbo pradžios periodas nenustatitas!");
-    }
+    EXPECT_EQ(refusalOf([] { createForm<TSasLikFrm>(nullptr); }), "Darbo pradžios periodas nenustatitas!");
     EXPECT_EQ(SasLikFrm, nullptr);
 }
 

@@ -1,6 +1,7 @@
 #include "src/money/Einsasdet.h"
 #include "src/money/Einsasform.h"
 #include "tests/src/catalogue.h"
+#include "tests/support/refusal.h"
 #include "toolkit/report/preview.h"
 
 using Einsasdet::TEinSasItem;
@@ -217,12 +218,8 @@ TEST_P(CurrentAccounts, ARowThatCannotBeReadIsToldInTheFixedWords)
 {
     books().nativeExec("alter table bd_einsas rename to bd_kita");
     double id = 1;
-    try {
-        Einsasdet::ShowEinSas(AnsiString("Koreguojama sąskaita"), id, false);
-        FAIL() << "nothing was refused";
-    } catch (const Exception &error) {
-        EXPECT_EQ(error.message(), "Šiuo metu atidaryti lentelės \"BD_EINSAS\" negalima");
-    }
+    EXPECT_EQ(refusalOf([&] { Einsasdet::ShowEinSas(AnsiString("Koreguojama sąskaita"), id, false); }),
+              "Šiuo metu atidaryti lentelės \"BD_EINSAS\" negalima");
 }
 
 // An embedded database lets the other station wait for the save; a server refuses who comes second.

@@ -1,4 +1,5 @@
 #include "tests/src/people/people.h"
+#include "tests/support/refusal.h"
 
 namespace {
 
@@ -95,12 +96,8 @@ TEST_P(Responsible, ARowThatCannotBeReadRaisesItsOwnError)
 {
     books().nativeExec("alter table bd_matasm rename to bd_kita");
     double id = 1;
-    try {
-        Chmatasm::EditMatAsm(AnsiString("Koreguojamas"), false, id);
-        FAIL() << "nothing was refused";
-    } catch (const Chmatasm::EErrorNoOpen &error) {
-        EXPECT_EQ(error.message(), Chmatasm::NoEdit);
-    }
+    const auto edit = [&] { Chmatasm::EditMatAsm(AnsiString("Koreguojamas"), false, id); };
+    EXPECT_EQ(refusalOf<Chmatasm::EErrorNoOpen>(edit), Chmatasm::NoEdit);
     EXPECT_EQ(Chmatasm::EditMatAsmDlg, nullptr);
 }
 

@@ -362,7 +362,7 @@ protected:
                            "deferrable initially deferred for each row execute function f_end()");
     }
 };
-INSTANTIATE_TEST_SUITE_P(, MonthCloseOnServer, testing::Values(Engine::PostgreSql));
+ON_ENGINE(MonthCloseOnServer, Engine::PostgreSql);
 } // namespace
 
 TEST_P(MonthCloseOnServer, ASecondPressAfterALostAnswerClosesNoSecondMonth)

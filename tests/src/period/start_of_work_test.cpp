@@ -4,6 +4,7 @@
 #include "tests/src/open_books.h"
 #include "tests/support/clock.h"
 #include "tests/support/message_box.h"
+#include "tests/support/refusal.h"
 
 #include <QTest>
 
@@ -42,12 +43,7 @@ TEST_P(StartOfWork, AnEmptyTableProposesTheComputersMonth)
 TEST_P(StartOfWork, AComputerDateBeforeApril1998RefusesToOpen)
 {
     ClockAt clock(QDate(1998, 3, 31));
-    try {
-        TPeriodDlg dialog(nullptr);
-        FAIL() << "the dialog opened";
-    } catch (const Exception &error) {
-        EXPECT_EQ(error.message(), "Kompiuteryje nekorektiška data");
-    }
+    EXPECT_EQ(refusalOf([] { TPeriodDlg(nullptr); }), "Kompiuteryje nekorektiška data");
     EXPECT_EQ(Period::PeriodDlg, nullptr);
 }
 
