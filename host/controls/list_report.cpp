@@ -5,22 +5,7 @@
 #include <QHeaderView>
 
 namespace {
-
 constexpr qreal pointsPerPixel = 0.75;
-
-Qt::Alignment alignmentOf(const TField &field)
-{
-    switch (field.Alignment) {
-    case TAlignment::taRightJustify:
-        return Qt::AlignRight;
-    case TAlignment::taCenter:
-        return Qt::AlignHCenter;
-    case TAlignment::taLeftJustify:
-        break;
-    }
-    return Qt::AlignLeft;
-}
-
 } // namespace
 
 TReport reportOfList(const TTableHeading &heading, const TDBGrid &grid, const TDataSet &set)
@@ -34,7 +19,7 @@ TReport reportOfList(const TTableHeading &heading, const TDBGrid &grid, const TD
         columns.push_back({.field = field->FieldName(),
                            .title = grid.model()->headerData(column, Qt::Horizontal).toString(),
                            .width = grid.ownWidth(column) * pointsPerPixel,
-                           .alignment = alignmentOf(*field),
+                           .alignment = toQt(field->Alignment) & Qt::AlignHorizontal_Mask,
                            .mask = field->DisplayFormat});
     }
     return reportOfTable(heading, columns);

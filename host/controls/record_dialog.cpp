@@ -75,8 +75,6 @@ TRecordDialog::TRecordDialog(TRecordDescription described, TRecordStart opened, 
 TRecordDialog::~TRecordDialog()
 {
     query->disconnect(this); // dropping the row is no change to be judged
-    if (release)
-        release();
 }
 
 // --- opening

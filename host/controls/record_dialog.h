@@ -63,13 +63,6 @@ protected:
     // Judges the save button; to be called when something changed that is no field of the form.
     void judgeSave();
 
-    // The editor's exported global: set while it exists.
-    template<class T> void keepIn(T *&global)
-    {
-        global = static_cast<T *>(this);
-        release = [&global] { global = nullptr; };
-    }
-
     const TRecordDescription description;
 
 private:
@@ -86,7 +79,6 @@ private:
     TQuery *query;
     bool adds = false; // also after a failed save has put the held row back into edit
     bool changed = false;
-    std::function<void()> release;
 };
 
 // Shows the editor; true when the user saved, key is then that of the saved row and otherwise stays as it

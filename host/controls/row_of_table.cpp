@@ -14,7 +14,7 @@ void fill(TQuery &row, const QVariantMap &values)
 
 // Columns that are neither as they were read nor as they shall be.
 void requireUnchanged(TQuery &row, const QVariantMap &values, const QVariantMap &asRead,
-                      const TDataSet *shown)
+                      const TDataSet &shown)
 {
     QList<TChangedColumn> changed;
     for (const auto &[column, value] : values.asKeyValueRange()) {
@@ -22,9 +22,8 @@ void requireUnchanged(TQuery &row, const QVariantMap &values, const QVariantMap 
         const Variant before = asRead.value(column);
         if (sameKey(field->Value(), before) || sameKey(field->Value(), value))
             continue;
-        const QString label = shown ? shown->FieldByName(column)->label() : QString();
-        changed.append({column, label, before, field->Value(), value, before.toString(), field->DisplayText(),
-                        value.toString()});
+        changed.append({column, shown.FieldByName(column)->label(), before, field->Value(), value,
+                        before.toString(), field->DisplayText(), value.toString()});
     }
     if (!changed.isEmpty())
         throw EChangedElsewhere(changed);

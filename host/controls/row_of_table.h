@@ -9,7 +9,7 @@ struct TRowOfTable {
     TDatabase *database;
     QString table;
     QString keyColumn;
-    const TDataSet *shown = nullptr; // its labels name the columns in messages; null: none are named
+    const TDataSet &shown; // its labels name the columns in messages
 
     // Adds a row with these values by column and the key that the rule draws; returns the key as stored.
     Variant insert(const QVariantMap &values, const TKeyRule &rule) const;

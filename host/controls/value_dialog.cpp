@@ -13,12 +13,6 @@ TValueDialog::TValueDialog(const TValueDescription &described, QWidget *owner) :
     TRecordDialog::takeNextWanted(); // what an earlier editor wished is over
 }
 
-TValueDialog::~TValueDialog()
-{
-    if (release)
-        release();
-}
-
 void TValueDialog::Load()
 {
     if (CurrentUser().viewOnly)

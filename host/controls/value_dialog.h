@@ -22,19 +22,8 @@ class TValueDialog : public TDialog {
     Q_OBJECT
 public:
     explicit TValueDialog(const TValueDescription &described, QWidget *owner = QApplication::activeWindow());
-    ~TValueDialog() override;
 
 protected:
     void Load() override;
     void saveAndNew() override;
-
-    // The dialog's exported global: set while it exists.
-    template<class T> void keepIn(T *&global)
-    {
-        global = static_cast<T *>(this);
-        release = [&global] { global = nullptr; };
-    }
-
-private:
-    std::function<void()> release;
 };

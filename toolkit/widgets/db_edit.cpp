@@ -2,19 +2,6 @@
 
 #include "toolkit/widgets/guard.h"
 
-Qt::Alignment alignmentOf(const TField &field)
-{
-    switch (field.Alignment) {
-    case TAlignment::taRightJustify:
-        return Qt::AlignRight | Qt::AlignVCenter;
-    case TAlignment::taCenter:
-        return Qt::AlignCenter;
-    case TAlignment::taLeftJustify:
-        break;
-    }
-    return Qt::AlignLeft | Qt::AlignVCenter;
-}
-
 TDBEdit::TDBEdit(QWidget *parent) : QLineEdit(parent), TDBControl(this)
 {
     setReadOnly(true);
@@ -51,7 +38,7 @@ void TDBEdit::showField(TField *field)
                            : isFocused() && canEdit() ? field->editText()
                                                       : field->DisplayText();
     if (field)
-        setAlignment(alignmentOf(*field));
+        setAlignment(toQt(field->Alignment));
     if (text() != wanted)
         setText(wanted);
     if (!isFocused())

@@ -61,6 +61,3 @@ protected:
     void storeField(TField &field) override;
     void setEditable(bool on) override;
 };
-
-// How an edit lines up the values of a column.
-Qt::Alignment alignmentOf(const TField &field);

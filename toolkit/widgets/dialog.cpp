@@ -78,6 +78,8 @@ TDialog::TDialog(QWidget *parent) : QDialog(parent)
 TDialog::~TDialog()
 {
     runGuarded(nullptr, [this] { cancelSet(); });
+    if (release)
+        release();
 }
 
 void TDialog::setHelpDisplay(std::function<void(int)> display)

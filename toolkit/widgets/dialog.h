@@ -90,6 +90,12 @@ protected:
     TDataSet *dataSet() const { return ownSet; }
     // The layout above the buttons, for what no row describes.
     QVBoxLayout *bodyLayout() const;
+    // The dialog's exported global: set while the dialog exists.
+    template<class T> void keepIn(T *&global)
+    {
+        global = static_cast<T *>(this);
+        release = [&global] { global = nullptr; };
+    }
     // Stops in front of a control: puts the cursor there and raises.
     [[noreturn]] void refuse(const QString &column, const QString &message);
 
@@ -110,6 +116,7 @@ private:
     TDialogBody *ownBody = nullptr;
     QPushButton *ownSaver = nullptr;
     int ownTopic = 0;
+    std::function<void()> release;
     bool isSaving = false;
     bool offersNew = false;
     bool wasShown = false;
