@@ -17,6 +17,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLineEdit>
+#include <QScopeGuard>
 #include <QTest>
 #include <QTimer>
 
@@ -99,53 +100,67 @@ void preview(Dbkr::TDbKrFrm &frm)
                 after - before);
 }
 
+Dbkr::TDbKrFrm *measureOpening()
+{
+    QElapsedTimer timer;
+    timer.start();
+    auto *frm = createForm<Dbkr::TDbKrFrm>(nullptr);
+    frm->show();
+    QCoreApplication::processEvents();
+    const double opened = since(timer);
+    while (frm->loading())
+        QCoreApplication::processEvents();
+    std::printf("  list open %.0f ms, whole %.0f ms\n", opened, since(timer));
+    return frm;
+}
+
+// A save through the editor, and its statements in the shell, of which the start counts nothing.
+void measureSaving(const PartyBooks &books, int id, double nothing)
+{
+    constexpr int saves = 50;
+    double save = 0;
+    for (int i = 0; i < saves; ++i)
+        save += saveOne(id) / saves;
+    const QByteArray oneSave =
+        u"select count(dka_id) from bd_dbkrasm where dka_kod = 'K%1' and dka_id <> %1; "
+        "begin; update bd_dbkrasm set dka_adr = 'Kita gatvė 1' where dka_id = %1; commit;\n"_s.arg(id)
+            .toUtf8();
+    std::printf("  save %.2f ms, in the shell %.2f ms without its start\n", save,
+                (books.inShell(oneSave.repeated(saves)) - nothing) / saves);
+}
+
+void measureRefreshing(const PartyBooks &books, TBrowseFrm &frm, int id, double nothing)
+{
+    QElapsedTimer timer;
+    timer.start();
+    frm.RefreshData(id);
+    const double refresh = since(timer);
+    const QByteArray list =
+        MainDatas()->mnFin_Db()->translator().translate(frm.dataSet()->SQL()).text.toUtf8();
+    const QByteArray unseen =
+        books.books().fin.engine == Engine::Sqlite ? ".output /dev/null\n" : "\\o /dev/null\n";
+    const double bare = books.inShell(unseen + list + ";\n") - nothing;
+    std::printf("  refresh back to the row %.0f ms, the whole statement in the shell %.0f ms, ratio %.2f\n",
+                refresh, bare, refresh / bare);
+}
+
 void measure(Engine engine, int rows, bool report)
 {
     const PartyBooks books(engine, rows);
     auto datas = std::make_unique<TMainDatas>(books.books().fin, books.books().ravl);
     datas->Open();
     setMainDatas(std::move(datas));
-    QElapsedTimer timer;
-    timer.start();
-    Dbkr::TDbKrFrm *frm = createForm<Dbkr::TDbKrFrm>(nullptr);
-    frm->show();
-    QCoreApplication::processEvents();
-    const double opened = since(timer);
-    while (frm->loading())
-        QCoreApplication::processEvents();
-    const double loaded = since(timer);
-
-    const int id = rows / 2;
-    constexpr int saves = 50;
-    double save = 0;
-    for (int i = 0; i < saves; ++i)
-        save += saveOne(id) / saves;
-    timer.restart();
-    frm->RefreshData(id);
-    const double refresh = since(timer);
+    const auto close = qScopeGuard([] { setMainDatas(nullptr); });
+    std::printf("%s, %d counterparties\n", nameOf(engine), rows);
+    const std::unique_ptr<Dbkr::TDbKrFrm> frm(measureOpening());
     const double nothing = books.inShell("select 1;\n");
-    const QByteArray oneSave =
-        u"select count(dka_id) from bd_dbkrasm where dka_kod = 'K%1' and dka_id <> %1; "
-        "begin; update bd_dbkrasm set dka_adr = 'Kita gatvė 1' where dka_id = %1; commit;\n"_s.arg(id)
-            .toUtf8();
-    const double bareSave = (books.inShell(oneSave.repeated(saves)) - nothing) / saves;
-    const QByteArray list =
-        MainDatas()->mnFin_Db()->translator().translate(frm->dataSet()->SQL()).text.toUtf8();
-    const double bareList = books.inShell(engine == Engine::Sqlite ? ".output /dev/null\n" + list + ";\n"
-                                                                   : "\\o /dev/null\n" + list + ";\n");
-
-    std::printf("%s, %d counterparties: list open %.0f ms, whole %.0f ms\n", nameOf(engine), rows, opened,
-                loaded);
-    std::printf("  save %.2f ms, in the shell %.2f ms without its start\n", save, bareSave);
-    std::printf("  refresh back to the row %.0f ms, the whole statement in the shell %.0f ms, ratio %.2f\n",
-                refresh, bareList - nothing, refresh / (bareList - nothing));
+    measureSaving(books, rows / 2, nothing);
+    measureRefreshing(books, *frm, rows / 2, nothing);
     std::printf("  found by six letters typed in %.0f ms, the pause after typing included\n",
                 findByTyping(*frm, rows));
     if (report)
         preview(*frm);
     std::fflush(stdout);
-    delete frm;
-    setMainDatas(nullptr);
 }
 
 } // namespace

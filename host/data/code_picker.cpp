@@ -44,11 +44,6 @@ QToolButton *viewButton(const QString &text)
     return button;
 }
 
-QString formsPath()
-{
-    return GetRegPath() + QStringLiteral("\\Forms");
-}
-
 } // namespace
 
 TCodePicker::TCodePicker(QWidget *owner, std::shared_ptr<const TCodeTree> rows, const TCodePick &picked)
@@ -66,7 +61,7 @@ TCodePicker::TCodePicker(QWidget *owner, std::shared_ptr<const TCodeTree> rows, 
     layout->addWidget(views, 1);
     layout->addWidget(buildButtons());
     resize(620, 520);
-    ReadFromReg(this, formsPath(), pick.name);
+    ReadFromReg(this, FormsPath(), pick.name);
     showView(pick.view);
     if (codes->count() > 0)
         showRow(qMax(0, codes->rowOf(pick.current)));
@@ -160,7 +155,7 @@ bool TCodePicker::canChoose(int row) const
 void TCodePicker::done(int result)
 {
     if (CanSave())
-        SaveToReg(this, formsPath(), pick.name, false);
+        SaveToReg(this, FormsPath(), pick.name, false);
     TMinMaxFrm::done(result);
 }
 
