@@ -6,6 +6,7 @@
 #include "host/common/months.h"
 #include "host/common/settings_store.h"
 #include "host/data/main_datas.h"
+#include "host/data/organisation.h"
 #include "toolkit/widgets/guard.h"
 
 #include <QCloseEvent>
@@ -77,6 +78,8 @@ TMainWindow::TMainWindow(TLoadedPackage &loaded) : package(loaded), area(new TDo
     addHelpMenu();
     addStatusBar();
     connectGuarded(&periodNotifier(), &TPeriodNotifier::periodChanged, this, [this] { showStatus(); });
+    connectGuarded(&organisationNotifier(), &TOrganisationNotifier::organisationChanged, this,
+                   [this] { showStatus(); });
     connectGuarded(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](QWindow *window) {
         if (window)
             followPeriod();

@@ -69,8 +69,13 @@ void TDocumentFrm::addCommonActions()
     acCaptions->setCheckable(true);
     acToolBar->setCheckable(true);
     w->bar->addActions({acHelp, acClose});
-    for (QAction *action : {acHelp, acClose})
-        w->bar->widgetForAction(action)->setAccessibleName(plainCaption(action->text()));
+    for (QAction *action : {acHelp, acClose}) {
+        // A screen may caption them in its own words.
+        QWidget *button = w->bar->widgetForAction(action);
+        const auto nameIt = [button, action] { button->setAccessibleName(plainCaption(action->text())); };
+        nameIt();
+        connectGuarded(action, &QAction::changed, button, nameIt);
+    }
     w->menuEnd = w->menu->addSeparator();
     w->menu->addMenu(u"&Vaizdas"_s)->addActions({acToolBar, acCaptions});
     w->menu->addActions({acHelp, acClose});

@@ -2,10 +2,10 @@
 
 #include "host/common/forms.h"
 #include "host/controls/browse_frm.h"
+#include "host/controls/changed_elsewhere_box.h"
 #include "host/data/main_datas.h"
 #include "toolkit/widgets/guard.h"
 
-#include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
 
@@ -257,23 +257,9 @@ void TRecordDialog::takeBack(const Variant &formerKey)
         key->setValue(formerKey);
 }
 
-// Another station's values, or one's own; raises when the user goes back to the dialog. Whether to save
-// again.
 bool TRecordDialog::settle(const EChangedElsewhere &conflict)
 {
-    QMessageBox box(QMessageBox::Warning, windowTitle(), conflict.message(), QMessageBox::NoButton, this);
-    box.setObjectName(u"changedElsewhere"_s);
-    const auto *take = box.addButton(u"&Imti naują reikšmę"_s, QMessageBox::ActionRole);
-    const auto *keep = box.addButton(u"&Palikti savo"_s, QMessageBox::ActionRole);
-    box.setEscapeButton(box.addButton(u"&Grįžti"_s, QMessageBox::RejectRole));
-    box.exec();
-    if (box.clickedButton() == keep) {
-        query->keepOwn(conflict.columns);
-        return true;
-    }
-    if (box.clickedButton() == take)
-        query->acceptOther(conflict.columns);
-    throw EAbort();
+    return settleChangedElsewhere(this, *query, conflict);
 }
 
 void TRecordDialog::reject()

@@ -1,3 +1,5 @@
+#include "host/data/organisation.h"
+
 #include "host/data/main_datas.h"
 
 namespace {
@@ -31,4 +33,15 @@ void setUAB(bool on)
                                          {{QStringLiteral("tipas"), on ? companyType : 0}});
     if (changed == 0)
         throw EDatabaseError(QStringLiteral("Neįvesti organizacijos atributai!"));
+}
+
+TOrganisationNotifier &organisationNotifier()
+{
+    static TOrganisationNotifier notifier;
+    return notifier;
+}
+
+void OrganisationChanged()
+{
+    emit organisationNotifier().organisationChanged();
 }

@@ -72,6 +72,7 @@ TPackageEntries departmentEntries();
 TPackageEntries assetEntries();
 TPackageEntries catalogueEntries();
 TPackageEntries userEntries();
+TPackageEntries organisationEntries();
 
 namespace Menu {
 inline const QString periods = QStringLiteral("Pe&riodas");

@@ -4,6 +4,7 @@
 
 // HostControls
 #include "host/controls/browse_frm.h"
+#include "host/controls/changed_elsewhere_box.h"
 #include "host/controls/period_box.h"
 #include "host/controls/record_dialog.h"
 #include "host/controls/side_choice.h"
@@ -23,6 +24,7 @@
 #include "host/data/account_row.h"
 #include "host/data/catalogue_row.h"
 #include "host/data/main_datas.h"
+#include "host/data/organisation.h"
 #include "host/data/party_row.h"
 #include "host/data/reports.h"
 

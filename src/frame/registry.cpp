@@ -42,6 +42,7 @@
 #include "src/money/Finlist.h"
 #include "src/money/Kasnew.h"
 #include "src/money/Kasosform.h"
+#include "src/organisation/Orgatr.h"
 #include "src/people/Atsasmlist.h"
 #include "src/people/Chatasm.h"
 #include "src/people/Chmatasm.h"
@@ -113,6 +114,7 @@ const std::vector<TUnit *> &packageUnits()
         &Pareig::unit,
         &Editprg::unit,
         &Pardtip::unit,
+        &Orgatr::unit,
         &Matasm::unit,
         &Chmatasm::unit,
         &Kasosform::unit,
@@ -134,7 +136,7 @@ const TPackageEntries &packageEntries()
         TPackageEntries all;
         for (const auto &part :
              {periodEntries, balanceEntries, estimateEntries, debtorEntries, peopleEntries, moneyEntries,
-              departmentEntries, assetEntries, catalogueEntries, userEntries})
+              departmentEntries, assetEntries, catalogueEntries, userEntries, organisationEntries})
             std::ranges::move(part(), std::back_inserter(all));
         return all;
     }();

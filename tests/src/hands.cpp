@@ -156,6 +156,21 @@ std::vector<TChange> changesIn(const QWidget &window)
     return changes;
 }
 
+// In a document that is edited in place.
+void changeInPlace(TDocumentFrm &document)
+{
+    auto *edit = document.findChild<QAction *>("acEdit");
+    auto *save = document.findChild<QAction *>("acSave");
+    if (!edit || !save)
+        return;
+    edit->trigger();
+    for (const TChange &change : changesIn(document)) {
+        edit->trigger();
+        change.make();
+        save->trigger();
+    }
+}
+
 void saveAfterEachChange(QWidget &window)
 {
     const QPointer<QWidget> there(&window);
@@ -257,6 +272,7 @@ void TryingHands::tryDocument(TDocumentFrm &document)
         call(&TBrowseFrm::EditBtnClick);
         call(&TBrowseFrm::NextBtnClick);
     }
+    changeInPlace(document);
 }
 
 // What may be done depends on the node.

@@ -118,6 +118,12 @@ void bringToFront(QWidget &window)
         << qPrintable(window.windowTitle()) << " does not come to the front";
 }
 
+void pressEsc(QWidget &window)
+{
+    QWidget *focused = window.focusWidget();
+    QTest::keyClick(focused ? focused : &window, Qt::Key_Escape);
+}
+
 void leaveByEsc(QWidget &window)
 {
     const QPointer<QWidget> there(&window);
@@ -126,8 +132,7 @@ void leaveByEsc(QWidget &window)
     // While a list is being read, Esc only ends the reading.
     if (auto *list = qobject_cast<TBrowseFrm *>(&window))
         list->dataSet()->RecordCount();
-    QWidget *focused = window.focusWidget();
-    QTest::keyClick(focused ? focused : &window, Qt::Key_Escape);
+    pressEsc(window);
     EXPECT_FALSE(there && there->isVisible()) << qPrintable(title) << " is not left by Esc";
 }
 
@@ -181,7 +186,22 @@ private:
         asked = false;
         bringToFront(window);
         action->trigger();
+        if (lookWhileEditing(window))
+            return;
         EXPECT_GT(met(), before) << name << " opens nothing in " << qPrintable(window.windowTitle());
+    }
+
+    // A document that is edited in place, as against one that opened an editor; Esc only ends the editing
+    // then.
+    bool lookWhileEditing(QWidget &window)
+    {
+        const auto *save = window.findChild<QAction *>("acSave");
+        if (!save || !save->isEnabled())
+            return false;
+        look(window);
+        pressEsc(window);
+        EXPECT_FALSE(save->isEnabled()) << "Esc does not end the editing";
+        return true;
     }
 
     void pass(QMessageBox &box)

@@ -11,8 +11,8 @@ struct TVisit {
 };
 
 // Opens what the entry names, calls look with every window that comes, and leaves each by Esc without
-// changing anything. From a list New and Edit are pressed too, where they can be. Message boxes are passed:
-// the first question is answered by yes, a further one by no, for who asks twice is about to write.
+// changing anything. From a document New and Edit are pressed too, where they can be. Message boxes are
+// passed: the first question is answered by yes, a further one by no, for who asks twice is about to write.
 TVisit visitEntry(const TPackageEntry &entry, const std::function<void(QWidget &)> &look);
 
 // Controls that take input but have neither a caption, nor a label of their own, nor an accessible name; and

@@ -8,6 +8,20 @@
 #include <QDialog>
 #include <QKeyEvent>
 
+namespace {
+
+// Esc cancels a dialog, and what stands in a window with this property: it is not the control's then.
+bool leavesEscape(const QWidget *control)
+{
+    for (; control; control = control->parentWidget()) {
+        if (control->property("ownsEscape").toBool() || qobject_cast<const QDialog *>(control))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
 TDBControlEvents::TDBControlEvents(TDBControl *owner) : QObject(owner->widget()), control(owner)
 {
     owner->widget()->installEventFilter(this);
@@ -29,7 +43,7 @@ bool TDBControlEvents::eventFilter(QObject *watched, QEvent *event)
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress:
         if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape && control->pending() &&
-            !qobject_cast<QDialog *>(control->widget()->window())) {
+            !leavesEscape(control->widget())) {
             if (event->type() == QEvent::KeyPress)
                 runGuarded(control->widget(), [this] { control->restore(); });
             event->accept();

@@ -74,6 +74,7 @@ void TDBImage::loadFromFile(const QString &name)
     if (!canEdit())
         return;
     bytes = content;
+    picture = {}; // the one that is shown is of other bytes
     changedByUser();
     commit();
 }

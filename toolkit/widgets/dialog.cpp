@@ -8,6 +8,7 @@
 #include "toolkit/widgets/icons.h"
 #include "toolkit/widgets/lithuanian.h"
 #include "toolkit/widgets/push_button.h"
+#include "toolkit/widgets/refused.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -247,20 +248,9 @@ void TDialog::refuse(const QString &column, const QString &message)
     throw Exception(message);
 }
 
-// The field that refused says so itself; else the cursor goes to what was refused before.
 void TDialog::focusRefused(const Exception &error)
 {
-    const auto *refusal = dynamic_cast<const EFieldRefused *>(&error);
-    for (TDBControl *control : TDBControl::allIn(this)) {
-        const bool isNamed =
-            refusal && control->DataField().compare(refusal->fieldName(), Qt::CaseInsensitive) == 0;
-        if (isNamed)
-            control->markInvalid(error.message());
-        if (!control->invalidReason().isEmpty() && control->widget()->isVisible()) {
-            control->widget()->setFocus(Qt::TabFocusReason); // selects the text as coming by Tab does
-            return;
-        }
-    }
+    ::focusRefused(this, error);
 }
 
 QVBoxLayout *TDialog::bodyLayout() const

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "src/frame/host_services.h"
+#include "src/frame/unit.h"
+
+class QLabel;
+
+// The institution's own record: the one row of bd_org.
+namespace Orgatr {
+
+extern TUnit unit;
+
+class TOrgFrm : public TDocumentFrm {
+    Q_OBJECT
+public:
+    explicit TOrgFrm(QWidget *owner);
+
+    void RefreshData(); // reads the row anew
+    void mnDelClick();  // takes the emblem away
+
+    QAction *acEdit, *acSave, *acCancel, *mnOpen, *mnDel;
+
+protected:
+    void FormCreate() override;
+    bool FormClose() override;
+    void escape() override;
+
+private:
+    void buildActions();
+    QWidget *buildBody();
+    QWidget *buildMunicipality();
+    QLayout *buildEmblem();
+    void orderByTab();
+    void describeColumns();
+    void requireMunicipality(TField &field, const Variant &code);
+    void tbOrgBeforePost() const;
+
+    void edit();
+    void save();
+    bool write();
+    void cancel();
+    bool mayLeave();
+    void showState();
+
+    TTable tbOrg;
+    TQuery qrySav;
+    QLabel *missing;
+    TFieldForm *form = nullptr;
+    TDBLookupComboBox *municipality;
+    TDBEdit *codeEdit = nullptr; // of the municipality
+    TDBImage *emblem;
+};
+
+extern TOrgFrm *OrgFrm;
+
+} // namespace Orgatr
