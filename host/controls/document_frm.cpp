@@ -139,6 +139,9 @@ void TDocumentFrm::judgeActions()
         if (each.separator)
             each.separator->setVisible(each.action->isVisible());
     }
+    // Two actions with the same key would both be deaf.
+    w->escapes.first()->setEnabled(std::none_of(w->escapes.begin() + 1, w->escapes.end(),
+                                                [](const QAction *own) { return own->isEnabled(); }));
 }
 
 // --- events

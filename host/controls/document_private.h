@@ -27,6 +27,7 @@ struct TDocumentFrm::Private {
     QMenu *deleteMenu = nullptr;
     TStatusPanels *status = nullptr;
     std::vector<Judged> judged;
+    QList<QAction *> escapes; // what Esc does: the window's own, then actions of the screen that come first
 
     bool captionsShown = true;
     bool toolBarShown = true;

@@ -99,6 +99,8 @@ QAction *TDocumentFrm::addFormAction(const TFormAction &described)
     if (described.picture)
         action->setIcon(icon(*described.picture));
     action->setShortcuts(described.keys);
+    if (described.keys.contains(QKeySequence(Qt::Key_Escape)))
+        w->escapes += action;
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     action->setToolTip(hintWithKey(described));
     (described.keysIn ? described.keysIn : this)->addAction(action);

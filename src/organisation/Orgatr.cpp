@@ -2,6 +2,7 @@
 
 #include "toolkit/widgets/guard.h"
 #include "toolkit/widgets/lithuanian.h"
+#include "toolkit/widgets/own_escape.h"
 #include "toolkit/widgets/refused.h"
 
 #include <QAction>
@@ -41,7 +42,7 @@ TOrgFrm::TOrgFrm(QWidget *owner)
       emblem(new TDBImage(this))
 {
     keepIn(OrgFrm);
-    setProperty("ownsEscape", true);
+    setProperty(ownsEscape, true);
     tbOrg.CachedUpdates = true; // until the transaction went through
     tbOrg.BeforePost = [this](TDataSet &) { tbOrgBeforePost(); };
     describeColumns();
@@ -73,8 +74,9 @@ void TOrgFrm::buildActions()
                             .enabled = editing});
     acCancel = addFormAction({.name = "acCancel",
                               .text = "&Atšaukti",
-                              .hint = "Atšaukti pakeitimus (Esc)",
+                              .hint = "Atšaukti pakeitimus",
                               .picture = TIcon::Cancel,
+                              .keys = {Qt::Key_Escape},
                               .handler = [this] { cancel(); },
                               .enabled = editing});
     mnOpen = addFormAction({.name = "mnOpen",
@@ -244,14 +246,6 @@ bool TOrgFrm::mayLeave()
     else if (answer == mrNo)
         cancel();
     return answer == mrYes || answer == mrNo;
-}
-
-void TOrgFrm::escape()
-{
-    if (tbOrg.editing())
-        cancel();
-    else
-        TDocumentFrm::escape();
 }
 
 void TOrgFrm::showState()

@@ -23,7 +23,6 @@ public:
 protected:
     void FormCreate() override;
     bool FormClose() override;
-    void escape() override;
 
 private:
     void buildActions();

@@ -3,24 +3,11 @@
 #include "toolkit/widgets/db_control_events.h"
 #include "toolkit/widgets/guard.h"
 #include "toolkit/widgets/invalid_mark.h"
+#include "toolkit/widgets/own_escape.h"
 
 #include <QApplication>
 #include <QDialog>
 #include <QKeyEvent>
-
-namespace {
-
-// Esc cancels a dialog, and what stands in a window with this property: it is not the control's then.
-bool leavesEscape(const QWidget *control)
-{
-    for (; control; control = control->parentWidget()) {
-        if (control->property("ownsEscape").toBool() || qobject_cast<const QDialog *>(control))
-            return true;
-    }
-    return false;
-}
-
-} // namespace
 
 TDBControlEvents::TDBControlEvents(TDBControl *owner) : QObject(owner->widget()), control(owner)
 {
@@ -43,7 +30,7 @@ bool TDBControlEvents::eventFilter(QObject *watched, QEvent *event)
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress:
         if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape && control->pending() &&
-            !leavesEscape(control->widget())) {
+            !isEscapeOwned(control->widget()) && !qobject_cast<QDialog *>(control->widget()->window())) {
             if (event->type() == QEvent::KeyPress)
                 runGuarded(control->widget(), [this] { control->restore(); });
             event->accept();

@@ -1,6 +1,7 @@
 #include "toolkit/widgets/form.h"
 
 #include "toolkit/data/query.h"
+#include "toolkit/widgets/accessible_combo.h"
 #include "toolkit/widgets/guard.h"
 #include "toolkit/widgets/invalid_mark.h"
 #include "toolkit/widgets/lithuanian.h"
@@ -61,6 +62,7 @@ TFieldForm::TFieldForm(const QList<TFieldRow> &rows, TDataSet *dataSet, QWidget 
     : QWidget(parent),
       set(dataSet)
 {
+    nameComboBoxes();
     auto *layout = new QFormLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);

@@ -253,3 +253,28 @@ TEST_F(Documents, AMonthClosedAtAnotherStationIsSeenWhenAWindowBecomesActive)
     QCoreApplication::processEvents();
     EXPECT_EQ(panel("period"), "Periodas: 2026 m. kovas");
 }
+
+// --- the institution's own record
+
+TEST_F(Documents, TheNameOfTheInstitutionIsShownAsSoonAsItIsSaved)
+{
+    books().ExecSQL("insert into bd_org (org_pavad, org_adr, org_i_kod) values ('Šilo mokykla', 'Šilas', 1)");
+    window->setLoggedIn(true);
+    EXPECT_EQ(panel("institution"), "Šilo mokykla");
+    window->openEntry("TOrgFrm");
+    press(Qt::Key_F2);
+    type(window->findChild<QLineEdit *>("org_pavad"), "Žolynų gimnazija");
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(panel("institution"), "Žolynų gimnazija");
+}
+
+TEST_F(Documents, TheProgramIsNotLeftWhileAnInstitutionThatIsBeingChangedKeepsItsWindow)
+{
+    window->openEntry("TOrgFrm");
+    press(Qt::Key_F2);
+    NextBoxes asked{QMessageBox::Cancel};
+    window->close();
+    EXPECT_EQ(asked.at(0).kind, 99);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(open().size(), 1);
+}

@@ -292,6 +292,20 @@ TEST_P(ListRow, WhatBothChangedIsToldAndDecided)
     expectNothingHeld();
 }
 
+TEST_P(ListRow, TheOthersValueThatIsTakenIsWhatStaysStored)
+{
+    edit([this](TTarnDlg &dialog) {
+        elsewhere(u"update bd_tarn set trn_pavad = 'Jų' where trn_id = 2"_s);
+        type(dialog.name(), u"Mano"_s);
+        OnNextDialog<QMessageBox> told([](QMessageBox &box) { pressButton(box, u"Imti naują reikšmę"_s); });
+        save(dialog);
+        EXPECT_EQ(dialog.name()->text(), u"Jų");
+        save(dialog);
+    });
+    EXPECT_EQ(stored().at(1), u"2|Jų|2");
+    expectNothingHeld();
+}
+
 TEST_P(ListRow, DeletedMeanwhileItIsToldAndGoneFromTheListAtTheNextTry)
 {
     edit([this](TTarnDlg &dialog) {
