@@ -73,6 +73,7 @@ TPackageEntries assetEntries();
 TPackageEntries catalogueEntries();
 TPackageEntries userEntries();
 TPackageEntries organisationEntries();
+TPackageEntries exportEntries();
 
 namespace Menu {
 inline const QString periods = QStringLiteral("Pe&riodas");

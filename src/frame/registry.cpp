@@ -31,6 +31,7 @@
 #include "src/estimates/Newsam.h"
 #include "src/estimates/Samform.h"
 #include "src/estimates/Samkor.h"
+#include "src/export/Tableexp.h"
 #include "src/frame/SysInit.h"
 #include "src/frame/Velmora.h"
 #include "src/frame/entries.h"
@@ -68,6 +69,7 @@ const std::vector<TUnit *> &packageUnits()
     // clang-format off
     static const std::vector<TUnit *> units = {
         &Velmora::unit,
+        &Tableexp::unit,
         &SysInit::unit,
         &Dbkrsut::unit,
         &Chdbkr::unit,
@@ -134,9 +136,9 @@ const TPackageEntries &packageEntries()
 {
     static const TPackageEntries entries = [] {
         TPackageEntries all;
-        for (const auto &part :
-             {periodEntries, balanceEntries, estimateEntries, debtorEntries, peopleEntries, moneyEntries,
-              departmentEntries, assetEntries, catalogueEntries, userEntries, organisationEntries})
+        for (const auto &part : {periodEntries, balanceEntries, estimateEntries, debtorEntries, peopleEntries,
+                                 moneyEntries, departmentEntries, assetEntries, catalogueEntries, userEntries,
+                                 organisationEntries, exportEntries})
             std::ranges::move(part(), std::back_inserter(all));
         return all;
     }();

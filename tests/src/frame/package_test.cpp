@@ -19,6 +19,7 @@ QString packageFile()
 
 // All that the package may have.
 const QStringList unitsInOrder{"Velmora",
+                               "TableExp",
                                "SysInit",
                                "DbKrSut",
                                "chDbKr",

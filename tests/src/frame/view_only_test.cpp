@@ -53,8 +53,8 @@ private:
 };
 ON_EVERY_ENTRY(NotBound);
 
-// It only compares what is typed.
-const QString asksForThePassword = QStringLiteral("ShowPass");
+// They take what is typed, but nothing of it reaches the books.
+const QStringList onlyAsk = {"ShowPass", "TFrRavlExp"};
 
 } // namespace
 
@@ -77,7 +77,7 @@ TEST_P(NotBound, ChangesTheBooks)
     TryingHands hands;
     hands.tryEntry(entry());
     bool changed = books().fingerprints() != TDemoCopy::unchanged(engine());
-    const bool cannot = hands.metNothingThatWrites() || entry().name == asksForThePassword;
+    const bool cannot = hands.metNothingThatWrites() || onlyAsk.contains(entry().name);
     if (!changed && !cannot) {
         goBackToTheFirstMonth();
         const QList<QByteArray> before = books().fingerprints();
