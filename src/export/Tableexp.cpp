@@ -42,12 +42,7 @@ TFrRavlExp::TFrRavlExp(QWidget *owner)
     cbxDrop = control<QCheckBox>("cbxDrop");
     ReadListVar(&qryLenteles, cmbLenteles->model(), "table_name", "table_id");
     cmbLenteles->setCurrentIndex(-1); // no table goes out that nobody chose
-    FrRavlExp = this;
-}
-
-TFrRavlExp::~TFrRavlExp()
-{
-    FrRavlExp = nullptr;
+    keepIn(FrRavlExp);
 }
 
 void TFrRavlExp::btnExportClick()

@@ -18,7 +18,6 @@ class TFrRavlExp : public TDialog {
     Q_OBJECT
 public:
     explicit TFrRavlExp(QWidget *owner);
-    ~TFrRavlExp() override;
 
     // Asks for a file and writes the chosen table to it. The dialog stays open.
     void btnExportClick();
