@@ -8,11 +8,15 @@ namespace {
 
 constexpr int largestSize = 10000;
 
-const QStringList commands{u"create"_s, u"upgrade"_s, u"demo"_s, u"check"_s, u"backup"_s, u"restore"_s};
+const QStringList commands{u"create"_s, u"upgrade"_s, u"demo"_s,  u"check"_s,
+                           u"backup"_s, u"restore"_s, u"export"_s};
 
-bool takesFile(const QString &command)
+// What the user is told of the words that follow the command; empty when none do.
+QString wordsOf(const QString &command)
 {
-    return command == u"backup" || command == u"restore";
+    if (command == u"export")
+        return u"lentelės ir failo vardų"_s;
+    return command == u"backup" || command == u"restore" ? u"failo vardo"_s : QString();
 }
 
 void readPlace(const QCommandLineParser &parser, TCommandLine &line)
@@ -32,12 +36,23 @@ void readCommand(const QStringList &words, TCommandLine &line)
     line.command = words.first();
     if (!commands.contains(line.command))
         throw EUsage(u"Nežinoma komanda „%1“."_s.arg(line.command));
-    const qsizetype expected = takesFile(line.command) ? 2 : 1;
+    const QString needed = wordsOf(line.command);
+    const bool isExport = line.command == u"export";
+    const qsizetype expected = isExport ? 3 : needed.isEmpty() ? 1 : 2;
     if (words.size() < expected)
-        throw EUsage(u"Komandai „%1“ reikia failo vardo."_s.arg(line.command));
+        throw EUsage(u"Komandai „%1“ reikia %2."_s.arg(line.command, needed));
     if (words.size() > expected)
         throw EUsage(u"Nereikalingas žodis „%1“."_s.arg(words.at(expected)));
-    line.file = takesFile(line.command) ? words.at(1) : QString();
+    line.table = isExport ? words.at(1) : QString();
+    line.file = expected > 1 ? words.last() : QString();
+}
+
+// A switch that only the export has.
+bool readExportSwitch(const QCommandLineParser &parser, const TCommandLine &line, const QString &name)
+{
+    if (parser.isSet(name) && line.command != u"export")
+        throw EUsage(u"Parinktis --%1 tinka tik komandai „export“."_s.arg(name));
+    return parser.isSet(name);
 }
 
 void readSize(const QCommandLineParser &parser, TCommandLine &line)
@@ -60,7 +75,9 @@ TCommandLine TCommandLine::parse(const QStringList &arguments)
     parser.addOptions({{{u"h"_s, u"help"_s}, {}},
                        {u"data"_s, {}, u"data"_s},
                        {u"server"_s, {}, u"server"_s},
-                       {u"size"_s, {}, u"size"_s}});
+                       {u"size"_s, {}, u"size"_s},
+                       {u"escaped"_s, QString()},
+                       {u"drop"_s, QString()}});
     TCommandLine line;
     if (!parser.parse(arguments)) {
         if (!parser.unknownOptionNames().isEmpty())
@@ -73,6 +90,8 @@ TCommandLine TCommandLine::parse(const QStringList &arguments)
     readCommand(parser.positionalArguments(), line);
     readPlace(parser, line);
     readSize(parser, line);
+    line.escaped = readExportSwitch(parser, line, u"escaped"_s);
+    line.drop = readExportSwitch(parser, line, u"drop"_s);
     return line;
 }
 
@@ -89,6 +108,9 @@ Komandos
   check            patikrina failus, nuorodas, periodus ir kontrolines sumas; nieko nekeičia
   backup FAILAS    įrašo abi duomenų bazes į vieną atsarginės kopijos failą
   restore FAILAS   atkuria abi duomenų bazes iš atsarginės kopijos; esamos paliekamos kitu vardu
+  export LENTELĖ FAILAS
+                   įrašo biudžeto duomenų bazės lentelės eilutes į insert sakinių failą, tokį pat,
+                   kokį rašo programos langas; esamo failo neliečia
 
 Duomenų vieta
   --data KATALOGAS   katalogo failai velmora_fin.db ir velmora_ravl.db
@@ -97,6 +119,9 @@ Duomenų vieta
 
 Kitos parinktys
   --size N           parodomųjų duomenų kiekis: N kartų po 300 debitorių ir kreditorių (1–10000)
+  --escaped          eksportuojant: kabutės dvigubinamos, tuščia reikšmė – NULL, koduotė UTF-8;
+                     failą įvykdžius to paties variklio duomenų bazėje, lentelėje lygiai tie patys duomenys
+  --drop             eksportuojant: pirmas sakinys ištrina visas lentelės eilutes
   -h, --help         ši pagalba
 
 Baigimo kodai

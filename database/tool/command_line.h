@@ -14,12 +14,15 @@ private:
 
 // What the program was asked to do.
 struct TCommandLine {
-    QString command;  // "create", "upgrade", "demo", "check", "backup", "restore"; empty when only help is
-                      // asked for
+    QString command;  // "create", "upgrade", "demo", "check", "backup", "restore", "export"; empty when only
+                      // help is asked for
     QString folder;   // of --data; exactly one of the two is given
     QString connInfo; // of --server
-    QString file;     // of backup and restore
-    int size = 1;     // of --size
+    QString file;     // of backup, restore and export
+    QString table;    // of export
+    bool escaped = false; // of export
+    bool drop = false;    // of export
+    int size = 1;         // of --size
     bool help = false;
 
     // Raises EUsage.

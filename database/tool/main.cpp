@@ -38,6 +38,12 @@ void restore(TStore &store, const QString &file)
         say(u"Buvusi duomenų bazė palikta: "_s + name);
 }
 
+void exportTable(TStore &store, const TCommandLine &line)
+{
+    const qlonglong rows = exportTableOf(store, {line.table, line.escaped, line.drop}, line.file, say);
+    say(u"Įrašyta eilučių: %1."_s.arg(rows));
+}
+
 ExitCode run(const TCommandLine &line)
 {
     const std::unique_ptr<TStore> store =
@@ -46,6 +52,10 @@ ExitCode run(const TCommandLine &line)
         return check(*store);
     if (line.command == u"restore") {
         restore(*store, line.file);
+        return Done;
+    }
+    if (line.command == u"export") {
+        exportTable(*store, line);
         return Done;
     }
     if (line.command == u"create")

@@ -4,6 +4,8 @@
 #include "database/schema.h"
 #include "database/tool/keeping/archive.h"
 #include "database/tool/keeping/totals.h"
+#include "toolkit/data/statement.h"
+#include "toolkit/export/table_export.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -29,6 +31,27 @@ TBooks readOnly(TBooks books)
     books.fin.readOnly = true;
     books.ravl.readOnly = true;
     return books;
+}
+
+void refuseExisting(const QString &file)
+{
+    if (QFileInfo::exists(file))
+        throw EFileError(u"Failas „%1“ jau yra."_s.arg(file));
+}
+
+// The columns of one of the tables that people fill, in their order.
+QStringList columnsOf(TDatabase &db, const QString &table)
+{
+    const auto found = db.prepare(u"select column_name from syscolumn join systable on "
+                                  "syscolumn.table_id = systable.table_id where table_name = :name "
+                                  "order by column_id"_s);
+    found->bind(u"name"_s, table);
+    QStringList columns;
+    for (found->exec(); found->next();)
+        columns << found->value(0).toString();
+    if (columns.isEmpty())
+        throw EDatabaseError(u"Lentelės „%1“ biudžeto duomenų bazėje nėra."_s.arg(table));
+    return columns;
 }
 
 void applySchema(TDatabase &db, Book book, const TProgress &progress)
@@ -188,11 +211,22 @@ QStringList checkBooks(TStore &store, const TProgress &progress)
     return findProblems(books.fin, books.ravl, progress);
 }
 
+qlonglong exportTableOf(TStore &store, const TTableChoice &choice, const QString &file,
+                        const TProgress &progress)
+{
+    store.refuseWhenMissing();
+    refuseExisting(file);
+    TDatabase ravl(readOnly(store.books()).ravl);
+    ravl.Open();
+    const TTableExport table{choice.table, columnsOf(ravl, choice.table), choice.deletesFirst};
+    progress(u"Rašoma lentelė „%1“…"_s.arg(choice.table));
+    return (choice.escaped ? exportForReplay : exportTable)(ravl, table, file);
+}
+
 void backUpBooks(TStore &store, const QString &file, const TProgress &progress)
 {
     store.refuseWhenMissing();
-    if (QFileInfo::exists(file))
-        throw EFileError(u"Failas „%1“ jau yra."_s.arg(file));
+    refuseExisting(file);
     const QTemporaryDir folder = partsFolder(QFileInfo(file).absolutePath());
     TArchive archive{engineName(store.books()), QDateTime::currentDateTime().toString(Qt::ISODate), {}};
     QStringList files;

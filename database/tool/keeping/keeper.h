@@ -23,6 +23,17 @@ QStringList checkBooks(TStore &store, const TProgress &progress);
 // name.
 void backUpBooks(TStore &store, const QString &file, const TProgress &progress);
 
+// What to write of a table.
+struct TTableChoice {
+    QString table;
+    bool escaped = false;      // so that the file can be run: see exportForReplay()
+    bool deletesFirst = false; // the first statement empties the table
+};
+// Writes one table of the budget database to a file of insert statements and returns the number of rows.
+// Refuses when the file exists or there is no such table.
+qlonglong exportTableOf(TStore &store, const TTableChoice &choice, const QString &file,
+                        const TProgress &progress);
+
 // Builds the books of a backup aside, compares them with the control totals of the backup and puts them in
 // place. Books standing there are kept under the names returned. A damaged backup changes nothing.
 QStringList restoreBooks(TStore &store, const QString &file, const TProgress &progress);

@@ -1,11 +1,11 @@
 #include "tests/database/tool/demo_store.h"
 
 #include "database/tool/keeping/archive.h"
+#include "tests/database/tool/velmora_db.h"
 #include "tests/support/files.h"
 #include "tests/support/private_files.h"
 
 #include <QLockFile>
-#include <QProcess>
 #include <QtEndian>
 
 #include <bit>
@@ -14,28 +14,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct TResult {
-    int code = -1;
-    QString out;
-    QString err;
-};
-
-TResult velmoraDb(const QStringList &arguments)
-{
-    QProcess process;
-    process.start(buildFolder() + u"/bin/velmora-db"_s, arguments);
-    EXPECT_TRUE(process.waitForFinished(120000));
-    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
-}
-
 TEST(ToolCommandLine, HelpNamesCommandsAndExitCodes)
 {
     const TResult help = velmoraDb({u"--help"_s});
     EXPECT_EQ(help.code, 0);
-    for (const QString &word : {u"create"_s, u"demo"_s, u"upgrade"_s, u"check"_s, u"backup"_s, u"restore"_s,
-                                u"--data"_s, u"--server"_s, u"--size"_s, u"Baigimo kodai"_s})
+    for (const QString &word :
+         {u"create"_s, u"demo"_s, u"upgrade"_s, u"check"_s, u"backup"_s, u"restore"_s, u"export"_s,
+          u"--data"_s, u"--server"_s, u"--size"_s, u"--escaped"_s, u"--drop"_s, u"Baigimo kodai"_s})
         EXPECT_TRUE(help.out.contains(word)) << word.toStdString();
     EXPECT_EQ(help.err, QString());
 }
@@ -54,6 +39,11 @@ TEST(ToolCommandLine, WrongWordsAreRefused)
         {{u"create"_s, u"--datos"_s, place}, u"Nežinoma parinktis „datos“."_s},
         {{u"create"_s, u"dar"_s, u"--data"_s, place}, u"Nereikalingas žodis „dar“."_s},
         {{u"backup"_s, u"--data"_s, place}, u"Komandai „backup“ reikia failo vardo."_s},
+        {{u"export"_s, u"bd_usr"_s, u"--data"_s, place},
+         u"Komandai „export“ reikia lentelės ir failo vardų."_s},
+        {{u"export"_s, u"bd_usr"_s, u"f"_s, u"dar"_s, u"--data"_s, place}, u"Nereikalingas žodis „dar“."_s},
+        {{u"create"_s, u"--data"_s, place, u"--escaped"_s}, u"tinka tik komandai „export“"_s},
+        {{u"create"_s, u"--data"_s, place, u"--drop"_s}, u"tinka tik komandai „export“"_s},
         {{u"demo"_s, u"--data"_s, place, u"--size"_s, u"0"_s}, u"sveikojo skaičiaus"_s},
         {{u"create"_s, u"--data"_s, place, u"--size"_s, u"2"_s}, u"tinka tik komandai „demo“"_s}};
     for (const auto &[arguments, message] : cases) {

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QStringList>
+
+// What a run of velmora-db ended with and said.
+struct TResult {
+    int code = -1;
+    QString out;
+    QString err;
+};
+TResult velmoraDb(const QStringList &arguments);
