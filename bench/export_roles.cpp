@@ -1,5 +1,6 @@
 #include "bench/export_roles.h"
 
+#include "toolkit/export/line_buffer.h"
 #include "toolkit/export/table_export.h"
 #include "toolkit/text/code_page.h"
 
@@ -61,7 +62,6 @@ public:
     explicit BareFile(const QString &name)
         : handle(::open(QFile::encodeName(name).constData(), O_CREAT | O_TRUNC | O_WRONLY, 0600))
     {
-        bytes.reserve(300000);
     }
     ~BareFile()
     {
@@ -74,17 +74,15 @@ public:
 
     void value(Kind kind, const char *text, int size)
     {
-        const qsizetype before = bytes.size();
-        appendInCodePage(bytes, QByteArrayView(text, size));
+        char *const out = bytes.room(size);
+        bytes.end(toCodePage(out, QByteArrayView(text, size)).end);
         if (kind == Kind::Date && size > 0)
-            bytes[before + 4] = bytes[before + 7] = '.';
+            out[4] = out[7] = '.';
     }
     void amount(double number)
     {
-        char digits[64];
-        bytes.append(digits,
-                     std::to_chars(digits, digits + sizeof digits, number, std::chars_format::fixed).ptr -
-                         digits);
+        char *const out = bytes.room(64);
+        bytes.end(std::to_chars(out, out + 64, number, std::chars_format::fixed).ptr);
     }
     void begin() { bytes.append(head); }
     void next() { bytes.append("','"); }
@@ -98,16 +96,16 @@ public:
 private:
     void write()
     {
-        if (::write(handle, bytes.constData(), size_t(bytes.size())) != bytes.size())
+        if (::write(handle, bytes.view().data(), size_t(bytes.size())) != bytes.size())
             qFatal("the file cannot be written");
-        bytes.resize(0);
+        bytes.clear();
     }
 
     const int handle;
     const QByteArray head =
         u"insert into %1(%2) values('"_s.arg(QLatin1String(exportedTable), exportedColumns().join(u','))
             .toUtf8();
-    QByteArray bytes;
+    TLineBuffer bytes{300000};
 };
 
 QByteArray statement()
@@ -118,7 +116,8 @@ QByteArray statement()
 QJsonObject bareSqlite(const TSessionSettings &settings, const QString &name)
 {
     sqlite3 *db = nullptr;
-    if (sqlite3_open_v2(settings.file.toUtf8(), &db, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK)
+    if (sqlite3_open_v2(settings.file.toUtf8(), &db, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr) !=
+        SQLITE_OK)
         qFatal("%s", sqlite3_errmsg(db));
     const Measure measure;
     {

@@ -155,7 +155,14 @@ double numberOf(QByteArrayView text)
     return result;
 }
 
-QDate dateOf(QByteArrayView text)
+namespace {
+
+// Year, month and day; zeros for what is not written so.
+struct DayParts {
+    int year = 0, month = 0, day = 0;
+};
+
+DayParts dayParts(QByteArrayView text)
 {
     if (text.size() != 10 || text[4] != '-' || text[7] != '-')
         return {};
@@ -168,7 +175,22 @@ QDate dateOf(QByteArrayView text)
         }
         return number;
     };
-    return QDate(digits(0, 4), digits(5, 2), digits(8, 2));
+    const DayParts parts{digits(0, 4), digits(5, 2), digits(8, 2)};
+    return parts.year < 0 ? DayParts() : parts; // there are years before the first one
+}
+
+} // namespace
+
+QDate dateOf(QByteArrayView text)
+{
+    const DayParts parts = dayParts(text);
+    return QDate(parts.year, parts.month, parts.day);
+}
+
+bool isDay(QByteArrayView text)
+{
+    const DayParts parts = dayParts(text);
+    return QDate::isValid(parts.year, parts.month, parts.day);
 }
 
 QDateTime momentOf(QByteArrayView text)

@@ -105,5 +105,6 @@ double numberOf(QByteArrayView text);
 
 // yyyy-mm-dd; an invalid date when it is anything else.
 QDate dateOf(QByteArrayView text);
+bool isDay(QByteArrayView text); // dateOf() is valid
 QDateTime momentOf(QByteArrayView text);
 QByteArray isoText(const Variant &dateOrMoment);

@@ -142,6 +142,7 @@ void SqliteStatement::bind(const QString &name, const Variant &value)
 bool SqliteStatement::step()
 {
     connection->operationStarts();
+    typedColumn = -1;
     const int code = sqlite3_step(statement);
     if (code == SQLITE_ROW)
         return true;
@@ -204,13 +205,34 @@ void SqliteStatement::reset()
     if (!statement)
         return;
     sqlite3_reset(statement);
+    typedColumn = -1;
     progress = Progress::Idle;
+}
+
+// A value is asked for its type again and again on its way.
+int SqliteStatement::engineType(int column) const
+{
+    if (typedColumn != column) {
+        typeOfColumn = sqlite3_column_type(statement, column);
+        typedColumn = column;
+    }
+    return typeOfColumn;
 }
 
 bool SqliteStatement::isNull(int column) const
 {
-    return sqlite3_column_type(statement, column) == SQLITE_NULL;
+    return engineType(column) == SQLITE_NULL;
 }
+
+namespace {
+
+double powerOfTen(int exponent)
+{
+    constexpr double usual[] = {1, 10, 100, 1e3, 1e4, 1e5, 1e6};
+    return exponent < int(std::size(usual)) ? usual[exponent] : std::pow(10.0, exponent);
+}
+
+} // namespace
 
 double SqliteStatement::number(int column) const
 {
@@ -218,7 +240,7 @@ double SqliteStatement::number(int column) const
     const int scale = result.at(column).scale;
     if (scale < 0)
         return value;
-    const double power = std::pow(10.0, scale);
+    const double power = powerOfTen(scale);
     const double scaled = std::round(value * power);
     return wholeNumber(scaled) ? scaled / power : value;
 }
@@ -230,7 +252,7 @@ qlonglong SqliteStatement::integer(int column) const
 
 QByteArrayView SqliteStatement::utf8(int column) const
 {
-    const void *data = sqlite3_column_type(statement, column) == SQLITE_BLOB
+    const void *data = engineType(column) == SQLITE_BLOB
                            ? sqlite3_column_blob(statement, column)
                            : static_cast<const void *>(sqlite3_column_text(statement, column));
     return {static_cast<const char *>(data), qsizetype(sqlite3_column_bytes(statement, column))};
@@ -238,7 +260,7 @@ QByteArrayView SqliteStatement::utf8(int column) const
 
 TFieldType SqliteStatement::storedType(int column) const
 {
-    switch (sqlite3_column_type(statement, column)) {
+    switch (engineType(column)) {
     case SQLITE_NULL:
         return TFieldType::ftUnknown;
     case SQLITE_INTEGER:
@@ -256,17 +278,23 @@ TFieldType SqliteStatement::valueType(int column) const
 {
     const TFieldType stored = storedType(column);
     const TFieldType declared = result.at(column).type;
-    const bool isNumber = stored == TFieldType::ftInteger || stored == TFieldType::ftFloat;
-    if (stored == TFieldType::ftString && declared == TFieldType::ftDate && dateOf(utf8(column)).isValid())
-        return TFieldType::ftDate;
-    if (stored == TFieldType::ftString && declared == TFieldType::ftDateTime &&
-        momentOf(utf8(column)).isValid())
-        return TFieldType::ftDateTime;
-    if (derived.at(column))
+    switch (stored) {
+    case TFieldType::ftString:
+        if (declared == TFieldType::ftDate && isDay(utf8(column)))
+            return TFieldType::ftDate;
+        if (declared == TFieldType::ftDateTime && momentOf(utf8(column)).isValid())
+            return TFieldType::ftDateTime;
         return stored;
-    if (isNumber && (declared == TFieldType::ftBoolean || declared == TFieldType::ftFloat))
-        return declared;
-    if (isNumber && (declared == TFieldType::ftString || declared == TFieldType::ftMemo))
-        return TFieldType::ftString;
-    return stored;
+    case TFieldType::ftInteger:
+    case TFieldType::ftFloat:
+        if (derived.at(column))
+            return stored;
+        if (declared == TFieldType::ftBoolean || declared == TFieldType::ftFloat)
+            return declared;
+        if (declared == TFieldType::ftString || declared == TFieldType::ftMemo)
+            return TFieldType::ftString;
+        return stored;
+    default:
+        return stored;
+    }
 }

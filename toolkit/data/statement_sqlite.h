@@ -32,6 +32,7 @@ private:
     bool step();
     void describeColumns();
     void describeExpressions();
+    int engineType(int column) const;
     TFieldType storedType(int column) const;
 
     std::shared_ptr<SqliteConnection> connection;
@@ -41,5 +42,7 @@ private:
     QList<TResultColumn> result;
     QList<bool> derived;
     Progress progress = Progress::Idle;
+    mutable int typedColumn = -1; // the column of the current row that was asked for its type last
+    mutable int typeOfColumn = 0;
     qlonglong changed = 0;
 };

@@ -18,9 +18,8 @@ constexpr char lineEnd[] = "\n";
 
 } // namespace
 
-TExportFile::TExportFile(const QString &name) : file(name)
+TExportFile::TExportFile(const QString &name) : file(name), bytes(portion + portion / 4)
 {
-    bytes.reserve(portion + portion / 4);
     errno = QFileInfo(name).isDir() ? EISDIR : 0;
     if (errno || !file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
         !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner))
@@ -45,13 +44,13 @@ void TExportFile::endLine()
 void TExportFile::write()
 {
     errno = 0;
-    for (qsizetype done = 0; done < bytes.size();) {
-        const qint64 written = file.write(bytes.constData() + done, bytes.size() - done);
+    for (QByteArrayView left = bytes.view(); !left.isEmpty();) {
+        const qint64 written = file.write(left.data(), left.size());
         if (written <= 0)
             fail();
-        done += written;
+        left = left.sliced(written);
     }
-    bytes.resize(0); // keeps its room
+    bytes.clear();
 }
 
 void TExportFile::commit()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "toolkit/export/line_buffer.h"
 #include "toolkit/text/file_error.h"
 
 #include <QSaveFile>
@@ -14,7 +15,7 @@ public:
     explicit TExportFile(const QString &name);
 
     // What is to be written next; add to it and end the line.
-    QByteArray &pending() { return bytes; }
+    TLineBuffer &pending() { return bytes; }
     // Ends a line as the platform does, and writes what is pending once it is worth it.
     void endLine();
 
@@ -26,5 +27,5 @@ private:
     [[noreturn]] void fail();
 
     QSaveFile file;
-    QByteArray bytes;
+    TLineBuffer bytes;
 };

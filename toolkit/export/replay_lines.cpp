@@ -16,7 +16,7 @@ QString quotedNames(const QStringList &names)
     return quoted.join(u", "_s);
 }
 
-void appendQuoted(QByteArray &target, QByteArrayView text)
+void appendQuoted(TLineBuffer &target, QByteArrayView text)
 {
     target.append('\'');
     for (;;) {
@@ -29,7 +29,7 @@ void appendQuoted(QByteArray &target, QByteArrayView text)
     target.append(text).append('\'');
 }
 
-void appendHex(QByteArray &target, QByteArrayView bytes)
+void appendHex(TLineBuffer &target, QByteArrayView bytes)
 {
     target.append(QByteArray::fromRawData(bytes.data(), bytes.size()).toHex());
 }
@@ -44,6 +44,16 @@ QByteArray digitsOf(double value)
     return digits;
 }
 
+// Digits that SQLite reads back to the last bit: with so few of them behind the point the quotient that it
+// computes is too far from the middle between two numbers to be rounded to the wrong one.
+bool isReadBack(QByteArrayView digits)
+{
+    constexpr qsizetype most = 16, mostBehindPoint = 4; // the point included
+    const qsizetype point = digits.indexOf('.');
+    return point >= 0 && digits.size() <= most && digits.size() - point - 1 <= mostBehindPoint &&
+           !digits.contains('e');
+}
+
 // SQLite does not read every text of a number back to the last bit. What it does not is written as the
 // product of whole numbers that it does.
 class SqliteLines final : public TReplayLines {
@@ -55,17 +65,17 @@ public:
     }
 
 protected:
-    void appendReal(QByteArray &target, const TStatement &row, int column) const override
+    void appendReal(TLineBuffer &target, const TStatement &row, int column) const override
     {
         const double value = row.number(column);
         if (std::isinf(value))
             target.append(value < 0 ? "-9e999" : "9e999");
-        else if (const QByteArray digits = digitsOf(value); readAs(digits) == value)
+        else if (const QByteArray digits = digitsOf(value); isReadBack(digits) || readAs(digits) == value)
             target.append(digits);
         else
             appendFactors(target, value);
     }
-    void appendBlob(QByteArray &target, QByteArrayView bytes) const override
+    void appendBlob(TLineBuffer &target, QByteArrayView bytes) const override
     {
         target.append("x'");
         appendHex(target, bytes);
@@ -81,7 +91,7 @@ private:
         return reading->next() ? reading->number(0) : 0;
     }
 
-    static void appendFactors(QByteArray &target, double value)
+    static void appendFactors(TLineBuffer &target, double value)
     {
         constexpr int bitsOfFraction = 53;
         constexpr int bitsOfFactor = 62;
@@ -106,7 +116,7 @@ public:
     ServerLines(const QString &ofTable, const QStringList &ofColumns) : TReplayLines(ofTable, ofColumns) {}
 
 protected:
-    void appendReal(QByteArray &target, const TStatement &row, int column) const override
+    void appendReal(TLineBuffer &target, const TStatement &row, int column) const override
     {
         const QByteArrayView digits = row.utf8(column);
         if (digits.endsWith('y') || digits.endsWith('N')) // Infinity, NaN
@@ -114,7 +124,7 @@ protected:
         else
             target.append(digits);
     }
-    void appendBlob(QByteArray &target, QByteArrayView bytes) const override
+    void appendBlob(TLineBuffer &target, QByteArrayView bytes) const override
     {
         target.append("'\\x");
         appendHex(target, bytes);
@@ -153,7 +163,7 @@ TReplayLines::TReplayLines(const QString &theTable, const QStringList &theColumn
 {
 }
 
-void TReplayLines::append(QByteArray &target, const TStatement &row, qlonglong number) const
+void TReplayLines::append(TLineBuffer &target, const TStatement &row, qlonglong number) const
 {
     target.append(head);
     for (int column = 0; column < columns.size(); ++column) {
@@ -167,7 +177,7 @@ void TReplayLines::append(QByteArray &target, const TStatement &row, qlonglong n
     target.append(");");
 }
 
-void TReplayLines::appendValue(QByteArray &target, const TStatement &row, int column) const
+void TReplayLines::appendValue(TLineBuffer &target, const TStatement &row, int column) const
 {
     switch (row.valueType(column)) {
     case TFieldType::ftUnknown:

@@ -13,16 +13,16 @@ class TReplayLines : public TRowLines {
 public:
     static std::unique_ptr<TReplayLines> create(TDatabase &database, const QString &table,
                                                 const QStringList &columns);
-    void append(QByteArray &target, const TStatement &row, qlonglong number) const override;
+    void append(TLineBuffer &target, const TStatement &row, qlonglong number) const override;
 
 protected:
     TReplayLines(const QString &table, const QStringList &columns);
 
-    virtual void appendReal(QByteArray &target, const TStatement &row, int column) const = 0;
-    virtual void appendBlob(QByteArray &target, QByteArrayView bytes) const = 0;
+    virtual void appendReal(TLineBuffer &target, const TStatement &row, int column) const = 0;
+    virtual void appendBlob(TLineBuffer &target, QByteArrayView bytes) const = 0;
 
 private:
-    void appendValue(QByteArray &target, const TStatement &row, int column) const;
+    void appendValue(TLineBuffer &target, const TStatement &row, int column) const;
 
     const QString table;
     const QStringList columns;

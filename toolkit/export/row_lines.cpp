@@ -15,17 +15,14 @@ namespace {
 
 constexpr qsizetype longestNumber = 64;
 
-template<typename Number> void appendDigits(QByteArray &target, Number value, auto... format)
+template<typename Number> void appendDigits(TLineBuffer &target, Number value, auto... format)
 {
-    const qsizetype before = target.size();
-    target.resize(before + longestNumber);
-    char *const out = target.data();
-    const auto end = std::to_chars(out + before, out + before + longestNumber, value, format...).ptr;
-    target.truncate(end - out);
+    char *const out = target.room(longestNumber);
+    target.end(std::to_chars(out, out + longestNumber, value, format...).ptr);
 }
 
 // As FloatToStr words it. Between these bounds the shortest digits without an exponent are that wording.
-void appendNumber(QByteArray &target, double value)
+void appendNumber(TLineBuffer &target, double value)
 {
     constexpr double least = 1e-4, most = 1e15;
     const double size = std::abs(value);
@@ -37,18 +34,23 @@ void appendNumber(QByteArray &target, double value)
         target.append(FloatToStr(value).replace(FormatSettings().DecimalSeparator, u'.').toLatin1());
 }
 
-// As DateToStr words it.
-void appendDate(QByteArray &target, QByteArrayView iso)
+// As DateToStr words it. What is no day, as the server's infinity, stays as it is.
+void appendDate(TLineBuffer &target, QByteArrayView iso)
 {
-    if (!dateOf(iso).isValid()) { // no day at all, as the server's infinity
-        target.append(iso);
-    } else if (FormatSettings().ShortDateFormat == u"yyyy.mm.dd") {
-        target.append(iso);
-        for (const qsizetype separator : {3, 6})
-            target[target.size() - separator] = '.';
-    } else {
+    const bool isDay = iso.size() == 10 && iso[4] == '-' && iso[7] == '-';
+    if (isDay && FormatSettings().ShortDateFormat == u"yyyy.mm.dd")
+        target.append(iso.first(4)).append('.').append(iso.sliced(5, 2)).append('.').append(iso.sliced(8));
+    else if (isDay)
         target.append(codePageBytes(valueText(dateOf(iso))));
-    }
+    else
+        target.append(iso);
+}
+
+qsizetype appendText(TLineBuffer &target, QByteArrayView utf8)
+{
+    const TCodePageText text = toCodePage(target.room(utf8.size()), utf8);
+    target.end(text.end);
+    return text.refused;
 }
 
 // Why the sign at the beginning of a text cannot be written.
@@ -71,7 +73,7 @@ QByteArray codePageBytes(const QString &text)
     return AnsiString(text).bytes();
 }
 
-qsizetype appendFieldText(QByteArray &target, const TStatement &row, int column)
+qsizetype appendFieldText(TLineBuffer &target, const TStatement &row, int column)
 {
     switch (row.valueType(column)) {
     case TFieldType::ftUnknown:
@@ -79,7 +81,7 @@ qsizetype appendFieldText(QByteArray &target, const TStatement &row, int column)
         return -1;
     case TFieldType::ftString:
     case TFieldType::ftMemo:
-        return appendInCodePage(target, row.utf8(column));
+        return appendText(target, row.utf8(column));
     case TFieldType::ftInteger:
         appendDigits(target, row.integer(column));
         return -1;
@@ -112,7 +114,7 @@ TFieldTextLines::TFieldTextLines(const QString &theTable, const QStringList &the
 {
 }
 
-void TFieldTextLines::append(QByteArray &target, const TStatement &row, qlonglong number) const
+void TFieldTextLines::append(TLineBuffer &target, const TStatement &row, qlonglong number) const
 {
     target.append(head);
     for (int column = 0; column < columns.size(); ++column) {

@@ -45,12 +45,9 @@ std::optional<Character> characterAt(const uchar *at, const uchar *end)
 
 } // namespace
 
-qsizetype appendInCodePage(QByteArray &target, QByteArrayView utf8)
+TCodePageText toCodePage(char *out, QByteArrayView utf8)
 {
     static const Bytes beyondAscii = readConverter();
-    const qsizetype before = target.size();
-    target.resize(before + utf8.size());
-    char *out = target.data() + before;
     const auto *const begin = reinterpret_cast<const uchar *>(utf8.data());
     const uchar *const end = begin + utf8.size();
     const uchar *at = begin;
@@ -62,10 +59,9 @@ qsizetype appendInCodePage(QByteArray &target, QByteArrayView utf8)
         const std::optional<Character> character = *at ? characterAt(at, end) : std::nullopt;
         const char byte = character ? beyondAscii[character->code] : '\0';
         if (!byte)
-            break;
+            return {out, at - begin};
         *out++ = byte;
         at += character->length;
     }
-    target.truncate(out - target.constData());
-    return at == end ? -1 : at - begin;
+    return {out, -1};
 }

@@ -62,7 +62,7 @@ protected:
     void write(qsizetype bytes)
     {
         TExportFile file(name);
-        file.pending().append(bytes, 'x');
+        file.pending().append(QByteArray(bytes, 'x'));
         file.endLine();
         file.commit();
     }

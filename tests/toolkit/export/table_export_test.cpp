@@ -169,6 +169,15 @@ TEST_P(TableExport, NamesRowColumnAndSignOfATextOutsideTheCodePage)
 using EmbeddedTableExport = OnTablesToExport;
 ON_ENGINE(EmbeddedTableExport, Engine::Sqlite);
 
+TEST_P(EmbeddedTableExport, LeavesWhatIsNoDayAsItIs)
+{
+    mnRavl->nativeExec(u"create table t (a date, b timestamp); insert into t values ('abcd-01-01', 'x'), "
+                       "('2026-02-30', '2026'), ('rytoj', 5)"_s);
+    EXPECT_EQ(exported(u"t"_s, {u"a"_s, u"b"_s}), "insert into t(a,b) values('abcd-01-01','x');\n"
+                                                  "insert into t(a,b) values('2026-02-30','2026');\n"
+                                                  "insert into t(a,b) values('rytoj','5');\n");
+}
+
 TEST_P(EmbeddedTableExport, RefusesANulThatWouldEndTheTextWhenItIsRead)
 {
     mnRavl->nativeExec(u"create table t (a text); insert into t values (cast(x'610062' as text))"_s);

@@ -12,12 +12,13 @@ namespace {
 // What the text is in the code page behind "a"; "@" and the place of the sign that it does not hold.
 QByteArray converted(const QByteArray &utf8)
 {
-    QByteArray target = "a";
-    const qsizetype at = appendInCodePage(target, utf8);
-    return at < 0 ? target : "@" + QByteArray::number(at);
+    QByteArray target = "a" + QByteArray(utf8.size(), '?');
+    const TCodePageText text = toCodePage(target.data() + 1, utf8);
+    target.truncate(text.end - target.constData());
+    return text.refused < 0 ? target : "@" + QByteArray::number(text.refused);
 }
 
-TEST(CodePage, IsAppendedToWhatIsThere)
+TEST(CodePage, IsWrittenWhereThereIsRoom)
 {
     EXPECT_EQ(converted(""), "a");
     EXPECT_EQ(converted("abc\n\x7f"), "aabc\n\x7f");
