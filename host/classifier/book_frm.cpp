@@ -1,7 +1,10 @@
 #include "host/classifier/book_frm_private.h"
 
+#include "host/controls/record_dialog.h"
+
 #include <QAction>
 #include <QHeaderView>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -107,8 +110,6 @@ void TBookFrm::setBook(double book)
     tellSubscribers();
 }
 
-// Every subscriber is told, and the actions follow, even when one of them fails; the first error is raised
-// then.
 void TBookFrm::tellSubscribers()
 {
     std::exception_ptr first;
@@ -119,6 +120,8 @@ void TBookFrm::tellSubscribers()
             first = first ? first : std::current_exception();
         }
     };
+    if (!d->stepping && std::exchange(d->periodWaits, false))
+        attempt([this] { ReadPeriods(); });
     for (const auto &subscriber : d->subscribers)
         attempt(subscriber);
     attempt([this] { judgeActions(); });
@@ -132,6 +135,49 @@ void TBookFrm::CheckActions()
     acNew->setEnabled(carriesData() && !viewOnly);
     acEdit->setEnabled(carriesData());
     acDelete->setEnabled(carriesData() && !viewOnly);
+}
+
+// --- the cycle
+
+void TBookFrm::requireCurrent()
+{
+    const Variant key = currentKey();
+    tellSubscribers();
+    if (!sameKey(currentKey(), key))
+        throw ERowGone();
+}
+
+void TBookFrm::PeriodChanged()
+{
+    d->periodWaits = true;
+    if (!d->stepping)
+        tellSubscribers();
+}
+
+void TBookFrm::addRecords()
+{
+    tellSubscribers();
+    if (acNew->isEnabled())
+        runStep([this] { NewRecord(); });
+}
+
+void TBookFrm::changeRecord(const std::function<void()> &step)
+{
+    requireCurrent();
+    runStep(step);
+}
+
+void TBookFrm::runStep(const std::function<void()> &step)
+{
+    TRecordDialog::takeNextWanted(); // what an earlier editor wished is over
+    {
+        const QScopedValueRollback<bool> running(d->stepping, true);
+        step();
+    }
+    if (TRecordDialog::takeNextWanted())
+        addRecords();
+    else
+        tellSubscribers();
 }
 
 // --- navigation

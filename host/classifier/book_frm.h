@@ -63,14 +63,29 @@ public:
 
 protected:
     void FormCreate() override; // shows the book of the current user above its first level
+    void PeriodChanged() override;
     void restoreArrangement() override;
     void saveArrangement() override;
 
-    // --- steps
+    // --- steps. New, edit and delete run between two calls of the subscribers, so that the user changes what
+    // is stored by then; a row that is gone by then is told instead. An editor left by saving and going on is
+    // followed by that of the next new row.
     virtual void NewRecord() = 0;
     virtual void EditRecord() = 0;
     virtual void DeleteRecord() = 0;
     virtual void PrintRecords() {}
+    // The row that edit and delete are about, which a subscriber keeps current; null when there is none.
+    virtual Variant currentKey() const = 0;
+    // The accounting period is another one; called before the subscribers, also for the first time. A step
+    // that runs is not disturbed: it comes after it.
+    virtual void ReadPeriods() {}
+
+    // Calls the subscribers and judges the actions. Every one is called; the first error is raised then.
+    void tellSubscribers();
+    // The same; raises ERowGone when the current row is another one then.
+    void requireCurrent();
+    // Runs a further step on the current row, as edit is.
+    void changeRecord(const std::function<void()> &step);
 
     // The screen's own grid, below the list: seen only while the current node carries data.
     void setContent(QWidget *content);
@@ -91,7 +106,8 @@ private:
 
     void readNode(double node);
     void loadBook(double book);
-    void tellSubscribers();
+    void addRecords();
+    void runStep(const std::function<void()> &step);
     void travel(QList<double> &along, QList<double> &opposite);
     void goBack();
     void goForward();

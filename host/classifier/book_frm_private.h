@@ -13,6 +13,8 @@ struct TBookFrm::Private {
     QList<TBookNode> path; // from the first level to the current node; empty above the first level
     QList<double> back, forward;
     std::vector<std::function<void()>> subscribers;
+    bool stepping = false;
+    bool periodWaits = true; // it is another one than the screen shows
 
     QBoxLayout *selectors = nullptr;
     QComboBox *books = nullptr;

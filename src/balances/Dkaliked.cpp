@@ -12,6 +12,12 @@ namespace {
 const QString debitColumn = QStringLiteral("DKL_SUM_DB");
 const QString creditColumn = QStringLiteral("DKL_SUM_KR");
 
+// What the picker offers.
+bool isDetail(double sasId)
+{
+    return GetSasKind(sasId) == "D" && !SasHasChildren(GetSasById(sasId, false));
+}
+
 } // namespace
 
 bool NewDKALik(double &id)
@@ -50,6 +56,7 @@ TDKALikDlg::TDKALikDlg(const TRecordStart &start)
 {
     showSide();
     connectGuarded(side, &TSideChoice::chosen, this, [this] { showSide(); });
+    connectGuarded(code, &TDKAComboBox::changed, this, [this] { showAccount(); });
     connectGuarded(&row(), &TDataSet::fieldChanged, this,
                    [this](const QString &column) { rowChanged(column); });
     keepIn(DKALikDlg);
@@ -57,8 +64,6 @@ TDKALikDlg::TDKALikDlg(const TRecordStart &start)
 
 void TDKALikDlg::Loaded()
 {
-    if (isNew())
-        field("DKL_PERID")->setAsFloat(EinPer_Id());
     side->setDebit(field(creditColumn)->AsFloat() == 0);
     showAccount();
 }
@@ -103,6 +108,8 @@ void TDKALikDlg::Validate()
         requireAmount(debitColumn, "Debeto suma negali būti lygi nuliui!");
     else
         requireAmount(creditColumn, "Kredito suma negali būti lygi nuliui!");
+    if (isNew())
+        field("DKL_PERID")->setAsFloat(EinPer_Id());
     if (field("DKL_PERID")->AsFloat() == 0)
         throw Exception("Darbo pradžios periodas nenustatitas!");
 }
@@ -119,6 +126,8 @@ void TDKALikDlg::requireAccount()
         field("DKL_SASID")->Clear();
     else if (!(account->value() > 0))
         refuse("DKL_SASID", "Nenurodyta sąskaita!");
+    else if (!isDetail(account->value()))
+        refuse("DKL_SASID", "Sąskaita negali būti suminė!");
 }
 
 void TDKALikDlg::requireAmount(const QString &column, const QString &message)

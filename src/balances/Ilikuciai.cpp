@@ -56,42 +56,40 @@ TIslFrm::~TIslFrm()
     DBGrid->setDataSet(nullptr);
 }
 
-// A row of periods that is empty is no error: there are no balances then.
 void TIslFrm::FormCreate()
 {
-    PeriodBox->fill();
     onNodeChange([this] { loadBalances(); });
-    connectGuarded(PeriodBox, &QComboBox::currentIndexChanged, this, [this] { loadBalances(); });
     TBookFrm::FormCreate();
+    connectGuarded(PeriodBox, &QComboBox::currentIndexChanged, this, [this] { tellSubscribers(); });
 }
 
-// A dialog that stands on the row is not disturbed; what it left is read then.
-void TIslFrm::PeriodChanged()
+// A row of periods that is empty is no error: there are no balances then.
+void TIslFrm::ReadPeriods()
 {
-    periodWaits = qryIslLik.editing();
-    if (periodWaits)
-        return;
     PeriodBox->fill();
-    loadBalances();
 }
 
 void TIslFrm::loadBalances()
 {
     const TWaiting waiting;
     qryIslLik.Close();
-    if (!PeriodBox->period().isNull()) {
-        qryIslLik.setParam("perid", PeriodBox->period());
-        qryIslLik.setParam("JungId", JungId());
-        qryIslLik.Open();
-    }
-    judgeActions();
+    if (PeriodBox->period().isNull())
+        return;
+    qryIslLik.setParam("perid", PeriodBox->period());
+    qryIslLik.setParam("JungId", JungId());
+    qryIslLik.Open();
 }
 
 // --- what may be done
 
-bool TIslFrm::hasBalance()
+Variant TIslFrm::currentKey() const
 {
-    return qryIslLik.Active() && !qryIslLik.IsEmpty() && !qryIslLik.FieldByName("SML_ID")->IsNull();
+    return qryIslLik.Active() ? qryIslLik.FieldByName("SML_ID")->Value() : Variant();
+}
+
+bool TIslFrm::hasBalance() const
+{
+    return !currentKey().isNull();
 }
 
 // What cannot be found out does not hold.
@@ -128,21 +126,12 @@ void TIslFrm::CheckActions()
 
 void TIslFrm::NewRecord()
 {
-    editBalance(false);
+    Isllikedit::EditIslLik(false);
 }
 
 void TIslFrm::EditRecord()
 {
-    editBalance(true);
-}
-
-void TIslFrm::editBalance(bool edit)
-{
-    const bool saved = Isllikedit::EditIslLik(edit);
-    if (periodWaits)
-        PeriodChanged();
-    else if (saved)
-        loadBalances();
+    Isllikedit::EditIslLik(true);
 }
 
 void TIslFrm::DeleteRecord()
@@ -152,7 +141,6 @@ void TIslFrm::DeleteRecord()
     TTransaction transaction(Database());
     qryIslLik.Delete();
     transaction.commit();
-    judgeActions();
 }
 
 } // namespace Ilikuciai

@@ -22,21 +22,20 @@ public:
 
 protected:
     void FormCreate() override;
-    void PeriodChanged() override;
+    void ReadPeriods() override;
     void NewRecord() override;
     void EditRecord() override;
     void DeleteRecord() override;
+    Variant currentKey() const override;
 
 private:
     void loadBalances();
     bool isFirstMonth() const;
-    bool hasBalance();
-    void editBalance(bool edit);
+    bool hasBalance() const;
 
     TQuery qryIslLik;
     TPeriodBox *PeriodBox;
     TDBGrid *DBGrid;
-    bool periodWaits = false; // another one, to be shown when the dialog is left
 };
 
 extern TIslFrm *IslFrm;

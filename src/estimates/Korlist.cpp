@@ -42,13 +42,20 @@ void SamKorList(const double samId, const bool editable)
     list->ShowModal();
 }
 
-// A few rows: nothing to be found or ordered among them, and the captions of the tools only take room.
+// A few rows: nothing to be found or ordered among them.
 TKorListDlg::TKorListDlg(double samId, QWidget *owner) : TBrowseFrm(described(samId), owner)
 {
     keepIn(KorListDlg);
     acFind->setVisible(false);
     acOrder->setVisible(false);
-    acCaptions->setChecked(false);
+}
+
+// The captions of the tools only take room; whoever wants them has them while the list is open.
+void TKorListDlg::restoreArrangement()
+{
+    TBrowseFrm::restoreArrangement();
+    if (acCaptions->isChecked())
+        acCaptions->trigger();
 }
 
 } // namespace Korlist

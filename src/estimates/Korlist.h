@@ -16,6 +16,9 @@ class TKorListDlg : public TBrowseFrm {
     Q_OBJECT
 public:
     TKorListDlg(double samId, QWidget *owner);
+
+protected:
+    void restoreArrangement() override;
 };
 
 extern TKorListDlg *KorListDlg;

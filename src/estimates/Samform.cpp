@@ -70,7 +70,7 @@ TSamFrm::TSamFrm(QWidget *owner)
                            .hint = "Sąmatos koregavimas",
                            .picture = TIcon::Calculate,
                            .keys = {Qt::CTRL | Qt::Key_K},
-                           .handler = [this] { showCorrections(); },
+                           .handler = [this] { changeRecord([this] { showCorrections(); }); },
                            .enabled = [this] { return acEdit->isEnabled(); },
                            .separated = true});
 }
@@ -84,14 +84,12 @@ TSamFrm::~TSamFrm()
 
 void TSamFrm::FormCreate()
 {
-    fillYears();
     onNodeChange([this] { showNode(); });
-    readRows();
     TBookFrm::FormCreate();
-    connectGuarded(YearBox, &QComboBox::currentIndexChanged, this, [this] { showYear(); });
+    connectGuarded(YearBox, &QComboBox::currentIndexChanged, this, [this] { tellSubscribers(); });
 }
 
-void TSamFrm::fillYears()
+void TSamFrm::ReadPeriods()
 {
     const QSignalBlocker quiet(YearBox);
     YearBox->clear();
@@ -115,22 +113,6 @@ bool TSamFrm::picksLastYear() const
     return YearBox->count() > 0 && YearBox->currentIndex() == YearBox->count() - 1;
 }
 
-// A dialog that stands on the row is not disturbed; what it left is read then.
-void TSamFrm::PeriodChanged()
-{
-    periodWaits = qryRows.editing();
-    if (periodWaits)
-        return;
-    fillYears();
-    showYear();
-}
-
-void TSamFrm::showYear()
-{
-    readRows();
-    showNode();
-}
-
 // Which row of its year a period stands for: 0 the yearly one, 1 to 4 the quarters; -1: no such period.
 int TSamFrm::quarterOf(const Variant &period)
 {
@@ -139,14 +121,23 @@ int TSamFrm::quarterOf(const Variant &period)
 
 // --- rows
 
+Variant TSamFrm::currentKey() const
+{
+    return qryRows.Active() ? qryRows.FieldByName("sam_id")->Value() : Variant();
+}
+
+// The current row stays current while it is one of the node's.
 void TSamFrm::readRows()
 {
     const TWaiting waiting;
+    const Variant key = currentKey();
     for (TQuery *query : {&qryPeriods, &qryRows})
         query->Close();
     qryPeriods.Open();
     qryRows.setParam("perid", yearId());
+    showRowsOf(JungId());
     qryRows.Open();
+    qryRows.Locate("sam_id", key);
 }
 
 void TSamFrm::showRowsOf(double node)
@@ -157,11 +148,10 @@ void TSamFrm::showRowsOf(double node)
 
 void TSamFrm::showNode()
 {
-    showRowsOf(JungId());
+    readRows();
     showSums();
     if (level() == 1)
         completeChildren();
-    judgeActions();
 }
 
 void TSamFrm::showSums()
@@ -205,8 +195,12 @@ void TSamFrm::completeChildren()
     setPanel(yearPanel, QString());
     showReport({"Ekonominė kl.", "Metinė", "I ketvirtis", "II ketvirtis", "III ketvirtis", "IV ketvirtis"});
     QHash<qint64, QTreeWidgetItem *> items;
-    for (int i = 0; i < list()->topLevelItemCount(); ++i)
-        items.insert(qRound64(nodeOf(list()->topLevelItem(i))), list()->topLevelItem(i));
+    for (int i = 0; i < list()->topLevelItemCount(); ++i) {
+        QTreeWidgetItem *item = list()->topLevelItem(i);
+        items.insert(qRound64(nodeOf(item)), item);
+        for (int row = 0; row < rowsOfYear; ++row)
+            item->setText(1 + row, QString());
+    }
     TQuery amounts(Database(), "select sam_jveid, sam_perid, sam_samata from bd_samatos "
                                "where sam_perid >= :perid and sam_perid < :perid + 5 and sam_samata > 0 "
                                "and sam_jveid in (select jve_id from bd_jve where jve_tevid = :jveid)");
@@ -245,49 +239,38 @@ void TSamFrm::CheckActions()
 void TSamFrm::NewRecord()
 {
     const int next = qryRows.RecordCount();
-    if (next >= rowsOfYear)
-        return;
     if (quarterOf(yearId() + next) != next)
         throw Exception(QString("Tarp %1 periodų nėra eilutės \"%2\"!")
                             .arg(YearBox->currentText(), quarterNames()[next]));
-    if (editEstimate(false))
-        qryRows.Last();
+    Newsam::EditSam(false);
 }
 
 void TSamFrm::EditRecord()
 {
-    if (qryRows.IsEmpty() || qryRows.FieldByName("sam_jveid")->IsNull())
-        return;
-    const Variant id = qryRows.FieldByName("sam_id")->Value();
-    if (editEstimate(true))
-        qryRows.Locate("sam_id", id);
-}
-
-// The rows are read anew when the user saved, and when the period became another one meanwhile.
-bool TSamFrm::editEstimate(bool edit)
-{
-    const bool saved = Newsam::EditSam(edit);
-    if (periodWaits)
-        PeriodChanged();
-    else if (saved)
-        showYear();
-    return saved;
+    Newsam::EditSam(true);
 }
 
 // Only the last row of the node may go.
-void TSamFrm::DeleteRecord()
+void TSamFrm::requireLast()
 {
     const int quarter = quarterOf(qryRows.FieldByName("sam_perid")->Value());
     if (quarter < 0)
         throw Exception("Negali surasti įrašo!");
     if (qryRows.RecordCount() > quarter + 1)
         throw Exception("Šis ketvirtis nėra paskutinis!");
+}
+
+// Another station may have added a row, or taken this one, while the question stood.
+void TSamFrm::DeleteRecord()
+{
+    requireLast();
     if (StdMsgBox(mkQuestion, "Ar tikrai norite ištrinti?") != mrYes)
         return;
     TTransaction transaction(Database());
+    requireCurrent();
+    requireLast();
     qryRows.Delete();
     transaction.commit();
-    showYear();
 }
 
 void TSamFrm::PrintRecords()
@@ -302,7 +285,6 @@ void TSamFrm::showCorrections()
     qryRows.First();
     const double yearly = qryRows.FieldByName("sam_id")->AsFloat();
     Korlist::SamKorList(yearly, picksLastYear());
-    showYear();
 }
 
 } // namespace Samform

@@ -38,15 +38,14 @@ public:
 
 protected:
     void FormCreate() override;
-    void PeriodChanged() override;
+    void ReadPeriods() override;
     void NewRecord() override;
     void EditRecord() override;
     void DeleteRecord() override;
     void PrintRecords() override;
+    Variant currentKey() const override;
 
 private:
-    void fillYears();
-    void showYear();
     void showNode();
     void showRowsOf(double node);
     void readRows();
@@ -54,14 +53,13 @@ private:
     void showSum(TQuery &sums, int panel, const QString &caption);
     void completeChildren();
     void showCorrections();
-    bool editEstimate(bool edit);
+    void requireLast();
     int quarterOf(const Variant &period);
 
     QComboBox *YearBox;
     TDBGrid *DBGrid;
     TQuery qryRows, qryYearSum, qryQuarterSum, qryPeriods;
-    double shownNode = 0;     // whose rows pass the filter
-    bool periodWaits = false; // another one, to be shown when the dialog is left
+    double shownNode = 0; // whose rows pass the filter
 };
 
 extern TSamFrm *SamFrm;

@@ -2,6 +2,7 @@
 
 #include "host/classifier/book_tree.h"
 #include "host/controls/browse_frm.h"
+#include "host/controls/record_dialog.h"
 #include "tests/host/classifier/book.h"
 #include "tests/support/message_box.h"
 
@@ -48,13 +49,26 @@ public:
     QList<double> told;
     QStringList done;
     bool hasRow = true;
-    int periodChanges = 0;
+    int key = 1;
+    int nextWanted = 0; // so many times the editor is left for the next new row
+    std::function<void()> duringStep = [] {};
+    int periodsRead = 0;
 
 protected:
-    void NewRecord() override { done << u"new"_s; }
-    void EditRecord() override { done << u"edit"_s; }
-    void DeleteRecord() override { done << u"delete"_s; }
-    void PeriodChanged() override { ++periodChanges; }
+    void NewRecord() override { edited(u"new"_s); }
+    void EditRecord() override { edited(u"edit"_s); }
+    void DeleteRecord() override { edited(u"delete"_s); }
+    Variant currentKey() const override { return key; }
+    void ReadPeriods() override { ++periodsRead; }
+
+private:
+    void edited(const QString &step)
+    {
+        done << step;
+        duringStep();
+        if (nextWanted-- > 0)
+            TRecordDialog::wantNext();
+    }
 };
 
 } // namespace
@@ -283,6 +297,43 @@ TEST_P(BookFrm, KeysAndDoubleClickRunTheScreensSteps)
     EXPECT_EQ(frm->done.size(), 4);
 }
 
+TEST_P(BookFrm, TheSubscribersReadBeforeAndAfterEveryStep)
+{
+    frm->SetJungId(11);
+    for (QAction *action : {frm->acNew, frm->acEdit, frm->acDelete}) {
+        frm->told.clear();
+        action->trigger();
+        EXPECT_EQ(frm->told, QList<double>({11, 11})) << qPrintable(action->text());
+    }
+}
+
+TEST_P(BookFrm, ARowThatIsGoneByThenIsToldInsteadOfTheStep)
+{
+    frm->SetJungId(11);
+    frm->onNodeChange([this] { ++frm->key; });
+    NextBoxes told{QMessageBox::Ok, QMessageBox::Ok};
+    frm->acEdit->trigger();
+    frm->acDelete->trigger();
+    EXPECT_EQ(told.texts().last(), u"Įrašas jau ištrintas kitoje darbo vietoje");
+    EXPECT_EQ(frm->done, QStringList());
+}
+
+TEST_P(BookFrm, AnEditorLeftForTheNextNewRowIsFollowedByIt)
+{
+    frm->SetJungId(11);
+    frm->nextWanted = 2;
+    frm->acEdit->trigger();
+    EXPECT_EQ(frm->done, QStringList({"edit", "new", "new"}));
+}
+
+TEST_P(BookFrm, WhatAnEarlierEditorWishedIsOver)
+{
+    frm->SetJungId(11);
+    TRecordDialog::wantNext();
+    frm->acDelete->trigger();
+    EXPECT_EQ(frm->done, QStringList("delete"));
+}
+
 TEST_P(BookFrm, AllSubscribersAreToldEvenWhenOneFails)
 {
     frm->onNodeChange([] { throw EDatabaseError(u"Nepavyko"_s); });
@@ -331,10 +382,18 @@ TEST_P(BookFrm, RefreshGoesToTheNearestNodeThatIsStillThere)
     EXPECT_EQ(frm->told.last(), 10);
 }
 
-TEST_P(BookFrm, AChangedPeriodReachesTheScreen)
+TEST_P(BookFrm, AChangedPeriodReachesTheScreenAndDisturbsNoStep)
 {
+    EXPECT_EQ(frm->periodsRead, 1);
     emit periodNotifier().periodChanged();
-    EXPECT_EQ(frm->periodChanges, 1);
+    EXPECT_EQ(frm->periodsRead, 2);
+    frm->SetJungId(11);
+    frm->duringStep = [this] {
+        emit periodNotifier().periodChanged();
+        EXPECT_EQ(frm->periodsRead, 2);
+    };
+    frm->acDelete->trigger();
+    EXPECT_EQ(frm->periodsRead, 3);
 }
 
 TEST_P(BookFrm, TheGlobalNamesTheOpenScreen)

@@ -52,6 +52,12 @@ protected:
                         "values (:id, :per, 2, 0, :asig, 0, 0, 0, :fak)",
                         {{"id", id}, {"per", period}, {"asig", asigKr}, {"fak", fakKr}});
     }
+    void balanceElsewhere()
+    {
+        secondFin()->ExecSQL(
+            "insert into bd_isllik (sml_id, sml_perid, sml_jveid, sml_asig_db, sml_asig_kr, "
+            "sml_kas_db, sml_kas_kr, sml_fak_db, sml_fak_kr) values (9, 6, 2, 1, 0, 0, 0, 0, 0)");
+    }
     void month(int id, int year, int quarter, int number)
     {
         books().ExecSQL("insert into bd_period values (:id, :year, :quarter, :number)",
@@ -161,6 +167,37 @@ TEST_P(Expenses, ABalanceIsDeletedAfterAQuestion)
     EXPECT_EQ(enabled(), "N--");
 }
 
+TEST_P(Expenses, ARefusedDeleteLeavesTheBalance)
+{
+    balance(1, 6, 5, 0);
+    open();
+    refuseDeleting("bd_isllik");
+    NextBoxes boxes{QMessageBox::Yes, QMessageBox::Ok};
+    frm->acDelete->trigger();
+    EXPECT_EQ(stored().size(), 1);
+    EXPECT_EQ(frm->balances().FieldByName("SML_ASIG_KR")->AsFloat(), 5);
+    EXPECT_EQ(enabled(), "-KT");
+    secondFin()->ExecSQL("update bd_isllik set sml_asig_kr = 6");
+    EXPECT_EQ(stored(), QStringList("1|6|2|0|6|0|0|0|0")) << "nothing is held against another station";
+}
+
+TEST_P(Expenses, APeriodThatCannotBeReadOffersNothing)
+{
+    month(12, 2005, 1, 1);
+    open();
+    EXPECT_EQ(enabled(), "N--");
+    books().nativeExec("alter table bd_isllik rename to kita");
+    auto *period = frm->findChild<TPeriodBox *>();
+    {
+        NextBoxes told{QMessageBox::Ok};
+        period->setCurrentIndex(0);
+    }
+    EXPECT_EQ(enabled(), "---");
+    books().nativeExec("alter table kita rename to bd_isllik");
+    period->setCurrentIndex(1);
+    EXPECT_EQ(enabled(), "N--");
+}
+
 // --- the dialog
 
 TEST_P(Expenses, ACreditStandsOnItsSideAlone)
@@ -267,6 +304,19 @@ TEST_P(Expenses, AMonthClosedMeanwhileLeavesTheDialogAsItIs)
     EXPECT_EQ(frm->findChild<TPeriodBox *>()->count(), 2) << "and then the new one is offered";
 }
 
+TEST_P(Expenses, AMonthClosedWhileTheQuestionStandsLeavesTheBalanceThatIsMeant)
+{
+    balance(1, 6, 5, 0);
+    open();
+    OnNextDialog<QMessageBox> asked([this](QMessageBox &box) {
+        balance(2, 7, 5, 0);
+        month(7, 2004, 1, 2);
+        pressButton(box, "Taip");
+    });
+    frm->acDelete->trigger();
+    EXPECT_EQ(stored(), QStringList("2|7|2|0|5|0|0|0|0"));
+}
+
 TEST_P(Expenses, WithoutACurrentPeriodNothingIsSavedAndNothingTypedIsLost)
 {
     open();
@@ -283,13 +333,52 @@ TEST_P(Expenses, WithoutACurrentPeriodNothingIsSavedAndNothingTypedIsLost)
     EXPECT_EQ(stored(), QStringList());
 }
 
-TEST_P(Expenses, ARowAddedMeanwhileByAnotherStationIsShownAfterARefresh)
+// --- the other station
+
+TEST_P(Expenses, ARowAddedMeanwhileIsShownAfterARefresh)
 {
     open();
     EXPECT_EQ(enabled(), "N--");
-    secondFin()->ExecSQL(
-        "insert into bd_isllik (sml_id, sml_perid, sml_jveid, sml_asig_db, sml_asig_kr, "
-        "sml_kas_db, sml_kas_kr, sml_fak_db, sml_fak_kr) values (9, 6, 2, 1, 0, 0, 0, 0, 0)");
+    balanceElsewhere();
     frm->acRefresh->trigger();
     EXPECT_EQ(enabled(), "-KT");
+}
+
+TEST_P(Expenses, ARowAddedMeanwhileIsShownInsteadOfTheDialogOfASecondOne)
+{
+    open();
+    balanceElsewhere();
+    frm->acNew->trigger();
+    EXPECT_EQ(enabled(), "-KT");
+    EXPECT_EQ(frm->balances().FieldByName("SML_ASIG_DB")->AsFloat(), 1);
+}
+
+TEST_P(Expenses, ARowAddedWhileTheDialogIsOpenRefusesASecondOneAndLosesNothingTyped)
+{
+    open();
+    inDialog(frm->acNew, [this](TIslLikDlg &dialog) {
+        type(edit(dialog, "SML_ASIG_DB"), "5");
+        balanceElsewhere();
+        {
+            NextBoxes told{QMessageBox::Ok};
+            pressButton(dialog, "Išsaugoti");
+            EXPECT_EQ(told.texts(), QStringList("Toks įrašas jau yra."));
+        }
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_EQ(edit(dialog, "SML_ASIG_DB")->text(), "5.00");
+        pressButton(dialog, "Atšaukti");
+    });
+    EXPECT_EQ(stored(), QStringList("9|6|2|1|0|0|0|0|0"));
+    EXPECT_EQ(enabled(), "-KT") << "and the other station's row is shown";
+}
+
+TEST_P(Expenses, ARowDeletedMeanwhileIsTold)
+{
+    balance(1, 6, 5, 0);
+    open();
+    secondFin()->ExecSQL("delete from bd_isllik");
+    NextBoxes told{QMessageBox::Ok};
+    frm->acEdit->trigger();
+    EXPECT_EQ(told.texts(), QStringList("Įrašas jau ištrintas kitoje darbo vietoje"));
+    EXPECT_EQ(enabled(), "N--");
 }

@@ -274,6 +274,94 @@ TEST_P(PartyBalances, AnotherSideLeavesNothingOnTheFirst)
     EXPECT_EQ(stored(), QStringList(QString("1|6|NULL|%1|NULL|Laisvas 1|0|70|NULL").arg(other)));
 }
 
+TEST_P(PartyBalances, TheAccountOfTheCounterpartyIsShownAsSoonAsItsCodeIsTyped)
+{
+    books().ExecSQL("insert into bd_dbkrasm (dka_id, dka_kod, dka_pavad, dka_i_kod, dka_sasid, dka_sasid_2) "
+                    "values (2, 'K2', 'Antis', 300000002, :sas, :sas)",
+                    {{"sas", other}});
+    open();
+    add([this](TDKALikDlg &dialog) {
+        dialog.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        const auto typeCode = [&dialog](const QString &code) {
+            type(edit(dialog, "DKL_I_KOD"), code);
+            leave(edit(dialog, "DKL_I_KOD"));
+        };
+        typeCode("300000001");
+        EXPECT_EQ(picker(dialog, "DKL_SASID")->value(), owed);
+        typeCode("300000002");
+        EXPECT_EQ(picker(dialog, "DKL_SASID")->value(), other);
+        typeCode("5");
+        EXPECT_EQ(picker(dialog, "DKL_SASID")->value(), 0);
+        EXPECT_TRUE(picker(dialog, "DKL_SASID")->isEnabled());
+        leaveUnsaved(dialog);
+    });
+}
+
+TEST_P(PartyBalances, OnlyADetailAccountIsTaken)
+{
+    const int group = account("24");
+    books().ExecSQL("update bd_sasplan set sas_tip = 'S' where sas_id = :id", {{"id", group}});
+    const int above = account("25");
+    const int below = account("251");
+    books().ExecSQL("update bd_sasplan set sas_tevid = :above where sas_id = :below",
+                    {{"above", above}, {"below", below}});
+    open();
+    add([](TDKALikDlg &dialog) {
+        type(edit(dialog, "DKL_PAVAD"), "Jonas");
+        type(edit(dialog, "DKL_SUM_DB"), "5");
+        for (const char *number : {"24", "25"}) {
+            type(edit(dialog, "DKL_SASID"), number);
+            EXPECT_EQ(refused(dialog), "Sąskaita negali būti suminė!");
+            EXPECT_EQ(edit(dialog, "DKL_SASID")->text(), number);
+        }
+        type(edit(dialog, "DKL_SASID"), "251");
+        confirm(dialog);
+    });
+    EXPECT_EQ(stored(), QStringList(QString("1|6|NULL|%1|NULL|Jonas|5|0|NULL").arg(below)));
+}
+
+TEST_P(PartyBalances, AnAccountThatTheRegisterLostHoldsNothingUp)
+{
+    open();
+    add([this](TDKALikDlg &dialog) {
+        type(edit(dialog, "DKL_I_KOD"), "300000001");
+        type(edit(dialog, "DKL_SUM_DB"), "7");
+        books().ExecSQL("delete from bd_sasplan where sas_id = :id", {{"id", owed}});
+        confirm(dialog);
+    });
+    EXPECT_EQ(stored(), QStringList("1|6|1|NULL|NULL|NULL|7|0|NULL"));
+}
+
+TEST_P(PartyBalances, WithoutACurrentPeriodNothingIsSavedAndNothingTypedIsLost)
+{
+    open();
+    add([this](TDKALikDlg &dialog) {
+        fillFree(dialog, "Jonas", "5");
+        books().ExecSQL("delete from bd_period");
+        {
+            NextBoxes told{QMessageBox::Ok}; // the list has nothing to show
+            GetPeriod();
+        }
+        EXPECT_EQ(refused(dialog), "Darbo pradžios periodas nenustatitas!");
+        EXPECT_EQ(edit(dialog, "DKL_PAVAD")->text(), "Jonas");
+        startOfWork(2005, 1, 1);
+        confirm(dialog);
+    });
+    EXPECT_EQ(stored(), QStringList(QString("1|6|NULL|%1|NULL|Jonas|5|0|NULL").arg(other)));
+}
+
+TEST_P(PartyBalances, AMonthClosedMeanwhileTakesTheNewRow)
+{
+    open();
+    add([this](TDKALikDlg &dialog) {
+        fillFree(dialog, "Jonas", "5");
+        nextMonth();
+        confirm(dialog);
+    });
+    EXPECT_EQ(stored(), QStringList(QString("1|7|NULL|%1|NULL|Jonas|5|0|NULL").arg(other)));
+}
+
 TEST_P(PartyBalances, AfterAFailedSaveTheNextTryTakesAFreshKey)
 {
     open();

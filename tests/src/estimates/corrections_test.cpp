@@ -3,6 +3,8 @@
 #include "tests/src/estimates/estimates.h"
 #include "toolkit/widgets/db_grid.h"
 
+#include <QToolBar>
+
 using Korlist::TKorListDlg;
 using Samkor::Koreguoti;
 using Samkor::TSamKorDlg;
@@ -30,6 +32,13 @@ protected:
         save(dialog);
         EXPECT_TRUE(dialog.isVisible());
         return told.at(0).text;
+    }
+    // A correction of the first quarter that is stored already.
+    void stored(double amount)
+    {
+        books().ExecSQL("insert into bd_samkor (sak_id, sak_samid, sak_data, sak_i_ketv) "
+                        "values (1, 20, '2005-02-01', :sum)",
+                        {{"sum", amount}});
     }
     QStringList documents()
     {
@@ -105,6 +114,22 @@ TEST_P(Corrections, OfTheThirdQuarterCountTheFirstThreeTogether)
     EXPECT_EQ(documents(), QStringList("1|20|NULL|0|0|-300|0"));
 }
 
+TEST_P(Corrections, DoNotTakeTheYearBelowNothing)
+{
+    correct(0, [](TSamKorDlg &dialog) {
+        dialog.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        for (const auto &[column, amount] : {std::pair("SAK_III_KETV", "-300"), {"SAK_IV_KETV", "-400"}}) {
+            type(edit(dialog, column), amount);
+            leave(edit(dialog, column));
+        }
+        type(edit(dialog, "SAK_I_KETV"), "-1");
+        EXPECT_EQ(refusal(dialog), "Samata metams, įskaitant koregavimą, negali būti mažesnė už 0!");
+        pressButton(dialog, "Ne");
+    });
+    EXPECT_EQ(documents(), QStringList());
+}
+
 TEST_P(Corrections, AnEmptyQuarterIsNothing)
 {
     correct(0, [](TSamKorDlg &dialog) {
@@ -160,10 +185,25 @@ TEST_P(Corrections, TheQuarterBeingEditedIsRaisedAndAClickOnItLeadsThere)
     });
 }
 
+TEST_P(Corrections, OneThatAnotherStationChangedIsDecidedByTheUser)
+{
+    stored(5);
+    correct(1, [this](TSamKorDlg &dialog) {
+        secondFin()->ExecSQL("update bd_samkor set sak_i_ketv = 6");
+        type(edit(dialog, "SAK_I_KETV"), "7");
+        OnNextDialog<QMessageBox> told([](QMessageBox &box) {
+            EXPECT_TRUE(box.text().contains("I Ketvertis: buvo „5")) << qPrintable(box.text());
+            pressButton(box, "Palikti savo");
+        });
+        save(dialog);
+    });
+    EXPECT_EQ(documents(), QStringList("1|20|NULL|7|0|0|0"));
+    EXPECT_EQ(corrected(), QStringList({"7", "7", "0", "0", "0"}));
+}
+
 TEST_P(Corrections, OneThatAnotherStationDeletedIsTold)
 {
-    books().ExecSQL("insert into bd_samkor (sak_id, sak_samid, sak_data, sak_i_ketv) "
-                    "values (1, 20, '2005-02-01', 5)");
+    stored(5);
     correct(1, [this](TSamKorDlg &dialog) {
         secondFin()->ExecSQL("delete from bd_samkor");
         type(edit(dialog, "SAK_I_KETV"), "6");
@@ -196,6 +236,23 @@ TEST_P(Corrections, AreListedByDateAddedAndDeletedFromTheEstimates)
     });
     frm->acKor->trigger();
     EXPECT_EQ(frm->estimates().FieldByName("sam_sam_kor")->AsFloat(), 7) << "the yearly row follows";
+}
+
+TEST_P(Corrections, AreListedByAKeyAndWithFewTools)
+{
+    for (int time = 0; time < 2; ++time) {
+        OnNextDialog<TKorListDlg> list([](TKorListDlg &corrections) {
+            EXPECT_FALSE(corrections.acCaptions->isChecked());
+            EXPECT_EQ(corrections.findChild<QToolBar *>()->toolButtonStyle(), Qt::ToolButtonIconOnly);
+            for (const QAction *hidden : {corrections.acFind, corrections.acOrder, corrections.acPrint})
+                EXPECT_FALSE(hidden->isVisible()) << qPrintable(hidden->text());
+            corrections.acCaptions->trigger();
+            corrections.close();
+        });
+        frm->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(frm.get()));
+        QTest::keyClick(frm->findChild<TDBGrid *>(), Qt::Key_K, Qt::ControlModifier);
+    }
 }
 
 TEST_P(Corrections, OfAnEarlierYearAreOnlyLookedAt)

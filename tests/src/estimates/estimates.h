@@ -55,6 +55,19 @@ protected:
                 "values (:id, :node, :per, :sum, 0)",
                 {{"id", node * 10 + row}, {"node", node}, {"per", 101 + row}, {"sum", amounts.at(row)}});
     }
+    // The same row by row, as another station does it.
+    void estimateElsewhere(int quarter, double amount)
+    {
+        secondFin()->ExecSQL("insert into bd_samatos (sam_id, sam_jveid, sam_perid, sam_samata, sam_sam_kor) "
+                             "values (:id, 2, :per, :sum, 0)",
+                             {{"id", 90 + quarter}, {"per", 101 + quarter}, {"sum", amount}});
+    }
+    void chooseYear(const QString &year)
+    {
+        for (auto *box : frm->findChildren<QComboBox *>())
+            if (box->findText(year) >= 0)
+                box->setCurrentIndex(box->findText(year));
+    }
     static QLineEdit *edit(QWidget &dialog, const char *column)
     {
         return dialog.findChild<QLineEdit *>(column);

@@ -1,3 +1,4 @@
+#include "host/data/report_store.h"
 #include "src/estimates/Newsam.h"
 #include "tests/src/estimates/estimates.h"
 #include "toolkit/report/preview.h"
@@ -40,6 +41,14 @@ protected:
         const QAbstractItemModel *model = frm->findChild<TDBGrid *>()->model();
         for (int row = 0; row < model->rowCount(); ++row)
             texts << model->index(row, column).data().toString();
+        return texts;
+    }
+    // Of the list of the nodes below.
+    QStringList cells(int row)
+    {
+        QStringList texts;
+        for (int column = 1; column <= 5; ++column)
+            texts << QString(frm->list()->topLevelItem(row)->text(column)).replace(',', '.');
         return texts;
     }
     void goTo(const Variant &period) { EXPECT_TRUE(frm->estimates().Locate("sam_perid", period)); }
@@ -138,9 +147,7 @@ TEST_P(EstimateBook, AnEarlierYearIsOnlyLookedAt)
                     "values (1, 2, 1, 500, 0)");
     open();
     EXPECT_EQ(enabled(), "NKT+");
-    for (auto *box : frm->findChildren<QComboBox *>())
-        if (box->findText("2004 m.") >= 0)
-            box->setCurrentIndex(box->findText("2004 m."));
+    chooseYear("2004 m.");
     EXPECT_EQ(QString(frm->panel(2)).replace(',', '.'), "Metinės sąmatos suma: 500.00");
     EXPECT_EQ(enabled(), "----");
 }
@@ -152,18 +159,23 @@ TEST_P(EstimateBook, ANodeOfTheFirstLevelShowsItsNodesWithTheirSums)
     open(1);
     QTreeWidget *children = frm->list();
     ASSERT_EQ(children->topLevelItemCount(), 2);
-    const auto cells = [&](int row) {
-        QStringList texts;
-        for (int column = 1; column <= 5; ++column)
-            texts << QString(children->topLevelItem(row)->text(column)).replace(',', '.');
-        return texts;
-    };
     EXPECT_EQ(cells(0), QStringList({"1000.00", "250.00", "", "", ""}));
     EXPECT_EQ(cells(1), QStringList({"", "5.00", "", "", ""})) << "nothing shows nothing";
     EXPECT_EQ(children->currentItem(), children->topLevelItem(0));
     EXPECT_EQ(frm->estimates().RecordCount(), 2) << "the rows of the last node";
     EXPECT_EQ(enabled(), "----");
     EXPECT_EQ(frm->panel(1), "");
+}
+
+TEST_P(EstimateBook, AnotherYearOfAFolderShowsNothingOfTheFormerOne)
+{
+    estimate({1000, 250});
+    books().ExecSQL("insert into bd_samatos (sam_id, sam_jveid, sam_perid, sam_samata, sam_sam_kor) "
+                    "values (1, 3, 1, 500, 0)");
+    open(1);
+    chooseYear("2004 m.");
+    EXPECT_EQ(cells(0), QStringList({"", "", "", "", ""}));
+    EXPECT_EQ(cells(1), QStringList({"500.00", "", "", "", ""}));
 }
 
 // The list of its nodes hides the rows of a folder of the first level; without nodes they are its own.
@@ -215,6 +227,155 @@ TEST_P(EstimateBook, ARowOfAnotherStationLeavesNoRoomForMine)
     EXPECT_EQ(stored().size(), 2);
 }
 
+TEST_P(EstimateBook, WhatAnotherStationDidIsSeenWithTheNextNodeAndWithARefresh)
+{
+    estimate({1000, 250});
+    open(3);
+    estimateElsewhere(2, 50);
+    frm->SetJungId(2);
+    EXPECT_EQ(shown(0), QStringList({"Metinė", "Pirmas", "Antras"}));
+    goTo(102);
+    estimateElsewhere(3, 60);
+    frm->acRefresh->trigger();
+    EXPECT_EQ(shown(0), QStringList({"Metinė", "Pirmas", "Antras", "Trečias"}));
+    EXPECT_EQ(frm->estimates().FieldByName("sam_perid")->AsInteger(), 102) << "the current row stays";
+    EXPECT_EQ(QString(frm->panel(1)).replace(',', '.'), "Sąmatos suma: 360.00");
+}
+
+TEST_P(EstimateBook, ANewRowStandsBehindThoseOfAnotherStation)
+{
+    estimate({1000});
+    open();
+    estimateElsewhere(1, 50);
+    add("70");
+    EXPECT_EQ(stored().last(), "92|2|103|70|0");
+    secondFin()->ExecSQL("delete from bd_samatos where sam_perid = 103");
+    add("80");
+    EXPECT_EQ(stored().last(), "92|2|103|80|0") << "no quarter is skipped";
+}
+
+TEST_P(EstimateBook, TheLastRowThatAnotherStationAddedLeavesNothingToAdd)
+{
+    estimate({1000, 1, 2, 3});
+    open();
+    estimateElsewhere(4, 4);
+    frm->acNew->trigger();
+    EXPECT_EQ(enabled(), "-KT+");
+    EXPECT_EQ(shown(0), Samform::quarterNames());
+}
+
+TEST_P(EstimateBook, ARowThatAnotherStationFollowedIsNotDeleted)
+{
+    estimate({1000, 250});
+    open();
+    goTo(102);
+    estimateElsewhere(2, 50);
+    NextBoxes told{QMessageBox::Ok};
+    frm->acDelete->trigger();
+    EXPECT_EQ(told.texts(), QStringList("Šis ketvirtis nėra paskutinis!"));
+    goTo(103);
+    OnNextDialog<QMessageBox> asked([this](QMessageBox &box) {
+        estimateElsewhere(3, 60);
+        pressButton(box, "Taip");
+    });
+    NextBoxes refused{QMessageBox::Ok};
+    frm->acDelete->trigger();
+    EXPECT_EQ(refused.texts(), QStringList("Šis ketvirtis nėra paskutinis!"));
+    EXPECT_EQ(stored().size(), 4);
+}
+
+TEST_P(EstimateBook, ARowThatAnotherStationDeletedIsTold)
+{
+    estimate({1000, 250});
+    open();
+    for (QAction *action : {frm->acEdit, frm->acDelete, frm->acKor}) {
+        goTo(102);
+        secondFin()->ExecSQL("delete from bd_samatos where sam_perid = 102");
+        NextBoxes told{QMessageBox::Ok};
+        action->trigger();
+        EXPECT_EQ(told.texts(), QStringList("Įrašas jau ištrintas kitoje darbo vietoje"));
+        EXPECT_EQ(shown(0), QStringList("Metinė"));
+        estimateElsewhere(1, 250);
+        frm->acRefresh->trigger();
+    }
+}
+
+TEST_P(EstimateBook, ARefusedDeleteLeavesTheRow)
+{
+    estimate({1000, 250});
+    open();
+    goTo(102);
+    refuseDeleting("bd_samatos");
+    NextBoxes boxes{QMessageBox::Yes, QMessageBox::Ok};
+    frm->acDelete->trigger();
+    EXPECT_EQ(stored().size(), 2);
+    EXPECT_EQ(shown(0), QStringList({"Metinė", "Pirmas"}));
+    secondFin()->ExecSQL("update bd_samatos set sam_samata = 1");
+    EXPECT_EQ(stored().last(), "21|2|102|1|0") << "nothing is held against another station";
+}
+
+TEST_P(EstimateBook, ARowWhosePeriodIsGoneIsNotDeleted)
+{
+    estimate({1000, 250});
+    books().ExecSQL("delete from bd_period where per_id = 102");
+    open();
+    goTo(102);
+    NextBoxes told{QMessageBox::Ok};
+    frm->acDelete->trigger();
+    EXPECT_EQ(told.texts(), QStringList("Negali surasti įrašo!"));
+    EXPECT_EQ(stored().size(), 2);
+}
+
+TEST_P(EstimateBook, AYearOfNothingLeavesNoRoomForAQuarter)
+{
+    estimate({0});
+    open();
+    inDialog(frm->acNew, [](TSamDlg &dialog) {
+        type(edit(dialog, "SAM_SAMATA"), "0.0001");
+        EXPECT_TRUE(isRed(dialog));
+        EXPECT_FALSE(maySave(dialog));
+        type(edit(dialog, "SAM_SAMATA"), "0");
+        pressButton(dialog, "Išsaugoti");
+    });
+    EXPECT_EQ(stored(), QStringList({"20|2|101|0|0", "21|2|102|0|0"}));
+}
+
+TEST_P(EstimateBook, CtrlEnterGoesOnToTheNextQuarter)
+{
+    estimate({1000});
+    open();
+    OnNextDialog<TSamDlg> first([](TSamDlg &dialog) {
+        type(edit(dialog, "SAM_SAMATA"), "900");
+        QTest::keyClick(edit(dialog, "SAM_SAMATA"), Qt::Key_Return, Qt::ControlModifier);
+    });
+    OnNextDialog<TSamDlg> second([](TSamDlg &dialog) {
+        EXPECT_EQ(dialog.findChild<QComboBox *>("SAM_PERID")->currentText(), "Pirmas");
+        type(edit(dialog, "SAM_SAMATA"), "250");
+        QTest::keyClick(edit(dialog, "SAM_SAMATA"), Qt::Key_Return, Qt::ControlModifier);
+    });
+    OnNextDialog<TSamDlg> third([](TSamDlg &dialog) {
+        EXPECT_EQ(dialog.findChild<QComboBox *>("SAM_PERID")->currentText(), "Antras");
+        pressButton(dialog, "Atšaukti");
+    });
+    frm->acEdit->trigger();
+    EXPECT_EQ(stored(), QStringList({"20|2|101|900|0", "21|2|102|250|0"}));
+}
+
+TEST_P(EstimateBook, AYearThatCannotBeReadOffersNothing)
+{
+    estimate({1000});
+    open();
+    books().nativeExec("alter table bd_samatos rename to kita");
+    {
+        NextBoxes told{QMessageBox::Ok};
+        chooseYear("2004 m.");
+    }
+    EXPECT_EQ(enabled(), "----");
+    books().nativeExec("alter table kita rename to bd_samatos");
+    chooseYear("2005 m.");
+    EXPECT_EQ(enabled(), "NKT+");
+}
+
 TEST_P(EstimateBook, AYearClosedMeanwhileLeavesTheDialogAsItIs)
 {
     estimate({1000});
@@ -231,6 +392,24 @@ TEST_P(EstimateBook, AYearClosedMeanwhileLeavesTheDialogAsItIs)
     EXPECT_EQ(enabled(), "N---") << "the new year is picked, and has nothing yet";
 }
 
+TEST_P(EstimateBook, AYearClosedWhileTheQuestionStandsLeavesTheRowThatIsMeant)
+{
+    estimate({1000, 250});
+    open();
+    goTo(102);
+    OnNextDialog<QMessageBox> asked([this](QMessageBox &box) {
+        books().ExecSQL("insert into bd_period values (200, 2006, 0, 0)");
+        books().ExecSQL("insert into bd_samatos (sam_id, sam_jveid, sam_perid, sam_samata, sam_sam_kor) "
+                        "values (50, 2, 200, 700, 0)");
+        books().ExecSQL("insert into bd_period values (205, 2006, 1, 1)");
+        GetPeriod();
+        pressButton(box, "Taip");
+    });
+    frm->acDelete->trigger();
+    EXPECT_EQ(stored(), QStringList({"20|2|101|1000|0", "50|2|200|700|0"}));
+    EXPECT_EQ(frm->estimates().FieldByName("sam_id")->AsInteger(), 50) << "then the new year is shown";
+}
+
 TEST_P(EstimateBook, CancellingLeavesTheNodeAsItWas)
 {
     estimate({1000});
@@ -244,8 +423,18 @@ TEST_P(EstimateBook, AreReportedByTheHost)
 {
     estimate({1000});
     open();
-    OnNextDialog<TReportPreview> preview([](TReportPreview &shown) { shown.close(); });
+    QStringList texts;
+    OnNextDialog<TReportPreview> preview([&texts](TReportPreview &shown) {
+        for (const TReportPrimitive &primitive : shown.layout().page(0))
+            texts << primitive.text;
+        shown.close();
+    });
     frm->acPrint->trigger();
+    const TStoredReport *estimates = storedReport(86);
+    EXPECT_TRUE(texts.contains(estimates->caption));
+    for (const TTableColumn &column : estimates->columns)
+        EXPECT_TRUE(texts.contains(column.title)) << qPrintable(column.title);
+    EXPECT_TRUE(texts.contains("Darbo užmokestis"));
 }
 
 TEST_P(EstimateBook, WhoMayOnlyLookChangesNothing)
