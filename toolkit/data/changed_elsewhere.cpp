@@ -13,6 +13,8 @@ QString inCaptions(const QList<TChangedColumn> &columns)
 {
     QStringList parts;
     for (const TChangedColumn &column : columns) {
+        if (sameKey(column.before, column.theirs)) // only told with others
+            continue;
         const QString name = column.label.isEmpty() ? QString() : column.label + u": "_s;
         parts.append(u"%1buvo %2, dabar %3"_s.arg(name, shown(column.beforeText), shown(column.theirsText)));
     }

@@ -35,6 +35,9 @@ public:
     void setSQL(const QString &statement); // closes the set
     bool RequestLive = false;
     TUpdateMode UpdateMode = upWhereChanged;
+    // Groups of columns that mean something together only, as the two sides of an amount. When one of a group
+    // changes, all of it counts as changed: compared with what another station made of it, and written.
+    QList<QStringList> WrittenTogether;
     // A list reads through the session's reading connection, so that its half-read cursor never meets a
     // transaction.
     bool readsAside = false;

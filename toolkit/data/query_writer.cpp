@@ -2,6 +2,8 @@
 
 #include "toolkit/data/statement.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -120,9 +122,9 @@ void QueryWriter::mergeElsewhere(const QString &tableName, TRecordChange &change
     const QList<Variant> stored = written.lock(namesOf(asRead), key);
     checkUnchangedElsewhere(asRead, stored, change);
     for (qsizetype i = 0; i < asRead.size(); ++i) {
-        Variant &now = change.now[size_t(query->FieldByName(asRead.at(i).column)->index())];
-        if (sameKey(now, asRead.at(i).value))
-            now = stored.at(i);
+        const QString &column = asRead.at(i).column;
+        if (!isChanged(change, column))
+            change.now[size_t(query->FieldByName(column)->index())] = stored.at(i);
     }
 }
 
@@ -211,6 +213,23 @@ QueryWriter::Cells QueryWriter::columnsIn(const Record &record, const RecordWrit
     return cells;
 }
 
+// A column and all that are written together with it.
+QStringList QueryWriter::withCompanions(const QString &column) const
+{
+    for (const QStringList &group : query->WrittenTogether)
+        if (group.contains(column, Qt::CaseInsensitive))
+            return group;
+    return {column};
+}
+
+bool QueryWriter::isChanged(const TRecordChange &change, const QString &column) const
+{
+    return std::ranges::any_of(withCompanions(column), [&](const QString &name) {
+        const auto at = size_t(query->FieldByName(name)->index());
+        return !sameKey(change.now[at], change.before[at]);
+    });
+}
+
 void QueryWriter::insert(TRecordChange &change)
 {
     Cells cells = columnsIn(change.now, table());
@@ -226,7 +245,7 @@ void QueryWriter::update(TRecordChange &change)
     Cells unchanged;
     const Cells now = columnsIn(change.now, table());
     for (qsizetype i = 0; i < now.size(); ++i) {
-        if (sameKey(now.at(i).value, before.at(i).value))
+        if (!isChanged(change, now.at(i).column))
             continue;
         changed.append(now.at(i));
         unchanged.append(before.at(i));
@@ -240,26 +259,29 @@ void QueryWriter::update(TRecordChange &change)
     readBack(liveKey(change.now), change.now);
 }
 
-// What is stored was read with a lock, so that nobody changes it between the look and the writing.
+// What is stored was read with a lock, so that nobody changes it between the look and the writing. Columns
+// that are written together are told together, so that the user takes or keeps all of them.
 void QueryWriter::checkUnchangedElsewhere(const Cells &asRead, const QList<Variant> &stored,
                                           const TRecordChange &change) const
 {
     Record theirs = change.before;
-    QList<const TField *> differing;
+    QStringList differing;
     for (qsizetype i = 0; i < asRead.size(); ++i) {
-        const TField *field = query->FieldByName(asRead.at(i).column);
-        const Variant &own = change.now[size_t(field->index())];
-        theirs[size_t(field->index())] = stored.at(i);
-        const bool isChanged = !sameKey(own, asRead.at(i).value);
-        if (isChanged && !sameKey(stored.at(i), asRead.at(i).value) && !sameKey(stored.at(i), own))
-            differing.append(field);
+        const QString &column = asRead.at(i).column;
+        const auto at = size_t(query->FieldByName(column)->index());
+        theirs[at] = stored.at(i);
+        if (isChanged(change, column) && !sameKey(stored.at(i), asRead.at(i).value) &&
+            !sameKey(stored.at(i), change.now[at]))
+            differing += withCompanions(column);
     }
     QList<TChangedColumn> columns;
-    for (const TField *field : std::as_const(differing)) {
+    for (const RecordWriter::Cell &cell : asRead) {
+        const TField *field = query->FieldByName(cell.column);
         const int at = field->index();
-        columns.append({field->FieldName(), field->DisplayLabel, change.before[size_t(at)],
-                        theirs[size_t(at)], change.now[size_t(at)], query->textIn(change.before, at),
-                        query->textIn(theirs, at), query->textIn(change.now, at)});
+        if (differing.contains(cell.column, Qt::CaseInsensitive))
+            columns.append({field->FieldName(), field->DisplayLabel, change.before[size_t(at)],
+                            theirs[size_t(at)], change.now[size_t(at)], query->textIn(change.before, at),
+                            query->textIn(theirs, at), query->textIn(change.now, at)});
     }
     if (!columns.isEmpty())
         throw EChangedElsewhere(columns);

@@ -26,6 +26,8 @@ private:
     bool takeKey(TStatement &statement, const QStringList &key, Record &record) const;
     void mergeElsewhere(const QString &tableName, TRecordChange &change);
     bool readAsShown(const Cells &key, Record &record) const;
+    QStringList withCompanions(const QString &column) const;
+    bool isChanged(const TRecordChange &change, const QString &column) const;
     Cells keyIn(const Record &record, const QStringList &columns) const;
 
     void insert(TRecordChange &change);

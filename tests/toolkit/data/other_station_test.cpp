@@ -136,6 +136,46 @@ TEST_P(OtherStation, DifferentColumnsMergeAndAreShown)
     EXPECT_TRUE(field(u"t_data"_s).IsNull());
 }
 
+// A column of a group that was not touched here is what it was when the group was read.
+TEST_P(OtherStation, AColumnWrittenTogetherWithAChangedOneIsComparedAndWrittenToo)
+{
+    set->WrittenTogether = {{u"T_PAVAD"_s, u"T_SUMA"_s}};
+    field(u"t_pavad"_s).setAsString(u"Mano"_s);
+    elsewhere(u"t_suma = 99, t_kiek = 8"_s);
+    const QList<TChangedColumn> columns = refused();
+    ASSERT_EQ(columns.size(), 2);
+    EXPECT_EQ(columns.at(0).field, u"t_pavad"_s);
+    EXPECT_EQ(columns.at(1).field, u"t_suma"_s);
+    EXPECT_EQ(columns.at(1).own, Variant(1.5));
+    EXPECT_EQ(EChangedElsewhere(columns).message(),
+              u"Kita darbo vieta tuo tarpu pakeitė: Suma: buvo „1,50“, dabar „99,00“."_s);
+    set->keepOwn(columns);
+    set->Post();
+    EXPECT_EQ(rows(*secondFin(), u"select t_pavad, t_suma, t_kiek from bd_t where t_id = 1"_s),
+              QStringList{u"Mano|1.5|8"_s});
+}
+
+TEST_P(OtherStation, AGroupThatWasNotTouchedIsLeftAlone)
+{
+    set->WrittenTogether = {{u"t_kiek"_s, u"t_suma"_s}};
+    field(u"t_pavad"_s).setAsString(u"Mano"_s);
+    elsewhere(u"t_suma = 99"_s);
+    set->Post();
+    EXPECT_EQ(rows(*secondFin(), u"select t_pavad, t_suma from bd_t where t_id = 1"_s),
+              QStringList{u"Mano|99"_s});
+}
+
+TEST_P(OtherStation, TheLastOneWinsWithAllThatIsWrittenTogether)
+{
+    set->UpdateMode = upWhereKeyOnly;
+    set->WrittenTogether = {{u"t_pavad"_s, u"t_suma"_s}};
+    field(u"t_pavad"_s).setAsString(u"Mano"_s);
+    elsewhere(u"t_suma = 99"_s);
+    set->Post();
+    EXPECT_EQ(rows(*secondFin(), u"select t_pavad, t_suma from bd_t where t_id = 1"_s),
+              QStringList{u"Mano|1.5"_s});
+}
+
 TEST_P(OtherStation, TheSameNewValueOnBothSidesIsNoQuarrel)
 {
     field(u"t_pavad"_s).setAsString(u"Naujas"_s);
