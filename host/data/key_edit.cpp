@@ -62,6 +62,14 @@ void TKeyEdit::setValue(double newKey)
         ownValue = 0;
 }
 
+QString TKeyEdit::textFor(const Variant &value)
+{
+    const std::optional<TKeyRow> row = rowOf(value.toDouble());
+    if (!row)
+        return {};
+    return row->name.isEmpty() ? row->code : row->code + QStringLiteral("  ") + row->name;
+}
+
 // --- searching
 
 std::optional<TKeyRow> TKeyEdit::rowOfText(const QString &)

@@ -39,6 +39,7 @@ public:
 
     // Not while the key is searched for, when what stands there is no row's, or is gone.
     bool showsValue() const override;
+    QString textFor(const Variant &value) override;
 
     void commit() override;
     void markInvalid(const QString &why) override;

@@ -1,6 +1,7 @@
 #include "toolkit/widgets/db_choice.h"
 
 #include "toolkit/widgets/db_combo.h"
+#include "toolkit/widgets/lithuanian.h"
 
 #include <QBoxLayout>
 #include <QButtonGroup>
@@ -26,6 +27,11 @@ void TDBCheckBox::setValues(const QVariant &whenChecked, const QVariant &whenUnc
 void TDBCheckBox::showField(TField *field)
 {
     setChecked(field && !field->IsNull() && sameKey(field->Value(), valueChecked));
+}
+
+QString TDBCheckBox::textFor(const Variant &value)
+{
+    return sameKey(value, valueChecked) ? QStringLiteral("Taip") : QStringLiteral("Ne");
 }
 
 void TDBCheckBox::storeField(TField &field)
@@ -79,6 +85,14 @@ void TDBRadioGroup::showField(TField *field)
     for (QAbstractButton *button : buttons->buttons())
         button->setChecked(buttons->id(button) == chosen);
     buttons->setExclusive(true);
+}
+
+QString TDBRadioGroup::textFor(const Variant &value)
+{
+    for (int i = 0; i < values.size(); ++i)
+        if (sameKey(value, values[i]))
+            return plainCaption(buttons->button(i)->text());
+    return {};
 }
 
 bool TDBRadioGroup::showsValue() const

@@ -18,6 +18,7 @@ public:
     void setValues(const QVariant &whenChecked, const QVariant &whenUnchecked);
 
     bool showsValue() const override { return true; }
+    QString textFor(const Variant &value) override;
 
 protected:
     void showField(TField *field) override;
@@ -40,6 +41,7 @@ public:
     void setChoices(const TChoices &choices);
 
     bool showsValue() const override;
+    QString textFor(const Variant &value) override;
 
 protected:
     void showField(TField *field) override;

@@ -171,12 +171,22 @@ bool TDBLookupComboBox::showsValue() const
     return currentIndex() >= 0 && !currentText().trimmed().isEmpty();
 }
 
+int TDBLookupComboBox::indexOf(const Variant &key) const
+{
+    for (int i = 0; !key.isNull() && i < count(); ++i)
+        if (sameKey(itemData(i), key))
+            return i;
+    return -1;
+}
+
+QString TDBLookupComboBox::textFor(const Variant &value)
+{
+    return itemText(indexOf(value));
+}
+
 void TDBLookupComboBox::showField(TField *field)
 {
-    int found = -1;
-    for (int i = 0; field && !field->IsNull() && found < 0 && i < count(); ++i)
-        found = sameKey(itemData(i), field->Value()) ? i : -1;
-    setCurrentIndex(found);
+    setCurrentIndex(field ? indexOf(field->Value()) : -1);
 }
 
 void TDBLookupComboBox::storeField(TField &field)

@@ -52,6 +52,7 @@ public:
 
     QVariant currentKey() const { return currentData(); }
     bool showsValue() const override;
+    QString textFor(const Variant &value) override;
 
 protected:
     void showField(TField *field) override;
@@ -62,6 +63,8 @@ protected:
     void showPopup() override;
 
 private:
+    int indexOf(const Variant &key) const; // -1: no item has it
+
     QPointer<TDataSet> list;
     QString keyColumn;
     QString shownColumn;

@@ -48,6 +48,8 @@ public:
     // Whether the control shows something now, what is pending included; blanks are nothing. Here: whether
     // the column has a value; a control that may show something else says so itself.
     virtual bool showsValue() const;
+    // How the control words a value of its column; empty where the column's own text is what it shows.
+    virtual QString textFor(const Variant &) { return {}; }
     // Calls the handler, guarded, after every keystroke and choice of the user, until context goes.
     void whenEdited(QObject *context, std::function<void()> handler);
 
