@@ -54,8 +54,8 @@ TDKALikDlg::TDKALikDlg(const TRecordStart &start)
       account(control<TSasEdit>("DKL_SASID")),
       side(control<TSideChoice>("Side"))
 {
-    showSide();
-    connectGuarded(side, &TSideChoice::chosen, this, [this] { showSide(); });
+    row().WrittenTogether = {{debitColumn, creditColumn}};
+    side->showIn(form(), row(), debitColumn, creditColumn);
     connectGuarded(code, &TDKAComboBox::changed, this, [this] { showAccount(); });
     connectGuarded(&row(), &TDataSet::fieldChanged, this,
                    [this](const QString &column) { rowChanged(column); });
@@ -86,12 +86,6 @@ void TDKALikDlg::showAccount()
 {
     account->showInstead(isFree() ? 0 : code->Get_dkaSASID());
     account->setEnabled(isFree() && mayChange());
-}
-
-void TDKALikDlg::showSide()
-{
-    form().setRowVisible(debitColumn, side->isDebit());
-    form().setRowVisible(creditColumn, !side->isDebit());
 }
 
 // --- saving: the checks stand in this order

@@ -29,7 +29,6 @@ private:
     bool isFree() const; // typed in, not of the register
     void rowChanged(const QString &column);
     void showAccount();
-    void showSide();
     void requireParty();
     void requireAccount();
     void requireAmount(const QString &column, const QString &message);

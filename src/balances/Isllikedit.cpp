@@ -2,7 +2,7 @@
 
 #include "src/balances/Ilikuciai.h"
 #include "toolkit/text/amount.h"
-#include "toolkit/widgets/guard.h"
+#include "toolkit/widgets/user_input.h"
 
 #include <QScopeGuard>
 
@@ -16,18 +16,20 @@ TIslLikDlg *IslLikDlg = nullptr;
 struct TIslLikDlg::TKind {
     const char *side; // the name of its choice
     const char *caption;
-    const char *debit;
-    const char *credit;
+    const char *debit, *debitName;
+    const char *credit, *creditName;
     bool opensByAmount; // on the side that has the amount
 };
 
 // A factual balance opens on its debit side even when it is a credit: that is deliberate.
 const std::array<TIslLikDlg::TKind, 3> &TIslLikDlg::kinds()
 {
-    static constexpr std::array<TKind, 3> all{
-        {{"AsigSide", "Asignavimo išlaidos", "SML_ASIG_DB", "SML_ASIG_KR", true},
-         {"KasSide", "Kasinės išlaidos", "SML_KAS_DB", "SML_KAS_KR", true},
-         {"FakSide", "Faktinės išlaidos", "SML_FAK_DB", "SML_FAK_KR", false}}};
+    static constexpr std::array<TKind, 3> all{{{"AsigSide", "Asignavimo išlaidos", "SML_ASIG_DB",
+                                                "Asignavimų deb.", "SML_ASIG_KR", "Asignavimų kred.", true},
+                                               {"KasSide", "Kasinės išlaidos", "SML_KAS_DB",
+                                                "Kasos išl. deb.", "SML_KAS_KR", "Kasos išl. kred.", true},
+                                               {"FakSide", "Faktinės išlaidos", "SML_FAK_DB",
+                                                "Fakt. išl. deb.", "SML_FAK_KR", "Fakt. išl. kred.", false}}};
     return all;
 }
 
@@ -51,12 +53,12 @@ bool EditIslLik(bool edit)
 
 TFieldRow TIslLikDlg::groupOf(const TKind &kind)
 {
-    const auto amount = [](const char *column, const char *side) {
-        return TFieldRow::edit("Suma", column).named(side).money().defaultValue(0).width(16);
+    const auto amount = [](const char *column, const char *name) {
+        return TFieldRow::edit("Suma", column).named(name).money().defaultValue(0).width(16);
     };
     return TFieldRow::group(kind.caption,
                             {TFieldRow::custom({}, kind.side, new TSideChoice("Debetas", "Kreditas")),
-                             amount(kind.debit, "Debetas"), amount(kind.credit, "Kreditas")});
+                             amount(kind.debit, kind.debitName), amount(kind.credit, kind.creditName)});
 }
 
 TIslLikDlg::TIslLikDlg(const TRecordStart &start)
@@ -71,10 +73,14 @@ TIslLikDlg::TIslLikDlg(const TRecordStart &start)
            .rows = {groupOf(kinds()[0]), groupOf(kinds()[1]), groupOf(kinds()[2])}},
           start)
 {
-    for (const TKind &kind : kinds())
-        connectGuarded(control<TSideChoice>(kind.side), &TSideChoice::chosen, this, [this] { showSides(); });
-    connectGuarded(&form(), &TFieldForm::edited, this, [this] { settleSides(); });
-    showSides();
+    QList<QStringList> together;
+    for (const TKind &kind : kinds()) {
+        together.append(QStringList{kind.debit, kind.credit});
+        control<TSideChoice>(kind.side)->showIn(form(), row(), kind.debit, kind.credit);
+        for (const char *column : {kind.debit, kind.credit})
+            whenEdited(control(column), this, [this] { settleSides(); });
+    }
+    row().WrittenTogether = together;
     keepIn(IslLikDlg);
 }
 
@@ -90,16 +96,8 @@ bool TIslLikDlg::onDebit(const TKind &kind) const
     return control<TSideChoice>(kind.side)->isDebit();
 }
 
-// Amounts do not move between the sides.
-void TIslLikDlg::showSides()
-{
-    for (const TKind &kind : kinds()) {
-        form().setRowVisible(kind.debit, onDebit(kind));
-        form().setRowVisible(kind.credit, !onDebit(kind));
-    }
-}
-
-// Amounts that cancel each other are nothing.
+// Amounts do not move between the sides: the other ones become nothing when an amount is typed. Amounts that
+// cancel each other are nothing.
 qint64 TIslLikDlg::settleSides()
 {
     qint64 sum = 0;

@@ -26,7 +26,6 @@ private:
     static const std::array<TKind, 3> &kinds();
     static TFieldRow groupOf(const TKind &kind);
     bool onDebit(const TKind &kind) const;
-    void showSides();
     qint64 settleSides(); // the other sides are nothing; the sum of the chosen ones in ten-thousandths
 };
 

@@ -45,13 +45,14 @@ TSasLikDlg::TSasLikDlg(const TRecordStart &start)
           start),
       side(control<TSideChoice>("Side"))
 {
-    showSide();
+    side->showIn(form(), row(), "SSL_SUM_DB", "SSL_SUM_KR");
     connectGuarded(side, &TSideChoice::chosen, this, [this] { sideChosen(); });
     keepIn(SasLikDlg);
 }
 
 void TSasLikDlg::setRules(TQuery &balance)
 {
+    balance.WrittenTogether = {{"SSL_SUM_DB", "SSL_SUM_KR"}};
     for (const char *column : {"SSL_SASID", "SSL_SUM_DB", "SSL_SUM_KR"})
         balance.describe(column, [this](TField &checked) {
             checked.OnValidate = [this](TField &proposedFor, const Variant &value) {
@@ -60,6 +61,7 @@ void TSasLikDlg::setRules(TQuery &balance)
         });
 }
 
+// What is stored is shown as it is: no amount moves.
 void TSasLikDlg::Loaded()
 {
     side->setDebit(field("SSL_SUM_KR")->AsFloat() == 0);
@@ -67,12 +69,12 @@ void TSasLikDlg::Loaded()
 
 TField *TSasLikDlg::chosen()
 {
-    return field(debitChosen ? "SSL_SUM_DB" : "SSL_SUM_KR");
+    return field(side->isDebit() ? "SSL_SUM_DB" : "SSL_SUM_KR");
 }
 
 TField *TSasLikDlg::other()
 {
-    return field(debitChosen ? "SSL_SUM_KR" : "SSL_SUM_DB");
+    return field(side->isDebit() ? "SSL_SUM_KR" : "SSL_SUM_DB");
 }
 
 // --- the rules
@@ -96,19 +98,8 @@ void TSasLikDlg::checkAmount(const TField &field, double proposed)
 
 // --- the side
 
-// An amount that is refused keeps its side, so that it stays before the user's eyes.
 void TSasLikDlg::sideChosen()
 {
-    if (debitChosen == side->isDebit())
-        return;
-    try {
-        control<TDBEdit>(chosen()->FieldName())->commit();
-    } catch (...) {
-        side->setDebit(debitChosen);
-        throw;
-    }
-    debitChosen = side->isDebit();
-    showSide();
     if (row().State() == dsBrowse || other()->AsFloat() == 0)
         return;
     chosen()->setAsFloat(other()->AsFloat());
@@ -121,12 +112,6 @@ void TSasLikDlg::sideChosen()
 bool TSasLikDlg::CanSave() const
 {
     return !amountMoved || field("SSL_SASID")->AsFloat() > 0;
-}
-
-void TSasLikDlg::showSide()
-{
-    form().setRowVisible("SSL_SUM_DB", debitChosen);
-    form().setRowVisible("SSL_SUM_KR", !debitChosen);
 }
 
 // --- saving

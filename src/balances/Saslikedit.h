@@ -30,12 +30,10 @@ private:
     void validate(const TField &checked, const Variant &proposed);
     void checkAmount(const TField &checked, double proposed);
     void sideChosen();
-    void showSide();
     TField *chosen(); // the amount of the chosen side, and of the other one
     TField *other();
 
     TSideChoice *side;
-    bool debitChosen = true;
     bool amountMoved = false;
 };
 

@@ -299,6 +299,76 @@ TEST_P(BalanceDialog, AnAccountDeletedMeanwhileIsToldAndNothingIsLost)
     EXPECT_EQ(stored(), QStringList(row(1, bank, "5", "0")));
 }
 
+TEST_P(BalanceDialog, BothSidesAreTakenOrKeptTogether)
+{
+    const auto changed = [this](const char *answer, std::function<void(TSasLikDlg &)> then) {
+        books().ExecSQL("delete from bd_saslik");
+        balance(capital, 100, 0);
+        double id = 1;
+        OnNextDialog<TSasLikDlg> dialog([&](TSasLikDlg &shown) {
+            secondFin()->ExecSQL("update bd_saslik set ssl_sum_db = 0, ssl_sum_kr = 70");
+            type(amount(shown), "120");
+            {
+                OnNextDialog<QMessageBox> told([answer](QMessageBox &box) {
+                    EXPECT_TRUE(box.text().contains("Debetinis likutis: buvo „100.00“, dabar „0.00“; "
+                                                    "Kreditinis likutis: buvo „0.00“, dabar „70.00“"))
+                        << qPrintable(box.text());
+                    pressButton(box, answer);
+                });
+                pressButton(shown, "&Išsaugoti");
+            }
+            then(shown);
+        });
+        Saslikedit::EditLik(true, id);
+    };
+    changed("Palikti savo", [](TSasLikDlg &) {});
+    EXPECT_EQ(stored(), QStringList(row(1, capital, "120", "0")));
+    changed("Imti naują reikšmę", [](TSasLikDlg &shown) {
+        EXPECT_TRUE(credit(shown)->isChecked());
+        EXPECT_EQ(amount(shown)->text(), "70.00");
+        pressButton(shown, "&Išsaugoti");
+    });
+    EXPECT_EQ(stored(), QStringList(row(1, capital, "0", "70")));
+}
+
+TEST_P(BalanceDialog, AConflictIsToldInAccountsAndEnterGoesBack)
+{
+    balance(capital, 100, 0);
+    double id = 1;
+    OnNextDialog<TSasLikDlg> dialog([this](TSasLikDlg &shown) {
+        secondFin()->ExecSQL("update bd_saslik set ssl_sasid = :id", {{"id", cash}});
+        chooseAccount(shown, bank);
+        {
+            OnNextDialog<QMessageBox> told([](QMessageBox &box) {
+                EXPECT_TRUE(
+                    box.text().contains("Sąskaita: buvo „401  Sąskaita 401“, dabar „262  Sąskaita 262“"))
+                    << qPrintable(box.text());
+                QTest::keyClick(&box, Qt::Key_Return);
+            });
+            pressButton(shown, "&Išsaugoti");
+        }
+        EXPECT_TRUE(shown.isVisible());
+        EXPECT_EQ(shown.findChild<TSasEdit *>()->GetText(), "241");
+        pressButton(shown, "&Atšaukti");
+    });
+    EXPECT_FALSE(Saslikedit::EditLik(true, id));
+    EXPECT_EQ(stored(), QStringList(row(1, cash, "100", "0")));
+}
+
+// Books from elsewhere may have them.
+TEST_P(BalanceDialog, ARowWithBothSidesIsShownAsItIsStored)
+{
+    balance(capital, 5, 10);
+    double id = 1;
+    OnNextDialog<TSasLikDlg> dialog([](TSasLikDlg &shown) {
+        EXPECT_TRUE(credit(shown)->isChecked());
+        EXPECT_EQ(amount(shown)->text(), "10.00");
+        pressButton(shown, "&Išsaugoti");
+    });
+    EXPECT_TRUE(Saslikedit::EditLik(true, id));
+    EXPECT_EQ(stored(), QStringList(row(1, capital, "0", "10")));
+}
+
 TEST_P(BalanceDialog, AKeyThatAnotherStationTookMeanwhileIsNotDrawnAgain)
 {
     addBalance([this](TSasLikDlg &dialog) {

@@ -260,6 +260,60 @@ TEST_P(Expenses, AFactualCreditOpensOnItsDebitSideAndIsLostUnlessTheSideIsChosen
     EXPECT_EQ(stored(), QStringList("1|6|2|0|6|0|0|0|0"));
 }
 
+TEST_P(Expenses, ASideChosenByMistakeAndBackLeavesTheAmounts)
+{
+    balance(1, 6, 5, 50);
+    open();
+    inDialog(frm->acEdit, [](TIslLikDlg &dialog) {
+        side(dialog, "FakSide", "KredRadio")->click();
+        side(dialog, "AsigSide", "DebRadio")->click();
+        side(dialog, "AsigSide", "KredRadio")->click();
+        EXPECT_EQ(edit(dialog, "SML_ASIG_KR")->text(), "5.00");
+        pressButton(dialog, "Išsaugoti");
+    });
+    EXPECT_EQ(stored(), QStringList("1|6|2|0|5|0|0|0|50"));
+}
+
+TEST_P(Expenses, AnAmountThatIsNoneKeepsItsSideBeforeTheUsersEyes)
+{
+    open();
+    inDialog(frm->acNew, [](TIslLikDlg &dialog) {
+        type(edit(dialog, "SML_KAS_DB"), "abc");
+        {
+            NextBoxes told{QMessageBox::Ok};
+            side(dialog, "KasSide", "KredRadio")->click();
+            EXPECT_TRUE(told.at(0).text.contains("Kasos išl. deb.")) << qPrintable(told.at(0).text);
+        }
+        EXPECT_TRUE(side(dialog, "KasSide", "DebRadio")->isChecked());
+        EXPECT_EQ(edit(dialog, "SML_KAS_DB")->text(), "abc");
+        pressButton(dialog, "Atšaukti");
+    });
+}
+
+TEST_P(Expenses, TheSidesOfAGroupAreTakenTogether)
+{
+    balance(1, 6, 0, 50);
+    open();
+    inDialog(frm->acEdit, [this](TIslLikDlg &dialog) {
+        secondFin()->ExecSQL("update bd_isllik set sml_asig_kr = 7");
+        side(dialog, "AsigSide", "DebRadio")->click();
+        type(edit(dialog, "SML_ASIG_DB"), "6");
+        {
+            OnNextDialog<QMessageBox> told([](QMessageBox &box) {
+                EXPECT_TRUE(box.text().contains("Asignavimų kred.: buvo „0.00“, dabar „7.00“"))
+                    << qPrintable(box.text());
+                pressButton(box, "Imti naują reikšmę");
+            });
+            pressButton(dialog, "Išsaugoti");
+        }
+        EXPECT_TRUE(side(dialog, "AsigSide", "KredRadio")->isChecked());
+        EXPECT_EQ(edit(dialog, "SML_ASIG_KR")->text(), "7.00");
+        type(edit(dialog, "SML_KAS_DB"), "1");
+        pressButton(dialog, "Išsaugoti");
+    });
+    EXPECT_EQ(stored(), QStringList("1|6|2|0|7|1|0|0|0"));
+}
+
 TEST_P(Expenses, TypingClearsTheOtherSidesAtOnce)
 {
     balance(1, 6, 5, 50);
