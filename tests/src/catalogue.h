@@ -14,9 +14,12 @@
 #include <QPushButton>
 #include <QTest>
 
-// A catalogue as its user has it: the list, and the editor that opens from it.
-template<class List, class Dialog> class OnCatalogue : public OnOpenBooks {
+// A catalogue as its user has it: the list, and the editor that opens from it, both named by their exported
+// globals.
+template<auto &listGlobal, auto &dialogGlobal> class OnCatalogue : public OnOpenBooks {
 protected:
+    using List = std::remove_pointer_t<std::remove_reference_t<decltype(listGlobal)>>;
+    using Dialog = std::remove_pointer_t<std::remove_reference_t<decltype(dialogGlobal)>>;
     using User = std::function<void(Dialog &)>;
 
     void TearDown() override
@@ -28,12 +31,15 @@ protected:
     {
         list = createForm<List>(nullptr);
         list->show();
+        EXPECT_EQ(listGlobal, list);
     }
     void close()
     {
         if (list)
             list->close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_EQ(listGlobal, nullptr);
+        EXPECT_EQ(dialogGlobal, nullptr);
     }
 
     // --- the list
@@ -57,13 +63,13 @@ protected:
     int key() const { return list->currentKey().toInt(); }
     void add(User user)
     {
-        OnNextDialog<Dialog> dialog(std::move(user));
+        OnNextDialog<Dialog> dialog(exported(std::move(user)));
         list->NewBtnClick();
     }
     void change(const Variant &row, User user)
     {
         list->RefreshData(row);
-        OnNextDialog<Dialog> dialog(std::move(user));
+        OnNextDialog<Dialog> dialog(exported(std::move(user)));
         list->EditBtnClick();
     }
     // Answers the question with yes; the texts of all boxes that come.
@@ -77,6 +83,13 @@ protected:
     }
 
     // --- the editor
+    static User exported(User user)
+    {
+        return [user = std::move(user)](Dialog &dialog) {
+            EXPECT_EQ(dialogGlobal, &dialog);
+            user(dialog);
+        };
+    }
     static QLineEdit *edit(QWidget &dialog, const char *column)
     {
         auto *found = dialog.findChild<QWidget *>(column);

@@ -12,7 +12,7 @@ using Editpirktip::TPirkEditDlg;
 
 namespace {
 
-class Objects : public OnCatalogue<Objektai::TObjektFrm, TFinEditDlg> {
+class Objects : public OnCatalogue<Objektai::ObjektFrm, Editf::FinEditDlg> {
 protected:
     void named(const QString &name)
     {
@@ -28,7 +28,7 @@ protected:
 };
 ON_BOTH_ENGINES(Objects);
 
-class Disposals : public OnCatalogue<Pardtip::TPardTipFrm, TFinEditDlg> {
+class Disposals : public OnCatalogue<Pardtip::PardTipFrm, Editf::FinEditDlg> {
 protected:
     void SetUp() override
     {
@@ -40,7 +40,7 @@ protected:
 };
 ON_BOTH_ENGINES(Disposals);
 
-class Acquisitions : public OnCatalogue<Pirktip::TPirkTipFrm, TPirkEditDlg> {
+class Acquisitions : public OnCatalogue<Pirktip::PirkTipFrm, Editpirktip::PirkEditDlg> {
 protected:
     void SetUp() override
     {

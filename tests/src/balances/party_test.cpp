@@ -12,7 +12,7 @@ using Dkaliked::TDKALikDlg;
 namespace {
 
 // Work began in January 2004; the counterparty 1 owes on the account 226, and there is a second account.
-class PartyBalances : public OnCatalogue<TDKALikFrm, TDKALikDlg> {
+class PartyBalances : public OnCatalogue<Dkalik::DKALikFrm, Dkaliked::DKALikDlg> {
 protected:
     void SetUp() override
     {
@@ -360,6 +360,18 @@ TEST_P(PartyBalances, AMonthClosedMeanwhileTakesTheNewRow)
         confirm(dialog);
     });
     EXPECT_EQ(stored(), QStringList(QString("1|7|NULL|%1|NULL|Jonas|5|0|NULL").arg(other)));
+}
+
+TEST_P(PartyBalances, TheLastSaveWinsWithBothSides)
+{
+    balanceOf(1, 6, 50, 0);
+    open();
+    change(1, [this](TDKALikDlg &dialog) {
+        secondFin()->ExecSQL("update bd_dbkrlik set dkl_sum_db = 0, dkl_sum_kr = 70");
+        type(edit(dialog, "DKL_SUM_DB"), "60");
+        confirm(dialog);
+    });
+    EXPECT_EQ(stored(), QStringList(QString("1|6|NULL|%1|NULL|Laisvas 1|60|0|NULL").arg(other)));
 }
 
 TEST_P(PartyBalances, AfterAFailedSaveTheNextTryTakesAFreshKey)

@@ -9,7 +9,8 @@ using Pajamurusiukodaiedit::TPajamuRusiuKodaiEditFrm;
 
 namespace {
 
-class IncomeCodes : public OnCatalogue<Pajamurusiukodai::TPajamuRusiuKodaiFrm, TPajamuRusiuKodaiEditFrm> {
+class IncomeCodes : public OnCatalogue<Pajamurusiukodai::PajamuRusiuKodaiFrm,
+                                       Pajamurusiukodaiedit::PajamuRusiuKodaiEditFrm> {
 protected:
     void SetUp() override
     {

@@ -7,7 +7,7 @@ using Nuomedit::TNuomDlg;
 
 namespace {
 
-class Tenants : public OnCatalogue<TNuomFrm, TNuomDlg> {
+class Tenants : public OnCatalogue<Nuom::NuomFrm, Nuomedit::NuomDlg> {
 protected:
     void SetUp() override
     {

@@ -11,7 +11,7 @@ using Skyriailist::TSkyriaiFrm;
 
 namespace {
 
-class Departments : public OnCatalogue<TSkyriaiFrm, TPadItemFrm> {
+class Departments : public OnCatalogue<Skyriailist::SkyriaiFrm, Paditem::PadItemFrm> {
 protected:
     void SetUp() override
     {

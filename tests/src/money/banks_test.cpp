@@ -7,7 +7,7 @@ using Bankaied::TBankaiDlg;
 
 namespace {
 
-class Banks : public OnCatalogue<Bankai::TBankaiFrm, TBankaiDlg> {
+class Banks : public OnCatalogue<Bankai::BankaiFrm, Bankaied::BankaiDlg> {
 protected:
     void SetUp() override
     {

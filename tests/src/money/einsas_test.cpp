@@ -10,7 +10,7 @@ using Einsasform::TEinSasFrm;
 namespace {
 
 // Books with two detail accounts.
-class CurrentAccounts : public OnCatalogue<TEinSasFrm, TEinSasItem> {
+class CurrentAccounts : public OnCatalogue<Einsasform::EinSasFrm, Einsasdet::EinSasItem> {
 protected:
     void SetUp() override
     {

@@ -12,7 +12,7 @@ using Fined::TFinEdDlg;
 
 namespace {
 
-class Financing : public OnCatalogue<Finlist::TFinListFrm, TFinEdDlg> {
+class Financing : public OnCatalogue<Finlist::FinListFrm, Fined::FinEdDlg> {
 protected:
     void SetUp() override
     {

@@ -4,7 +4,7 @@
 
 namespace {
 
-class Accountable : public People<TAtsAsmFrm, TEditAtAsmDlg> {
+class Accountable : public People<Atsasmlist::AtsAsmFrm, Chatasm::EditAtAsmDlg> {
 protected:
     void person(int id, const QString &name, const Variant &position = 7)
     {

@@ -12,7 +12,7 @@ using Chmatasm::TEditMatAsmDlg;
 using Matasm::TMatAsmFrm;
 
 // Books with two positions, two departments and a detail account.
-template<class List, class Dialog> class People : public OnCatalogue<List, Dialog> {
+template<auto &listGlobal, auto &dialogGlobal> class People : public OnCatalogue<listGlobal, dialogGlobal> {
 protected:
     void SetUp() override
     {

@@ -15,7 +15,7 @@ using Vtarnnew::TVTarnDlg;
 
 namespace {
 
-class Categories : public OnCatalogue<Vtarn::TVTarnFrm, TVTarnDlg> {
+class Categories : public OnCatalogue<Vtarn::VTarnFrm, Vtarnnew::VTarnDlg> {
 protected:
     void SetUp() override
     {
@@ -29,7 +29,7 @@ protected:
 };
 ON_BOTH_ENGINES(Categories);
 
-class Positions : public OnCatalogue<Pareig::TPareigFrm, TEditPrgDlg> {
+class Positions : public OnCatalogue<Pareig::PareigFrm, Editprg::EditPrgDlg> {
 protected:
     void SetUp() override
     {
@@ -49,7 +49,7 @@ protected:
 };
 ON_BOTH_ENGINES(Positions);
 
-class Groups : public OnCatalogue<Drbklassar::TDrbKlasFrm, TDrbKlasRedFrm> {
+class Groups : public OnCatalogue<Drbklassar::DrbKlasFrm, Drbklasred::DrbKlasRedFrm> {
 protected:
     void SetUp() override
     {

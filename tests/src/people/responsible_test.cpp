@@ -3,7 +3,7 @@
 
 namespace {
 
-class Responsible : public People<TMatAsmFrm, TEditMatAsmDlg> {
+class Responsible : public People<Matasm::MatAsmFrm, Chmatasm::EditMatAsmDlg> {
 protected:
     void person(int id, const QString &name, int position = 7)
     {
