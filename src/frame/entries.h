@@ -65,6 +65,7 @@ AnsiString firstCode(const char *table, const char *key);
 TPackageEntries periodEntries();
 TPackageEntries balanceEntries();
 TPackageEntries estimateEntries();
+TPackageEntries operationEntries();
 TPackageEntries debtorEntries();
 TPackageEntries peopleEntries();
 TPackageEntries moneyEntries();
@@ -79,5 +80,6 @@ namespace Menu {
 inline const QString periods = QStringLiteral("Pe&riodas");
 inline const QString balances = QStringLiteral("Li&kučiai");
 inline const QString estimates = QStringLiteral("&Sąmatos");
+inline const QString accounts = QStringLiteral("Sąsk&aitos");
 inline const QString catalogues = QStringLiteral("&Žinynai");
 } // namespace Menu

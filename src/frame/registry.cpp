@@ -1,5 +1,6 @@
 #include "src/frame/registry.h"
 
+#include "src/accounts/Opr.h"
 #include "src/assets/Editf.h"
 #include "src/assets/Editpirktip.h"
 #include "src/assets/Objektai.h"
@@ -117,6 +118,7 @@ const std::vector<TUnit *> &packageUnits()
         &Editprg::unit,
         &Pardtip::unit,
         &Orgatr::unit,
+        &Opr::unit,
         &Matasm::unit,
         &Chmatasm::unit,
         &Kasosform::unit,
@@ -136,9 +138,9 @@ const TPackageEntries &packageEntries()
 {
     static const TPackageEntries entries = [] {
         TPackageEntries all;
-        for (const auto &part : {periodEntries, balanceEntries, estimateEntries, debtorEntries, peopleEntries,
-                                 moneyEntries, departmentEntries, assetEntries, catalogueEntries, userEntries,
-                                 organisationEntries, exportEntries})
+        for (const auto &part : {periodEntries, balanceEntries, estimateEntries, operationEntries,
+                                 debtorEntries, peopleEntries, moneyEntries, departmentEntries, assetEntries,
+                                 catalogueEntries, userEntries, organisationEntries, exportEntries})
             std::ranges::move(part(), std::back_inserter(all));
         return all;
     }();

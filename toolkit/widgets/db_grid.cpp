@@ -17,10 +17,14 @@
 
 using namespace Qt::StringLiterals;
 
-TDBGrid::TDBGrid(QWidget *parent) : QTableView(parent), rows(new TGridModel(this)), emptyText(u"Įrašų nėra"_s)
+TDBGrid::TDBGrid(QWidget *parent)
+    : QTableView(parent),
+      rows(new TGridModel(this)),
+      editors(new TGridDelegate(rows, this)),
+      emptyText(u"Įrašų nėra"_s)
 {
     setModel(rows);
-    setItemDelegate(new TGridDelegate(rows, this));
+    setItemDelegate(editors);
     setAccessibleName(u"Sąrašas"_s);
     setAlternatingRowColors(true);
     setWordWrap(false);
@@ -50,16 +54,26 @@ TDBGrid::TDBGrid(QWidget *parent) : QTableView(parent), rows(new TGridModel(this
     connectGuarded(this, &QAbstractItemView::activated, this, [this] { emit rowActivated(); });
 }
 
-TDBGrid::~TDBGrid() = default;
+TDBGrid::~TDBGrid()
+{
+    if (rows->dataSet())
+        rows->dataSet()->removeFlusher(flusher);
+}
 
 void TDBGrid::setDataSet(TDataSet *set)
 {
-    if (rows->dataSet())
+    if (rows->dataSet()) {
         disconnect(rows->dataSet(), nullptr, this, nullptr);
+        rows->dataSet()->removeFlusher(flusher);
+    }
     rows->setDataSet(set);
-    if (set)
+    if (set) {
         connectGuarded(set, &TDataSet::scrolled, this, [this] { followSet(); });
+        connectGuarded(set, &TDataSet::stateChanged, this, [this] { followState(); });
+        flusher = set->addFlusher([this] { commitCell(); });
+    }
     followSet();
+    followState();
 }
 
 TDataSet *TDBGrid::DataSet() const
@@ -76,16 +90,6 @@ void TDBGrid::setColumns(const QList<TGridColumn> &columns)
 const QList<TGridColumn> &TDBGrid::columns() const
 {
     return rows->columns();
-}
-
-void TDBGrid::setCellEditing(bool on)
-{
-    editsCells = on;
-    rows->setEditable(on);
-    setSelectionBehavior(on ? SelectItems : SelectRows);
-    setEditTriggers(on ? DoubleClicked | EditKeyPressed | AnyKeyPressed : NoEditTriggers);
-    // Tab leaves a list; among cells that are typed in it goes to the next one.
-    setTabKeyNavigation(on);
 }
 
 void TDBGrid::setTitlesCentred(bool on)
@@ -277,10 +281,9 @@ void TDBGrid::followSet()
     if (currentIndex().row() == record)
         return;
     const QModelIndex there = rows->index(record, std::max(currentIndex().column(), 0));
-    selectionModel()->setCurrentIndex(there, editsCells ? QItemSelectionModel::ClearAndSelect
-                                                        : QItemSelectionModel::ClearAndSelect |
-                                                              QItemSelectionModel::Rows);
+    selectionModel()->setCurrentIndex(there, selecting());
     scrollTo(there);
+    openEditor();
 }
 
 void TDBGrid::currentChanged(const QModelIndex &current, const QModelIndex &previous)

@@ -12,6 +12,7 @@
 #include <optional>
 
 class TColumnLookup;
+class TGridDelegate;
 class TGridModel;
 
 // One column of a grid, described.
@@ -53,6 +54,12 @@ public:
     // Whole rows are selected and cells are not edited (the default), or cells are.
     void setCellEditing(bool on);
     bool cellEditing() const { return editsCells; }
+    // The mode follows the set: while a record is being inserted or edited its cells are, the current one at
+    // once; otherwise whole rows are selected. Tab leaves the grid then, after left().
+    void setEditsInPlace(bool on);
+    // Gives what is being typed into a cell to the record, as the set's Post does, too. Raises EAbort when it
+    // is refused, which is told before.
+    void commitCell();
     void setTitlesCentred(bool on);
     // Whether Ctrl and Shift select several rows (the default: yes).
     void setMultiSelect(bool on);
@@ -82,8 +89,17 @@ signals:
     void titleClicked(const QString &field);
     void rowActivated(); // Enter or a double click on a record
     void arrangementChanged();
+    void entered(); // the keyboard came to the grid
+    // It went to another control; one that is only borrowing it (a message, a picker, another program) is
+    // none. In a grid that is edited in place also before Tab leaves the record that is being edited, which
+    // only goes on when the record is not being edited any more.
+    void left();
 
 protected:
+    void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
+    bool focusNextPrevChild(bool next) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyboardSearch(const QString &typed) override;
@@ -93,6 +109,11 @@ protected:
 
 private:
     void followSet();
+    void followState();
+    QItemSelectionModel::SelectionFlags selecting() const;
+    QWidget *cellEditor() const; // null while no cell is being typed in
+    void openEditor();
+    void tellIfLeft();
     void layOutColumns();
     QStringList fieldNames() const; // in small letters
     int leastWidth(int column) const;
@@ -103,9 +124,12 @@ private:
     bool moveSet(const QKeyEvent *event);
 
     TGridModel *rows;
+    TGridDelegate *editors;
     QString emptyText;
     QSet<QString> sized; // fields, in small letters, whose columns the user gave a width
     bool layingOut = false;
+    int flusher = 0;
     bool editsCells = false;
+    bool inPlace = false;
     bool following = false;
 };

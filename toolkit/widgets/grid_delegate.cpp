@@ -3,10 +3,12 @@
 #include "toolkit/widgets/grid_model.h"
 #include "toolkit/widgets/guard.h"
 #include "toolkit/widgets/icons.h"
+#include "toolkit/widgets/own_escape.h"
 
 #include <QAbstractItemView>
 #include <QAction>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QToolTip>
 
@@ -44,8 +46,8 @@ void TGridDelegate::addBrowse(QLineEdit *edit, int column) const
     connectGuarded(action, &QAction::triggered, edit, [this, edit, column] {
         rows->columns()[column].browse();
         // What was chosen is in the column already; the editor must not put its old text over it.
-        if (TField *field = rows->fieldOf(column))
-            edit->setText(field->editText());
+        if (rows->fieldOf(column))
+            edit->setText(typedText(rows->index(rows->dataSet()->RecNo(), column)));
         edit->setModified(false);
     });
 }
@@ -57,17 +59,46 @@ void TGridDelegate::setEditorData(QWidget *editor, const QModelIndex &index) con
     // While the user types, a change of the record elsewhere must not take the text away.
     if (!field || edit->isModified())
         return;
-    const TDataSet *set = rows->dataSet();
-    runGuarded(editor, [&] {
-        edit->setText(set->RecNo() == index.row() ? field->editText() : index.data(Qt::EditRole).toString());
-    });
+    runGuarded(editor, [&] { edit->setText(typedText(index)); });
 }
 
-void TGridDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
+// A key shows the text that stands for it until the user types another one.
+QString TGridDelegate::typedText(const QModelIndex &index) const
+{
+    if (rows->columns()[index.column()].lookup)
+        return index.data().toString();
+    return rows->dataSet()->RecNo() == index.row() ? rows->fieldOf(index.column())->editText()
+                                                   : index.data(Qt::EditRole).toString();
+}
+
+void TGridDelegate::setModelData(QWidget *editor, QAbstractItemModel *, const QModelIndex &index) const
+{
+    commit(editor, index);
+}
+
+bool TGridDelegate::commit(QWidget *editor, const QModelIndex &index) const
 {
     auto *edit = static_cast<QLineEdit *>(editor);
-    if (edit->isModified())
-        model->setData(index, maskedText(edit), Qt::EditRole);
+    if (!edit->isModified())
+        return true;
+    if (!rows->setData(index, maskedText(edit), Qt::EditRole))
+        return false;
+    edit->setModified(false);
+    return true;
+}
+
+// Where Esc belongs to the window it takes back more than the cell. A message, a picker or another program
+// only borrows the keyboard: the cell is typed in further afterwards.
+bool TGridDelegate::eventFilter(QObject *editor, QEvent *event)
+{
+    if (event->type() == QEvent::FocusOut &&
+        static_cast<QFocusEvent *>(event)->reason() == Qt::ActiveWindowFocusReason)
+        return false;
+    const bool isKey = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+    if (isKey && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape &&
+        isEscapeOwned(qobject_cast<QWidget *>(editor)))
+        return false;
+    return QStyledItemDelegate::eventFilter(editor, event);
 }
 
 bool TGridDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,

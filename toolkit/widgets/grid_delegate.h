@@ -14,12 +14,18 @@ public:
                           const QModelIndex &index) const override;
     void setEditorData(QWidget *editor, const QModelIndex &index) const override;
     void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
+    // Gives what the user typed to the record; false when it was refused, which is told then.
+    bool commit(QWidget *editor, const QModelIndex &index) const;
 
     // The whole text of a cell that is cut.
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override;
 
+protected:
+    bool eventFilter(QObject *editor, QEvent *event) override;
+
 private:
     void addBrowse(class QLineEdit *edit, int column) const;
+    QString typedText(const QModelIndex &index) const;
     TGridModel *rows;
 };
