@@ -202,7 +202,8 @@ void TOprFrm::prepareLines(TList &lines, const QString &side)
         field.OnSetText = accountOf;
     });
     query.BeforePost = [this, side](TDataSet &set) {
-        set.FieldByName("OSK_OPRID")->setValue(operations.query.FieldByName("opr_id")->Value());
+        // The cursor may be on its way to another operation.
+        set.FieldByName("OSK_OPRID")->setValue(shownOperation.value_or(Variant()));
         set.FieldByName("OSK_DB_KR")->setValue(side);
         set.FieldByName("OSK_1_2")->setValue("1");
     };

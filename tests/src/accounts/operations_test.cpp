@@ -296,20 +296,20 @@ TEST_P(Operations, TheButtonOfACellChoosesFromTheChart)
     press(Qt::Key_Insert);
     {
         OnNextDialog<TCodePicker> picker([](TCodePicker &shown) {
-            type(shown.findChild<QLineEdit *>(), "2411");
+            type(shown.findChild<QLineEdit *>(), "691");
             QTest::keyClick(shown.findChild<QLineEdit *>(), Qt::Key_Return);
         });
         press(Qt::Key_F4);
     }
-    EXPECT_EQ(cell(debit())->text(), "2411  Sąskaita 2411");
+    EXPECT_EQ(cell(debit())->text(), "691  Sąskaita 691");
     press(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_EQ(value(books(), "select osk_sasid from bd_oprsaskor where osk_oprid = 1 and osk_sasid = " +
-                                 QString::number(cash)),
-              QString::number(cash));
+    EXPECT_EQ(rows(books(), "select osk_sasid from bd_oprsaskor where osk_oprid = 1 and osk_db_kr = 'D' "
+                            "order by osk_sasid"),
+              QStringList({QString::number(stock), QString::number(debts)}));
     press(Qt::Key_Return);
     OnNextDialog<TCodePicker> picker([](TCodePicker &shown) { shown.reject(); });
     press(Qt::Key_F4);
-    EXPECT_EQ(cell(debit())->text(), "2411  Sąskaita 2411") << "cancelled, nothing changes";
+    EXPECT_EQ(cell(debit())->text(), "691  Sąskaita 691") << "cancelled, nothing changes";
 }
 
 TEST_P(Operations, EscTakesTheRowBackAtOnceAndThenCloses)
@@ -342,6 +342,18 @@ TEST_P(Operations, LeavingAListOfAccountsStoresWhatWasTypedAndDropsWhatWasNot)
     go(operations());
     EXPECT_EQ(shown(credit()), QStringList("691  Sąskaita 691"));
     EXPECT_EQ(enabled(), resting);
+}
+
+TEST_P(Operations, ALineBelongsToItsOperationWhereverTheCursorGoes)
+{
+    open();
+    go(debit());
+    press(Qt::Key_Insert);
+    keys("2411");
+    set(operations()).Next();
+    settle();
+    EXPECT_EQ(storedLines(), QStringList({"1|203|D|1", "1|2411|D|1", "1|691|K|1", "2|691|D|1"}));
+    EXPECT_EQ(shown(debit()), QStringList("691  Sąskaita 691"));
 }
 
 TEST_P(Operations, ALineThatIsRefusedHoldsItsOperation)
