@@ -68,6 +68,7 @@ TOprFrm::TOprFrm(QWidget *owner)
     prepareLines(credit, "K");
     setBody(buildBody());
     setFocusProxy(operations.grid);
+    activate(operations);
 }
 
 // --- building
@@ -157,10 +158,7 @@ void TOprFrm::prepare(TList &list)
     connectGuarded(&list.query, &TDataSet::scrolled, this, [this] { judgeActions(); });
     connectGuarded(list.grid, &TDBGrid::rowActivated, this, [this] { acEdit->trigger(); });
     connectGuarded(list.grid, &TDBGrid::left, this, [this, &list] { leave(list); });
-    connectGuarded(list.grid, &TDBGrid::entered, this, [this, &list] {
-        active = &list;
-        judgeActions();
-    });
+    connectGuarded(list.grid, &TDBGrid::entered, this, [this, &list] { activate(list); });
 }
 
 void TOprFrm::prepareOperations()
@@ -287,6 +285,21 @@ void TOprFrm::openLines(TList &lines)
 bool TOprFrm::mayStart() const
 {
     return !CurrentUser().viewOnly && active->query.Active() && !active->query.editing();
+}
+
+// Its row alone is marked as the one that the actions are about.
+void TOprFrm::activate(TList &list)
+{
+    active = &list;
+    for (const TList *each : {&operations, &debit, &credit}) {
+        QPalette colours = palette();
+        if (each != active) {
+            colours.setBrush(QPalette::Highlight, colours.brush(QPalette::Midlight));
+            colours.setBrush(QPalette::HighlightedText, colours.brush(QPalette::Text));
+        }
+        each->grid->setPalette(colours);
+    }
+    judgeActions();
 }
 
 void TOprFrm::showState()

@@ -60,6 +60,7 @@ private:
     void showLines();
     void openLines(TList &lines);
 
+    void activate(TList &list);
     bool mayStart() const;
     void showState();
     void save();

@@ -4,6 +4,6 @@
 TPackageEntries exportEntries()
 {
     return {
-        dialog<Tableexp::TFrRavlExp>(Tableexp::unit, {Menu::catalogues}, "Lentelės &eksportas…", 80),
+        dialog<Tableexp::TFrRavlExp>(Tableexp::unit, {Menu::catalogues}, "&Lentelės eksportas…", 80),
     };
 }

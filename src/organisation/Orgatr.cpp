@@ -19,6 +19,7 @@ namespace {
 
 constexpr int companyCodeSigns = 11;
 constexpr double largestCompanyCode = 99999999999;
+constexpr QSize emblemRoom(322, 242); // that of the largest that is shown: a chosen one moves nothing else
 
 // What must be filled, in this order, and what is said otherwise.
 struct TRequired {
@@ -118,7 +119,7 @@ QWidget *TOrgFrm::buildBody()
     auto *panes = new QHBoxLayout;
     panes->setSpacing(20);
     panes->addWidget(form, 1, Qt::AlignTop);
-    panes->addLayout(buildEmblem());
+    panes->addWidget(buildEmblem(), 0, Qt::AlignTop);
     layout->addWidget(missing);
     layout->addLayout(panes, 1);
     return body;
@@ -144,33 +145,40 @@ QWidget *TOrgFrm::buildMunicipality()
     return row;
 }
 
-QLayout *TOrgFrm::buildEmblem()
+QWidget *TOrgFrm::buildEmblem()
 {
-    auto *layout = new QVBoxLayout;
+    auto *side = new QWidget(this);
+    auto *layout = new QVBoxLayout(side);
+    auto *room = new QWidget(side);
     auto *buttons = new QHBoxLayout;
-    for (QAction *action : {mnOpen, mnDel}) {
-        auto *button = new QToolButton(this);
-        button->setObjectName(action->objectName() + "Button");
-        button->setDefaultAction(action);
-        button->setFocusPolicy(Qt::StrongFocus);
-        button->setAccessibleName(plainCaption(action->text()));
-        buttons->addWidget(button);
-    }
+    layout->setContentsMargins(0, 0, 0, 0);
+    room->setFixedSize(emblemRoom);
+    emblem->setParent(room);
     emblem->setObjectName("org_zenklas");
     emblem->setContextMenuPolicy(Qt::ActionsContextMenu);
     emblem->bind(&tbOrg, "org_zenklas");
     connectGuarded(emblem, &TDBImage::doubleClicked, this, [this] { mnOpen->trigger(); });
-    const auto followPicture = [this] {
-        emblem->setFixedSize(emblem->sizeHint());
-        judgeActions();
-    };
-    connectGuarded(emblem, &TDBImage::pictureChanged, this, followPicture);
-    followPicture();
+    connectGuarded(emblem, &TDBImage::pictureChanged, this, [this] { showPicture(); });
+    for (QAction *action : {mnOpen, mnDel})
+        buttons->addWidget(buttonOf(action));
+    buttons->addStretch();
     layout->addWidget(labelFor("Ženklas", emblem));
-    layout->addWidget(emblem);
+    layout->addWidget(room);
     layout->addLayout(buttons);
     layout->addStretch();
-    return layout;
+    showPicture();
+    return side;
+}
+
+QWidget *TOrgFrm::buttonOf(QAction *action)
+{
+    auto *button = new QToolButton(this);
+    button->setObjectName(action->objectName() + "Button");
+    button->setDefaultAction(action);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setAccessibleName(plainCaption(action->text()));
+    return button;
 }
 
 // What stands beside others comes into the order where it is seen.
@@ -186,6 +194,8 @@ void TOrgFrm::orderByTab()
 
 void TOrgFrm::describeColumns()
 {
+    for (const char *code : {"org_i_kod", "Org_Savivaldybe"})
+        tbOrg.describe(code, [](TField &field) { field.Alignment = TAlignment::taLeftJustify; });
     tbOrg.describe("org_id", [](TField &field) { field.DefaultExpression = 1; }); // there is one row only
     tbOrg.describe("Org_Savivaldybe", [this](TField &field) {
         field.DisplayLabel = "Savivaldybės kodas";
@@ -305,6 +315,13 @@ void TOrgFrm::cancel()
     tbOrg.Cancel();
     tbOrg.CancelUpdates();
     RefreshData();
+}
+
+// The emblem is as high as its picture, scaled down where that is too large.
+void TOrgFrm::showPicture()
+{
+    emblem->setFixedSize(emblem->sizeHint());
+    judgeActions();
 }
 
 void TOrgFrm::mnDelClick()

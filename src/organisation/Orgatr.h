@@ -28,7 +28,8 @@ private:
     void buildActions();
     QWidget *buildBody();
     QWidget *buildMunicipality();
-    QLayout *buildEmblem();
+    QWidget *buildEmblem();
+    QWidget *buttonOf(QAction *action);
     void orderByTab();
     void describeColumns();
     void requireMunicipality(TField &field, const Variant &code);
@@ -40,6 +41,7 @@ private:
     void cancel();
     bool mayLeave();
     void showState();
+    void showPicture();
 
     TTable tbOrg;
     TQuery qrySav;
