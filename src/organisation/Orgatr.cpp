@@ -163,8 +163,8 @@ QWidget *TOrgFrm::buildEmblem()
         buttons->addWidget(buttonOf(action));
     buttons->addStretch();
     layout->addWidget(labelFor("Ženklas", emblem));
-    layout->addWidget(room);
     layout->addLayout(buttons);
+    layout->addWidget(room);
     layout->addStretch();
     showPicture();
     return side;
@@ -184,10 +184,13 @@ QWidget *TOrgFrm::buttonOf(QAction *action)
 // What stands beside others comes into the order where it is seen.
 void TOrgFrm::orderByTab()
 {
-    const QList<QWidget *> order{
-        form->control("ORG_DRAUD_KOD"),     municipality, codeEdit,
-        form->control("Org_RejNum"),        emblem,       findChild<QWidget *>("mnOpenButton"),
-        findChild<QWidget *>("mnDelButton")};
+    const QList<QWidget *> order{form->control("ORG_DRAUD_KOD"),
+                                 municipality,
+                                 codeEdit,
+                                 form->control("Org_RejNum"),
+                                 findChild<QWidget *>("mnOpenButton"),
+                                 findChild<QWidget *>("mnDelButton"),
+                                 emblem};
     for (qsizetype i = 1; i < order.size(); ++i)
         setTabOrder(order[i - 1], order[i]);
 }
