@@ -36,7 +36,7 @@ TAccountIds::TAccountIds(TDatabase &fin)
 
 TKnowsAccount TAccountIds::known() const
 {
-    return [this](const QString &number) { return GetSasByNr(number) > 0; };
+    return [all = *this](const QString &number) { return all.GetSasByNr(number) > 0; };
 }
 
 TBalForm TBalStore::ReadList() const

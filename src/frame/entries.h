@@ -66,6 +66,7 @@ TPackageEntries periodEntries();
 TPackageEntries balanceEntries();
 TPackageEntries estimateEntries();
 TPackageEntries operationEntries();
+TPackageEntries accountsEntries();
 TPackageEntries debtorEntries();
 TPackageEntries peopleEntries();
 TPackageEntries moneyEntries();

@@ -1,5 +1,7 @@
 #include "src/frame/registry.h"
 
+#include "src/accounts/Balans.h"
+#include "src/accounts/Checksas.h"
 #include "src/accounts/Opr.h"
 #include "src/assets/Editf.h"
 #include "src/assets/Editpirktip.h"
@@ -127,8 +129,10 @@ const std::vector<TUnit *> &packageUnits()
         &Einsasdet::unit,
         &Dbkr::unit,
         &Closeperiod::unit,
+        &Checksas::unit,
         &Userslist::unit,
         &Atsasmlist::unit,
+        &Balans::unit,
     };
     // clang-format on
     return units;
@@ -138,9 +142,10 @@ const TPackageEntries &packageEntries()
 {
     static const TPackageEntries entries = [] {
         TPackageEntries all;
-        for (const auto &part : {periodEntries, balanceEntries, estimateEntries, operationEntries,
-                                 debtorEntries, peopleEntries, moneyEntries, departmentEntries, assetEntries,
-                                 catalogueEntries, userEntries, organisationEntries, exportEntries})
+        for (const auto &part :
+             {periodEntries, balanceEntries, estimateEntries, operationEntries, accountsEntries,
+              debtorEntries, peopleEntries, moneyEntries, departmentEntries, assetEntries, catalogueEntries,
+              userEntries, organisationEntries, exportEntries})
             std::ranges::move(part(), std::back_inserter(all));
         return all;
     }();
