@@ -17,6 +17,7 @@ namespace {
 
 constexpr unsigned char listOfAccounts = 2;
 constexpr int positionWidth = 190;
+constexpr QKeyCombination saveKey = Qt::ALT | Qt::Key_N;
 
 const QStringList sideNames{"Aktyvas", "Pasyvas", "Užbalansinė"};
 
@@ -86,18 +87,21 @@ void TBalFrm::addActions()
 {
     acSave = addFormAction({.name = "acSave",
                             .text = "&Išsaugoti",
-                            .hint = "Išsaugoti visas tris puses (Alt+N)",
+                            .hint = "Išsaugoti visas tris puses",
                             .picture = TIcon::Save,
+                            .keys = {saveKey},
                             .handler = [this] { NewBtnClick(); }});
     addFormAction({.name = "acCheck",
                    .text = "Patikrinti",
                    .hint = "Patikrinti sąskaitų planą",
                    .picture = TIcon::Find,
+                   .keys = {Qt::CTRL | Qt::Key_T},
                    .handler = [this] { CheckBtnClick(); }});
-    // The key of its own: it saves also where the button is not shown.
+    // The key saves also where the button is not shown; two actions with one key would both be deaf.
     addFormAction({.name = "acSaveByKey",
-                   .keys = {Qt::ALT | Qt::Key_N},
+                   .keys = {saveKey},
                    .handler = [this] { NewBtnClick(); },
+                   .enabled = [this] { return !acSave->isEnabled(); },
                    .place = TActionPlace::KeyOnly});
     connectGuarded(ActBox, &QComboBox::currentIndexChanged, this, &TBalFrm::ActBoxChange);
     connectGuarded(TypeBox, &QComboBox::activated, this, &TBalFrm::TypeBoxChange);
