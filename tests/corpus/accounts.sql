@@ -1,13 +1,14 @@
 -- screen: TBalFrm, session: both
-select * from BD_BALEIL order by bel_kod
+select bel_kod, bel_pavad from bd_baleil order by bel_kod
 ;;
 -- screen: TBalFrm, session: mnFin_Db
--- param kod = 'A0101'
-select bss_balkod, sas_sasnr from bd_balsas, bd_sasplan where sas_id=bss_sasid and bss_balkod=:kod
+select bss_balkod, sas_sasnr from bd_balsas, bd_sasplan where sas_id=bss_sasid order by bss_id
 ;;
 -- screen: TBalFrm, session: mnRavl
--- param kod = 'A0101'
-select bss_balkod, bss_sasnr from bd_balsas where bss_balkod=:kod
+select bss_balkod, bss_sasnr from bd_balsas order by bss_id
+;;
+-- screen: TBalFrm, session: mnFin_Db
+select sas_sasnr, sas_id from bd_sasplan
 ;;
 -- screen: TBalFrm, session: mnFin_Db
 -- param balkod = 'A0101'

@@ -54,7 +54,7 @@ private:
 ON_EVERY_ENTRY(NotBound);
 
 // They take what is typed, but nothing of it reaches the books.
-const QStringList onlyAsk = {"ShowPass", "TFrRavlExp"};
+const QStringList onlyAsk = {"ShowPass", "TFrRavlExp", "OpenSasChecker"};
 
 } // namespace
 
