@@ -1,5 +1,6 @@
 #include "host/app/main_window.h"
 
+#include "host/accounts/form_check.h"
 #include "host/app/about.h"
 #include "host/app/start_of_work.h"
 #include "host/common/help.h"
@@ -102,6 +103,10 @@ void TMainWindow::followPeriod()
 void TMainWindow::addEntryMenus()
 {
     QMenu *program = menuBar()->addMenu("&Programa");
+    formCheck = program->addAction("Tikrinti &balanso formą…");
+    formCheck->setObjectName("acFormCheck");
+    connectGuarded(formCheck, &QAction::triggered, this, [this] { ShowBalanceFormCheck(this); });
+    program->addSeparator();
     QAction *leave = program->addAction("&Baigti");
     leave->setShortcut(QKeySequence("Alt+F4"));
     connectGuarded(leave, &QAction::triggered, this, [this] { close(); });
@@ -197,6 +202,7 @@ void TMainWindow::setLoggedIn(bool on)
 {
     for (QMenu *menu : std::as_const(entryMenus))
         menu->setEnabled(on);
+    formCheck->setEnabled(on);
     for (const TPackageEntry &entry : package.entries())
         if (auto *action = findChild<QAction *>(entry.name))
             action->setEnabled(!entry.writes || !CurrentUser().viewOnly);

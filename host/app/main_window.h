@@ -47,6 +47,7 @@ private:
     TDocumentArea *area;
     QHash<QStringList, QMenu *> menus; // by the way to them
     QList<QMenu *> entryMenus;         // those in the menu bar
+    QAction *formCheck = nullptr;
     QLabel *institution;
     QLabel *user;
     QLabel *period;

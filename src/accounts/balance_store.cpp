@@ -59,6 +59,7 @@ void TBalStore::SaveBal(const TBalForm &form, const TAccountIds &accounts) const
     const auto line =
         db->prepare(u"insert into bd_baleil (bel_kod, bel_pavad) values (:bel_kod, :bel_pavad)"_s);
     const auto account = db->prepare(u"insert into bd_balsas values (NULL, :balkod, :sasid, :tip)"_s);
+    const TKnowsAccount known = accounts.known();
     account->bind(u"tip"_s, u"D"_s);
     const auto add = [&account](const QString &code, const Variant &sasid) {
         account->bind(u"balkod"_s, code);
@@ -73,7 +74,7 @@ void TBalStore::SaveBal(const TBalForm &form, const TAccountIds &accounts) const
             line->exec();
             if (!hasAccounts(text))
                 continue;
-            if (!second && !CheckSas(text, accounts.known()))
+            if (!second && !CheckSas(text, known))
                 refuseDetail(qsizetype(i) + 1);
             for (const QString &piece : second ? accountRemainders(text) : accountPieces(text))
                 add(kodif.kodas, second ? Variant(piece) : Variant(accounts.GetSasByNr(piece)));
