@@ -11,7 +11,6 @@
 #include "toolkit/widgets/guard.h"
 
 #include <QCloseEvent>
-#include <QDialog>
 #include <QGuiApplication>
 #include <QMdiSubWindow>
 #include <QMenuBar>
@@ -102,7 +101,7 @@ void TMainWindow::followPeriod()
 
 void TMainWindow::addEntryMenus()
 {
-    QMenu *program = menuBar()->addMenu("&Programa");
+    QMenu *program = menuBar()->addMenu("Pr&ograma");
     formCheck = program->addAction("Tikrinti &balanso formą…");
     formCheck->setObjectName("acFormCheck");
     connectGuarded(formCheck, &QAction::triggered, this, [this] { ShowBalanceFormCheck(this); });
@@ -221,8 +220,7 @@ void TMainWindow::openEntry(const QString &name)
         area->open(*entry);
         break;
     case TPackageEntry::Kind::Dialog:
-        if (!setsStartOfWork(*entry) || mayResetStartOfWork())
-            runDialog(*entry);
+        runDialog(*entry);
         break;
     case TPackageEntry::Kind::Function:
     case TPackageEntry::Kind::Editor:
@@ -233,9 +231,14 @@ void TMainWindow::openEntry(const QString &name)
 
 void TMainWindow::runDialog(const TPackageEntry &entry)
 {
+    std::optional<TLostMonths> agreed;
+    if (setsStartOfWork(entry) && !(agreed = agreedLoss()))
+        return;
     const std::unique_ptr<QWidget> widget(entry.create(this));
-    auto *dialog = qobject_cast<QDialog *>(widget.get());
+    auto *dialog = qobject_cast<TDialog *>(widget.get());
     Q_ASSERT(dialog);
+    if (agreed)
+        loseNoMore(*dialog, *agreed);
     if (dialog->exec() == QDialog::Accepted)
         GetPeriod();
 }

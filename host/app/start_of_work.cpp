@@ -31,21 +31,26 @@ qlonglong closedMonths()
         .toLongLong();
 }
 
-qlonglong theirBalances()
+TLostMonths lostNow()
 {
-    return beyondStart("bd_saslik", "ssl_perid") + beyondStart("bd_isllik", "sml_perid") +
-           beyondStart("bd_dbkrlik", "dkl_perid");
+    return {closedMonths(), beyondStart("bd_saslik", "ssl_perid") + beyondStart("bd_isllik", "sml_perid") +
+                                beyondStart("bd_dbkrlik", "dkl_perid")};
 }
 
-QString question(const QString &backup)
+QString question(const TLostMonths &lost, const QString &backup)
 {
     return QString(
                "Nustačius darbo pradžios periodą iš naujo, uždaryti mėnesiai bus ištrinti, o jų likučiai "
                "liks be periodo.\n\nMėnesių, kurie bus ištrinti: %1\nLikučių, kurie liks be periodo: %2\n\n"
                "%3\n\nAr tikrai nustatyti iš naujo?")
-        .arg(closedMonths())
-        .arg(theirBalances())
+        .arg(lost.months)
+        .arg(lost.balances)
         .arg(backup);
+}
+
+std::optional<TLostMonths> agreed(const TLostMonths &lost, const QString &backup)
+{
+    return StdMsgBox(mkQuestion, question(lost, backup)) == mrYes ? std::optional(lost) : std::nullopt;
 }
 
 // The same program that makes backups by hand, so that its files are restored the same way.
@@ -72,21 +77,30 @@ bool setsStartOfWork(const TPackageEntry &entry)
     return entry.name == "TPeriodDlg";
 }
 
-bool mayResetStartOfWork()
+std::optional<TLostMonths> agreedLoss()
 {
-    if (closedMonths() == 0)
-        return true;
+    const TLostMonths lost = lostNow();
+    if (lost.months == 0)
+        return lost;
     const TSessionSettings &books = MainDatas()->mnFin_Db()->settings();
     if (books.engine != Engine::Sqlite)
-        return StdMsgBox(mkQuestion,
-                         question("Prieš tai pasidarykite serverio duomenų bazių atsarginę kopiją "
-                                  "(velmora-db backup): čia ji nedaroma.")) == mrYes;
+        return agreed(lost, "Prieš tai pasidarykite serverio duomenų bazių atsarginę kopiją (velmora-db "
+                            "backup): čia ji nedaroma.");
     const QDir folder = QFileInfo(books.file).dir();
     const QString file = folder.filePath(
         QString("atsarga-%1.velmora").arg(QDateTime::currentDateTime().toString("yyyyMMdd-HHmmss")));
-    if (StdMsgBox(mkQuestion, question("Prieš tai bus padaryta atsarginė kopija:\n" +
-                                       QDir::toNativeSeparators(file))) != mrYes)
-        return false;
-    backUp(folder.absolutePath(), file);
-    return true;
+    const auto answer =
+        agreed(lost, "Prieš tai bus padaryta atsarginė kopija:\n" + QDir::toNativeSeparators(file));
+    if (answer)
+        backUp(folder.absolutePath(), file);
+    return answer;
+}
+
+void loseNoMore(TDialog &dialog, const TLostMonths &agreed)
+{
+    dialog.setSaveCondition([agreed] {
+        if (lostNow() != agreed)
+            throw Exception("Kol šis langas buvo atvertas, kita darbo vieta pakeitė uždarytus mėnesius ar jų "
+                            "likučius. Uždarykite langą ir atverkite iš naujo: bus paklausta dar kartą.");
+    });
 }

@@ -12,7 +12,7 @@
 
 struct TPackageInfo {
     QString name;
-    QStringList required; // packages it stands on
+    QStringList required; // packages it stands on, then the toolkit's libraries that it is linked with
     QStringList units;    // contained units, in order of initialization
 };
 

@@ -2,8 +2,8 @@
 
 #include "host/common/msgbox.h"
 #include "host/controls/browse_private.h"
-#include "host/controls/record_dialog.h"
 #include "host/controls/row_of_table.h"
+#include "toolkit/widgets/dialog.h"
 #include "toolkit/widgets/guard.h"
 
 #include <QAction>
@@ -19,6 +19,8 @@ template<typename Action> Variant inWordsOf(const QString &failure, const Action
     try {
         return action();
     } catch (const EChangedElsewhere &) {
+        throw;
+    } catch (const EConnectionLost &) {
         throw;
     } catch (const EDatabaseError &) {
         if (failure.isEmpty())
@@ -63,13 +65,14 @@ bool TBrowseFrm::askFor(bool isNew, Variant &key)
 void TBrowseFrm::NewRecord()
 {
     Variant key;
+    TNextOffer next;
     do {
         key = Variant();
         if (!askFor(true, key))
             return;
         if (!description.editRow)
             RefreshData(key);
-    } while (TRecordDialog::takeNextWanted() && acNew->isEnabled());
+    } while (next.taken() && acNew->isEnabled());
 }
 
 void TBrowseFrm::EditRecord()
@@ -77,17 +80,15 @@ void TBrowseFrm::EditRecord()
     Variant key = currentKey();
     if (key.isNull())
         return;
-    if (!rowIsThere(key)) {
-        RefreshData(Variant());
-        throw ERowGone();
-    }
+    requireRow();
     if (description.editRow)
         d->query.RefreshRecord();
+    TNextOffer next;
     if (!askFor(false, key))
         return;
     if (!description.editRow)
         RefreshData(key);
-    if (TRecordDialog::takeNextWanted() && acNew->isEnabled())
+    if (next.taken() && acNew->isEnabled())
         NewRecord();
 }
 
@@ -97,6 +98,7 @@ void TBrowseFrm::editListRow(bool isNew)
 {
     d->tmrFind.stop();
     d->finder.stop();
+    const TSamePeriod samePeriod(this);
     const int former = d->query.RecNo();
     if (isNew)
         d->query.Append();
@@ -155,11 +157,14 @@ Variant TBrowseFrm::updateValues(const Variant &key, const QVariantMap &given, c
     return inWordsOf(description.values.editFailure, [&] { return row.update(key, given, asRead); });
 }
 
-bool TBrowseFrm::rowIsThere(const Variant &key) const
+void TBrowseFrm::requireRow()
 {
     const QString sql =
         u"select count(*) from %1 where %2 = :key"_s.arg(description.table, description.keyColumn);
-    return description.table.isEmpty() || Database()->fieldResult(sql, {{u"key"_s, key}}).toInt() > 0;
+    if (description.table.isEmpty() || Database()->fieldResult(sql, {{u"key"_s, currentKey()}}).toInt() > 0)
+        return;
+    RefreshData(Variant());
+    throw ERowGone();
 }
 
 void TBrowseFrm::CheckUsed()

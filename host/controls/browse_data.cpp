@@ -243,8 +243,11 @@ void TBrowseFrm::LastBtnClick()
 void TBrowseFrm::SetEditable(bool on)
 {
     d->editable = on;
-    for (QAction *action : {acNew, acEdit, acDelete, d->afterEditing})
+    const bool looks = description.editing == TEditing::UnlessViewOnly && CurrentUser().viewOnly;
+    for (QAction *action : {acNew, acDelete})
         action->setVisible(on);
+    for (QAction *action : {acEdit, d->afterEditing})
+        action->setVisible(on || looks);
     judgeActions();
 }
 
@@ -267,7 +270,7 @@ void TBrowseFrm::CheckToolButtons()
     const bool mayChange = d->editable && !CurrentUser().viewOnly;
     acNew->setEnabled(open && mayChange);
     acDelete->setEnabled(rows && mayChange);
-    acEdit->setEnabled(rows && d->editable);
+    acEdit->setEnabled(rows && acEdit->isVisible());
     acEdit->setText(CurrentUser().viewOnly ? u"&Peržiūrėti"_s : u"&Keisti"_s);
     acPrint->setEnabled(d->printable);
     for (QAction *action : {acFirst, acPrev, acNext, acLast, acFind, acFindNext, acOrder, acCopy})

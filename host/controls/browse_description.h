@@ -12,7 +12,7 @@
 // Who may change the rows of a list.
 enum class TEditing {
     Always,         // everybody sees new, edit and delete; a view-only user may only open the editor
-    UnlessViewOnly, // a view-only user does not see them at all
+    UnlessViewOnly, // a view-only user sees neither new nor delete, and may open the editor
     Never,
 };
 

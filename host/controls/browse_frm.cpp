@@ -122,8 +122,7 @@ void TBrowseFrm::FormDestroy()
 
 void TBrowseFrm::PeriodChanged()
 {
-    if (!d->query.editing())
-        RefreshData(currentKey());
+    RefreshData(currentKey());
 }
 
 TDatabase *TBrowseFrm::Database() const

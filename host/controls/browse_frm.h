@@ -34,7 +34,8 @@ public:
     TDBGrid *grid() const;
     Variant currentKey() const; // null when there is no row
 
-    // Shows or hides the new, edit and delete actions, and the print action.
+    // Shows or hides the new, edit and delete actions, and the print action. Editing stays, as a look at the
+    // row, where the list is described so.
     void SetEditable(bool on);
     bool Editable() const;
     void SetPrintable(bool on);
@@ -87,7 +88,9 @@ protected:
     virtual void NewRecord();
     virtual void EditRecord();
     virtual void DeleteRecord(); // checks, asks, deletes in a transaction, repositions
-    virtual void CheckUsed();    // raises when business records refer to the current row
+    // Reads the list anew and raises ERowGone when another station deleted the current row meanwhile.
+    void requireRow();
+    virtual void CheckUsed(); // raises when business records refer to the current row
     // The data set's DeleteSQL, or one by the key; runs inside the transaction.
     virtual void DeleteRow(const Variant &key);
     // Describes the printed list from the grid (see list_report.h); a screen adds its bands to it. Raises
@@ -116,7 +119,6 @@ private:
     // The data.
     QString statedOrder() const;
     QString orderedSql() const;
-    bool rowIsThere(const Variant &key) const;
     bool mayDelete();
     void reposition();
     void forgetTexts();

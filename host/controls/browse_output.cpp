@@ -36,6 +36,7 @@ void TBrowseFrm::PrintBtnClick()
     }
     if (d->query.stopped())
         throw Exception(u"Perskaityta tik dalis sąrašo. Atnaujinkite jį (F5) ir bandykite dar kartą."_s);
+    const TSamePeriod samePeriod(this); // heading, totals and rows stand on the page together
     TReport report;
     BeforePrint(report);
     fetchAll(d->query, windowTitle(), this);

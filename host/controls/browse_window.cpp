@@ -130,6 +130,7 @@ void TBrowseFrm::addActions()
                                             .handler = [this, handler = each.handler] { (this->*handler)(); },
                                             .place = TActionPlace::KeyOnly,
                                             .keysIn = each.onGridOnly ? d->grid : nullptr});
+    acOrder->setVisible(description.titleOrder);
     addButtonGroup({acNew, acEdit, acDelete});
     d->afterEditing = addButtonGroup({acFirst, acPrev, acNext, acLast});
     addButtonGroup({acRefresh, acFind, acPrint});

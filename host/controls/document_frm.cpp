@@ -30,10 +30,7 @@ TDocumentFrm::TDocumentFrm(TDocumentDescription described, QWidget *owner)
     w->layout->addWidget(w->bar);
     addCommonActions();
     showCaptions(true);
-    connectGuarded(&periodNotifier(), &TPeriodNotifier::periodChanged, this, [this] {
-        if (w->created && !w->destroyed)
-            PeriodChanged();
-    });
+    connectGuarded(&periodNotifier(), &TPeriodNotifier::periodChanged, this, [this] { tellPeriod(); });
 }
 
 TDocumentFrm::~TDocumentFrm()
@@ -92,6 +89,24 @@ void TDocumentFrm::finish()
     if (std::exchange(w->destroyed, true))
         return;
     runGuarded(this, [this] { FormDestroy(); });
+}
+
+void TDocumentFrm::tellPeriod()
+{
+    w->periodWaits = w->periodHolds > 0;
+    if (!w->periodWaits && w->created && !w->destroyed)
+        PeriodChanged();
+}
+
+TDocumentFrm::TSamePeriod::TSamePeriod(TDocumentFrm *frm) : window(frm)
+{
+    ++window->w->periodHolds;
+}
+
+TDocumentFrm::TSamePeriod::~TSamePeriod()
+{
+    if (window && --window->w->periodHolds == 0 && window->w->periodWaits)
+        runGuarded(window, [this] { window->tellPeriod(); });
 }
 
 void TDocumentFrm::ShowModal()

@@ -4,6 +4,7 @@
 #include "toolkit/text/ansistring.h"
 #include "toolkit/widgets/guard.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <memory>
@@ -67,7 +68,18 @@ protected:
     virtual void FormDestroy();
 
     virtual void PeriodChanged() {} // the accounting period is another one
-    virtual void escape();          // closes
+    // While it lives the window stands on what it shows: a period that is another one meanwhile is told at
+    // the end, unless the window is gone by then.
+    class TSamePeriod {
+    public:
+        explicit TSamePeriod(TDocumentFrm *frm);
+        ~TSamePeriod();
+        Q_DISABLE_COPY_MOVE(TSamePeriod)
+
+    private:
+        const QPointer<TDocumentFrm> window;
+    };
+    virtual void escape(); // closes
 
     // What the user arranged beyond placement and tool bar, kept in the settings.
     virtual void restoreArrangement();
@@ -115,6 +127,7 @@ private:
     template<class T> friend class TCreatedForm;
     void markCreated();
     void finish(); // FormDestroy, once
+    void tellPeriod();
 
     void addCommonActions();
     void yieldAccelerator(const QString &caption);

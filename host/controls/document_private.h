@@ -33,6 +33,8 @@ struct TDocumentFrm::Private {
     bool toolBarShown = true;
     bool created = false;
     bool destroyed = false;
-    bool wasPlaced = false; // the kept placement was applied
+    int periodHolds = 0;
+    bool periodWaits = false; // another one, told when the last hold ends
+    bool wasPlaced = false;   // the kept placement was applied
     QEventLoop *modalLoop = nullptr;
 };

@@ -13,12 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool &nextWanted()
-{
-    static bool wanted = false;
-    return wanted;
-}
-
 QString parameterOf(const QString &sql)
 {
     static const QRegularExpression pattern(u":(\\w+)"_s);
@@ -68,8 +62,6 @@ TRecordDialog::TRecordDialog(TRecordDescription described, TRecordStart opened, 
     });
     // What is judged by a column has something new to judge when the column took what was typed.
     connectGuarded(query, &TDataSet::fieldChanged, this, [this] { judgeSave(); });
-    offerSaveAndNew();
-    nextWanted() = false;
 }
 
 TRecordDialog::~TRecordDialog()
@@ -267,20 +259,4 @@ void TRecordDialog::reject()
     TDialog::reject();
     if (query->CachedUpdates && query->UpdatesPending())
         query->CancelUpdates();
-}
-
-void TRecordDialog::saveAndNew()
-{
-    if (trySave())
-        wantNext();
-}
-
-void TRecordDialog::wantNext()
-{
-    nextWanted() = true;
-}
-
-bool TRecordDialog::takeNextWanted()
-{
-    return std::exchange(nextWanted(), false);
 }

@@ -27,7 +27,6 @@ public:
 // - When another station changed the same fields meanwhile, nothing is written: the user is told what changed
 //   and takes the other values, keeps his own, or goes back.
 // - Leaving in any other way drops the row and the changes held for it.
-// - Ctrl+Enter saves; the list then opens the editor on the next new row.
 class TRecordDialog : public TDialog {
     Q_OBJECT
 public:
@@ -38,10 +37,6 @@ public:
     // The key of the row, as it is stored after a save.
     Variant rowKey() const;
     bool isNew() const; // the row is a new one
-
-    // Whether the last editor was left by saving and going on; the wish is taken by asking.
-    static bool takeNextWanted();
-    static void wantNext();
 
     void reject() override;
 
@@ -58,7 +53,6 @@ protected:
     virtual bool CanSave() const;   // by the rule described
     virtual bool takesKey() const;  // the save draws a key
     void saveInTransaction(const std::function<void()> &step) override;
-    void saveAndNew() override;
 
     // Judges the save button; to be called when something changed that is no field of the form.
     void judgeSave();

@@ -15,9 +15,7 @@ struct TValueDescription {
 
 // A dialog that asks for values and writes nothing: a list that writes its rows itself shows it (see
 // TListValues).
-//
-// - Who may only look finds every control disabled.
-// - Ctrl+Enter confirms; the list then asks for the next new row.
+// Who may only look finds every control disabled.
 class TValueDialog : public TDialog {
     Q_OBJECT
 public:
@@ -25,5 +23,4 @@ public:
 
 protected:
     void Load() override;
-    void saveAndNew() override;
 };

@@ -199,6 +199,8 @@ bool TKeyEdit::showsValue() const
 {
     if (gone || !invalidReason().isEmpty())
         return false;
+    if (pending())
+        return chosen() ? *chosen() > 0 : !line()->text().trimmed().isEmpty();
     return DataSet() && instead == 0 ? TDBControl::showsValue() : current > 0;
 }
 

@@ -37,7 +37,7 @@ public:
     // again.
     void showInstead(double key);
 
-    // Not while the key is searched for, when what stands there is no row's, or is gone.
+    // A text that is being typed counts until it turns out to be no row's; a row that is gone does not.
     bool showsValue() const override;
     QString textFor(const Variant &value) override;
 

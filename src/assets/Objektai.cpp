@@ -15,6 +15,7 @@ TObjektFrm::TObjektFrm(QWidget *owner)
                   .table = "bd_objektai",
                   .sql = "SELECT * FROM bd_objektai",
                   .columns = {{"OBJ_PAVAD", "Pavadinimas"}},
+                  .editing = TEditing::UnlessViewOnly,
                   .used = {"Objektas \"%s\" yra naudojamas!", "obj_pavad"},
                   .newCaption = "Naujo objekto įvedimas",
                   .editCaption = "Objekto pavadinimo redagavimas",

@@ -15,6 +15,7 @@ TPardTipFrm::TPardTipFrm(QWidget *owner)
                   .table = "it_pardtip",
                   .sql = "select * from IT_PARDTIP",
                   .columns = {{"pat_pav", "Pavadinimas"}},
+                  .editing = TEditing::UnlessViewOnly,
                   .used = {"Nurašymo-pardavimo būdas \"%s\" panaudotas turto apskaitoje!", "pat_pav"},
                   .newCaption = "Naujo pardavimo būdo įvedimas",
                   .editCaption = "Pardavimo būdo redagavimas",

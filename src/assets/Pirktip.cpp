@@ -31,6 +31,7 @@ TPirkTipFrm::TPirkTipFrm(QWidget *owner)
                   .columns = {{"pit_pav", "Pavadinimas"},
                               {.field = "pit_tipas", .title = "Už įstaigos lėšas", .text = yesOrNo},
                               {.field = "pit_pozymis", .title = "Parama", .text = yesOrNo}},
+                  .editing = TEditing::UnlessViewOnly,
                   .used = {"Įsigijimo būdas \"%s\" panaudotas turto apskaitoje!", "pit_pav"},
                   .newCaption = "Naujo įsigijimo būdo įvedimas",
                   .editCaption = "Įsigijimo būdo redagavimas",

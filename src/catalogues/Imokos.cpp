@@ -15,6 +15,7 @@ TImokosFrm::TImokosFrm(QWidget *owner)
                   .table = "pp_imok",
                   .sql = "SELECT * FROM pp_imok",
                   .columns = {{"IMO_KOD", "Kodas"}, {"IMO_PAVAD", "Pavadinimas"}},
+                  .editing = TEditing::UnlessViewOnly,
                   .edit = keyed<AnsiString>(Newimok::EditImokos)},
                  owner)
 {

@@ -29,6 +29,7 @@ TNuomFrm::TNuomFrm(QWidget *owner)
                               {"NUOM_PVM_KOD", "PVM kodas", 120},
                               {"NUOM_EIN_SAS", "Banko sąskaita", 170},
                               {"NUOM_BANK_PAV", "Bankas", 150}},
+                  .editing = TEditing::UnlessViewOnly,
                   .newCaption = "Naujas nuomininkas",
                   .editCaption = "Koreguojamas nuomininkas",
                   .edit = keyed<double>(Nuomedit::EditNuom)},

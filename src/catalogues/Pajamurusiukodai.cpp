@@ -17,6 +17,7 @@ TPajamuRusiuKodaiFrm::TPajamuRusiuKodaiFrm(QWidget *owner)
                   .columns = {{"Paj_Kod", "Kodas"},
                               {"Paj_Pavad", "Pavadinimas"},
                               {.field = "Paj_NeDrbSant", .title = "Ne Drb.Sant.", .text = yesOrNo}},
+                  .editing = TEditing::UnlessViewOnly,
                   .edit = keyed<AnsiString>(Pajamurusiukodaiedit::EditPajamuRusiuKodas)},
                  owner)
 {

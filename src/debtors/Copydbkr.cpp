@@ -26,6 +26,8 @@ TCopyDbKrFrm::TCopyDbKrFrm(const AnsiString &caption, double sourceId)
 void TCopyDbKrFrm::Loaded()
 {
     qrySource.Open();
+    if (qrySource.IsEmpty())
+        throw ERowGone();
     for (const char *column : {"dka_id", "dka_sasid", "dka_kod", "dka_pavad", "dka_adr", "dka_tel",
                                "dka_bank_kod", "dka_bank_pav", "dka_sasid_2"})
         field(column)->setValue(qrySource.FieldByName(column)->Value());

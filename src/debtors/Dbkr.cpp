@@ -63,9 +63,13 @@ TDbKrFrm::TDbKrFrm(QWidget *owner) : TBrowseFrm(described(), owner)
 
 void TDbKrFrm::copyRecord()
 {
+    requireRow();
     double newId = 0;
+    TNextOffer next;
     if (Copydbkr::CopyData(AnsiString(newCaption), currentKey().toDouble(), newId))
         RefreshData(newId);
+    if (next.taken())
+        NewRecord();
 }
 
 } // namespace Dbkr

@@ -83,4 +83,24 @@ void TDbKrSutart::Validate()
     field("DKS_TIPAS")->setAsString(kind());
 }
 
+void TDbKrSutart::Save()
+{
+    if (isNew() && dkaId > 0)
+        requireNoOther();
+    TRecordDialog::Save();
+}
+
+// Two stations may enter the first contract of a counterparty at once, and only one would ever be shown
+// again. Writing the counterparty's row lets the second wait for the first.
+void TDbKrSutart::requireNoOther()
+{
+    Database()->ExecSQL("update bd_dbkrasm set dka_kod = dka_kod where dka_id = :id", {{"id", dkaId}});
+    if (Database()
+            ->fieldResult("select count(*) from bd_dbkrsut where dks_dkaid = :id", {{"id", dkaId}})
+            .toInt() > 0)
+        throw Exception(
+            "Kita darbo vieta ką tik įrašė šio debitoriaus ar kreditoriaus sutartį. Uždarykite langą ir "
+            "atverkite sutartį iš naujo.");
+}
+
 } // namespace Dbkrsut

@@ -23,9 +23,11 @@ public:
 protected:
     void Loaded() override;
     void Validate() override;
+    void Save() override;
 
 private:
     void setRules(TQuery &contract);
+    void requireNoOther();
 
     const double dkaId;
 };

@@ -25,8 +25,13 @@ TDbKrDialog::TDbKrDialog(const QString &name, const AnsiString &caption, const T
                      .unique = {{"dka_kod"}},
                      .rows = rows,
                      .buttons = buttons},
-                    start)
+                    start),
+      company(UAB())
 {
+    if (company)
+        return;
+    form().setLabel("DKA_SASID", "Sąskaitos");
+    form().setRowVisible("DKA_SASID_2", false);
 }
 
 TFieldRow TDbKrDialog::dbKrRow(const QString &column)
@@ -39,22 +44,19 @@ TFieldRow TDbKrDialog::dbKrRow(const QString &column)
         {"DKA_PVM_KOD", TFieldRow::edit("PVM kodas", "DKA_PVM_KOD")},
         {"DKA_EIN_SAS", TFieldRow::edit("Einamoji sąskaita", "DKA_EIN_SAS").upperCase()},
         {"DKA_KOD", TFieldRow::edit("Paieškos kodas", "DKA_KOD").required()},
-        {"DKA_SASID_2", SasRow("Mokėtinų sumų sąs. Nr", "DKA_SASID_2", owedOn)
-                            .required()
-                            .visibleWhen([](const TFieldForm &) { return UAB(); })},
+        {"DKA_SASID", SasRow("Gautinų sumų sąs. Nr", "DKA_SASID", owedOn).required()},
+        {"DKA_SASID_2", SasRow("Mokėtinų sumų sąs. Nr", "DKA_SASID_2", owedOn).required()},
         {"DKA_KLIENT_INFSIST",
          TFieldRow::edit("Kliento kodas gavėjo informacinjė sistemoje", "DKA_KLIENT_INFSIST")},
         {"DKA_BANK_PAV", TFieldRow::suggest("Banko pavadinimas", "DKA_BANK_PAV", bankList("dka_bank_pav"))},
         {"DKA_BANK_KOD", TFieldRow::suggest("Banko kodas", "DKA_BANK_KOD", bankList("dka_bank_kod"))},
     };
-    if (column == "DKA_SASID")
-        return SasRow(UAB() ? "Gautinų sumų sąs. Nr" : "Sąskaitos", column, owedOn).required();
     return all.find(column).value();
 }
 
 void TDbKrDialog::Validate()
 {
     TRecordDialog::Validate();
-    if (!UAB())
+    if (!company)
         field("DKA_SASID_2")->setValue(field("DKA_SASID")->Value());
 }

@@ -15,4 +15,7 @@ protected:
 
     // The described field of a column.
     static TFieldRow dbKrRow(const QString &column);
+
+private:
+    const bool company; // keeps receivables and payables on two accounts; read once, when the dialog opens
 };

@@ -16,6 +16,7 @@ TVeiklFrm::TVeiklFrm(QWidget *owner)
            .table = "du_veikl",
            .sql = "select * from du_veikl",
            .columns = {{"VKL_KODAS", "Kodas", 90}, {"VKL_PAVAD", "Pavadinimas", 400}},
+           .editing = TEditing::UnlessViewOnly,
            .used = {"Veiklos rūšis \"%s\" yra naudojama!", "VKL_PAVAD"},
            .editRow = [](const QString &, bool) { Veiklred::VeiklRedShow(); },
            .statements = {.insert = "insert into du_veikl (VKL_ID, VKL_KODAS, VKL_PAVAD) "

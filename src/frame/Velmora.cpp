@@ -13,7 +13,9 @@ const TPackageInfo *GetPackageInfoTable()
     static const TPackageInfo info = [] {
         TPackageInfo table;
         table.name = Velmora::unit.name;
-        table.required = {"HostControls", "HostCommon", "HostData", "HostAccounts", "HostClassifier"};
+        table.required = {"HostControls", "HostCommon",     "HostData",
+                          "HostAccounts", "HostClassifier", "toolkit_text",
+                          "toolkit_data", "toolkit_export", "toolkit_widgets"};
         for (const TUnit *unit : packageUnits())
             table.units << unit->name;
         return table;

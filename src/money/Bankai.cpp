@@ -18,6 +18,7 @@ TBankaiFrm::TBankaiFrm(QWidget *owner)
                               {"BNK_BNKKODAS", "Centrinio banko kodas"},
                               {"BNK_PAVAD", "Pavadinimas"},
                               {"BNK_RINK", "Rinkliava"}},
+                  .editing = TEditing::UnlessViewOnly,
                   .used = {"Bankas \"%s\" yra naudojamas!", "BNK_PAVAD"},
                   .edit = keyed<double>(Bankaied::EditBankas)},
                  owner)

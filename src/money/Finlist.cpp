@@ -24,6 +24,7 @@ TFinListFrm::TFinListFrm(QWidget *owner)
                        {"fin_DRAUD_KOD", "Draudėjo kodas"},
                        {"Fin_Savivaldybe", "Savivaldybės kodas"},
                        {.field = "fin_rodyti", .title = "Rodyti ataskaitose", .text = yesOrNo}},
+           .editing = TEditing::UnlessViewOnly,
            .used = {"Finansavimo šaltinis \"%s\" yra naudojamas!", "fin_pavad"},
            .editRow = [](const QString &, bool) { return Fined::FinShow(); },
            .statements = {"insert into bd_fin (fin_pavad, fin_dir, fin_org_pavad, fin_adr, fin_i_kod, "

@@ -16,6 +16,7 @@ TDrbKlasFrm::TDrbKlasFrm(QWidget *owner)
                   .sql = "SELECT kla_kodas, cast(floor(kla_kodas/10) as smallint) as Tipas, "
                          "mod(kla_kodas,10) as Kodas, kla_pavad FROM du_drbklas",
                   .columns = {{"Tipas", "Tipas"}, {"Kodas", "Kodas"}, {"kla_pavad", "Pavadinimas"}},
+                  .editing = TEditing::UnlessViewOnly,
                   .used = {"Profesinė grupė \"%s\" yra naudojama!", "kla_pavad"},
                   .editRow =
                       [](const QString &, bool) {

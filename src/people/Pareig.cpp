@@ -24,6 +24,7 @@ TPareigFrm::TPareigFrm(QWidget *owner)
                         .width = 220,
                         .lookup =
                             "select TRN_ID, cast(TRN_ID as varchar(12)) + '  ' + TRN_PAVAD from bd_tarn"}},
+           .editing = TEditing::UnlessViewOnly,
            .used = {"Pareigybė \"%s\" yra naudojama!", "PRG_PAVAD"},
            .editRow = [](const QString &, bool isNew) { return Editprg::PrgEdit(isNew); },
            .statements = {"insert into bd_prg (PRG_ID, PRG_PAVAD, PRG_SUBORD, PRG_KLA_KOD, PRG_MOKGYD, "

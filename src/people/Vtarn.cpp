@@ -16,6 +16,7 @@ TVTarnFrm::TVTarnFrm(QWidget *owner)
            .table = "bd_tarn",
            .sql = "select * from bd_tarn order by trn_id",
            .columns = {{"TRN_ID", "Id"}, {"TRN_PAVAD", "Pavadinimas"}, {"TRN_KOEF", "Koef."}},
+           .editing = TEditing::UnlessViewOnly,
            .used = {"Kategorija \"%s\" yra naudojama!", "TRN_PAVAD"},
            .editRow = [](const QString &, bool) { return Vtarnnew::VTarnShow(); },
            .statements = {"insert into bd_tarn (TRN_ID, TRN_PAVAD, TRN_KOEF) "

@@ -38,18 +38,21 @@ TUsersFrm::TUsersFrm(QWidget *owner) : TBrowseFrm(described(), owner)
 
 void TUsersFrm::NewRecord()
 {
+    TNextOffer next;
     do {
         const int id = GetFieldResult(Database(), "select IsNull(max(usr_id)+1,1) from bd_usr").toInt();
         if (!Usersch::Add_ChUser(false, id))
             return;
         RefreshData(id);
-    } while (TRecordDialog::takeNextWanted() && acNew->isEnabled());
+    } while (next.taken() && acNew->isEnabled());
 }
 
 void TUsersFrm::EditRecord()
 {
-    const bool saved = Usersch::Add_ChUser(true, currentKey().toInt());
-    if (saved && TRecordDialog::takeNextWanted() && acNew->isEnabled())
+    requireRow();
+    TNextOffer next;
+    Usersch::Add_ChUser(true, currentKey().toInt());
+    if (next.taken() && acNew->isEnabled())
         NewRecord();
 }
 
@@ -64,8 +67,7 @@ void TUsersFrm::CheckToolButtons()
 {
     TBrowseFrm::CheckToolButtons();
     const bool mayAdminister = CurrentUser().userAdmin;
-    if (!mayAdminister)
-        acEdit->setText("&Peržiūrėti");
+    acEdit->setText(mayAdminister ? "&Keisti" : "&Peržiūrėti");
     acNew->setEnabled(acNew->isEnabled() && mayAdminister);
     acDelete->setEnabled(acDelete->isEnabled() && mayAdminister &&
                          dataSet()->RecordCount() >= fewestToDelete);

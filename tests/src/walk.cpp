@@ -257,23 +257,30 @@ QStringList controlsOutOfReach(QWidget &window)
     return unreachable;
 }
 
-QStringList repeatedAccelerators(QWidget &window)
+QStringList accelerators(QWidget &window)
 {
-    QHash<QChar, int> uses;
-    const auto count = [&uses](const QString &text) {
+    QStringList letters;
+    const auto add = [&letters](const QString &text) {
         const qsizetype at = text.indexOf(u'&');
         if (at >= 0 && at + 1 < text.size() && text[at + 1] != u'&')
-            ++uses[text[at + 1].toUpper()];
+            letters << text[at + 1].toUpper();
     };
     for (const QWidget *control : controls(window)) {
-        count(caption(control));
+        add(caption(control));
         if (const QLabel *label = labelOf(control, window))
-            count(label->text());
+            add(label->text());
     }
+    return letters;
+}
+
+QStringList repeatedAccelerators(QWidget &window)
+{
+    QStringList letters = accelerators(window);
+    letters.sort();
     QStringList repeated;
-    for (auto use = uses.cbegin(); use != uses.cend(); ++use)
-        if (use.value() > 1)
-            repeated << QString(use.key());
+    for (qsizetype i = 1; i < letters.size(); ++i)
+        if (letters[i] == letters[i - 1] && !repeated.contains(letters[i]))
+            repeated << letters[i];
     return repeated;
 }
 

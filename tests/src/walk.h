@@ -20,6 +20,8 @@ TVisit visitEntry(const TPackageEntry &entry, const std::function<void(QWidget &
 QStringList controlsWithoutName(QWidget &window);
 // Enabled controls that neither Tab nor a key of their own reaches.
 QStringList controlsOutOfReach(QWidget &window);
+// The letters that the visible controls of the window have as their accelerators.
+QStringList accelerators(QWidget &window);
 // Letters that two visible controls of the window share as their accelerator.
 QStringList repeatedAccelerators(QWidget &window);
 // Statements of the window's queries that their engine refuses to prepare, with its words.

@@ -30,6 +30,12 @@ std::function<void(int)> &helpDisplay()
     return display;
 }
 
+TNextOffer *&lastOffer()
+{
+    static TNextOffer *last = nullptr;
+    return last;
+}
+
 QIcon iconOf(TDialogButton::Role role)
 {
     switch (role) {
@@ -70,7 +76,28 @@ QList<TDialogButton> saveAndCancel(const QString &save, const QString &cancel)
     return {{save, TDialogButton::Save, true, {}, {}}, {cancel, TDialogButton::Cancel, false, {}, {}}};
 }
 
-TDialog::TDialog(QWidget *parent) : QDialog(parent)
+TNextOffer::TNextOffer() : former(std::exchange(lastOffer(), this)) {}
+
+TNextOffer::~TNextOffer()
+{
+    lastOffer() = former;
+}
+
+TNextOffer *TNextOffer::madeTo(QDialog *dialog)
+{
+    TNextOffer *offer = lastOffer();
+    if (!offer || offer->editor)
+        return nullptr;
+    offer->editor = dialog;
+    return offer;
+}
+
+bool TNextOffer::taken()
+{
+    return std::exchange(isTaken, false);
+}
+
+TDialog::TDialog(QWidget *parent) : QDialog(parent), nextOffer(TNextOffer::madeTo(this))
 {
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     nameComboBoxes();
@@ -127,8 +154,11 @@ void TDialog::addButtons(const QList<TDialogButton> &buttons)
         made->setProperty(closesDialog,
                           described.role == TDialogButton::Save || described.role == TDialogButton::Cancel);
         connectGuarded(made, &QPushButton::clicked, this, [this, described] { press(described); });
-        if (described.role == TDialogButton::Save)
+        if (described.role == TDialogButton::Save) {
             ownSaver = made;
+            if (nextOffer)
+                made->setToolTip(u"Įrašyti ir pradėti kitą naują: Ctrl+Enter"_s);
+        }
         line->addWidget(made);
     }
     static_cast<QVBoxLayout *>(layout())->addLayout(line);
@@ -194,7 +224,11 @@ bool TDialog::saveAndStay()
             control->commit();
         ownFields->requireOwnFilled();
         Validate();
-        saveInTransaction([this] { Save(); });
+        saveInTransaction([this] {
+            if (saveCondition)
+                saveCondition();
+            Save();
+        });
     } catch (const Exception &error) {
         focusRefused(error);
         showCurrentException(this);
@@ -269,12 +303,6 @@ QPushButton *TDialog::button(const QString &name) const
 
 // --- keys
 
-void TDialog::offerSaveAndNew()
-{
-    offersNew = true;
-    ownSaver->setToolTip(u"Įrašyti ir pradėti kitą naują: Ctrl+Enter"_s);
-}
-
 void TDialog::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_F1 && ownTopic > 0 && helpDisplay()) {
@@ -291,8 +319,8 @@ void TDialog::keyPressEvent(QKeyEvent *event)
     const Qt::KeyboardModifiers held = event->modifiers() & ~Qt::KeypadModifier;
     if (held == Qt::NoModifier)
         pressByEnter();
-    else if (held == Qt::ControlModifier && offersNew && ownSaver->isEnabled())
-        runGuarded(this, [this] { saveAndNew(); });
+    else if (held == Qt::ControlModifier && nextOffer && ownSaver->isEnabled())
+        nextOffer->isTaken = trySave();
 }
 
 void TDialog::pressByEnter()

@@ -3,6 +3,7 @@
 #include "toolkit/widgets/form.h"
 
 #include <QDialog>
+#include <QPointer>
 
 class QPushButton;
 class QVBoxLayout;
@@ -27,6 +28,23 @@ struct TDialogButton {
 QList<TDialogButton> saveAndCancel(const QString &save = QStringLiteral("&Išsaugoti"),
                                    const QString &cancel = QStringLiteral("&Atšaukti"));
 
+// A list's offer to go on with the next new row when its editor is left by Ctrl+Enter; made for as long as
+// the object lives. The editor that opens has the offer; what opens from inside the editor has none.
+class TNextOffer {
+public:
+    TNextOffer();
+    ~TNextOffer();
+    bool taken(); // whether an editor was left that way since the last call
+
+private:
+    friend class TDialog;
+    static TNextOffer *madeTo(QDialog *dialog);
+
+    TNextOffer *const former;
+    QPointer<QDialog> editor;
+    bool isTaken = false;
+};
+
 // The base of every dialog: described fields and buttons, and the way from loading to saving.
 //
 // - run() calls Load() and shows the dialog modally; true when the user saved. What Load() raises reaches the
@@ -37,6 +55,7 @@ QList<TDialogButton> saveAndCancel(const QString &save = QStringLiteral("&Išsau
 //   the cursor goes to the control whose value is refused, which wears a red frame.
 // - Closing in any other way, or destroying the dialog, cancels the set. Esc always closes.
 // - Enter presses the button that has the focus, elsewhere the default one.
+// - Ctrl+Enter saves and goes on where a list offers that, and the save button's tool tip says so.
 // - Every label, button and check box has a key of its own (see accelerators.h).
 // - Where the screen is too small the fields scroll; the buttons are always in view.
 class TDialog : public QDialog {
@@ -58,6 +77,8 @@ public:
     bool trySave();
     // The same, but the dialog stays open: true when everything was saved.
     bool saveAndStay();
+    // Called in the transaction of every save before anything is written; raises to refuse.
+    void setSaveCondition(std::function<void()> condition) { saveCondition = std::move(condition); }
 
     void reject() override;
 
@@ -74,11 +95,6 @@ protected:
     // Runs the save step in a transaction of the set's session, and nothing but the step where there is no
     // set.
     virtual void saveInTransaction(const std::function<void()> &step);
-
-    // Ctrl+Enter calls saveAndNew() while the save button is enabled, and the button's tool tip says so.
-    void offerSaveAndNew();
-    // Saves and goes on to the next new record.
-    virtual void saveAndNew() {}
 
     TFieldForm &form() const { return *ownFields; }
     template<typename T = QWidget> T *control(const QString &name) const
@@ -117,7 +133,8 @@ private:
     QPushButton *ownSaver = nullptr;
     int ownTopic = 0;
     std::function<void()> release;
+    std::function<void()> saveCondition;
+    TNextOffer *const nextOffer; // null: nobody goes on
     bool isSaving = false;
-    bool offersNew = false;
     bool wasShown = false;
 };

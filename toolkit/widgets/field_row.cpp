@@ -415,12 +415,6 @@ TFieldRow &TFieldRow::enabledWhen(Condition condition)
     return *this;
 }
 
-TFieldRow &TFieldRow::visibleWhen(Condition condition)
-{
-    showing = std::move(condition);
-    return *this;
-}
-
 TFieldRow &TFieldRow::browse(std::function<void()> action, const QString &hint)
 {
     buttons += {.text = u"…"_s,

@@ -94,7 +94,6 @@ public:
     TFieldRow &holdsFocus(); // a refused value is told when the field is left, and the focus comes back
     TFieldRow &width(int characters); // the control is at least about as wide as so many characters
     TFieldRow &enabledWhen(Condition condition);
-    TFieldRow &visibleWhen(Condition condition);
     // A button behind the control, for choosing the value elsewhere.
     TFieldRow &browse(std::function<void()> action, const QString &hint = {});
     // Tab leads from this row to these buttons of the dialog (by name; none: those that save and cancel), and
@@ -142,7 +141,6 @@ private:
     QVariant preset;
     int characters = 0;
     Condition enabling;
-    Condition showing;
     QList<Button> buttons;
     QStringList dialogButtons;
     QList<TFieldRow> rows; // of a group

@@ -215,8 +215,6 @@ void TFieldForm::judge()
 {
     const bool changeable = !set || set->editing();
     for (const Made &made : fields) {
-        if (made.row.showing)
-            setRowVisible(made.row.name, made.row.showing(*this));
         if (made.row.enabling && changeable)
             made.line->setEnabled(made.row.enabling(*this));
         for (qsizetype i = 0; i < made.buttons.size(); ++i) {
@@ -302,10 +300,11 @@ void TFieldForm::setRowVisible(const QString &name, bool visible)
 
 void TFieldForm::setLabel(const QString &name, const QString &label)
 {
-    const Made &row = made(name);
-    if (row.label)
-        row.label->setText(label);
-    row.control->setAccessibleName(plainCaption(label));
+    auto &named = const_cast<Made &>(made(name));
+    named.row.label = label;
+    if (named.label)
+        named.label->setText(label);
+    named.control->setAccessibleName(named.row.spokenName());
 }
 
 void TFieldForm::focusFirst()

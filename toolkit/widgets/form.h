@@ -35,7 +35,7 @@ public:
     void requireOwnFilled();
 
     void setRowVisible(const QString &name, bool visible);
-    void setLabel(const QString &name, const QString &label);
+    void setLabel(const QString &name, const QString &label); // before the set is opened
     void focusFirst();
     // A row after which buttons of the dialog come, and their names.
     struct ButtonsPlace {

@@ -2,6 +2,7 @@
 
 #include "tests/host/books.h"
 #include "tests/support/message_box.h"
+#include "toolkit/widgets/dialog.h"
 
 namespace {
 
@@ -36,16 +37,16 @@ ON_ENGINE(StartOfWorkOnServer, Engine::PostgreSql);
 
 TEST_P(StartOfWork, IsSetWithoutAQuestionWhileNoMonthIsClosed)
 {
-    EXPECT_TRUE(mayResetStartOfWork());
+    EXPECT_TRUE(agreedLoss());
     closeMonths(0);
-    EXPECT_TRUE(mayResetStartOfWork());
+    EXPECT_TRUE(agreedLoss());
 }
 
 TEST_P(StartOfWork, TheQuestionTellsWhatWouldBeLostAndWhoMakesTheBackup)
 {
     closeMonths(2);
     NextBoxes asked{QMessageBox::No};
-    EXPECT_FALSE(mayResetStartOfWork());
+    EXPECT_FALSE(agreedLoss());
     const QString text = asked.at(0).text;
     EXPECT_TRUE(text.contains("Mėnesių, kurie bus ištrinti: 2\nLikučių, kurie liks be periodo: 2"))
         << qPrintable(text);
@@ -53,9 +54,28 @@ TEST_P(StartOfWork, TheQuestionTellsWhatWouldBeLostAndWhoMakesTheBackup)
     EXPECT_EQ(text.contains("pasidarykite serverio"), !embedded()) << qPrintable(text);
 }
 
+TEST_P(StartOfWork, AMonthClosedElsewhereWhileTheDialogIsOpenIsNotLostUnasked)
+{
+    closeMonths(0);
+    struct TStartDlg : TDialog {
+        TStartDlg() { describe("Pradžia", {}, nullptr); }
+        void Save() override { saved = true; }
+        bool saved = false;
+    } dialog;
+    loseNoMore(dialog, agreedLoss().value());
+    secondFin()->ExecSQL("insert into bd_period values (7, 2026, 1, 2)");
+    NextBoxes told{QMessageBox::Ok};
+    EXPECT_FALSE(dialog.trySave());
+    EXPECT_TRUE(told.at(0).text.contains("kita darbo vieta")) << qPrintable(told.at(0).text);
+    EXPECT_FALSE(dialog.saved);
+    secondFin()->ExecSQL("delete from bd_period where per_id = 7");
+    EXPECT_TRUE(dialog.trySave());
+    EXPECT_TRUE(dialog.saved);
+}
+
 TEST_P(StartOfWorkOnServer, TheAnswerAloneDecides)
 {
     closeMonths(1);
     NextBoxes asked{QMessageBox::Yes};
-    EXPECT_TRUE(mayResetStartOfWork());
+    EXPECT_EQ(agreedLoss(), (TLostMonths{1, 1}));
 }

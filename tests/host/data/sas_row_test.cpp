@@ -261,8 +261,12 @@ TEST_P(SasRowInDialog, TheFormKnowsWhetherAnAccountStandsThere)
         int heard = 0;
         static_cast<TDBControl *>(sas)->whenEdited(sas, [&] { ++heard; });
         EXPECT_TRUE(sas->showsValue());
+        sas->setValue(0);
+        EXPECT_FALSE(sas->showsValue());
+        heard = 0;
         keys(u"9"_s);
         EXPECT_EQ(heard, 1);
+        EXPECT_TRUE(sas->showsValue()) << "it may become one";
         press({Qt::Key_Tab});
         EXPECT_FALSE(sas->showsValue()) << "no account";
         EXPECT_GT(heard, 1) << "what is wrong may close the save button";

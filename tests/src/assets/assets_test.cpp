@@ -28,6 +28,9 @@ protected:
 };
 ON_BOTH_ENGINES(Objects);
 
+class ObjectsOnServer : public Objects {};
+ON_ENGINE(ObjectsOnServer, Engine::PostgreSql);
+
 class Disposals : public OnCatalogue<Pardtip::PardTipFrm, Editf::FinEditDlg> {
 protected:
     void SetUp() override
@@ -162,6 +165,25 @@ TEST_P(Objects, AnObjectOfAnAssetIsNotDeleted)
     named("Kiemas");
     books().ExecSQL("insert into it_turtas (tur_id, tur_objid) values (1, 1)");
     EXPECT_EQ(erase(1, {QMessageBox::Ok}), QStringList("Objektas \"Kiemas\" yra naudojamas!"));
+    EXPECT_EQ(stored(), QStringList("1|Kiemas"));
+}
+
+TEST_P(ObjectsOnServer, AServerLostWhileSavingIsToldAsSuchAndTheNameAskedForAgain)
+{
+    open();
+    OnNextDialog<TFinEditDlg> first([this](TFinEditDlg &dialog) {
+        type(edit(dialog, "Name"), "Kiemas");
+        secondFin()->nativeExec("select pg_terminate_backend(pid) from pg_stat_activity "
+                                "where datname = current_database() and pid <> pg_backend_pid()");
+        save(dialog);
+    });
+    NextBoxes told{QMessageBox::Ok};
+    OnNextDialog<TFinEditDlg> second([](TFinEditDlg &dialog) {
+        EXPECT_EQ(edit(dialog, "Name")->text(), "Kiemas");
+        save(dialog);
+    });
+    list->NewBtnClick();
+    EXPECT_TRUE(told.at(0).text.startsWith("Nutrūko ryšys")) << qPrintable(told.at(0).text);
     EXPECT_EQ(stored(), QStringList("1|Kiemas"));
 }
 

@@ -119,6 +119,7 @@ TEST_P(BalanceList, ATitleClickLeavesTheOrder)
                       {header->sectionViewportPosition(1) + 20, header->height() / 2});
     EXPECT_EQ(shown(1), QStringList({"60.00", "40.00", "0.00"}));
     EXPECT_FALSE(header->isSortIndicatorShown());
+    EXPECT_FALSE(frm->acOrder->isVisible() || frm->acOrder->isEnabled());
 }
 
 TEST_P(BalanceList, ANewRowBecomesTheCurrentOne)

@@ -63,6 +63,23 @@ TEST_P(BalanceReport, BearsTheDayBeforeThePeriodWhateverTheDateSeparator)
     EXPECT_EQ(FormatSettings().DateSeparator, u'-');
 }
 
+TEST_P(BalanceReport, AMonthClosedElsewhereReachesTheListAfterThePreview)
+{
+    balance(bank, 5, 0);
+    balance(capital, 0, 5);
+    openList();
+    OnNextDialog<TReportPreview> preview([this](TReportPreview &shown) {
+        const QStringList before = texts(shown.layout().page(0));
+        nextMonth();
+        EXPECT_EQ(texts(shown.layout().page(0)), before);
+        EXPECT_TRUE(frm->Editable());
+        shown.close();
+    });
+    frm->PrintBtnClick();
+    EXPECT_FALSE(frm->Editable());
+    EXPECT_EQ(frm->panel(0), "Įrašų kiekis: 0");
+}
+
 TEST_P(BalanceReport, AccountsAreGroupedByTheirFirstThreeCharactersWithSums)
 {
     const int deeper = account("2411");

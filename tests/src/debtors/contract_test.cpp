@@ -151,3 +151,15 @@ TEST_P(Contract, OfACounterpartyThatIsNotSavedBelongsToNobodyYet)
     });
     EXPECT_EQ(stored(), QStringList("0|S-0|2007-01-01|NULL|B|NULL"));
 }
+
+TEST_P(Contract, OfTwoFirstOnesAtOnceTheSecondIsToldAndNotWritten)
+{
+    show(3, [this](TDbKrSutart &dialog) {
+        type(edit(dialog, "DKS_NR"), "S-2");
+        secondFin()->ExecSQL("insert into bd_dbkrsut (dks_id, dks_dkaid, dks_nr) values (8, 3, 'S-1')");
+        EXPECT_TRUE(refusal(dialog).startsWith("Kita darbo vieta ką tik įrašė"));
+        EXPECT_EQ(edit(dialog, "DKS_NR")->text(), "S-2");
+        pressButton(dialog, "&Atsisakyti");
+    });
+    EXPECT_EQ(stored(), QStringList("3|S-1|NULL|NULL|NULL|NULL"));
+}

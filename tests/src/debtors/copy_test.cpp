@@ -90,6 +90,12 @@ TEST_P(DebtorCopy, WithOneAccountThePayablesFollowIt)
     EXPECT_EQ(stored(), QStringList({row(3, "A", "Pirmas", owed, owing), row(4, "B", "Pirmas", owed, owed)}));
 }
 
+TEST_P(DebtorCopy, OfARowThatIsGoneIsToldInsteadOfShown)
+{
+    double newId = 0;
+    EXPECT_THROW(Copydbkr::CopyData(AnsiString("Kopija"), 99, newId), ERowGone);
+}
+
 TEST_P(DebtorCopy, ThereIsNoContractButton)
 {
     double newId = 0;

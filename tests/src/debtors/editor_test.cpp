@@ -61,6 +61,29 @@ TEST_P(DebtorEditor, ACompanyKeepsTwoAccounts)
     EXPECT_EQ(stored(), QStringList(row(1, "B1", "Baldai", owed, owing)));
 }
 
+TEST_P(DebtorEditor, WhetherThereAreTwoAccountsIsReadOnceForADialog)
+{
+    setUAB(true);
+    EXPECT_TRUE(add([this](TEditDbKrDlg &dialog) {
+        secondFin()->ExecSQL("update bd_org set org_tipas = 0");
+        fill(dialog, "Baldai", "B1", owed);
+        EXPECT_TRUE(picker(dialog, "DKA_SASID_2")->isVisible());
+        picker(dialog, "DKA_SASID_2")->setValue(owing);
+        pressButton(dialog, "&Išsaugoti");
+    }));
+    EXPECT_EQ(stored(), QStringList(row(1, "B1", "Baldai", owed, owing)));
+}
+
+TEST_P(DebtorEditor, WithOneAccountARefusalCallsItByItsLabel)
+{
+    EXPECT_FALSE(add([](TEditDbKrDlg &dialog) {
+        type(edit(dialog, "DKA_PAVAD"), "Baldai");
+        type(edit(dialog, "DKA_KOD"), "B1");
+        EXPECT_EQ(refusal(dialog), "Laukas \"Sąskaitos\" negali būti tuščias!");
+        pressButton(dialog, "&Atšaukti");
+    }));
+}
+
 TEST_P(DebtorEditor, EveryFieldIsStored)
 {
     EXPECT_TRUE(add([this](TEditDbKrDlg &dialog) {

@@ -3,6 +3,7 @@
 #include "toolkit/widgets/db_grid.h"
 
 #include <QAction>
+#include <QPushButton>
 
 namespace {
 
@@ -112,6 +113,49 @@ TEST_P(Register, ACopyBecomesCurrent)
     frm->acCopyData->trigger();
     EXPECT_EQ(key(), 4);
     EXPECT_EQ(shown(2), QStringList({"Arklys", "Arklys", "Baldai", "Ceris"}));
+}
+
+TEST_P(Register, ACopySavedByCtrlEnterBeginsTheNextNewOne)
+{
+    open();
+    OnNextDialog<TCopyDbKrFrm> dialog([](TCopyDbKrFrm &copy) {
+        EXPECT_TRUE(copy.findChild<QPushButton *>("Išsaugoti")->toolTip().contains("Ctrl+Enter"));
+        type(edit(copy, "DKA_KOD"), "A2");
+        QTest::keyClick(edit(copy, "DKA_KOD"), Qt::Key_Return, Qt::ControlModifier);
+    });
+    OnNextDialog<TEditDbKrDlg> next([](TEditDbKrDlg &editor) {
+        EXPECT_EQ(edit(editor, "DKA_KOD")->text(), "");
+        pressButton(editor, "&Atšaukti");
+    });
+    frm->acCopyData->trigger();
+    EXPECT_EQ(stored().size(), 4);
+}
+
+TEST_P(Register, AContractGoesOnToNothing)
+{
+    open();
+    OnNextDialog<TEditDbKrDlg> dialog([](TEditDbKrDlg &editor) {
+        OnNextDialog<TDbKrSutart> contract([](TDbKrSutart &shownContract) {
+            EXPECT_EQ(shownContract.findChild<QPushButton *>("Išsaugoti")->toolTip(), "");
+            QTest::keyClick(edit(shownContract, "DKS_NR"), Qt::Key_Return, Qt::ControlModifier);
+            EXPECT_TRUE(shownContract.isVisible());
+            pressButton(shownContract, "&Išsaugoti");
+        });
+        pressButton(editor, "&Sutartis");
+        QTest::keyClick(edit(editor, "DKA_ADR"), Qt::Key_Return);
+    });
+    frm->EditBtnClick();
+    EXPECT_EQ(value(books(), "select count(*) from bd_dbkrsut"), "1");
+}
+
+TEST_P(Register, ARowDeletedElsewhereIsToldBeforeItIsCopied)
+{
+    open();
+    secondFin()->ExecSQL("delete from bd_dbkrasm where dka_id = 2");
+    NextBoxes told{QMessageBox::Ok};
+    frm->acCopyData->trigger();
+    EXPECT_EQ(told.at(0).text, "Įrašas jau ištrintas kitoje darbo vietoje");
+    EXPECT_EQ(shown(2), QStringList({"Baldai", "Ceris"}));
 }
 
 TEST_P(Register, DeletingComesBackToTheNeighbour)

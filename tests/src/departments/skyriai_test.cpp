@@ -167,6 +167,23 @@ TEST_P(Departments, ACodeThatDiffersOnlyInCaseIsRefusedWhenItIsEntered)
     EXPECT_EQ(stored("pad_id").size(), 2);
 }
 
+TEST_P(Departments, AQuoteAndAPercentSignInACodeAreOrdinaryLetters)
+{
+    for (const QString code : {"a%", "o'k"})
+        add([&](TPadItemFrm &dialog) {
+            type(part(dialog, "PAD_PAVAD"), "Kita");
+            type(part(dialog, "PAD_KODAS"), code);
+            save(dialog);
+        });
+    EXPECT_EQ(stored("pad_kodas").mid(2), QStringList({"a%", "o'k"}));
+    add([](TPadItemFrm &dialog) {
+        type(part(dialog, "PAD_PAVAD"), "Dar viena");
+        type(part(dialog, "PAD_KODAS"), "O'K");
+        EXPECT_EQ(refusal(dialog), "Kodas: \"O'K\" jau egzistuoja!");
+        cancel(dialog);
+    });
+}
+
 TEST_P(Departments, OneKeepsItsOwnCode)
 {
     change(7, [](TPadItemFrm &dialog) {

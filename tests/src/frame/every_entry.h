@@ -5,6 +5,7 @@
 #include "tests/src/frame/demo_copy.h"
 #include "tests/support/engines.h"
 
+#include <optional>
 #include <tuple>
 
 // One test for each entry of the registry on each engine, on the demonstration books. Tests that only look
@@ -35,20 +36,22 @@ protected:
     }
 };
 
-inline QStringList entryNames()
+inline QStringList entryNames(std::optional<TPackageEntry::Kind> kind = {})
 {
     QStringList names;
     for (const TPackageEntry &entry : packageEntries())
-        names << entry.name;
+        if (entry.kind == kind.value_or(entry.kind))
+            names << entry.name;
     return names;
+}
+
+inline std::string entryAndEngine(const testing::TestParamInfo<TEntryOnEngine> &each)
+{
+    return (std::get<QString>(each.param) + "_" + engineName(std::get<Engine>(each.param))).toStdString();
 }
 
 #define ON_EVERY_ENTRY(Fixture)                                                                              \
     INSTANTIATE_TEST_SUITE_P(, Fixture,                                                                      \
                              testing::Combine(testing::Values(Engine::Sqlite, Engine::PostgreSql),           \
                                               testing::ValuesIn(entryNames())),                              \
-                             [](const testing::TestParamInfo<TEntryOnEngine> &each) {                        \
-                                 return (std::get<QString>(each.param) + "_" +                               \
-                                         engineName(std::get<Engine>(each.param)))                           \
-                                     .toStdString();                                                         \
-                             })
+                             entryAndEngine)

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <QDirIterator>
+#include <QProcess>
+#include <QRegularExpression>
 #include <QSet>
 
 namespace {
@@ -15,6 +17,21 @@ namespace {
 QString packageFile()
 {
     return buildFolder() + "/lib/libvelmora.so";
+}
+
+// Our own libraries that the loader brings with a library, sorted.
+QStringList linkedWith(const QString &library)
+{
+    QProcess reader;
+    reader.start("readelf", {"--dynamic", "--wide", library});
+    EXPECT_TRUE(reader.waitForFinished());
+    static const QRegularExpression needed("\\(NEEDED\\).*\\[lib((?:Host|toolkit_)\\w+)\\.so\\]");
+    QStringList names;
+    for (auto matches = needed.globalMatch(QString::fromLatin1(reader.readAllStandardOutput()));
+         matches.hasNext();)
+        names << matches.next().captured(1);
+    names.sort();
+    return names;
 }
 
 // All that the package may have.
@@ -91,8 +108,16 @@ TEST(Package, ListsItsUnitsInTheirOrder)
     QStringList inOrder = unitsInOrder;
     inOrder.removeIf([&](const QString &unit) { return !package.info().units.contains(unit); });
     EXPECT_EQ(package.info().units, inOrder);
-    EXPECT_EQ(package.info().required,
+}
+
+TEST(Package, RequiresTheFiveHostPackagesAndThenTheLibrariesOfTheToolkitThatItIsLinkedWith)
+{
+    const TLoadedPackage package(packageFile());
+    QStringList required = package.info().required;
+    EXPECT_EQ(required.first(5),
               QStringList({"HostControls", "HostCommon", "HostData", "HostAccounts", "HostClassifier"}));
+    required.sort();
+    EXPECT_EQ(required, linkedWith(packageFile()));
 }
 
 TEST(Package, EveryEntryBelongsToAListedUnit)

@@ -2,8 +2,11 @@
 // books stay as they were, byte for byte. An ordinary user with the same hands changes them, by every entry
 // that can write.
 
+#include "host/controls/browse_frm.h"
 #include "tests/src/frame/every_entry.h"
 #include "tests/src/hands.h"
+
+#include <QAction>
 
 namespace {
 
@@ -34,6 +37,16 @@ INSTANTIATE_TEST_SUITE_P(, ViewOnlyAdministrator,
                                           testing::Values("TUsersFrm", "Add_ChUser", "TSasLikFrm", "TDbKrFrm",
                                                           "StartPerClose", "TPareigFrm")));
 
+// The lists that are read-only as a whole for who may only look.
+class Catalogue : public OnEveryEntry {};
+INSTANTIATE_TEST_SUITE_P(, Catalogue,
+                         testing::Combine(testing::Values(Engine::Sqlite),
+                                          testing::Values("TBankaiFrm", "TFinListFrm", "TPareigFrm",
+                                                          "TVTarnFrm", "TVeiklFrm", "TDrbKlasFrm",
+                                                          "TObjektFrm", "TPajamuRusiuKodaiFrm", "TPardTipFrm",
+                                                          "TPirkTipFrm", "TImokosFrm", "TNuomFrm")),
+                         entryAndEngine);
+
 // The same hands without the bonds, in books of their own.
 class NotBound : public OnEveryEntry {
 protected:
@@ -63,6 +76,17 @@ TEST_P(ViewOnly, ChangesNothing)
     CurrentUser().userAdmin = false;
     tryBound();
     EXPECT_EQ(booksAfter, TDemoCopy::unchanged(engine()));
+}
+
+TEST_P(Catalogue, ShowsWhoMayOnlyLookItsRowsAndNothingThatChangesThem)
+{
+    CurrentUser().viewOnly = true;
+    const std::unique_ptr<QWidget> screen(entry().create(nullptr));
+    auto &list = dynamic_cast<TBrowseFrm &>(*screen);
+    list.show();
+    EXPECT_FALSE(list.Editable() || list.acNew->isVisible() || list.acDelete->isVisible());
+    EXPECT_EQ(list.acEdit->text(), "&Peržiūrėti");
+    EXPECT_TRUE(list.acEdit->isVisible() && list.acEdit->isEnabled());
 }
 
 // The users are his to keep, so that he can take the mark from himself again.

@@ -72,6 +72,22 @@ TEST_P(CurrentAccounts, AreListedWithTheirAccountAndBank)
     EXPECT_EQ(Einsasform::EinSasFrm, nullptr);
 }
 
+TEST_P(CurrentAccounts, AnAccountTypedLastOpensTheSaveButtonBeforeItIsLeft)
+{
+    open();
+    add([](TEinSasItem &dialog) {
+        type(edit(dialog, "EIN_NR"), "LT1");
+        type(edit(dialog, "EIN_BANK_PAV"), "Bankas");
+        EXPECT_FALSE(saver(dialog)->isEnabled());
+        type(edit(dialog, "EIN_SASID"), "9999");
+        EXPECT_TRUE(saver(dialog)->isEnabled());
+        EXPECT_TRUE(refusal(dialog).contains("9999"));
+        type(edit(dialog, "EIN_SASID"), "2411");
+        QTest::mouseClick(saver(dialog), Qt::LeftButton);
+    });
+    EXPECT_EQ(stored(), QStringList(row(1, "LT1", "NULL", "Bankas")));
+}
+
 TEST_P(CurrentAccounts, ANewOneGetsTheNextKeyAndBecomesCurrent)
 {
     place(4, "LT12", Variant(), "Bankas");

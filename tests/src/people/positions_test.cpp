@@ -149,6 +149,19 @@ TEST_P(Positions, AreAddedWithTheLargestKeyPlusOne)
     EXPECT_EQ(shown(4), QStringList({"", "3  Patarėjas"}));
 }
 
+TEST_P(Positions, ACategoryAddedElsewhereIsOfferedTheNextTime)
+{
+    change(5, [](TEditPrgDlg &dialog) {
+        EXPECT_EQ(items(dialog, "PRG_TRNID"), QStringList("Patarėjas"));
+        leaveUnsaved(dialog);
+    });
+    secondFin()->ExecSQL("insert into bd_tarn (trn_id, trn_pavad) values (4, 'Vedėjas')");
+    change(5, [](TEditPrgDlg &dialog) {
+        EXPECT_EQ(items(dialog, "PRG_TRNID"), QStringList({"Patarėjas", "Vedėjas"}));
+        leaveUnsaved(dialog);
+    });
+}
+
 TEST_P(Positions, ABlankNameAndASubordinationThatIsNoneAreRefused)
 {
     change(5, [](TEditPrgDlg &dialog) {

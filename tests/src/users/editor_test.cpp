@@ -66,6 +66,24 @@ TEST_P(UserEditor, CancelChangesNothing)
     EXPECT_EQ(dump(budget()), before);
 }
 
+TEST_P(UserEditor, EscLeavesWithoutSavingAndF1ShowsItsHelp)
+{
+    user(3, "ona", true);
+    const QStringList before = dump(budget());
+    int topic = 0;
+    TDialog::setHelpDisplay([&topic](int shownTopic) { topic = shownTopic; });
+    EXPECT_FALSE(change(3, [](TEditUserDlg &dialog) {
+        type(dialog.NameEdit, "Kita");
+        QTest::keyClick(dialog.NameEdit, Qt::Key_F1);
+        EXPECT_TRUE(dialog.isVisible());
+        QTest::keyClick(dialog.NameEdit, Qt::Key_Escape);
+        EXPECT_FALSE(dialog.isVisible());
+    }));
+    TDialog::setHelpDisplay({});
+    EXPECT_EQ(topic, 2);
+    EXPECT_EQ(dump(budget()), before);
+}
+
 TEST_P(UserEditor, AUserWithoutRightsShowsEmptyFields)
 {
     user(3, "ona", true, 0);

@@ -113,6 +113,30 @@ TEST_P(UserList, WhoMayNotAdministerMayOnlyOpen)
     EXPECT_TRUE(frm->acEdit->isEnabled());
 }
 
+TEST_P(UserList, WhoMayAdministerIsOfferedToChangeThoughHeMayOnlyLook)
+{
+    user(1, "ona", true);
+    CurrentUser().viewOnly = true;
+    open();
+    EXPECT_EQ(frm->acEdit->text(), "&Keisti");
+    CurrentUser().userAdmin = false;
+    frm->RefreshBtnClick();
+    EXPECT_EQ(frm->acEdit->text(), "&Peržiūrėti");
+}
+
+TEST_P(UserList, AUserDeletedElsewhereIsToldBeforeAnythingIsTyped)
+{
+    user(1, "ona", true);
+    user(2, "ada", true);
+    open();
+    frm->RefreshData(1);
+    secondRavl()->ExecSQL("delete from bd_usr where usr_id = 1");
+    NextBoxes told{QMessageBox::Ok};
+    frm->acEdit->trigger();
+    EXPECT_EQ(told.at(0).text, "Įrašas jau ištrintas kitoje darbo vietoje");
+    EXPECT_EQ(shown(), QStringList("ada"));
+}
+
 TEST_P(UserList, CtrlEnterSavesAndBeginsTheNextUser)
 {
     open();

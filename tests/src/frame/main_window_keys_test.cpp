@@ -1,5 +1,6 @@
-// F1 inside the real main window, where a key that two actions share is deaf.
+// Keys inside the real main window, where one that two share is deaf.
 
+#include "host/app/document_area.h"
 #include "host/app/main_window.h"
 #include "host/common/help.h"
 #include "tests/src/frame/every_entry.h"
@@ -7,11 +8,13 @@
 #include "tests/support/files.h"
 #include "toolkit/widgets/dialog.h"
 
+#include <QMdiSubWindow>
+#include <QMenuBar>
 #include <QTest>
 
 namespace {
 
-class HelpOfEveryEntry : public OnEveryEntry {
+class InMainWindow : public OnEveryEntry {
 protected:
     void SetUp() override
     {
@@ -42,7 +45,14 @@ protected:
     TLoadedPackage package{buildFolder() + "/lib/libvelmora.so"};
     TMainWindow window{package};
 };
+using HelpOfEveryEntry = InMainWindow;
 ON_EVERY_ENTRY(HelpOfEveryEntry);
+
+class DocumentInMainWindow : public InMainWindow {};
+INSTANTIATE_TEST_SUITE_P(, DocumentInMainWindow,
+                         testing::Combine(testing::Values(Engine::Sqlite),
+                                          testing::ValuesIn(entryNames(TPackageEntry::Kind::ListScreen))),
+                         entryAndEngine);
 
 } // namespace
 
@@ -55,6 +65,19 @@ TEST_P(HelpOfEveryEntry, OpensByItsKey)
     else if (met.windows == 0) // nothing but questions
         return;
     EXPECT_EQ(shown, QList<int>(std::max(met.windows, 1), entry().help));
+}
+
+TEST_P(DocumentInMainWindow, SharesNoAcceleratorWithTheMenuBar)
+{
+    window.openEntry(entry().name);
+    QMdiSubWindow *document = window.documents()->activeSubWindow();
+    ASSERT_TRUE(document);
+    const QStringList inDocument = accelerators(*document);
+    QStringList shared;
+    for (const QAction *menu : window.menuBar()->actions())
+        if (inDocument.contains(QKeySequence::mnemonic(menu->text()).toString().right(1)))
+            shared << menu->text();
+    EXPECT_EQ(shared, QStringList());
 }
 
 TEST_P(HelpOfEveryEntry, IsWritten)
