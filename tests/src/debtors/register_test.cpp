@@ -142,7 +142,7 @@ TEST_P(Register, AContractGoesOnToNothing)
             pressButton(shownContract, "&Išsaugoti");
         });
         pressButton(editor, "&Sutartis");
-        QTest::keyClick(edit(editor, "DKA_ADR"), Qt::Key_Return);
+        pressButton(editor, "&Išsaugoti");
     });
     frm->EditBtnClick();
     EXPECT_EQ(value(books(), "select count(*) from bd_dbkrsut"), "1");
