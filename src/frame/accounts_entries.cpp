@@ -1,5 +1,6 @@
 #include "src/accounts/Balans.h"
 #include "src/accounts/Checksas.h"
+#include "src/accounts/Opr.h"
 #include "src/frame/entries.h"
 
 namespace {
@@ -23,5 +24,6 @@ TPackageEntries accountsEntries()
         balanceForm("TBalFrm_mnRavl", "Balanso forma biu&džeto duomenų bazėje…", true),
         function("OpenSasChecker", Checksas::unit, {Menu::accounts}, "Į balansą &neįtrauktos sąskaitos…", 11,
                  Checksas::OpenSasChecker),
+        listScreen<Opr::TOprFrm>(Opr::unit, {Menu::accounts}, "&Tipinės operacijos…", 78),
     };
 }

@@ -65,7 +65,6 @@ AnsiString firstCode(const char *table, const char *key);
 TPackageEntries periodEntries();
 TPackageEntries balanceEntries();
 TPackageEntries estimateEntries();
-TPackageEntries operationEntries();
 TPackageEntries accountsEntries();
 TPackageEntries debtorEntries();
 TPackageEntries peopleEntries();

@@ -142,10 +142,9 @@ const TPackageEntries &packageEntries()
 {
     static const TPackageEntries entries = [] {
         TPackageEntries all;
-        for (const auto &part :
-             {periodEntries, balanceEntries, estimateEntries, operationEntries, accountsEntries,
-              debtorEntries, peopleEntries, moneyEntries, departmentEntries, assetEntries, catalogueEntries,
-              userEntries, organisationEntries, exportEntries})
+        for (const auto &part : {periodEntries, balanceEntries, estimateEntries, accountsEntries,
+                                 debtorEntries, peopleEntries, moneyEntries, departmentEntries, assetEntries,
+                                 catalogueEntries, userEntries, organisationEntries, exportEntries})
             std::ranges::move(part(), std::back_inserter(all));
         return all;
     }();
