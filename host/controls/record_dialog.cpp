@@ -26,6 +26,45 @@ QString literal(const Variant &key)
                                               : QString::number(qRound64(key.toDouble()));
 }
 
+QVariantMap valuesOf(const TQuery &row, Variant (TField::*which)() const)
+{
+    QVariantMap values;
+    for (int i = 0; i < row.FieldCount(); ++i)
+        if (const TField *field = row.Field(i); !field->isCalculated())
+            values.insert(field->FieldName(), (field->*which)());
+    return values;
+}
+
+// A value that the field has accepted before.
+void setAgain(TField &field, const Variant &value)
+{
+    const auto rule = std::exchange(field.OnValidate, {});
+    const auto consequence = std::exchange(field.OnChange, {});
+    field.setValue(value);
+    field.OnValidate = rule;
+    field.OnChange = consequence;
+}
+
+// The row was posted, but its transaction did not go through: it is only typed again, and the next post
+// writes whatever differs from what was read.
+void typeAgain(TQuery &row, bool isNew, const QVariantMap &asRead)
+{
+    const QVariantMap typed = valuesOf(row, &TField::Value);
+    if (isNew) {
+        row.Append();
+        for (const auto &[column, value] : typed.asKeyValueRange())
+            setAgain(*row.FieldByName(column), value);
+        return;
+    }
+    row.Edit();
+    QList<TChangedColumn> columns;
+    for (const auto &[column, value] : asRead.asKeyValueRange())
+        if (!sameKey(value, typed.value(column)))
+            columns.append({.field = column, .theirs = value});
+    if (!columns.isEmpty())
+        row.keepOwn(columns);
+}
+
 } // namespace
 
 TRecordStart TRecordStart::onRowOf(const QString &listName)
@@ -225,6 +264,8 @@ void TRecordDialog::saveInTransaction(const std::function<void()> &step)
 void TRecordDialog::saveOnce(const std::function<void()> &step)
 {
     const Variant formerKey = rowKey();
+    const bool wasNew = query->State() == dsInsert;
+    const QVariantMap asRead = valuesOf(*query, &TField::OldValue);
     try {
         TTransaction transaction(Database());
         if (takesKey())
@@ -234,6 +275,8 @@ void TRecordDialog::saveOnce(const std::function<void()> &step)
         if (query->CachedUpdates)
             query->CommitUpdates();
     } catch (...) {
+        if (!query->editing() && !query->CachedUpdates)
+            typeAgain(*query, wasNew, asRead);
         takeBack(formerKey);
         throw;
     }

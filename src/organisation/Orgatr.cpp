@@ -191,8 +191,8 @@ void TOrgFrm::orderByTab()
                                  findChild<QWidget *>("mnOpenButton"),
                                  findChild<QWidget *>("mnDelButton"),
                                  emblem};
-    for (qsizetype i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    for (qsizetype i = order.size() - 1; i > 0; --i)
+        setTabOrder(order.first(), order[i]);
 }
 
 void TOrgFrm::describeColumns()

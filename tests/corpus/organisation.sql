@@ -2,6 +2,9 @@
 select * from bd_org
 ;;
 -- screen: TOrgFrm, session: mnFin_Db
+select * from bd_org order by org_id
+;;
+-- screen: TOrgFrm, session: mnFin_Db
 SELECT * FROM Bd_Savivaldybes ORDER BY Sav_Pavad
 ;;
 -- screen: TOrgFrm, session: mnFin_Db

@@ -142,8 +142,8 @@ void TDataSet::Private::takeTheirs(const QList<TChangedColumn> &columns, bool as
         if (asOwn)
             edited.now[at] = column.theirs;
     }
-    // A change of the record that is held still has the own values.
-    edited.modified = edited.modified || asOwn;
+    // What is stored, or held as a change, is something else than the record by now.
+    edited.modified = true;
     rereadHeldRow(columns);
     calculated.forget();
     changed(cursor.row);

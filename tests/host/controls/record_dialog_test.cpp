@@ -1,5 +1,6 @@
 #include "host/controls/record_dialog.h"
 #include "tests/host/books.h"
+#include "tests/support/late_refusal.h"
 #include "tests/support/message_box.h"
 #include "tests/support/refusal.h"
 
@@ -91,6 +92,32 @@ TEST_P(RecordDialog, AFailedSaveGivesTheKeyBackAndKeepsWhatWasTyped)
         pressButton(dialog, u"Išsaugoti"_s);
     }));
     EXPECT_EQ(stored(), QStringList({u"5|A"_s, u"6|B"_s}));
+}
+
+// Saves what is refused when it is committed, and once more when that is over.
+TEST_P(RecordDialog, ASaveThatIsRefusedAtItsVeryEndIsWholeAtTheNextTry)
+{
+    fin->ExecSQL(u"insert into bd_objektai (obj_id, obj_pavad) values (5, 'A')"_s);
+    refuseAtCommit(*fin, u"bd_objektai"_s);
+    const auto saveTwice = [this](TObjektDlg &dialog) {
+        const QStringList before = stored();
+        type(dialog.name(), u"B"_s);
+        {
+            NextBoxes refused{QMessageBox::Ok};
+            pressButton(dialog, u"Išsaugoti"_s);
+        }
+        EXPECT_EQ(dialog.name()->text(), u"B");
+        EXPECT_EQ(stored(), before);
+        allowAtCommit(*fin);
+        pressButton(dialog, u"Išsaugoti"_s);
+    };
+    EXPECT_TRUE(run(objects(), TRecordStart::row(5), saveTwice));
+    EXPECT_EQ(stored(), QStringList(u"5|B"_s));
+    fin->ExecSQL(u"delete from t_vaikas"_s);
+    fin->ExecSQL(u"delete from t_tevas"_s);
+    EXPECT_TRUE(run(objects(), TRecordStart::newRow(), saveTwice));
+    EXPECT_EQ(stored(), QStringList({u"5|B"_s, u"6|B"_s}));
+    EXPECT_EQ(key, 6);
 }
 
 TEST_P(RecordDialog, FixedTextsStandForTheDatabasesOwn)

@@ -1,4 +1,5 @@
 #include "tests/src/organisation/organisation.h"
+#include "tests/support/late_refusal.h"
 
 using Orgatr::OrgFrm;
 
@@ -203,6 +204,19 @@ TEST_P(Organisation, ASaveThatTheBooksRefuseLosesNothingAndMayBeRepeated)
     EXPECT_EQ(line("org_pavad")->text(), "Gimnazija");
     EXPECT_FALSE(books().InTransaction());
     allowUpdating();
+    frm->acSave->trigger();
+    EXPECT_EQ(value(books(), "select org_pavad from bd_org"), "Gimnazija");
+}
+
+TEST_P(Organisation, ASaveThatIsRefusedAtItsVeryEndMayBeRepeated)
+{
+    open();
+    refuseAtCommit(books(), "bd_org");
+    edited();
+    EXPECT_FALSE(refusal().isEmpty());
+    EXPECT_EQ(enabled().first(), "acSave");
+    EXPECT_EQ(value(books(), "select org_pavad from bd_org"), "Šilo mokykla");
+    allowAtCommit(books());
     frm->acSave->trigger();
     EXPECT_EQ(value(books(), "select org_pavad from bd_org"), "Gimnazija");
 }
