@@ -11,6 +11,7 @@
 #include <QHash>
 #include <QPointer>
 
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -51,16 +52,25 @@ void readChart(TDatabase &fin, TChecked &read)
             {rows->integer(0), textOf(*rows, 1), textOf(*rows, 2), textOf(*rows, 3).trimmed() == u"D"});
 }
 
-void readBalances(TDatabase &fin, double period, TChecked &read)
+void addBalances(TDatabase &fin, const QString &sql, double period, TChecked &read)
 {
-    const auto rows = fin.prepare(
-        u"select ssl_sasid, sum(ssl_sum_db), sum(ssl_sum_kr) from bd_saslik where ssl_perid = :perid "
-        "group by ssl_sasid union all "
-        "select irs_sasid, sum(irs_sum_db), sum(irs_sum_kr) from bd_irasai where irs_perid = :perid "
-        "group by irs_sasid"_s);
+    const auto rows = fin.prepare(sql);
     rows->bind(u"perid"_s, period);
     for (rows->exec(); rows->next();)
         read.balances[rows->integer(0)] += tenThousandths(rows->number(1)) - tenThousandths(rows->number(2));
+}
+
+// The opening balances, and the period's entries upon them.
+void readBalances(TDatabase &fin, double period, TChecked &read)
+{
+    addBalances(fin,
+                u"select ssl_sasid, sum(ssl_sum_db), sum(ssl_sum_kr) from bd_saslik "
+                "where ssl_perid = :perid group by ssl_sasid"_s,
+                period, read);
+    addBalances(fin,
+                u"select irs_sasid, sum(irs_sum_db), sum(irs_sum_kr) from bd_irasai "
+                "where irs_perid = :perid group by irs_sasid"_s,
+                period, read);
 }
 
 void readForm(TDatabase &fin, TChecked &read)

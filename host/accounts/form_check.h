@@ -18,8 +18,8 @@ struct TFormCheckLine {
 };
 
 // The form of the main books against the chart and the balances of a period (opening balances and the
-// period's entries): detail accounts in no line, accounts in several lines, and the sums of its sides. The
-// chart, the form and the balances are read by one statement each. Raises EDatabaseError.
+// period's entries): detail accounts in no line, accounts in several lines, and the sums of its sides. No
+// statement is run for a single account. Raises EDatabaseError.
 std::vector<TFormCheckLine> checkBalanceForm(TDatabase &fin, double period);
 
 // Shows the findings for the current period as a report, from where they are printed. Raises Exception when
