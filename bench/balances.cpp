@@ -156,6 +156,11 @@ void measureChildren(int nodes)
     book->SetJungId(1);
     QCoreApplication::processEvents();
     std::printf("  %d nodes with their five sums listed in %.0f ms\n", nodes, since(timer));
+    book->SetJungId(TBookFrm::nodeOf(book->list()->topLevelItem(0)));
+    timer.start();
+    book->acRefresh->trigger();
+    QCoreApplication::processEvents();
+    std::printf("  one of them shown anew in %.0f ms\n", since(timer));
 }
 
 void measure(Engine engine, int rows, int entries, int nodes)
