@@ -126,7 +126,7 @@ TEST_P(UserList, WhoMayAdministerIsOfferedToChangeThoughHeMayOnlyLook)
 
 TEST_P(UserList, AUserDeletedElsewhereIsToldBeforeAnythingIsTyped)
 {
-    user(1, "ona", true);
+    user(1, "ona", true, 0);
     user(2, "ada", true);
     open();
     frm->RefreshData(1);
