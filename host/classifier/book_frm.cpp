@@ -1,6 +1,6 @@
 #include "host/classifier/book_frm_private.h"
 
-#include "host/controls/record_dialog.h"
+#include "toolkit/widgets/dialog.h"
 
 #include <QAction>
 #include <QHeaderView>
@@ -169,12 +169,12 @@ void TBookFrm::changeRecord(const std::function<void()> &step)
 
 void TBookFrm::runStep(const std::function<void()> &step)
 {
-    TRecordDialog::takeNextWanted(); // what an earlier editor wished is over
+    TNextOffer next;
     {
         const QScopedValueRollback<bool> running(d->stepping, true);
         step();
     }
-    if (TRecordDialog::takeNextWanted())
+    if (next.taken())
         addRecords();
     else
         tellSubscribers();

@@ -49,6 +49,22 @@ TEST_F(MainWindow, TheStartOfWorkIsNotSetAnewByEnterWhileMonthsAreClosed)
     EXPECT_TRUE(backupsIn(root.filePath("knygos")).isEmpty());
 }
 
+TEST_F(MainWindow, AMonthClosedElsewhereStopsTheStartOfWorkThatStandsOpen)
+{
+    books().ExecSQL("insert into bd_period values (6, 2026, 1, 1)");
+    GetPeriod();
+    start();
+    OnNextDialog<TDialog> dialog([this](TDialog &shown) {
+        books().ExecSQL("insert into bd_period values (7, 2026, 1, 2)");
+        NextBoxes told{QMessageBox::Ok};
+        pressButton(shown, "&Taip");
+        EXPECT_TRUE(told.at(0).text.contains("kita darbo vieta")) << qPrintable(told.at(0).text);
+        shown.reject();
+    });
+    window->openEntry("TPeriodDlg");
+    EXPECT_EQ(books().fieldResult("select count(*) from bd_period").toInt(), 2);
+}
+
 TEST_F(MainWindow, BeforeTheStartOfWorkIsSetAnewTheBooksAreBackedUp)
 {
     closeMonths(books());

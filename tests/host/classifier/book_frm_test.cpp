@@ -2,9 +2,9 @@
 
 #include "host/classifier/book_tree.h"
 #include "host/controls/browse_frm.h"
-#include "host/controls/record_dialog.h"
 #include "tests/host/classifier/book.h"
 #include "tests/support/message_box.h"
+#include "toolkit/widgets/dialog.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -18,6 +18,11 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// An editor in which nothing but the way it is left matters.
+struct TLeftDlg : TDialog {
+    TLeftDlg() { describe(u"Eilutė"_s, {}, nullptr); }
+};
 
 // A screen as the system's own are: content, a further panel and action, a narrower rule.
 class TTestFrm;
@@ -66,8 +71,11 @@ private:
     {
         done << step;
         duringStep();
-        if (nextWanted-- > 0)
-            TRecordDialog::wantNext();
+        if (nextWanted-- <= 0)
+            return;
+        const OnNextDialog<TLeftDlg> left(
+            [](TLeftDlg &editor) { QTest::keyClick(&editor, Qt::Key_Return, Qt::ControlModifier); });
+        TLeftDlg().run();
     }
 };
 
@@ -324,14 +332,6 @@ TEST_P(BookFrm, AnEditorLeftForTheNextNewRowIsFollowedByIt)
     frm->nextWanted = 2;
     frm->acEdit->trigger();
     EXPECT_EQ(frm->done, QStringList({"edit", "new", "new"}));
-}
-
-TEST_P(BookFrm, WhatAnEarlierEditorWishedIsOver)
-{
-    frm->SetJungId(11);
-    TRecordDialog::wantNext();
-    frm->acDelete->trigger();
-    EXPECT_EQ(frm->done, QStringList("delete"));
 }
 
 TEST_P(BookFrm, AllSubscribersAreToldEvenWhenOneFails)
