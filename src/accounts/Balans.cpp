@@ -17,6 +17,7 @@ namespace {
 
 constexpr unsigned char listOfAccounts = 2;
 constexpr int positionWidth = 190;
+constexpr int leastHeight = 320; // of the sheet: some twenty lines
 constexpr QKeyCombination saveKey = Qt::ALT | Qt::Key_N;
 
 const QStringList sideNames{"Aktyvas", "Pasyvas", "Užbalansinė"};
@@ -68,6 +69,7 @@ QWidget *TBalFrm::attributeBar()
     BottomBtn->setObjectName("BottomBtn");
     BalList->setObjectName("BalList");
     BalList->setAccessibleName("Balanso formos eilutės");
+    BalList->setMinimumHeight(leastHeight);
     auto *bar = new QWidget(this);
     auto *row = new QHBoxLayout(bar);
     row->setContentsMargins(6, 4, 6, 4);
@@ -143,7 +145,7 @@ void TBalFrm::InitializeBal(bool second)
 
 bool TBalFrm::mayWrite() const
 {
-    return !CurrentUser().viewOnly;
+    return store && !CurrentUser().viewOnly;
 }
 
 void TBalFrm::CheckToolButtons()

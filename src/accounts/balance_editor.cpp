@@ -186,9 +186,13 @@ void TBalEdit::typeCharacter(QChar typed)
     const TKeyAct act = actOfCharacter(caretWithoutSelection(), typed);
     if (act == TKeyAct::Swallow || (textCursor().hasSelection() && !removalOfSelection()))
         return;
-    const TOneStep step(textCursor());
-    removeSelection();
-    perform(act, typed);
+    if (textCursor().hasSelection()) {
+        const TOneStep step(textCursor());
+        removeSelection();
+        perform(act, typed);
+    } else {
+        perform(act, typed); // letters typed one after another are undone together
+    }
     ensureCursorVisible();
 }
 

@@ -33,6 +33,20 @@ insert into bd_baleil (bel_kod, bel_pavad) values (:bel_kod, :bel_pavad)
 -- screen: TCheckSasDlg, session: mnFin_Db
 SELECT SAS_ID, SAS_SASNR, SAS_PAVAD FROM BD_SASPLAN WHERE SAS_TIP = 'D' and CheckSasInBalForm(SAS_ID, '%') = 0 ORDER BY SAS_SASNR
 ;;
+-- screen: ShowBalanceFormCheck, session: mnFin_Db
+select sas_id, sas_sasnr, sas_pavad, sas_tip from bd_sasplan order by sas_sasnr
+;;
+-- screen: ShowBalanceFormCheck, session: mnFin_Db
+-- param perid = 6
+select ssl_sasid, sum(ssl_sum_db), sum(ssl_sum_kr) from bd_saslik where ssl_perid = :perid group by ssl_sasid
+;;
+-- screen: ShowBalanceFormCheck, session: mnFin_Db
+-- param perid = 6
+select irs_sasid, sum(irs_sum_db), sum(irs_sum_kr) from bd_irasai where irs_perid = :perid group by irs_sasid
+;;
+-- screen: ShowBalanceFormCheck, session: mnFin_Db
+select bss_sasid, bel_kod, bel_pavad from bd_balsas, bd_baleil where bel_kod = bss_balkod order by bel_kod, bss_id
+;;
 -- screen: TOprFrm, session: mnFin_Db
 select opr_id, opr_pavad from bd_opr
 ;;

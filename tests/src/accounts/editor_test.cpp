@@ -109,6 +109,14 @@ TEST_F(BalanceEditor, TypesTextOfTheLinesOwnKind)
                                        {u"Kasa (2411)"_s, detail}}));
 }
 
+TEST_F(BalanceEditor, LettersTypedInARowAreUndoneTogether)
+{
+    goTo(2, 8);
+    typeText(u" kasoje"_s);
+    edit.undo();
+    EXPECT_EQ(line(2), (TBalLine{u"Pinigai"_s, groupTotal}));
+}
+
 TEST_F(BalanceEditor, EnterMakesADetailAndSplitsNoLine)
 {
     goTo(1, 3);
