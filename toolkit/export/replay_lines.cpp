@@ -54,8 +54,8 @@ bool isReadBack(QByteArrayView digits)
            !digits.contains('e');
 }
 
-// SQLite does not read every text of a number back to the last bit. What it does not is written as the
-// product of whole numbers that it does.
+// SQLite does not read every text of a number back to the last bit. What it does not is written as
+// whole numbers that it does, multiplied or divided by powers of two.
 class SqliteLines final : public TReplayLines {
 public:
     SqliteLines(TDatabase &database, const QString &ofTable, const QStringList &ofColumns)
