@@ -55,7 +55,7 @@ protected:
                 "values (:id, :node, :per, :sum, 0)",
                 {{"id", node * 10 + row}, {"node", node}, {"per", 101 + row}, {"sum", amounts.at(row)}});
     }
-    // The same row by row, as another station does it.
+    // A row of the node 2 that another station adds; quarter 0 is the yearly one.
     void estimateElsewhere(int quarter, double amount)
     {
         secondFin()->ExecSQL("insert into bd_samatos (sam_id, sam_jveid, sam_perid, sam_samata, sam_sam_kor) "
