@@ -111,7 +111,7 @@ void TSasLikDlg::sideChosen()
 // An amount that went to the other side waits for its account.
 bool TSasLikDlg::CanSave() const
 {
-    return !amountMoved || field("SSL_SASID")->AsFloat() > 0;
+    return !amountMoved || field("SSL_SASID")->AsFloat() > 0 || form().isFilled("SSL_SASID");
 }
 
 // --- saving

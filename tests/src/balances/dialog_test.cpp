@@ -123,8 +123,9 @@ TEST_P(BalanceDialog, ASwitchLetsSaveOnlyWithAnAmountAndAnAccount)
         type(amount(dialog), "5");
         debit(dialog)->click();
         EXPECT_FALSE(maySave(dialog));
+        typeKeys(dialog.findChild<TSasEdit *>()->findChild<QLineEdit *>(), "241");
+        EXPECT_TRUE(maySave(dialog)) << "while the account is typed";
         chooseAccount(dialog, bank);
-        EXPECT_TRUE(maySave(dialog));
         credit(dialog)->click();
         EXPECT_TRUE(maySave(dialog));
         pressButton(dialog, "&Atšaukti");
