@@ -15,10 +15,10 @@ namespace {
 
 constexpr qsizetype longestNumber = 64;
 
-template<typename Number> void appendDigits(TLineBuffer &target, Number value, auto... format)
+void appendDigits(TLineBuffer &target, double value)
 {
     char *const out = target.room(longestNumber);
-    target.end(std::to_chars(out, out + longestNumber, value, format...).ptr);
+    target.end(std::to_chars(out, out + longestNumber, value, std::chars_format::fixed).ptr);
 }
 
 // As FloatToStr words it. Between these bounds the shortest digits without an exponent are that wording.
@@ -29,7 +29,7 @@ void appendNumber(TLineBuffer &target, double value)
     if (size == 0)
         target.append('0');
     else if (size >= least && size < most)
-        appendDigits(target, value, std::chars_format::fixed);
+        appendDigits(target, value);
     else
         target.append(FloatToStr(value).replace(FormatSettings().DecimalSeparator, u'.').toLatin1());
 }
@@ -82,8 +82,8 @@ qsizetype appendFieldText(TLineBuffer &target, const TStatement &row, int column
     case TFieldType::ftString:
     case TFieldType::ftMemo:
         return appendText(target, row.utf8(column));
-    case TFieldType::ftInteger:
-        appendDigits(target, row.integer(column));
+    case TFieldType::ftInteger: // the engines word a whole number as its field does
+        target.append(row.utf8(column));
         return -1;
     case TFieldType::ftFloat:
     case TFieldType::ftCurrency:
