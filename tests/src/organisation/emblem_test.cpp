@@ -86,8 +86,10 @@ TEST_P(Emblem, ItsHeightFollowsThePicture)
 {
     open();
     frm->acEdit->trigger();
+    const QSize before = frm->sizeHint();
     choose(picture("aukstas.png", {150, 200}));
     EXPECT_EQ(shownHeight(), 200);
+    EXPECT_EQ(frm->sizeHint(), before) << "it has its room";
     choose(picture("zemas.png", {150, 60}));
     EXPECT_EQ(shownHeight(), 60);
     frm->acSave->trigger();

@@ -60,6 +60,7 @@ TEST_P(Organisation, ANameOfBlanksOnlyIsRefusedAsEmpty)
     open();
     frm->acEdit->trigger();
     type(line("org_pavad"), "   ");
+    leave(line("org_pavad"));
     EXPECT_EQ(refusal(), "Neužpildytas įmonės pavadinimas!");
     EXPECT_EQ(frm->focusWidget(), line("org_pavad"));
     EXPECT_EQ(line("org_pavad")->text(), "   ");
