@@ -102,7 +102,7 @@ void TMainWindow::followPeriod()
 void TMainWindow::addEntryMenus()
 {
     QMenu *program = menuBar()->addMenu("Pr&ograma");
-    formCheck = program->addAction("Tikrinti &balanso formą…");
+    formCheck = program->addAction("Tikrinti balanso &formą…");
     formCheck->setObjectName("acFormCheck");
     connectGuarded(formCheck, &QAction::triggered, this, [this] { ShowBalanceFormCheck(this); });
     program->addSeparator();
