@@ -61,6 +61,7 @@ void fillForm(TDatabase &fin, int lines)
     TTransaction tran(&fin);
     Balans::TBalStore(&fin, false).SaveBal(form, accounts);
     tran.commit();
+    fin.nativeExec(u"analyze"_s); // a server does so by itself before long
 }
 
 // The rows of both tables deleted and inserted again by prepared statements, and nothing else.
