@@ -3,14 +3,13 @@
 //
 //   bench_balance_form [--engine sqlite|postgresql]
 
-#include "bench/engines.h"
+#include "bench/bench_main.h"
 #include "bench/party_books.h"
 #include "host/data/main_datas.h"
 #include "src/accounts/Balans.h"
 #include "toolkit/data/statement.h"
 
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QElapsedTimer>
 
 #include <cstdio>
@@ -142,12 +141,6 @@ void measure(Engine engine)
 int main(int argc, char *argv[])
 {
     needNoScreen();
-    QApplication application(argc, argv);
-    application.setApplicationName(u"bench_balance_form"_s);
-    QCommandLineParser parser;
-    parser.addOption(engineOption());
-    parser.process(application);
-    for (const Engine engine : wantedEngines(parser))
-        measure(engine);
-    return 0;
+    const QApplication application(argc, argv);
+    return benchMain({}, [](Engine engine, const QList<int> &) { measure(engine); });
 }

@@ -4,8 +4,8 @@
 //
 //   bench_balances [--rows N] [--entries N] [--nodes N] [--engine sqlite|postgresql]
 
+#include "bench/bench_main.h"
 #include "bench/child.h"
-#include "bench/engines.h"
 #include "bench/party_books.h"
 #include "host/data/dka_combo.h"
 #include "host/data/main_datas.h"
@@ -13,7 +13,6 @@
 #include "src/estimates/Samform.h"
 
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QTest>
@@ -185,16 +184,9 @@ void measure(Engine engine, int rows, int entries, int nodes)
 int main(int argc, char *argv[])
 {
     needNoScreen();
-    QApplication application(argc, argv);
-    application.setApplicationName(u"bench_balances"_s);
-    QCommandLineParser parser;
-    parser.addOption({u"rows"_s, u"Counterparties"_s, u"N"_s, u"300000"_s});
-    parser.addOption({u"entries"_s, u"Lines of the journal"_s, u"N"_s, u"1000000"_s});
-    parser.addOption({u"nodes"_s, u"Nodes below one"_s, u"N"_s, u"2000"_s});
-    parser.addOption(engineOption());
-    parser.process(application);
-    for (const Engine engine : wantedEngines(parser))
-        measure(engine, parser.value(u"rows"_s).toInt(), parser.value(u"entries"_s).toInt(),
-                parser.value(u"nodes"_s).toInt());
-    return 0;
+    const QApplication application(argc, argv);
+    return benchMain({{u"rows"_s, u"Counterparties"_s, 300000},
+                      {u"entries"_s, u"Lines of the journal"_s, 1000000},
+                      {u"nodes"_s, u"Nodes below one"_s, 2000}},
+                     [](Engine engine, const QList<int> &n) { measure(engine, n[0], n[1], n[2]); });
 }

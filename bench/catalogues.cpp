@@ -3,7 +3,7 @@
 //
 //   bench_catalogues [--rows N] [--engine sqlite|postgresql]
 
-#include "bench/engines.h"
+#include "bench/bench_main.h"
 #include "bench/party_books.h"
 #include "host/controls/browse_frm.h"
 #include "host/controls/record_dialog.h"
@@ -13,7 +13,6 @@
 #include "toolkit/widgets/db_grid.h"
 
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QTest>
@@ -188,13 +187,7 @@ void measureAll(Engine engine, int rows)
 int main(int argc, char *argv[])
 {
     needNoScreen();
-    QApplication application(argc, argv);
-    application.setApplicationName(u"bench_catalogues"_s);
-    QCommandLineParser parser;
-    parser.addOption({u"rows"_s, u"Rows of each list"_s, u"N"_s, u"100000"_s});
-    parser.addOption(engineOption());
-    parser.process(application);
-    for (const Engine engine : wantedEngines(parser))
-        measureAll(engine, parser.value(u"rows"_s).toInt());
-    return 0;
+    const QApplication application(argc, argv);
+    return benchMain({{u"rows"_s, u"Rows of each list"_s, 100000}},
+                     [](Engine engine, const QList<int> &n) { measureAll(engine, n[0]); });
 }

@@ -3,10 +3,9 @@
 //
 //   bench_close [--rows N] [--engine sqlite|postgresql]
 
+#include "bench/bench_main.h"
 #include "bench/close_books.h"
-#include "bench/engines.h"
 
-#include <QCommandLineParser>
 #include <QCoreApplication>
 
 #include <cstdio>
@@ -28,12 +27,7 @@ void measure(Engine engine, int rows)
 
 int main(int argc, char *argv[])
 {
-    QCoreApplication application(argc, argv);
-    QCommandLineParser parser;
-    parser.addOption({"rows", "Balances and entries", "N", "1000000"});
-    parser.addOption(engineOption());
-    parser.process(application);
-    for (const Engine engine : wantedEngines(parser))
-        measure(engine, parser.value("rows").toInt());
-    return 0;
+    const QCoreApplication application(argc, argv);
+    return benchMain({{"rows", "Balances and entries", 1000000}},
+                     [](Engine engine, const QList<int> &n) { measure(engine, n[0]); });
 }

@@ -3,7 +3,7 @@
 //
 //   bench_debtors [--rows N] [--engine sqlite|postgresql]
 
-#include "bench/engines.h"
+#include "bench/bench_main.h"
 #include "bench/party_books.h"
 #include "host/controls/browse_frm.h"
 #include "host/data/main_datas.h"
@@ -13,7 +13,6 @@
 #include "toolkit/widgets/db_grid.h"
 
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLineEdit>
@@ -168,14 +167,8 @@ void measure(Engine engine, int rows, bool report)
 int main(int argc, char *argv[])
 {
     needNoScreen();
-    QApplication application(argc, argv);
-    application.setApplicationName(u"bench_debtors"_s);
-    QCommandLineParser parser;
-    parser.addOption({u"rows"_s, u"Counterparties"_s, u"N"_s, u"300000"_s});
-    parser.addOption(engineOption());
-    parser.addOption({u"preview"_s, u"Measure the preview of the report as well"_s});
-    parser.process(application);
-    for (const Engine engine : wantedEngines(parser))
-        measure(engine, parser.value(u"rows"_s).toInt(), parser.isSet(u"preview"_s));
-    return 0;
+    const QApplication application(argc, argv);
+    return benchMain({{u"rows"_s, u"Counterparties"_s, 300000},
+                      {u"preview"_s, u"1: measure the preview of the report as well"_s, 0}},
+                     [](Engine engine, const QList<int> &n) { measure(engine, n[0], n[1] != 0); });
 }

@@ -5,19 +5,16 @@
 //
 //   bench_export [--rows N] [--repeat N] [--engine sqlite|postgresql]
 
-#include "bench/engines.h"
+#include "bench/bench_main.h"
 #include "bench/export_roles.h"
 #include "tests/support/files.h"
 #include "tests/support/postgres.h"
 
-#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QJsonDocument>
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <cstdio>
 #include <sys/resource.h>
 
@@ -36,7 +33,6 @@ public:
     TSessionSettings settings{.alias = u"mnRavl"_s};
     QString file(const QString &name) const { return folder.filePath(name); }
     bool embedded() const { return settings.engine == Engine::Sqlite; }
-    QString place() const { return embedded() ? settings.file : settings.connInfo; }
 
 private:
     QTemporaryDir folder{scratchRoot() + u"/bench-export-XXXXXX"_s};
@@ -80,28 +76,16 @@ ExportBooks::~ExportBooks()
         postgresExec(u"drop database %1 with (force)"_s.arg(database));
 }
 
-int playRole(const QStringList &arguments)
+QJsonObject playRole(const QString &role, const QStringList &arguments)
 {
-    TSessionSettings settings{.alias = u"mnRavl"_s};
-    settings.engine = arguments[1] == u"sqlite" ? Engine::Sqlite : Engine::PostgreSql;
-    (settings.engine == Engine::Sqlite ? settings.file : settings.connInfo) = arguments[2];
-    const QJsonObject figures = arguments[0] == u"loop"
-                                    ? bareExport(settings, arguments[3])
-                                    : ourExport(settings, arguments[3], arguments[0] == u"escaped");
-    std::printf("%s\n", QJsonDocument(figures).toJson(QJsonDocument::Compact).constData());
-    return 0;
+    const TSessionSettings settings = sessionOf(u"mnRavl"_s, arguments);
+    return role == u"loop" ? bareExport(settings, arguments[2])
+                           : ourExport(settings, arguments[2], role == u"escaped");
 }
 
-QJsonObject played(const QString &role, const ExportBooks &books)
+QJsonObject exported(const QString &role, const ExportBooks &books)
 {
-    QProcess process;
-    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process.start(
-        QCoreApplication::applicationFilePath(),
-        {u"--role"_s, role, QLatin1String(nameOf(books.settings.engine)), books.place(), books.file(role)});
-    if (!process.waitForFinished(-1) || process.exitCode() != 0)
-        qFatal("%s failed", qPrintable(role));
-    return QJsonDocument::fromJson(process.readAllStandardOutput()).object();
+    return played(role, wordsOf(books.settings) + QStringList(books.file(role)));
 }
 
 // The engine's own program.
@@ -124,25 +108,18 @@ QJsonObject shell(const ExportBooks &books)
     return {{u"all"_s, double(clock.nsecsElapsed()) / 1e6}};
 }
 
-// The run in the middle, by its time.
-QJsonObject middle(QList<QJsonObject> runs)
-{
-    std::ranges::sort(runs, {}, [](const QJsonObject &each) { return each[u"all"_s].toDouble(); });
-    return runs[runs.size() / 2];
-}
-
 void measure(Engine engine, int rows, int repeat)
 {
     const ExportBooks books(engine, rows);
     QList<QJsonObject> loops, ourRuns, escapedRuns, shells;
     for (int i = 0; i < repeat; ++i) { // in turns: what else the machine does meets all of them
-        loops << played(u"loop"_s, books);
-        ourRuns << played(u"ours"_s, books);
-        escapedRuns << played(u"escaped"_s, books);
+        loops << exported(u"loop"_s, books);
+        ourRuns << exported(u"ours"_s, books);
+        escapedRuns << exported(u"escaped"_s, books);
         shells << shell(books);
     }
-    const QJsonObject loop = middle(loops), ours = middle(ourRuns), escaped = middle(escapedRuns),
-                      own = middle(shells);
+    const QJsonObject loop = middleOf(loops), ours = middleOf(ourRuns), escaped = middleOf(escapedRuns),
+                      own = middleOf(shells);
     if (contentOf(books.file(u"loop"_s)) != contentOf(books.file(u"ours"_s)))
         qFatal("the bare loop writes other bytes");
     const auto of = [](const QJsonObject &figures, const char *name) {
@@ -163,16 +140,9 @@ void measure(Engine engine, int rows, int repeat)
 
 int main(int argc, char *argv[])
 {
-    QCoreApplication application(argc, argv);
-    QCommandLineParser parser;
-    parser.addOption({u"rows"_s, u"Rows of the table"_s, u"N"_s, u"1000000"_s});
-    parser.addOption({u"repeat"_s, u"Runs of each; the one in the middle counts"_s, u"N"_s, u"5"_s});
-    parser.addOption(engineOption());
-    parser.addOption({u"role"_s, u"What this process measures (used by the program itself)"_s, u"name"_s});
-    parser.process(application);
-    if (parser.isSet(u"role"_s))
-        return playRole(QStringList(parser.value(u"role"_s)) + parser.positionalArguments());
-    for (const Engine engine : wantedEngines(parser))
-        measure(engine, parser.value(u"rows"_s).toInt(), parser.value(u"repeat"_s).toInt());
-    return 0;
+    const QCoreApplication application(argc, argv);
+    return benchMain(
+        {{u"rows"_s, u"Rows of the table"_s, 1000000},
+         {u"repeat"_s, u"Runs of each; the one in the middle counts"_s, 5}},
+        [](Engine engine, const QList<int> &n) { measure(engine, n[0], n[1]); }, playRole);
 }

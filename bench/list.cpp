@@ -3,63 +3,34 @@
 //
 //   bench_list [--rows N] [--repeat N] [--engine sqlite|postgresql]
 
-#include "bench/engines.h"
+#include "bench/bench_main.h"
 #include "bench/list_roles.h"
 #include "bench/party_books.h"
 
 #include <QApplication>
-#include <QCommandLineParser>
-#include <QJsonDocument>
-#include <QProcess>
 
-#include <algorithm>
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-int playRole(const QStringList &arguments)
+QJsonObject playRole(const QString &role, const QStringList &arguments)
 {
-    TSessionSettings fin{.alias = u"mnFin_Db"_s};
-    fin.engine = arguments[1] == u"sqlite" ? Engine::Sqlite : Engine::PostgreSql;
-    (fin.engine == Engine::Sqlite ? fin.file : fin.connInfo) = arguments[2];
-    TSessionSettings ravl = fin;
-    ravl.alias = u"mnRavl"_s;
-    (ravl.engine == Engine::Sqlite ? ravl.file : ravl.connInfo) = arguments[3];
-    const QString &role = arguments[0];
-    const QJsonObject figures = role == u"ours"   ? ourList(fin, ravl, arguments[4].toInt())
-                                : role == u"qt"   ? qtList(fin)
-                                : role == u"loop" ? bareLoop(fin)
-                                                  : bareFifty(fin);
-    std::printf("%s\n", QJsonDocument(figures).toJson(QJsonDocument::Compact).constData());
-    return 0;
+    const TSessionSettings fin = sessionOf(u"mnFin_Db"_s, arguments);
+    if (role == u"ours")
+        return ourList(fin, sessionOf(u"mnRavl"_s, arguments.sliced(2)), arguments[4].toInt());
+    return role == u"qt" ? qtList(fin) : role == u"loop" ? bareLoop(fin) : bareFifty(fin);
 }
 
-QJsonObject played(const QString &role, const PartyBooks &books, int rows)
-{
-    const bool embedded = books.books().fin.engine == Engine::Sqlite;
-    const auto place = [embedded](const TSessionSettings &settings) {
-        return embedded ? settings.file : settings.connInfo;
-    };
-    QProcess process;
-    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process.start(QCoreApplication::applicationFilePath(),
-                  {u"--role"_s, role, embedded ? u"sqlite"_s : u"postgresql"_s, place(books.books().fin),
-                   place(books.books().ravl), QString::number(rows)});
-    if (!process.waitForFinished(-1) || process.exitCode() != 0)
-        qFatal("%s failed", qPrintable(role));
-    return QJsonDocument::fromJson(process.readAllStandardOutput()).object();
-}
-
-// The figures of the run in the middle, by the time until all rows are there.
+// The figures of the run in the middle.
 QJsonObject middle(const QString &role, const PartyBooks &books, int rows, int repeat)
 {
     QList<QJsonObject> runs;
     for (int i = 0; i < repeat; ++i)
-        runs << played(role, books, rows);
-    std::ranges::sort(runs, {}, [](const QJsonObject &run) { return run[u"all"_s].toDouble(); });
-    return runs[runs.size() / 2];
+        runs << played(role, wordsOf(books.books().fin) + wordsOf(books.books().ravl) +
+                                 QStringList(QString::number(rows)));
+    return middleOf(runs);
 }
 
 void measure(Engine engine, int rows, int repeat)
@@ -93,17 +64,9 @@ void measure(Engine engine, int rows, int repeat)
 int main(int argc, char *argv[])
 {
     needNoScreen();
-    QApplication application(argc, argv);
-    application.setApplicationName(u"bench_list"_s);
-    QCommandLineParser parser;
-    parser.addOption({u"rows"_s, u"Rows of the list"_s, u"N"_s, u"1000000"_s});
-    parser.addOption({u"repeat"_s, u"Runs of each; the one in the middle counts"_s, u"N"_s, u"3"_s});
-    parser.addOption(engineOption());
-    parser.addOption({u"role"_s, u"What this process measures (used by the program itself)"_s, u"name"_s});
-    parser.process(application);
-    if (parser.isSet(u"role"_s))
-        return playRole(QStringList(parser.value(u"role"_s)) + parser.positionalArguments());
-    for (const Engine engine : wantedEngines(parser))
-        measure(engine, parser.value(u"rows"_s).toInt(), parser.value(u"repeat"_s).toInt());
-    return 0;
+    const QApplication application(argc, argv);
+    return benchMain(
+        {{u"rows"_s, u"Rows of the list"_s, 1000000},
+         {u"repeat"_s, u"Runs of each; the one in the middle counts"_s, 3}},
+        [](Engine engine, const QList<int> &n) { measure(engine, n[0], n[1]); }, playRole);
 }

@@ -1,8 +1,8 @@
 #include "tests/faults/large_books.h"
 #include "tests/faults/raised.h"
-#include "tests/faults/small_disk.h"
 #include "tests/faults/victim_process.h"
 #include "tests/support/files.h"
+#include "tests/support/mounts.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -36,8 +36,7 @@ TEST_P(FullDisk, DuringACloseDamagesNothing)
     mnFin_Db->Close();
     const qint64 size = QFileInfo(settings.file).size();
     const SmallDisk disk(size + room);
-    if (!disk.there())
-        GTEST_SKIP() << "only root can have a small disk";
+    REQUIRE_MOUNTED(disk);
     const QString file = disk.path() + u"/knygos.db"_s;
     ASSERT_TRUE(QFile::copy(settings.file, file));
     settings.file = file;

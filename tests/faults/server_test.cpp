@@ -1,8 +1,8 @@
 #include "database/schema.h"
 #include "tests/faults/large_books.h"
 #include "tests/faults/raised.h"
-#include "tests/faults/small_disk.h"
 #include "tests/faults/victim_process.h"
+#include "tests/support/mounts.h"
 #include "tests/support/postgres.h"
 
 #include <iostream>
@@ -152,8 +152,7 @@ TEST_F(Server, WithAFullDiskDamagesNothingAndClosesWhenThereIsRoom)
         nativeValue(*at(original), u"select pg_database_size(current_database())"_s).toLongLong();
     constexpr qint64 room = 4'000'000; // less than a close writes
     const SmallDisk disk(size + room);
-    if (!disk.there())
-        GTEST_SKIP() << "only root can have a small disk";
+    REQUIRE_MOUNTED(disk);
     const passwd *owner = getpwnam("postgres");
     ASSERT_TRUE(owner);
     ASSERT_EQ(chown(disk.path().toUtf8(), owner->pw_uid, owner->pw_gid), 0);

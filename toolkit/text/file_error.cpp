@@ -1,37 +1,37 @@
 #include "toolkit/text/file_error.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
-using namespace Qt::StringLiterals;
+namespace {
+
+struct TTrouble {
+    int code;
+    const char16_t *told;
+};
+
+constexpr TTrouble troubles[] = {
+    {ENOSPC, u"diske nebeliko vietos"},
+    {EDQUOT, u"viršyta Jums skirta disko vieta"},
+    {EFBIG, u"failas didesnis, nei čia leidžiama"},
+    {EACCES, u"trūksta teisių"},
+    {EPERM, u"trūksta teisių"},
+    {EROFS, u"diskas skirtas tik skaityti"},
+    {EBUSY, u"failą naudoja kita programa"},
+    {ETXTBSY, u"failą naudoja kita programa"},
+    {ENOENT, u"tokio katalogo nėra"},
+    {ENOTDIR, u"tokio katalogo nėra"},
+    {EISDIR, u"tai katalogas, o ne failas"},
+    {ENAMETOOLONG, u"per ilgas pavadinimas"},
+    {EIO, u"disko klaida"},
+};
+
+} // namespace
 
 QString systemTrouble(int code)
 {
-    switch (code) {
-    case ENOSPC:
-        return u"diske nebeliko vietos"_s;
-    case EDQUOT:
-        return u"viršyta Jums skirta disko vieta"_s;
-    case EFBIG:
-        return u"failas didesnis, nei čia leidžiama"_s;
-    case EACCES:
-    case EPERM:
-        return u"trūksta teisių"_s;
-    case EROFS:
-        return u"diskas skirtas tik skaityti"_s;
-    case EBUSY:
-    case ETXTBSY:
-        return u"failą naudoja kita programa"_s;
-    case ENOENT:
-    case ENOTDIR:
-        return u"tokio katalogo nėra"_s;
-    case EISDIR:
-        return u"tai katalogas, o ne failas"_s;
-    case ENAMETOOLONG:
-        return u"per ilgas pavadinimas"_s;
-    case EIO:
-        return u"disko klaida"_s;
-    default:
-        return QString::fromLocal8Bit(std::strerror(code));
-    }
+    const auto *known = std::ranges::find(troubles, code, &TTrouble::code);
+    return known == std::end(troubles) ? QString::fromLocal8Bit(std::strerror(code))
+                                       : QString::fromUtf16(known->told);
 }

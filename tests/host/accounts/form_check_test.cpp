@@ -27,23 +27,13 @@ protected:
     }
     void opening(const QString &number, double debit, double credit, int period = 7)
     {
-        fin->ExecSQL(u"insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid, ssl_sum_db, ssl_sum_kr) "
-                     "values (:key, :id, :per, :db, :kr)"_s,
-                     {{u"key"_s, ++key},
-                      {u"id"_s, idOf(number)},
-                      {u"per"_s, period},
-                      {u"db"_s, debit},
-                      {u"kr"_s, credit}});
+        add(u"bd_saslik (ssl_id, ssl_sasid, ssl_perid, ssl_sum_db, ssl_sum_kr)"_s, number, debit, credit,
+            period);
     }
     void entry(const QString &number, double debit, double credit, int period = 7)
     {
-        fin->ExecSQL(u"insert into bd_irasai (irs_id, irs_sasid, irs_perid, irs_sum_db, irs_sum_kr) "
-                     "values (:key, :id, :per, :db, :kr)"_s,
-                     {{u"key"_s, ++key},
-                      {u"id"_s, idOf(number)},
-                      {u"per"_s, period},
-                      {u"db"_s, debit},
-                      {u"kr"_s, credit}});
+        add(u"bd_irasai (irs_id, irs_sasid, irs_perid, irs_sum_db, irs_sum_kr)"_s, number, debit, credit,
+            period);
     }
     // The findings, a line each.
     QStringList found()
@@ -57,6 +47,15 @@ protected:
     }
 
 private:
+    void add(const QString &into, const QString &number, double debit, double credit, int period)
+    {
+        fin->ExecSQL(u"insert into %1 values (:key, :id, :per, :db, :kr)"_s.arg(into),
+                     {{u"key"_s, ++key},
+                      {u"id"_s, idOf(number)},
+                      {u"per"_s, period},
+                      {u"db"_s, debit},
+                      {u"kr"_s, credit}});
+    }
     int idOf(const QString &number)
     {
         return fin->fieldResult(u"select sas_id from bd_sasplan where sas_sasnr = :nr"_s, {{u"nr"_s, number}})

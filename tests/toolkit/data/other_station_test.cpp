@@ -1,6 +1,7 @@
 // A row that two stations change at the same time.
 
 #include "tests/toolkit/data/books.h"
+#include "toolkit/text/format.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,6 +12,7 @@ protected:
     void SetUp() override
     {
         OnSmallTable::SetUp();
+        FormatSettings().DecimalSeparator = u',';
         fill(2);
         set = record(1);
         field(u"t_pavad"_s).DisplayLabel = u"Adresas"_s;
@@ -27,6 +29,13 @@ protected:
 
     TField &field(const QString &name) { return *set->FieldByName(name); }
     void elsewhere(const QString &change) { secondFin()->ExecSQL(u"update bd_t set "_s + change); }
+
+    // Both stations give the row another name, this one first.
+    void bothName()
+    {
+        field(u"t_pavad"_s).setAsString(u"Mano"_s);
+        elsewhere(u"t_pavad = 'Jų'"_s);
+    }
 
     // What the post is refused with.
     QList<TChangedColumn> refused()
@@ -103,8 +112,7 @@ TEST_P(OtherStation, TheirsCanBeTakenColumnByColumn)
 
 TEST_P(OtherStation, KeepingOnesOwnIsRefusedAgainWhenTheyChangeItAgain)
 {
-    field(u"t_pavad"_s).setAsString(u"Mano"_s);
-    elsewhere(u"t_pavad = 'Jų'"_s);
+    bothName();
     set->keepOwn(refused());
     elsewhere(u"t_pavad = 'Dar kitaip'"_s);
     const QList<TChangedColumn> again = refused();
@@ -117,8 +125,7 @@ TEST_P(OtherStation, KeepingOnesOwnIsRefusedAgainWhenTheyChangeItAgain)
 
 TEST_P(OtherStation, AfterAcceptingNothingMayBeLeftToWrite)
 {
-    field(u"t_pavad"_s).setAsString(u"Mano"_s);
-    elsewhere(u"t_pavad = 'Jų'"_s);
+    bothName();
     set->acceptOther(refused());
     set->Post(); // nothing of one's own is left to be written
     EXPECT_EQ(field(u"t_pavad"_s).AsString(), u"Jų"_s);
@@ -207,8 +214,7 @@ TEST_P(OtherStation, NullsAndAmountsThatAreNotExactAreComparedAsTheyWereRead)
 TEST_P(OtherStation, ByKeyOnlyTheLastSaveWins)
 {
     set->UpdateMode = upWhereKeyOnly;
-    field(u"t_pavad"_s).setAsString(u"Mano"_s);
-    elsewhere(u"t_pavad = 'Jų'"_s);
+    bothName();
     set->Post();
     EXPECT_EQ(stored(u"t_pavad"_s, 1), u"Mano"_s);
 }

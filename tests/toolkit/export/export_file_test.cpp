@@ -1,10 +1,10 @@
+#include "tests/support/mounts.h"
 #include "tests/support/private_files.h"
 #include "tests/toolkit/data/expect_error.h"
 #include "tests/toolkit/export/exported.h"
 #include "toolkit/export/export_file.h"
 
 #include <csignal>
-#include <sys/mount.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -120,15 +120,13 @@ TEST_F(ExportFile, TellsThatItMayNotGrow)
 
 TEST_F(ExportFile, TellsAFullDisk)
 {
-    QTemporaryDir disk;
-    if (mount("tmpfs", disk.path().toUtf8(), "tmpfs", 0, "size=1m") != 0)
-        GTEST_SKIP() << "only root can have a small disk";
-    name = disk.filePath(u"lentelė.sql"_s);
+    const SmallDisk disk(1 << 20);
+    REQUIRE_MOUNTED(disk);
+    name = disk.path() + u"/lentelė.sql"_s;
     writeFile(name, "sena");
     EXPECT_ERROR(EFileError, write(3 << 20), u"lentelė.sql“: diske nebeliko vietos."_s);
     EXPECT_EQ(contentOf(name), "sena");
     EXPECT_EQ(QDir(disk.path()).count(), 3U); // itself, the one above and the file
-    umount2(disk.path().toUtf8(), MNT_DETACH);
 }
 
 TEST_F(ExportFile, TellsAFolderWithoutRights)
@@ -144,13 +142,13 @@ TEST_F(ExportFile, TellsAFolderWithoutRights)
     expectTheOldFile();
 }
 
-// A file that something is mounted on cannot be replaced, as one that another program holds.
 TEST_F(ExportFile, TellsAFileInUse)
 {
-    if (mount(name.toUtf8(), name.toUtf8(), nullptr, MS_BIND, nullptr) != 0)
-        GTEST_SKIP() << "only root can mount";
-    EXPECT_ERROR(EFileError, write(5), u"lentelė.sql“: failą naudoja kita programa."_s);
-    umount2(name.toUtf8(), MNT_DETACH);
+    {
+        const HeldFile held(name);
+        REQUIRE_MOUNTED(held);
+        EXPECT_ERROR(EFileError, write(5), u"lentelė.sql“: failą naudoja kita programa."_s);
+    }
     expectTheOldFile();
 }
 
