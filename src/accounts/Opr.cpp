@@ -37,6 +37,12 @@ void TToldQuery::write(TRecordChange &change)
 {
     try {
         TQuery::write(change);
+    } catch (const EChangedElsewhere &conflict) {
+        if (!editing() || !settleChangedElsewhere(widgetOf(this), *this, conflict))
+            throw;
+        for (const TChangedColumn &column : conflict.columns)
+            change.before[size_t(FieldByName(column.field)->index())] = column.theirs;
+        write(change);
     } catch (const Exception &error) {
         if (OnWriteError)
             OnWriteError(error);
@@ -112,7 +118,7 @@ void TOprFrm::buildActions()
                             .hint = "Išsaugoti pakeitimus",
                             .picture = TIcon::Save,
                             .keys = {Qt::CTRL | Qt::Key_S},
-                            .handler = [this] { save(); },
+                            .handler = [this] { active->query.Post(); },
                             .enabled = editing,
                             .separated = true});
     acCancel = addFormAction({.name = "acCancel",
@@ -308,24 +314,13 @@ void TOprFrm::showState()
     judgeActions();
 }
 
-void TOprFrm::save()
-{
-    for (bool again = true; again;) {
-        try {
-            active->query.Post();
-            again = false;
-        } catch (const EChangedElsewhere &conflict) {
-            again = settleChangedElsewhere(this, active->query, conflict);
-        }
-    }
-}
-
 void TOprFrm::pickAccount(TList &lines)
 {
     lines.query.Edit();
     const double id = OpenSasModal(true, accountsByNumber);
-    if (id > 0)
-        lines.query.FieldByName("OSK_SASID")->setEditText(GetSasById(id, true));
+    if (id <= 0)
+        throw EAbort();
+    lines.query.FieldByName("OSK_SASID")->setEditText(GetSasById(id, true));
 }
 
 // --- leaving a list

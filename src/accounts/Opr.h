@@ -15,7 +15,8 @@ namespace Opr {
 
 extern TUnit unit;
 
-// A query that says what a refused write means to its screen.
+// A query that says what a refused write means to its screen. Whatever the post comes from, the user decides
+// what becomes of a column that another station changed, too.
 class TToldQuery : public TQuery {
 public:
     using TQuery::TQuery;
@@ -63,7 +64,6 @@ private:
     void activate(TList &list);
     bool mayStart() const;
     void showState();
-    void save();
     void pickAccount(TList &lines);
     void leave(TList &list);
     static void postOrDrop(TList &list);

@@ -75,6 +75,7 @@ void TDataSet::Open()
         BeforeOpen(*this);
     std::unique_ptr<TStatement> statement = openStatement();
     statement->exec();
+    ++d->openings;
     try {
         d->reset([&] {
             d->clearRows();

@@ -1,6 +1,8 @@
 #include "toolkit/data/connection.h"
 #include "toolkit/data/dataset_private.h"
 
+#include <optional>
+
 // --- rows and the filter
 
 int TDataSet::Private::sourceOfModel(int row) const
@@ -169,16 +171,39 @@ void TDataSet::Next()
     d->cursor.eof = true;
 }
 
+// Where the post reads the list anew, the row that is meant may stand elsewhere in it.
 void TDataSet::setRecNo(int row)
 {
     if (row == d->cursor.row)
         return;
+    std::optional<Record> meant;
+    if (editing() && row >= 0 && row < d->modelRows())
+        meant = d->recordOf(d->sourceOfModel(row));
     if (d->state == dsInsert && !d->edited.modified && row > d->edited.insertedAt)
         --row; // the untouched new record goes
+    const int opening = d->openings;
     d->leaveRecord();
+    if (meant && d->openings != opening) {
+        d->moveToSame(*meant);
+        return;
+    }
     d->fetchUntilSeen(row + 1);
     if (row >= 0 && row < d->rows.seenCount())
         d->moveTo(row);
+}
+
+// The cursor stays when there is no such record any more.
+void TDataSet::Private::moveToSame(const Record &record)
+{
+    const int found = fetchUntilFound([&](int from) {
+        for (int seen = from; seen < rows.seenCount(); ++seen) {
+            if (recordOf(rows.sourceOf(seen)) == record)
+                return seen;
+        }
+        return -1;
+    });
+    if (found >= 0)
+        moveTo(found);
 }
 
 int TDataSet::findRow(const QString &column, const Variant &key, int from) const
@@ -191,23 +216,30 @@ int TDataSet::findRow(const QString &column, const Variant &key, int from) const
     return -1;
 }
 
-bool TDataSet::Locate(const QString &column, const Variant &key)
+int TDataSet::Private::fetchUntilFound(const std::function<int(int from)> &find)
 {
-    d->leaveRecord();
     BusyBeat busy;
     busy.start();
     int looked = 0;
     for (;;) {
-        const int found = findRow(column, key, looked);
-        if (found >= 0) {
-            d->moveTo(found);
-            return true;
-        }
-        looked = d->rows.seenCount();
-        if (!d->fetchRows(firstRows, -1) && looked == d->rows.seenCount())
-            break;
+        const int found = find(looked);
+        if (found >= 0)
+            return found;
+        looked = rows.seenCount();
+        if (!fetchRows(firstRows, -1) && looked == rows.seenCount())
+            return -1;
         busy.beat();
     }
-    d->reader.checkWhole();
-    return false;
+}
+
+bool TDataSet::Locate(const QString &column, const Variant &key)
+{
+    d->leaveRecord();
+    const int found = d->fetchUntilFound([&](int from) { return findRow(column, key, from); });
+    if (found < 0) {
+        d->reader.checkWhole();
+        return false;
+    }
+    d->moveTo(found);
+    return true;
 }

@@ -55,7 +55,7 @@ void TDataSet::Edit()
     }
     if (BeforeEdit)
         BeforeEdit(*this);
-    d->edited.start(d->rows.read(d->rows.at(d->currentSource()), d->fields.stored()));
+    d->edited.start(d->recordOf(d->currentSource()));
     d->calculated.forget();
     d->setState(dsEdit);
     if (AfterEdit)

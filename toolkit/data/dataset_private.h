@@ -24,6 +24,7 @@ struct TDataSet::Private {
     bool fetchRows(int limit, qint64 milliseconds); // false when the last row is here; publishes what came
     void fetchAll();
     void fetchUntilSeen(int seen);
+    int fetchUntilFound(const std::function<int(int from)> &find); // -1: no row is the one
     void publish();
     void idleFetch();
 
@@ -34,6 +35,7 @@ struct TDataSet::Private {
     RowList::Passes filterOf(std::function<bool(TDataSet &)> filter);
     void hideCurrentUnlessPassing();
     void clearRows();
+    Record recordOf(int source) const { return rows.read(rows.at(source), fields.stored()); }
 
     // --- values of the record that is looked at
     Variant valueAt(int source, int field);
@@ -44,6 +46,7 @@ struct TDataSet::Private {
     void moveTo(int row);
     void scrolled();
     void leaveRecord(); // posts or cancels what is being edited
+    void moveToSame(const Record &record);
 
     // --- editing
     void checkActive() const;
@@ -75,6 +78,7 @@ struct TDataSet::Private {
 
     int lookAt = -1;                  // source row that hooks see instead of the current record; -1: none
     const Record *lookInto = nullptr; // a record that hooks see instead of any row
+    int openings = 0;
     bool resetting = false;
     bool readOnly = false;
 

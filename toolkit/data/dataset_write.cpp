@@ -59,7 +59,7 @@ void TDataSet::replaceRecord(const std::function<bool(Record &)> &with)
     const int source = d->cursor.row < 0 ? -1 : d->currentSource();
     if (source < 0)
         return;
-    Record record = d->rows.read(d->rows.at(source), d->fields.stored());
+    Record record = d->recordOf(source);
     if (!with(record))
         return;
     d->rows.replace(source, d->rows.store(record));

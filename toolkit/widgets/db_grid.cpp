@@ -293,9 +293,22 @@ void TDBGrid::currentChanged(const QModelIndex &current, const QModelIndex &prev
     if (following || rows->isChanging() || !set || !set->Active() || !current.isValid() ||
         current.row() == set->RecNo())
         return;
+    const int wanted = current.row();
+    const auto move = [&] {
+        commitCell();
+        set->setRecNo(wanted);
+    };
     // A record that cannot be left, because its changes are refused, stays the current one.
-    if (!runGuarded(this, [&] { set->setRecNo(current.row()); }))
+    if (!runGuarded(this, move))
         runGuarded(this, [this] { followSet(); });
+    if (set->RecNo() == wanted)
+        return;
+    // A click selects what it hit when all this is over.
+    const auto highlight = [this] {
+        if (currentIndex().isValid())
+            selectionModel()->select(currentIndex(), selecting());
+    };
+    QMetaObject::invokeMethod(this, guarded(this, highlight), Qt::QueuedConnection);
 }
 
 bool TDBGrid::moveSet(const QKeyEvent *event)

@@ -29,7 +29,7 @@ struct TGridColumn {
     // Texts for the field's keys; the field itself shows them then, so search, copy and print have them, too.
     // Read anew whenever the set is opened.
     std::shared_ptr<TColumnLookup> lookup;
-    std::function<void()> browse; // a button in the cell being edited, for choosing the value elsewhere
+    std::function<void()> browse; // a button in the cell: the value is chosen elsewhere; EAbort: none was
 };
 
 // A grid over a data set. The grid's current row and the set's record are always the same one: moving in the

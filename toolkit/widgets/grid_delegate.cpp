@@ -9,12 +9,17 @@
 #include <QAction>
 #include <QHelpEvent>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
-TGridDelegate::TGridDelegate(TGridModel *model, QObject *parent) : QStyledItemDelegate(parent), rows(model) {}
+TGridDelegate::TGridDelegate(TGridModel *model, QObject *parent)
+    : QStyledItemDelegate(parent),
+      rows(model),
+      told(new QTimer(this))
+{
+    told->setSingleShot(true);
+}
 
 QWidget *TGridDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &,
                                      const QModelIndex &index) const
@@ -33,6 +38,9 @@ QWidget *TGridDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem
     applyEditOptions(edit, options);
     if (column.browse)
         addBrowse(edit, index.column());
+    connect(edit, &QLineEdit::textEdited, told, &QTimer::stop); // another text is another matter
+    open = edit;
+    place = index;
     return edit;
 }
 
@@ -71,20 +79,33 @@ QString TGridDelegate::typedText(const QModelIndex &index) const
                                                    : index.data(Qt::EditRole).toString();
 }
 
-void TGridDelegate::setModelData(QWidget *editor, QAbstractItemModel *, const QModelIndex &index) const
+void TGridDelegate::setModelData(QWidget *editor, QAbstractItemModel *, const QModelIndex &) const
 {
-    commit(editor, index);
+    if (editor == open)
+        commitOpen();
 }
 
-bool TGridDelegate::commit(QWidget *editor, const QModelIndex &index) const
+// A record that goes takes what is typed in it along.
+bool TGridDelegate::commitOpen() const
 {
-    auto *edit = static_cast<QLineEdit *>(editor);
-    if (!edit->isModified())
+    if (!open || !open->isModified() || rows->isChanging())
         return true;
-    if (!rows->setData(index, maskedText(edit), Qt::EditRole))
+    if (told->isActive())
         return false;
-    edit->setModified(false);
-    return true;
+    if (rows->setData(place, maskedText(open), Qt::EditRole)) {
+        if (open)
+            open->setModified(false);
+        return true;
+    }
+    told->start();
+    return false;
+}
+
+void TGridDelegate::destroyEditor(QWidget *editor, const QModelIndex &index) const
+{
+    if (editor == open)
+        open = nullptr;
+    QStyledItemDelegate::destroyEditor(editor, index);
 }
 
 // Where Esc belongs to the window it takes back more than the cell. A message, a picker or another program

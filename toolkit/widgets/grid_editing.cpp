@@ -52,26 +52,37 @@ void TDBGrid::followState()
 
 QWidget *TDBGrid::cellEditor() const
 {
-    return state() == EditingState ? indexWidget(currentIndex()) : nullptr;
+    return editors->openEditor();
 }
 
 void TDBGrid::openEditor()
 {
     const QModelIndex cell = currentIndex();
     const bool wanted = inPlace && editsCells && cell.isValid() && cell.row() == rows->dataSet()->RecNo();
-    if (wanted && isVisible() && state() != EditingState && (rows->flags(cell) & Qt::ItemIsEditable))
+    if (wanted && isVisible() && !cellEditor() && (rows->flags(cell) & Qt::ItemIsEditable))
         edit(cell);
 }
 
 void TDBGrid::commitCell()
 {
-    QWidget *editor = cellEditor();
-    if (editor && !editors->commit(editor, currentIndex()))
+    if (!editors->commitOpen())
         throw EAbort();
 }
 
+// A text that was refused stays to be corrected, with the keyboard in it; a change of the focus that is under
+// way comes to its end first.
 void TDBGrid::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
 {
+    if (inPlace && hint != QAbstractItemDelegate::RevertModelCache && !editors->commitOpen()) {
+        const auto goBack = [this] {
+            if (QWidget *kept = cellEditor()) {
+                kept->setFocus();
+                emit entered();
+            }
+        };
+        QMetaObject::invokeMethod(this, guarded(this, goBack), Qt::QueuedConnection);
+        return;
+    }
     const bool byTab =
         hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
     if (!inPlace || !byTab) {

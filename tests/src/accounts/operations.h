@@ -72,6 +72,7 @@ protected:
     // --- the user's hands
     void go(QWidget *control)
     {
+        activate();
         control->setFocus();
         settle();
     }
@@ -85,6 +86,7 @@ protected:
     }
     void keys(const QString &text)
     {
+        activate();
         typeKeys(QApplication::focusWidget(), text);
         settle();
     }
@@ -92,6 +94,18 @@ protected:
     {
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    void click(TDBGrid *grid, int row)
+    {
+        const QPoint there = grid->visualRect(grid->model()->index(row, 0)).center();
+        QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, there);
+        settle();
+    }
+    // The row that is marked, as its user sees it.
+    static QString marked(const TDBGrid *grid)
+    {
+        const QModelIndexList chosen = grid->selectionModel()->selectedIndexes();
+        return chosen.size() == 1 ? chosen.first().data().toString() : QString();
     }
     // Adds a row to the list that has the keyboard, typed and saved.
     void add(const QString &text)

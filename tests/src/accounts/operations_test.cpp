@@ -284,9 +284,8 @@ TEST_P(Operations, AnotherRefusalKeepsItsOwnWords)
     keys("2411");
     press(Qt::Key_Return);
     secondFin()->ExecSQL("delete from bd_sasplan where sas_sasnr = '2411'");
-    const QString told = refusal([this] { press(Qt::Key_S, Qt::ControlModifier); });
-    EXPECT_FALSE(told.isEmpty());
-    EXPECT_NE(told, "Neįmanoma įrašyti vienodų sąskaitų");
+    EXPECT_EQ(refusal([this] { press(Qt::Key_S, Qt::ControlModifier); }),
+              "Įrašas susietas su kitais įrašais: nurodytas įrašas neegzistuoja arba jis naudojamas.");
 }
 
 TEST_P(Operations, TheButtonOfACellChoosesFromTheChart)
@@ -296,20 +295,64 @@ TEST_P(Operations, TheButtonOfACellChoosesFromTheChart)
     press(Qt::Key_Insert);
     {
         OnNextDialog<TCodePicker> picker([](TCodePicker &shown) {
-            type(shown.findChild<QLineEdit *>(), "691");
+            type(shown.findChild<QLineEdit *>(), "2411");
             QTest::keyClick(shown.findChild<QLineEdit *>(), Qt::Key_Return);
         });
         press(Qt::Key_F4);
     }
-    EXPECT_EQ(cell(debit())->text(), "691  Sąskaita 691");
+    EXPECT_EQ(cell(debit())->text(), "2411  Sąskaita 2411");
     press(Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(rows(books(), "select osk_sasid from bd_oprsaskor where osk_oprid = 1 and osk_db_kr = 'D' "
                             "order by osk_sasid"),
-              QStringList({QString::number(stock), QString::number(debts)}));
+              QStringList({QString::number(cash), QString::number(stock)}));
+}
+
+TEST_P(Operations, ThePickerThatIsCancelledLeavesWhatWasTyped)
+{
+    open();
+    go(debit());
     press(Qt::Key_Return);
-    OnNextDialog<TCodePicker> picker([](TCodePicker &shown) { shown.reject(); });
+    {
+        OnNextDialog<TCodePicker> picker([](TCodePicker &shown) { shown.reject(); });
+        press(Qt::Key_F4);
+    }
+    EXPECT_EQ(cell(debit())->text(), "203  Sąskaita 203");
+    keys("2411");
+    {
+        OnNextDialog<TCodePicker> picker([](TCodePicker &shown) { shown.reject(); });
+        press(Qt::Key_F4);
+    }
+    EXPECT_EQ(cell(debit())->text(), "2411");
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(storedLines().first(), "1|2411|D|1");
+}
+
+TEST_P(Operations, TheAccountThatIsChosenGoesOverWhatWasTyped)
+{
+    open();
+    go(debit());
+    press(Qt::Key_Return);
+    keys("24");
+    OnNextDialog<TCodePicker> picker([](TCodePicker &shown) {
+        type(shown.findChild<QLineEdit *>(), "203");
+        QTest::keyClick(shown.findChild<QLineEdit *>(), Qt::Key_Return);
+    });
     press(Qt::Key_F4);
-    EXPECT_EQ(cell(debit())->text(), "691  Sąskaita 691") << "cancelled, nothing changes";
+    EXPECT_EQ(cell(debit())->text(), "203  Sąskaita 203") << "the one that it had is one, too";
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(storedLines().first(), "1|203|D|1");
+}
+
+TEST_P(Operations, AnEmptiedCellKeepsItsAccount)
+{
+    open();
+    go(debit());
+    press(Qt::Key_Return);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(cell(debit())->text(), "");
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(storedLines().first(), "1|203|D|1");
+    EXPECT_EQ(shown(debit()), QStringList("203  Sąskaita 203"));
 }
 
 TEST_P(Operations, EscTakesTheRowBackAtOnceAndThenCloses)
