@@ -33,10 +33,15 @@ QByteArray contentOf(const QString &name)
     return content;
 }
 
-// A bitmap tells its own length in its third to sixth byte; the reader takes a shorter one for a whole one.
-bool isCutOff(const QByteArray &format, const QByteArray &content)
+// The reader takes a picture that is cut off for a whole one. A bitmap tells its own length in its third to
+// sixth byte, the others have an end of their own; zeros that a device fills its blocks with may follow it.
+bool isCutOff(const QByteArray &format, QByteArray content)
 {
-    return format == "bmp" && qFromLittleEndian<quint32>(content.constData() + 2) > quint32(content.size());
+    if (format == "bmp")
+        return qFromLittleEndian<quint32>(content.constData() + 2) > quint32(content.size());
+    while (content.endsWith('\0'))
+        content.chop(1);
+    return !content.endsWith(format == "png" ? "IEND\xAE\x42\x60\x82" : "\xFF\xD9");
 }
 
 // The size is read before the picture is: a small file may unfold to more than the memory holds.

@@ -123,6 +123,60 @@ TEST_P(Emblem, AFileThatIsNoPictureIsRefusedInWordsAndTheOldOneStays)
     EXPECT_EQ(storedEmblem(), contentOf(folder.filePath("zenklas.png")));
 }
 
+TEST_P(Emblem, AFileThatIsCutOffAnywhereIsRefused)
+{
+    open();
+    frm->acEdit->trigger();
+    for (const QString name : {"visas.png", "visas.jpg", "visas.bmp"}) {
+        const QByteArray whole = contentOf(picture(name, {90, 60}));
+        choose(file("papildytas." + name, whole + QByteArray(512, '\0')));
+        EXPECT_TRUE(emblem()->hasPicture()) << "a block filled up with zeros is whole";
+        frm->mnDel->trigger();
+        for (const qsizetype length : {whole.size() - 100, whole.size() - 20, whole.size() - 1}) {
+            const QString cut = file("nukirstas." + name, whole.left(length));
+            NextBoxes told{QMessageBox::Ok};
+            choose(cut);
+            EXPECT_EQ(told.at(0).text, "Failas „" + cut + "“ sugadintas: paveikslėlio parodyti negalima")
+                << length;
+            EXPECT_FALSE(emblem()->hasPicture());
+        }
+    }
+}
+
+TEST_P(Emblem, APictureOfTooManyPointsIsRefusedBeforeItIsUnfolded)
+{
+    open();
+    frm->acEdit->trigger();
+    QImage blank(5001, 5000, QImage::Format_Mono);
+    blank.fill(0);
+    const QString large = folder.filePath("platus.png");
+    ASSERT_TRUE(blank.save(large));
+    NextBoxes told{QMessageBox::Ok};
+    choose(large);
+    EXPECT_EQ(told.at(0).text, "Paveikslėlis „" + large + "“ per didelis: 5001 × 5000 taškų");
+    EXPECT_FALSE(emblem()->hasPicture());
+    ASSERT_TRUE(blank.copy(0, 0, 5000, 5000).save(large));
+    choose(large);
+    EXPECT_TRUE(emblem()->hasPicture()) << "the largest that may be";
+}
+
+TEST_P(Emblem, AStoredOneThatCannotBeShownIsSaidSoAndMayBeTakenAway)
+{
+    books().ExecSQL("update bd_org set org_zenklas = :z", {{"z", QByteArray("ne paveikslėlis")}});
+    open();
+    const QImage said = emblem()->grab().toImage();
+    EXPECT_FALSE(emblem()->hasPicture());
+    edited();
+    frm->acSave->trigger();
+    EXPECT_EQ(storedEmblem(), QByteArray("ne paveikslėlis")) << "what nobody touched stays";
+    frm->acEdit->trigger();
+    EXPECT_TRUE(frm->mnDel->isEnabled());
+    frm->mnDel->trigger();
+    EXPECT_NE(emblem()->grab().toImage(), said) << "there is none is something else";
+    frm->acSave->trigger();
+    EXPECT_EQ(value(books(), "select org_zenklas from bd_org"), "NULL");
+}
+
 TEST_P(Emblem, ItsMenuFollowsTheRowAndDeleteIsItsKey)
 {
     books().ExecSQL("update bd_org set org_zenklas = :z",

@@ -121,6 +121,10 @@ TEST_P(Organisation, TheMunicipalityIsPickedFromItsListOrTypedAsItsCode)
     EXPECT_EQ(line("Org_Savivaldybe")->text(), "");
     type(line("Org_Savivaldybe"), "99");
     EXPECT_EQ(refusal(), "Laukas \"Savivaldybės kodas\": savivaldybės, kurios kodas „99“, sąraše nėra.");
+    type(line("Org_Savivaldybe"), "99999");
+    EXPECT_EQ(refusal(), "Laukas \"Savivaldybės kodas\": savivaldybės, kurios kodas „99999“, sąraše nėra.")
+        << "beyond what the column holds";
+    EXPECT_EQ(line("Org_Savivaldybe")->text(), "99999");
     type(line("Org_Savivaldybe"), "");
     frm->acSave->trigger();
     EXPECT_EQ(value(books(), "select org_savivaldybe from bd_org"), "NULL");
