@@ -72,20 +72,27 @@ QString Emitter::insertStatement()
         text += u" ("_s + columns.join(", "_L1) + u')';
     if (source.select)
         return text + u' ' + selectText(*source.select);
+    QStringList rows;
+    for (size_t first = 0; first < source.values.size(); first += source.rowWidth)
+        rows.append(insertedRow(first));
+    return text + u" values "_s + rows.join(", "_L1);
+}
+
+QString Emitter::insertedRow(size_t first)
+{
     QStringList values;
-    for (size_t i = 0; i < source.values.size(); ++i)
-        values.append(insertedValue(i));
-    return text + u" values ("_s + values.join(", "_L1) + u')';
+    for (size_t column = 0; column < source.rowWidth; ++column)
+        values.append(insertedValue(column, *source.values.at(first + column)));
+    return u'(' + values.join(", "_L1) + u')';
 }
 
 // NULL for a key that the database gives asks the database for one.
-QString Emitter::insertedValue(size_t number)
+QString Emitter::insertedValue(size_t column, const Node &value)
 {
-    const Node &value = *source.values.at(number);
     if (value.kind == NodeKind::Null && !dialect.nullGivesKey) {
         const QStringList columns =
             source.columns.isEmpty() ? catalog.columnNames(source.table) : source.columns;
-        if (catalog.isGivenByDatabase(source.table, columns.value(qsizetype(number))))
+        if (catalog.isGivenByDatabase(source.table, columns.value(qsizetype(column))))
             return comments(value.token) + u"default"_s;
     }
     return expression(value);

@@ -17,7 +17,8 @@ public:
 private:
     // --- statements
     QString insertStatement();
-    QString insertedValue(size_t number);
+    QString insertedRow(size_t first);
+    QString insertedValue(size_t column, const Node &value);
     QString updateStatement();
     QString callStatement();
 

@@ -154,10 +154,22 @@ void Parser::insertStatement(Statement &statement)
         return;
     }
     expectWord("values");
+    do
+        insertedRow(statement);
+    while (takeSymbol(","));
+}
+
+void Parser::insertedRow(Statement &statement)
+{
+    const size_t before = statement.values.size();
     expectSymbol("(");
     do
         statement.values.push_back(expression());
     while (takeSymbol(","));
+    const size_t width = statement.values.size() - before;
+    if (before > 0 && width != statement.rowWidth)
+        stop();
+    statement.rowWidth = width;
     expectSymbol(")");
 }
 

@@ -37,6 +37,7 @@ private:
 
     // --- statements
     void insertStatement(Statement &statement);
+    void insertedRow(Statement &statement);
     void updateStatement(Statement &statement);
     void deleteStatement(Statement &statement);
     void callStatement(Statement &statement);

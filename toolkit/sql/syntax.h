@@ -106,7 +106,8 @@ struct Statement {
     int token = 0;
     QString table;               // of insert, update and delete; the routine of a call
     QStringList columns;         // of an insert; empty when none are named
-    std::vector<NodePtr> values; // of an insert, or the arguments of a call
+    std::vector<NodePtr> values; // of an insert, row behind row, or the arguments of a call
+    size_t rowWidth = 0;         // values of each row of an insert
     std::vector<Assignment> assignments;
     NodePtr where;
     QStringList parameters;

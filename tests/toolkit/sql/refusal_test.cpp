@@ -33,6 +33,13 @@ TEST(Refusal, OfWhatIsNotFinished)
     EXPECT_EQ(refusal(u""_s), "Sakinys nebaigtas");
 }
 
+TEST(Refusal, OfInsertedRowsOfDifferentWidths)
+{
+    EXPECT_EQ(refusal(u"insert into bd_usr values (1, 2), (3)"_s),
+              "Netinkamoje sakinio vietoje yra ženklas: „)“");
+    EXPECT_FALSE(refusal(u"insert into bd_usr values (1), (2, 3)"_s).empty());
+}
+
 TEST(Refusal, OfANulOrHalfASign)
 {
     EXPECT_EQ(refusal(u"select 'a"_s + QChar(0) + u"b'"_s), "Sakinyje yra neleistinas ženklas");

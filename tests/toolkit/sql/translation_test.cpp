@@ -274,6 +274,10 @@ TEST(Writing, NullAsksForAKeyOfTheDatabase)
     EXPECT_EQ(postgres(statement), "insert into bd_balsas values (default, $1, $2, $3)");
     EXPECT_EQ(postgres(u"insert into bd_balsas (bss_tip, bss_id) values (null, null)"_s),
               "insert into bd_balsas (bss_tip, bss_id) values (null, default)");
+    const QString several = u"insert into bd_balsas values (NULL, :k1, 7, :tip), (NULL, :k2, NULL, :tip)"_s;
+    EXPECT_EQ(sqlite(several), "insert into bd_balsas values (null, ?1, 7, ?2), (null, ?3, null, ?2)");
+    EXPECT_EQ(postgres(several),
+              "insert into bd_balsas values (default, $1, 7, $2), (default, $3, null, $2)");
 }
 
 TEST(Writing, ParametersThatAreReckonedWithHaveAType)
