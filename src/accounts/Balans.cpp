@@ -27,10 +27,14 @@ QString firstDifference(const TBalForm &one, const TBalForm &other)
 {
     for (std::size_t side = 0; side < one.size(); ++side) {
         const auto [mine, theirs] = std::ranges::mismatch(one[side], other[side]);
-        if (theirs != other[side].end())
-            return QString("%1: „%2“").arg(sideNames.at(qsizetype(side)), theirs->text);
-        if (mine != one[side].end())
-            return QString("%1: nebėra „%2“").arg(sideNames.at(qsizetype(side)), mine->text);
+        const bool isAtMyEnd = mine == one[side].end();
+        const bool isAtTheirEnd = theirs == other[side].end();
+        if (isAtMyEnd && isAtTheirEnd)
+            continue;
+        const auto next = isAtMyEnd ? mine : std::next(mine);
+        const bool isGone = isAtTheirEnd || (next != one[side].end() && next->text == theirs->text);
+        return QString(isGone ? "%1: nebėra „%2“" : "%1: „%2“")
+            .arg(sideNames.at(qsizetype(side)), (isGone ? mine : theirs)->text);
     }
     return {};
 }
@@ -206,10 +210,12 @@ void TBalFrm::NewBtnClick()
     setMessage("Balanso forma išsaugota");
 }
 
-// False, and nothing is written, when the database has another form than expected.
+// False, and nothing is written, when the database has another form than expected. What is saved in the main
+// database is shown as it comes back from there; the second one keeps other texts than those typed.
 bool TBalFrm::saveOver(const TBalForm &expected)
 {
     TTransaction transaction(store->database());
+    store->lock();
     SaveToList();
     if (store->ReadList() != expected)
         return false;
@@ -217,6 +223,10 @@ bool TBalFrm::saveOver(const TBalForm &expected)
     const TBalForm written = store->ReadList();
     transaction.commit();
     stored = written;
+    if (!store->isSecond()) {
+        form = written;
+        BalList->settle(decodeSheet(shown, form[std::size_t(shown)]));
+    }
     return true;
 }
 

@@ -22,6 +22,7 @@ private:
     QTextCursor step;
 };
 
+// A sign, and no command nor accelerator: the third level of a keyboard comes as Alt and Control together.
 bool isTyped(const QKeyEvent &event)
 {
     const bool isCommand = event.modifiers() & Qt::ControlModifier && !(event.modifiers() & Qt::AltModifier);
@@ -134,16 +135,50 @@ void TBalEdit::moveTotalToBottom()
     setTextCursor(first);
 }
 
+void TBalEdit::settle(const TBalSheet &sheet)
+{
+    if (std::size_t(document()->blockCount()) != sheet.size() || document()->isEmpty())
+        return;
+    const TOneStep step(textCursor());
+    QTextBlock block = document()->begin();
+    for (const TBalLine &line : sheet) {
+        settleText(block, line.text);
+        block = block.next();
+    }
+}
+
+// Only what differs is written, so that the caret stays beside what it stood beside.
+void TBalEdit::settleText(const QTextBlock &block, const QString &text)
+{
+    const QString before = block.text();
+    if (before == text)
+        return;
+    const auto [from, fromOf] = std::ranges::mismatch(before, text);
+    const qsizetype first = from - before.begin();
+    const qsizetype shared = std::min(before.size(), text.size()) - first;
+    qsizetype same = 0; // characters at the end
+    while (same < shared && before.at(before.size() - 1 - same) == text.at(text.size() - 1 - same))
+        ++same;
+    QTextCursor range(block);
+    range.setPosition(int(block.position() + first));
+    range.setPosition(int(block.position() + before.size() - same), QTextCursor::KeepAnchor);
+    range.insertText(text.mid(first, text.size() - same - first), lettersOf(kindOfBlock(block)));
+}
+
 // --- keys
 
+// The base gets no sign of a key: text comes in by the rules alone.
 void TBalEdit::keyPressEvent(QKeyEvent *event)
 {
     runGuarded(this, [this, event] {
         const bool isBelowTheLast = event->key() == Qt::Key_Down && caretLine().isLast;
-        if (isBelowTheLast || takesClipboardKey(event) || (!isReadOnly() && takesKey(event)))
+        if (isBelowTheLast || takesClipboardKey(event) || (!isReadOnly() && takesKey(event))) {
             event->accept();
-        else
-            QTextEdit::keyPressEvent(event);
+            return;
+        }
+        QKeyEvent command(event->type(), event->key(), event->modifiers(), {}, event->isAutoRepeat());
+        QTextEdit::keyPressEvent(&command);
+        event->setAccepted(command.isAccepted());
     });
 }
 
@@ -159,8 +194,7 @@ bool TBalEdit::takesKey(QKeyEvent *event)
         return true;
     if (!isTyped(*event))
         return false;
-    for (const QChar typed : event->text())
-        typeCharacter(typed);
+    typeText(event->text());
     return true;
 }
 
@@ -172,6 +206,8 @@ bool TBalEdit::takesRemovalKey(QKeyEvent *event)
         removeFurther(QTextCursor::NextWord);
     else if (event->matches(QKeySequence::DeleteEndOfLine))
         removeFurther(QTextCursor::EndOfBlock);
+    else if (event->modifiers() & Qt::AltModifier)
+        return false; // on some platforms a key of undoing
     else if (event->key() == Qt::Key_Backspace)
         typeBackspace();
     else if (event->key() == Qt::Key_Delete)
@@ -181,22 +217,33 @@ bool TBalEdit::takesRemovalKey(QKeyEvent *event)
     return true;
 }
 
+void TBalEdit::typeText(const QString &text)
+{
+    for (const QChar typed : text)
+        typeCharacter(typed);
+}
+
+// An account is picked before the selection goes: without one nothing changes.
 void TBalEdit::typeCharacter(QChar typed)
 {
+    if (textCursor().hasSelection() && !removalOfSelection())
+        return;
     const TKeyAct act = actOfCharacter(caretWithoutSelection(), typed);
-    if (act == TKeyAct::Swallow || (textCursor().hasSelection() && !removalOfSelection()))
+    const bool picks = act == TKeyAct::FirstAccount || act == TKeyAct::NextAccount;
+    const QString text = picks ? pickAccount() : QString(typed);
+    if (act == TKeyAct::Swallow || text.isEmpty())
         return;
     if (textCursor().hasSelection()) {
         const TOneStep step(textCursor());
         removeSelection();
-        perform(act, typed);
+        perform(act, text);
     } else {
-        perform(act, typed); // letters typed one after another are undone together
+        perform(act, text); // letters typed one after another are undone together
     }
     ensureCursorVisible();
 }
 
-void TBalEdit::perform(TKeyAct act, QChar typed)
+void TBalEdit::perform(TKeyAct act, const QString &text)
 {
     QTextCursor caret = textCursor();
     const QTextCharFormat letters = lettersOf(caretLine().line.kind);
@@ -204,23 +251,20 @@ void TBalEdit::perform(TKeyAct act, QChar typed)
     case TKeyAct::Swallow:
         break;
     case TKeyAct::Pass:
-        caret.insertText(typed, letters);
+        caret.insertText(text, letters);
         break;
     case TKeyAct::CloseList:
         caret.movePosition(QTextCursor::EndOfBlock);
         caret.insertText(u")"_s, letters);
         break;
     case TKeyAct::FirstAccount:
-        if (const QString number = pickAccount(); !number.isEmpty()) {
-            caret.movePosition(QTextCursor::EndOfBlock);
-            caret.insertText(u'(' + number + u')', letters);
-            caret.movePosition(QTextCursor::PreviousCharacter);
-            setTextCursor(caret); // where the comma of the next account goes
-        }
+        caret.movePosition(QTextCursor::EndOfBlock);
+        caret.insertText(u'(' + text + u')', letters);
+        caret.movePosition(QTextCursor::PreviousCharacter);
+        setTextCursor(caret); // where the comma of the next account goes
         break;
     case TKeyAct::NextAccount:
-        if (const QString number = pickAccount(); !number.isEmpty())
-            caret.insertText(u", "_s + number, letters);
+        caret.insertText(u", "_s + text, letters);
         break;
     case TKeyAct::DropAccounts:
         caret.setPosition(int(caret.block().position() + caretLine().accountsColumn() - 1));

@@ -24,7 +24,9 @@ public:
     std::function<TKnowsAccount()> accountsForPaste;
 
     void setSheet(const TBalSheet &sheet); // cannot be undone; the caret goes to the first line
-    TBalSheet sheet() const;               // without any line when there is no text
+    // Its lines get these texts; kinds and the caret stay. Nothing happens when there are not as many lines.
+    void settle(const TBalSheet &sheet);
+    TBalSheet sheet() const; // without any line when there is no text
     TCaretLine caretLine() const;
     bool hasSideTotal() const;
 
@@ -58,12 +60,15 @@ private:
     bool takesClipboardKey(QKeyEvent *event);
     bool takesRemovalKey(QKeyEvent *event);
 
+    static void settleText(const QTextBlock &block, const QString &text);
+    void typeText(const QString &text);
     void typeCharacter(QChar typed);
     void typeEnter();
     void typeBackspace();
     void typeDelete();
     void removeFurther(QTextCursor::MoveOperation upTo);
-    void perform(TKeyAct act, QChar typed);
+    // text: the sign that goes in, or the number of the account.
+    void perform(TKeyAct act, const QString &text);
     void dropEmptyLine(bool backwards);
     static void addLine(QTextCursor &at, bool above);
     static TCaretLine caretAt(const QTextCursor &cursor);
@@ -73,7 +78,7 @@ private:
     std::optional<TRemoval> removalOfSelection() const;
     TCaretLine caretWithoutSelection() const;
 
-    int paste(const TBalSheet &lines);
+    int paste(const TBalSheet &lines, const TKnowsAccount &known);
     int pasteAbove(QTextCursor &at, const TBalSheet &lines, const TKnowsAccount &known);
     int pasteBelow(QTextCursor &at, const TBalSheet &lines, const TKnowsAccount &known);
     int pasteInto(QTextCursor &at, const TBalLine &line, const TKnowsAccount &known);

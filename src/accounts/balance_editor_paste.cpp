@@ -159,7 +159,9 @@ void TBalEdit::insertFromMimeData(const QMimeData *source)
     if (isReadOnly() || !source->hasText())
         return;
     runGuarded(this, [this, source] {
-        const int leftOut = paste(linesOf(*source));
+        if (textCursor().hasSelection() && !removalOfSelection())
+            return;
+        const int leftOut = paste(linesOf(*source), accountsForPaste());
         ensureCursorVisible();
         if (leftOut > 0)
             emit charactersLeftOut(leftOut);
@@ -167,15 +169,13 @@ void TBalEdit::insertFromMimeData(const QMimeData *source)
 }
 
 // Characters that may not stand where they were to go are left out; their number.
-int TBalEdit::paste(const TBalSheet &lines)
+int TBalEdit::paste(const TBalSheet &lines, const TKnowsAccount &known)
 {
     QTextCursor at = textCursor();
     at.beginEditBlock();
     const auto endStep = qScopeGuard([&at] { at.endEditBlock(); });
-    if (!removeSelection())
-        return 0;
+    removeSelection();
     at.setPosition(textCursor().position());
-    const TKnowsAccount known = accountsForPaste();
     const bool above = lines.size() > 1 && at.atBlockStart() && !at.block().text().isEmpty();
     const int leftOut = above ? pasteAbove(at, lines, known) : pasteBelow(at, lines, known);
     setTextCursor(at);
@@ -233,17 +233,25 @@ void TBalEdit::moveSelection(int position)
     const bool isInside = position >= cursor.selectionStart() && position <= cursor.selectionEnd();
     if (isReadOnly() || !cursor.hasSelection() || isInside || !removalOfSelection())
         return;
+    const TKnowsAccount known = accountsForPaste();
     const std::unique_ptr<QMimeData> moved(createMimeDataFromSelection());
+    const int anchor = cursor.anchor();
+    const int caret = cursor.position();
     QTextCursor target(document());
     target.setPosition(position);
     QTextCursor step = cursor;
     step.beginEditBlock();
     removeSelection();
     setTextCursor(target);
-    const int leftOut = paste(linesOf(*moved));
+    const int leftOut = paste(linesOf(*moved), known);
     step.endEditBlock();
-    if (leftOut > 0)
+    if (leftOut > 0) {
         undo();
+        document()->clearUndoRedoStacks(QTextDocument::RedoStack);
+        target.setPosition(anchor);
+        target.setPosition(caret, QTextCursor::KeepAnchor);
+        setTextCursor(target);
+    }
 }
 
 void TBalEdit::mousePressEvent(QMouseEvent *event)
@@ -320,8 +328,12 @@ void TBalEdit::inputMethodEvent(QInputMethodEvent *event)
             range.setPosition(range.position() + event->replacementLength(), QTextCursor::KeepAnchor);
             setTextCursor(range);
         }
-        for (const QChar typed : event->commitString())
-            typeCharacter(typed);
+        const TBalSheet lines = plainLines(event->commitString());
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+            if (i > 0)
+                typeEnter();
+            typeText(lines[i].text);
+        }
         if (event->preeditString().isEmpty())
             return;
         QTextCursor caret = textCursor();

@@ -70,6 +70,8 @@ TKeyAct actOfCharacter(const TCaretLine &caret, QChar typed)
 {
     const bool isDetail = caret.line.kind == TBalKind::Detail;
     const qsizetype accounts = caret.accountsColumn();
+    if (!typed.isPrint())
+        return TKeyAct::Swallow;
     if (typed == u'(')
         return isDetail && accounts == 0 ? TKeyAct::FirstAccount : TKeyAct::Swallow;
     if (typed == u')')
@@ -97,7 +99,7 @@ QString insertable(TCaretLine caret, const QString &text, const TKnowsAccount &k
     for (QChar typed : text) {
         if (typed == u'\t')
             typed = u' ';
-        if (!typed.isPrint() || actOfCharacter(caret, typed) != TKeyAct::Pass) {
+        if (actOfCharacter(caret, typed) != TKeyAct::Pass) {
             ++leftOut;
             continue;
         }

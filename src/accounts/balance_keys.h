@@ -30,6 +30,7 @@ enum class TKeyAct {
 };
 
 TKeyAct actOfEnter(const TCaretLine &caret);
+// What has no shape of its own, half a sign of two code units among it, is never typed.
 TKeyAct actOfCharacter(const TCaretLine &caret, QChar typed);
 TKeyAct actOfBackspace(const TCaretLine &caret);
 TKeyAct actOfDelete(const TCaretLine &caret);

@@ -8,6 +8,8 @@ namespace Balans {
 
 namespace {
 
+constexpr std::size_t rowsAtOnce = 20;
+
 QString textOf(const TStatement &row, int column)
 {
     return QString::fromUtf8(row.utf8(column));
@@ -23,6 +25,32 @@ QHash<QString, QStringList> accountsOfLines(TDatabase &db, bool second)
     for (rows->exec(); rows->next();)
         accounts[textOf(*rows, 0)] << textOf(*rows, 1);
     return accounts;
+}
+
+struct TStoredRow {
+    QString code;
+    Variant value;
+};
+
+// Some rows to a statement: on a server each statement costs a way there and back.
+void insertRows(TDatabase &db, const QString &insert, const QString &rowWording,
+                const std::vector<TStoredRow> &rows)
+{
+    std::unique_ptr<TStatement> statement;
+    for (std::size_t first = 0; first < rows.size(); first += rowsAtOnce) {
+        const std::size_t count = std::min(rowsAtOnce, rows.size() - first);
+        if (first == 0 || count < rowsAtOnce) {
+            QStringList wordings;
+            for (std::size_t i = 0; i < count; ++i)
+                wordings << rowWording.arg(i);
+            statement = db.prepare(insert + wordings.join(u", "_s));
+        }
+        for (std::size_t i = 0; i < count; ++i) {
+            statement->bind(u"kod%1"_s.arg(i), rows[first + i].code);
+            statement->bind(u"reiksme%1"_s.arg(i), rows[first + i].value);
+        }
+        statement->exec();
+    }
 }
 
 } // namespace
@@ -53,32 +81,35 @@ TBalForm TBalStore::ReadList() const
     return form;
 }
 
+// The file of an embedded database has one writer at a time: the open transaction is the lock.
+void TBalStore::lock() const
+{
+    Q_ASSERT(db->InTransaction());
+    if (db->engine() == Engine::PostgreSql)
+        db->prepareNative({SqlKind::Call, u"lock table bd_baleil in share row exclusive mode"_s})->exec();
+}
+
 void TBalStore::SaveBal(const TBalForm &form, const TAccountIds &accounts) const
 {
-    db->ExecSQL(u"DELETE FROM bd_baleil"_s);
-    const auto line =
-        db->prepare(u"insert into bd_baleil (bel_kod, bel_pavad) values (:bel_kod, :bel_pavad)"_s);
-    const auto account = db->prepare(u"insert into bd_balsas values (NULL, :balkod, :sasid, :tip)"_s);
     const TKnowsAccount known = accounts.known();
-    account->bind(u"tip"_s, u"D"_s);
-    const auto add = [&account](const QString &code, const Variant &sasid) {
-        account->bind(u"balkod"_s, code);
-        account->bind(u"sasid"_s, sasid);
-        account->exec();
-    };
+    std::vector<TStoredRow> lines;
+    std::vector<TStoredRow> assigned;
     for (const TBalList &side : form)
         for (std::size_t i = 0; i < side.size(); ++i) {
             const auto &[text, kodif] = side[i];
-            line->bind(u"bel_kod"_s, kodif.kodas);
-            line->bind(u"bel_pavad"_s, storedName(text));
-            line->exec();
+            lines.push_back({kodif.kodas, storedName(text)});
             if (!hasAccounts(text))
                 continue;
             if (!second && !CheckSas(text, known))
                 refuseDetail(qsizetype(i) + 1);
             for (const QString &piece : second ? accountRemainders(text) : accountPieces(text))
-                add(kodif.kodas, second ? Variant(piece) : Variant(accounts.GetSasByNr(piece)));
+                assigned.push_back(
+                    {kodif.kodas, second ? Variant(piece) : Variant(accounts.GetSasByNr(piece))});
         }
+    db->ExecSQL(u"DELETE FROM bd_baleil"_s);
+    insertRows(*db, u"insert into bd_baleil (bel_kod, bel_pavad) values "_s, u"(:kod%1, :reiksme%1)"_s,
+               lines);
+    insertRows(*db, u"insert into bd_balsas values "_s, u"(NULL, :kod%1, :reiksme%1, 'D')"_s, assigned);
 }
 
 } // namespace Balans

@@ -33,6 +33,10 @@ public:
     // The three sides as they are stored. Raises EDatabaseError.
     TBalForm ReadList() const;
 
+    // From here to the end of the transaction no other station writes the form. To be called before the form
+    // is read that a save is compared with.
+    void lock() const;
+
     // Replaces what is stored. Of the main database the accounts are checked once more, and a line with an
     // unknown one raises Exception in words. To be called inside a transaction: a failure leaves half a form.
     void SaveBal(const TBalForm &form, const TAccountIds &accounts) const;

@@ -11,24 +11,28 @@ select bss_balkod, bss_sasnr from bd_balsas order by bss_id
 select sas_sasnr, sas_id from bd_sasplan
 ;;
 -- screen: TBalFrm, session: mnFin_Db
--- param balkod = 'A0101'
--- param sasid = 1
--- param tip = 'D'
-insert into bd_balsas values (NULL, :balkod, :sasid, :tip)
+-- param kod0 = 'A0101'
+-- param reiksme0 = 1
+-- param kod1 = 'A0101'
+-- param reiksme1 = 1
+insert into bd_balsas values (NULL, :kod0, :reiksme0, 'D'), (NULL, :kod1, :reiksme1, 'D')
 ;;
 -- screen: TBalFrm, session: mnRavl
--- param balkod = 'A0101'
--- param sasid = ' 2412, 2413'
--- param tip = 'D'
-insert into bd_balsas values (NULL, :balkod, :sasid, :tip)
+-- param kod0 = 'A0101'
+-- param reiksme0 = ' 2412, 2413'
+-- param kod1 = 'A0101'
+-- param reiksme1 = '2413'
+insert into bd_balsas values (NULL, :kod0, :reiksme0, 'D'), (NULL, :kod1, :reiksme1, 'D')
 ;;
 -- screen: TBalFrm, session: both
 DELETE FROM bd_baleil
 ;;
 -- screen: TBalFrm, session: both
--- param bel_kod = 'A0102'
--- param bel_pavad = 'Bankų sąskaitos '
-insert into bd_baleil (bel_kod, bel_pavad) values (:bel_kod, :bel_pavad)
+-- param kod0 = 'A0102'
+-- param reiksme0 = 'Bankų sąskaitos '
+-- param kod1 = 'A0103'
+-- param reiksme1 = 'Kasa'
+insert into bd_baleil (bel_kod, bel_pavad) values (:kod0, :reiksme0), (:kod1, :reiksme1)
 ;;
 -- screen: TCheckSasDlg, session: mnFin_Db
 SELECT SAS_ID, SAS_SASNR, SAS_PAVAD FROM BD_SASPLAN WHERE SAS_TIP = 'D' and CheckSasInBalForm(SAS_ID, '%') = 0 ORDER BY SAS_SASNR

@@ -99,6 +99,13 @@ TEST(Characters, DoAsTabled)
             << each.line << ' ' << char(each.typed);
 }
 
+TEST(Characters, WithoutAShapeOfTheirOwnAreNotTyped)
+{
+    for (const char16_t typed : {u'\n', u'\t', u'\u200d', u'\u00ad', u'\xd83d', u'\xde00', u'\ue000'})
+        for (const TBalKind kind : {TBalKind::Detail, total})
+            EXPECT_EQ(actOfCharacter(at("Kasa|", kind), typed), TKeyAct::Swallow) << int(typed);
+}
+
 TEST(Characters, OfTotalsAreFreeButForParentheses)
 {
     for (const TBalKind kind : {total, groupTotal}) {
