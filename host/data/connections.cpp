@@ -1,9 +1,8 @@
 #include "host/data/connections.h"
 
-#include "database/private_place.h"
+#include "host/data/settings_file.h"
 
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QSettings>
 
 using namespace Qt::StringLiterals;
@@ -87,12 +86,5 @@ void writeBooksSettings(const QString &file, const TBooksSettings &settings)
 {
     const QString line = settings.isEmbedded() ? u"Folder="_s + quotedText(settings.folder)
                                                : u"Server="_s + quotedText(settings.connection);
-    makePrivateFolder(QFileInfo(file).absolutePath());
-    QSaveFile out(file);
-    const bool open =
-        out.open(QIODevice::WriteOnly) && out.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-    if (open)
-        out.write((u"[Books]\n"_s + line + u'\n').toUtf8());
-    if (!open || !out.commit())
-        throw EConvertError(u"Nepavyko įrašyti nustatymų failo „%1“: %2"_s.arg(file, out.errorString()));
+    writeSettingsFile(file, (u"[Books]\n"_s + line + u'\n').toUtf8());
 }
