@@ -2,11 +2,11 @@
 
 #include "database/private_place.h"
 #include "host/app/help_viewer.h"
+#include "host/app/institutions.h"
 #include "host/app/login.h"
 #include "host/app/main_window.h"
-#include "host/app/options.h"
-#include "host/app/startup.h"
 #include "host/data/main_datas.h"
+#include "host/data/organisation.h"
 #include "toolkit/widgets/guard.h"
 #include "toolkit/widgets/lithuanian.h"
 
@@ -29,11 +29,32 @@ void chooseOffscreenWhereNothingIsShown(int argc, char **argv)
                 qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
+// From the first login on the books are on the list of institutions, under the name that they have now.
+void keepOnList(TMainWindow &window, const TBooksSettings &books)
+{
+    runGuarded(&window, [&] { rememberInstitution(books); });
+    connectGuarded(&organisationNotifier(), &TOrganisationNotifier::organisationChanged, &window,
+                   [books] { rememberInstitution(books); });
+}
+
 // Opens the books over the window and lets the user in; false when the user gave up.
 bool enter(TMainWindow &window, const TOptions &options)
 {
     window.setWindowIcon(QIcon::fromTheme("accessories-calculator"));
-    return openBooks(options, &window) && logInAt(window, options.user);
+    std::optional<TBooksSettings> books = openFirstBooks(options, &window);
+    while (books) {
+        switch (logInAt(window, options.user)) {
+        case TLoginEnd::LoggedIn:
+            keepOnList(window, *books);
+            return true;
+        case TLoginEnd::GivenUp:
+            return false;
+        case TLoginEnd::OtherBooks:
+            if (const auto others = openOtherBooks(&window))
+                books = others;
+        }
+    }
+    return false;
 }
 
 int runBooks(const TOptions &options)

@@ -4,16 +4,17 @@
 #include "host/app/main_window.h"
 #include "host/common/msgbox.h"
 
-bool logInAt(TMainWindow &window, const QString &name)
+TLoginEnd logInAt(TMainWindow &window, const QString &name)
 {
     TLoginDlg dialog(*MainDatas(), name, &window);
-    if (dialog.exec() != QDialog::Accepted)
-        return false;
+    const int end = dialog.exec();
+    if (end != QDialog::Accepted)
+        return end == TLoginDlg::OtherBooks ? TLoginEnd::OtherBooks : TLoginEnd::GivenUp;
     if (CurrentUser().viewOnly) {
         MainDatas()->makeReadOnly();
         StdMsgBox(mkInformation,
                   "Jums leista duomenis tik peržiūrėti: nė viename lange nieko pakeisti negalėsite.");
     }
     window.setLoggedIn(true);
-    return true;
+    return TLoginEnd::LoggedIn;
 }

@@ -32,6 +32,7 @@ TLoginDlg::TLoginDlg(TMainDatas &books, const QString &name, QWidget *owner)
               TFieldRow::freeEdit("&Slaptažodis:", "PassEdit").password()},
              nullptr,
              {{"&Prisijungti", TDialogButton::Save, true, {}, "OkBtn"},
+              {"&Kita įstaiga…", TDialogButton::Action, false, [this] { done(OtherBooks); }, "OtherBtn"},
               {"&Atšaukti", TDialogButton::Cancel, false, {}, {}}});
     NameEdit = control<QLineEdit>("NameEdit");
     PassEdit = control<QLineEdit>("PassEdit");

@@ -12,6 +12,9 @@
 class TLoginDlg : public TDialog {
     Q_OBJECT
 public:
+    // The result when the user asks for the books of another institution.
+    static constexpr int OtherBooks = 2;
+
     // name fills in the login name.
     TLoginDlg(TMainDatas &datas, const QString &name, QWidget *owner);
 

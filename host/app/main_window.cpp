@@ -2,6 +2,7 @@
 
 #include "host/accounts/form_check.h"
 #include "host/app/about.h"
+#include "host/app/institutions.h"
 #include "host/app/start_of_work.h"
 #include "host/common/help.h"
 #include "host/common/months.h"
@@ -102,6 +103,9 @@ void TMainWindow::followPeriod()
 void TMainWindow::addEntryMenus()
 {
     QMenu *program = menuBar()->addMenu("Pr&ograma");
+    QAction *other = program->addAction("&Kita įstaiga…");
+    other->setObjectName("acOtherInstitution");
+    connectGuarded(other, &QAction::triggered, this, [this] { openOtherWindow(this); });
     formCheck = program->addAction("Tikrinti balanso &formą…");
     formCheck->setObjectName("acFormCheck");
     connectGuarded(formCheck, &QAction::triggered, this, [this] { ShowBalanceFormCheck(this); });
@@ -188,7 +192,9 @@ void TMainWindow::showStatus()
 {
     if (!MainDatas())
         return;
-    institution->setText(organisationName());
+    const QString name = organisationName();
+    setWindowTitle(name.isEmpty() ? "Velmora" : name + " – Velmora");
+    institution->setText(name);
     institution->setVisible(!institution->text().isEmpty());
     user->setText(userText());
     user->setVisible(!user->text().isEmpty());

@@ -10,7 +10,7 @@ namespace {
 struct TOption {
     QString name;
     QString value; // what follows it, for the help
-    QString told;
+    QString told;  // empty: what one process of the program says to another, no option for people
     QString TOptions::*member;
 };
 
@@ -19,6 +19,7 @@ const QList<TOption> &withValues()
     static const QList<TOption> options = {
         {"data", "aplankas", "Įterptinių knygų aplankas.", &TOptions::data},
         {"server", "žodžiai", "Serverio prisijungimo žodžiai (host=… user=…).", &TOptions::server},
+        {"known", "raktas", {}, &TOptions::known},
         {"user", "vardas", "Prisijungimo vardas.", &TOptions::user},
         {"open", "vardas", "Po prisijungimo atidaryti langą ar funkciją.", &TOptions::open},
         {"tour", "aplankas", "Parodyti visus langus ir įrašyti jų vaizdus į aplanką.", &TOptions::tour},
@@ -34,7 +35,8 @@ QString helpText()
         text += "  " + option.leftJustified(22) + told + '\n';
     };
     for (const TOption &each : withValues())
-        line(QString("--%1 <%2>").arg(each.name, each.value), each.told);
+        if (!each.told.isEmpty())
+            line(QString("--%1 <%2>").arg(each.name, each.value), each.told);
     line("-h, --help", "Ši pagalba.");
     line("-v, --version", "Programos versija.");
     return text;

@@ -9,6 +9,7 @@
 struct TOptions {
     QString data;   // folder of the embedded books; empty: as the settings say
     QString server; // connection words of a PostgreSQL server; empty: embedded
+    QString known;  // an institution of this workstation's list, by its key
     QString user;   // fills in the login name
     QString open;   // screen class or entry function to open after login
     QString tour;   // folder to write the tour into; empty: no tour

@@ -3,31 +3,17 @@
 #include "database/demo/demo.h"
 #include "host/app/new_books_dialog.h"
 #include "host/common/waiting.h"
-#include "host/data/connections.h"
 #include "host/data/main_datas.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QStandardPaths>
 
 namespace {
-
-// The command line decides, then the settings file, then the user's data folder.
-TBooksSettings chosenBooks(const TOptions &options)
-{
-    if (!options.server.isEmpty())
-        return TBooksSettings::server(options.server);
-    if (!options.data.isEmpty())
-        return TBooksSettings::embedded(options.data);
-    const QString settings =
-        QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) + "/knygos.ini";
-    return readBooksSettings(settings).value_or(
-        TBooksSettings::embedded(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
-}
 
 // Embedded books belong to this workstation alone, so the program brings them up to its own revision.
 void open(const TBooksSettings &settings)
 {
+    const TWaiting waiting;
     const TBooks books = settings.books();
     auto datas = std::make_unique<TMainDatas>(books.fin, books.ravl);
     try {
@@ -56,9 +42,8 @@ bool createFirstBooks(const QString &folder, QWidget *owner)
 
 } // namespace
 
-bool openBooks(const TOptions &options, QWidget *owner)
+bool openBooks(const TBooksSettings &settings, QWidget *owner)
 {
-    const TBooksSettings settings = chosenBooks(options);
     if (settings.isEmbedded() && !embeddedBooksExist(settings.folder) &&
         !createFirstBooks(settings.folder, owner))
         return false;

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "host/app/options.h"
+#include "host/data/connections.h"
 
 class QWidget;
 
-// Opens the books that the options, or else the settings, name, as MainDatas. Embedded books that are not
-// there yet are created after asking. False when the user gave up there. Raises EDatabaseError and
-// EConvertError.
-bool openBooks(const TOptions &options, QWidget *owner);
+// Opens the books as MainDatas. Embedded books that are not there yet are created after asking. False when
+// the user gave up there. Raises EDatabaseError and EConvertError; the books that were open stay then.
+bool openBooks(const TBooksSettings &settings, QWidget *owner);
 
 // Creates embedded books in the folder and fills them with the demonstration data.
 void createDemonstrationBooks(const QString &folder);

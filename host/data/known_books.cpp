@@ -127,6 +127,16 @@ QString keyOf(const TBooksSettings &books)
         QCryptographicHash::hash(place.toUtf8(), QCryptographicHash::Sha256).first(16).toHex());
 }
 
+void requireThere(const TKnownBooks &known)
+{
+    if (!known.readable())
+        throw EConvertError(u"%1 Nežinia, kur šios įstaigos knygos: pamirškite įrašą ir įstaigą pridėkite iš "
+                            "naujo."_s.arg(known.damage));
+    if (known.books.isEmbedded() && !embeddedBooksExist(known.books.folder))
+        throw EDatabaseError(u"Aplanke „%1“ įstaigos „%2“ knygų nėra. Gal neprijungtas diskas arba aplankas "
+                             "perkeltas kitur."_s.arg(placeOf(known.books), known.name));
+}
+
 QString nameInBooks(const TBooksSettings &books)
 {
     TSessionSettings settings = books.books().fin;

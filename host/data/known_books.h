@@ -18,6 +18,10 @@ QString placeOf(const TBooksSettings &books);
 // A name of the place that tells nothing of it, for the command line of another process.
 QString keyOf(const TBooksSettings &books);
 
+// Raises EConvertError, fit to be told, when the entry cannot be read, and EDatabaseError when its folder has
+// no books: where an institution's books are gone, neither other ones nor new ones take their place.
+void requireThere(const TKnownBooks &known);
+
 // The institution's name as the books have it; empty where they have none. The books are only looked into,
 // whatever their revision. Raises EDatabaseError when they cannot be opened or are none of this program's,
 // and EConvertError when the words of the server are no such words.

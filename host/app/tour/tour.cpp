@@ -62,7 +62,7 @@ public:
             report.step("Prisijungimas", QString("Įvestas vardas „%1“ ir slaptažodis.").arg(name));
             QTest::keyClick(&dialog, Qt::Key_Return);
         });
-        require(logInAt(window, {}), "Prisijungti nepavyko");
+        require(logInAt(window, {}) == TLoginEnd::LoggedIn, "Prisijungti nepavyko");
         hands.nothingLeft();
         report.step("Pagrindinis langas", "Prisijungta; būsenos juostoje – įstaiga, naudotojas ir periodas.",
                     books(), lastPeriods);

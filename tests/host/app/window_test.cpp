@@ -2,6 +2,7 @@
 #include "host/app/login.h"
 #include "host/app/login_dialog.h"
 #include "host/common/help.h"
+#include "host/data/organisation.h"
 #include "tests/host/app/main_window.h"
 #include "tests/support/message_box.h"
 #include "tests/support/refusal.h"
@@ -147,6 +148,16 @@ TEST_F(MainWindow, ShowsThePeriodAndFollowsIt)
     EXPECT_EQ(panel("engine"), "Įterptinė duomenų bazė");
 }
 
+TEST_F(MainWindow, ItsTitleIsTheInstitutionAndFollowsIt)
+{
+    EXPECT_EQ(window->windowTitle(), "Velmora");
+    window->setLoggedIn(true);
+    EXPECT_EQ(window->windowTitle(), "Velmora");
+    books().ExecSQL("insert into bd_org (org_pavad) values ('Šilo mokykla')");
+    OrganisationChanged();
+    EXPECT_EQ(window->windowTitle(), "Šilo mokykla – Velmora");
+}
+
 TEST_F(MainWindow, OpensADialogByItsName)
 {
     bool seen = false;
@@ -235,7 +246,7 @@ TEST_F(MainWindow, AViewOnlyUserIsToldAtLoginThatNothingCanBeChanged)
         QTest::keyClick(&dialog, Qt::Key_Return);
     });
     NextBoxes told{QMessageBox::Ok};
-    EXPECT_TRUE(logInAt(*window, {}));
+    EXPECT_EQ(logInAt(*window, {}), TLoginEnd::LoggedIn);
     EXPECT_EQ(told.at(0).kind, 33);
     EXPECT_EQ(told.at(0).text,
               "Jums leista duomenis tik peržiūrėti: nė viename lange nieko pakeisti negalėsite.");
