@@ -24,6 +24,7 @@ const QString sides = u"Formos sumos"_s;
 
 constexpr std::array sideLetters{'A', 'P', 'U'};
 constexpr double places = 10000;
+constexpr qreal periodHeight = 18; // of the line below the caption
 
 struct TPlannedAccount {
     qlonglong id;
@@ -140,12 +141,15 @@ private:
 TReport described()
 {
     TReport report = reportOfTable({u"Balanso formos patikrinimas"_s, organisationName(), Date().date()},
-                                   {{u"SASKAITA"_s, u"Sąskaita"_s, 70},
-                                    {u"PAVAD"_s, u"Pavadinimas"_s, 200},
+                                   {{u"SASKAITA"_s, u"Sąskaita"_s, 62},
+                                    {u"PAVAD"_s, u"Pavadinimas"_s, 186},
                                     {u"EILUTES"_s, u"Formos eilutės"_s, 170},
-                                    {u"LIKUTIS"_s, u"Likutis"_s, 80, Qt::AlignRight, u"#0.00"_s}});
+                                    {u"LIKUTIS"_s, u"Likutis"_s, 92, Qt::AlignRight, u"#0.00"_s}});
     report.period = PeriodText(EinPer_Date());
     const qreal width = report.page.paintRect(QPageLayout::Point).width();
+    report.title.items.push_back(
+        {.y = report.title.height, .width = width, .text = report.period, .alignment = Qt::AlignHCenter});
+    report.title.height += periodHeight;
     report.groups.push_back(
         {.name = u"GRUPE"_s,
          .expression = u"GRUPE"_s,

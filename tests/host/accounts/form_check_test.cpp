@@ -104,15 +104,24 @@ TEST_P(FormCheck, SaysWhereThereIsNothingToFind)
 
 TEST_P(FormCheck, IsShownAsAReport)
 {
+    claim(u"A0101"_s, u"221"_s);
+    claim(u"P0101"_s, u"43"_s);
+    opening(u"221"_s, 12345678901.23, 0);
+    opening(u"43"_s, 0, 12345678901.23);
     QStringList texts;
     OnNextDialog<TReportPreview> preview([&texts](TReportPreview &shown) {
-        for (const TReportPrimitive &each : shown.layout().page(0))
+        for (const TReportPrimitive &each : shown.layout().page(0)) {
             texts << each.text;
+            EXPECT_LE(each.rect.right(), 511) << "beyond a sheet upright: " << qPrintable(each.text);
+            EXPECT_FALSE(each.text.startsWith(u'1') && each.rect.height() > 14)
+                << "an amount in two lines: " << qPrintable(each.text);
+        }
         shown.close();
     });
     ShowBalanceFormCheck(nullptr);
-    for (const QString &text : {u"Balanso formos patikrinimas"_s, u"Sąskaitos, neįtrauktos į jokią eilutę"_s,
-                                u"Šilumos skolos"_s, u"Formos sumos"_s})
+    for (const QString &text :
+         {u"Balanso formos patikrinimas"_s, u"2026 m. vasaris"_s, u"Sąskaitos, neįtrauktos į jokią eilutę"_s,
+          u"Šilumos skolos"_s, u"Formos sumos"_s, u"12345678901.23"_s})
         EXPECT_TRUE(texts.contains(text)) << qPrintable(text);
 }
 
