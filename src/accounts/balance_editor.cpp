@@ -35,7 +35,6 @@ bool isTyped(const QKeyEvent &event)
 
 TBalEdit::TBalEdit(QWidget *parent) : QTextEdit(parent)
 {
-    setAcceptRichText(false);
     setLineWrapMode(NoWrap);
     setTabChangesFocus(true);
     setSheet({});
@@ -281,9 +280,12 @@ void TBalEdit::typeEnter()
         return;
     const bool above = caretLine().column == 1 && !caretLine().line.text.isEmpty();
     QTextCursor at = textCursor();
-    const TOneStep step(at);
-    addLine(at, above);
+    {
+        const TOneStep step(at);
+        addLine(at, above);
+    }
     setTextCursor(at);
+    ensureCursorVisible();
 }
 
 // The line is added as a detail: above, and the cursor stays in its own, or below, where the cursor goes.

@@ -1,6 +1,8 @@
 #include "tests/src/accounts/edited_sheet.h"
 
 #include <QElapsedTimer>
+#include <QScrollBar>
+#include <QTextLayout>
 
 using namespace Qt::StringLiterals;
 using namespace Balans;
@@ -20,6 +22,29 @@ TEST_F(BalanceEditor, ShowsKindsAsSizeStyleAndAlignment)
         EXPECT_EQ(letters.fontWeight() == QFont::Bold, tabled[i].emphasised);
         EXPECT_EQ(letters.fontItalic(), tabled[i].emphasised);
         EXPECT_EQ(block.blockFormat().alignment(), tabled[i].alignment);
+    }
+}
+
+TEST_F(BalanceEditor, ALongLineIsOneLineOnTheScreenToo)
+{
+    edit.setSheet({{u"Ilgalaikis turtas "_s.repeated(20), detail}});
+    QApplication::processEvents();
+    EXPECT_EQ(edit.document()->firstBlock().layout()->lineCount(), 1);
+}
+
+TEST_F(BalanceEditor, WhateverIsTypedTheCaretIsSeen)
+{
+    edit.setSheet(TBalSheet(200, {u"Kasa (2411)"_s, detail}));
+    const std::function<void()> keys[] = {[this] { typeText(u"x"_s); }, [this] { press(Qt::Key_Backspace); },
+                                          [this] { press(Qt::Key_Delete); },
+                                          [this] { press(Qt::Key_Return); }, [this] { paste(u"y"_s); }};
+    int number = 0;
+    for (const auto &key : keys) {
+        goTo(100, ++number == 4 ? 1 : 3);
+        QApplication::processEvents();
+        edit.verticalScrollBar()->setValue(0);
+        key();
+        EXPECT_TRUE(edit.viewport()->rect().intersects(edit.cursorRect())) << "key " << number;
     }
 }
 
