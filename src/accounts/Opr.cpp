@@ -83,6 +83,15 @@ void TOprFrm::buildActions()
 {
     const auto editing = [this] { return active->query.editing(); };
     const auto onRow = [this] { return mayStart() && !active->query.IsEmpty(); };
+    TEditingActions row = editingActions({.mayEdit = onRow,
+                                          .editing = editing,
+                                          .edit = [this] { active->query.Edit(); },
+                                          .save = [this] { active->query.Post(); },
+                                          .cancel = [this] { active->query.Cancel(); }});
+    row.edit.keys = {Qt::Key_Return, Qt::Key_Enter};
+    row.save.separated = true;
+    row.cancel.text = "Atšaukti";
+    row.cancel.keys += QKeySequence(Qt::ALT | Qt::Key_Escape);
     acNew = addFormAction(
         {.name = "acNew",
          .text = "&Naujas",
@@ -91,13 +100,7 @@ void TOprFrm::buildActions()
          .keys = {Qt::Key_Insert},
          .handler = [this] { active->query.Insert(); },
          .enabled = [this] { return mayStart() && (active == &operations || !operations.query.IsEmpty()); }});
-    acEdit = addFormAction({.name = "acEdit",
-                            .text = "&Keisti",
-                            .hint = "Keisti įrašą",
-                            .picture = TIcon::Edit,
-                            .keys = {Qt::Key_Return, Qt::Key_Enter},
-                            .handler = [this] { active->query.Edit(); },
-                            .enabled = onRow});
+    acEdit = addFormAction(row.edit);
     acDelete = addFormAction({.name = "acDelete",
                               .text = "&Trinti",
                               .hint = "Ištrinti įrašą",
@@ -113,21 +116,8 @@ void TOprFrm::buildActions()
                                .handler = [this] { RefreshData(); },
                                .enabled = [editing] { return !editing(); },
                                .separated = true});
-    acSave = addFormAction({.name = "acSave",
-                            .text = "Iš&saugoti",
-                            .hint = "Išsaugoti pakeitimus",
-                            .picture = TIcon::Save,
-                            .keys = {Qt::CTRL | Qt::Key_S},
-                            .handler = [this] { active->query.Post(); },
-                            .enabled = editing,
-                            .separated = true});
-    acCancel = addFormAction({.name = "acCancel",
-                              .text = "Atšaukti",
-                              .hint = "Atšaukti pakeitimus",
-                              .picture = TIcon::Cancel,
-                              .keys = {Qt::Key_Escape, Qt::ALT | Qt::Key_Escape},
-                              .handler = [this] { active->query.Cancel(); },
-                              .enabled = editing});
+    acSave = addFormAction(row.save);
+    acCancel = addFormAction(row.cancel);
     acHelp->setText("Pagalba");
 }
 

@@ -58,28 +58,16 @@ TOrgFrm::TOrgFrm(QWidget *owner)
 
 void TOrgFrm::buildActions()
 {
-    const auto editing = [this] { return tbOrg.editing(); };
-    acEdit = addFormAction({.name = "acEdit",
-                            .text = "&Keisti",
-                            .hint = "Keisti organizacijos atributus",
-                            .picture = TIcon::Edit,
-                            .keys = {Qt::Key_F2},
-                            .handler = [this] { edit(); },
-                            .enabled = [this] { return !CurrentUser().viewOnly && !tbOrg.editing(); }});
-    acSave = addFormAction({.name = "acSave",
-                            .text = "Iš&saugoti",
-                            .hint = "Išsaugoti pakeitimus",
-                            .picture = TIcon::Save,
-                            .keys = {Qt::CTRL | Qt::Key_S},
-                            .handler = [this] { save(); },
-                            .enabled = editing});
-    acCancel = addFormAction({.name = "acCancel",
-                              .text = "&Atšaukti",
-                              .hint = "Atšaukti pakeitimus",
-                              .picture = TIcon::Cancel,
-                              .keys = {Qt::Key_Escape},
-                              .handler = [this] { cancel(); },
-                              .enabled = editing});
+    TEditingActions row =
+        editingActions({.mayEdit = [this] { return !CurrentUser().viewOnly && !tbOrg.editing(); },
+                        .editing = [this] { return tbOrg.editing(); },
+                        .edit = [this] { edit(); },
+                        .save = [this] { save(); },
+                        .cancel = [this] { cancel(); }});
+    row.edit.hint = "Keisti organizacijos atributus";
+    acEdit = addFormAction(row.edit);
+    acSave = addFormAction(row.save);
+    acCancel = addFormAction(row.cancel);
     mnOpen = addFormAction({.name = "mnOpen",
                             .text = "Atidaryti &failą…",
                             .hint = "Paimti ženklą iš paveikslėlio failo",

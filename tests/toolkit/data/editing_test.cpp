@@ -165,6 +165,30 @@ TEST_P(Editing, MovingOnPostsAChangedRecordAndCancelsAnUntouchedOne)
     EXPECT_EQ(set->FieldByName(u"t_id"_s)->AsInteger(), 2);
 }
 
+TEST_P(Editing, TheRowThatIsMeantIsFoundThoughThePostReadsTheListAnew)
+{
+    fill(3);
+    const auto set = table();
+    set->AfterPost = [](TDataSet &posted) {
+        posted.Close();
+        posted.Open();
+    };
+    const auto add = [&set](const QString &code) {
+        set->First();
+        set->Insert();
+        set->FieldByName(u"t_kodas"_s)->setAsString(code);
+    };
+    add(u"K8"_s);
+    set->setRecNo(3);
+    EXPECT_EQ(set->FieldByName(u"t_kodas"_s)->AsString(), u"K3"_s);
+    add(u"K9"_s);
+    mnFin_Db->ExecSQL(u"delete from bd_t where t_kodas = 'K3'"_s);
+    set->setRecNo(3);
+    EXPECT_EQ(set->FieldByName(u"t_kodas"_s)->AsString(), u"K1"_s)
+        << "one that is gone: where the post put it";
+    EXPECT_EQ(set->rowCount(), 4);
+}
+
 TEST_P(Editing, DeleteMovesToTheNeighbour)
 {
     fill(3);

@@ -81,6 +81,35 @@ TEST_F(EditedInPlace, APostTakesWhatIsBeingTypedAndStopsWhereItIsRefused)
     EXPECT_EQ(stored(u"pre_pavad"_s), u"Agurkėliai");
 }
 
+TEST_F(EditedInPlace, WhatIsRefusedIsToldOnceForEachAttemptAndStaysInItsCell)
+{
+    show(grid);
+    set->Append();
+    const auto attempts = std::vector<std::function<void()>>{
+        [this] { QTest::keyClick(cell(), Qt::Key_Tab); }, [this] { QTest::keyClick(cell(), Qt::Key_Return); },
+        [this] { QTest::keyClick(cell(), Qt::Key_Up); }, [this] { other->setFocus(); },
+        [this] {
+            const QPoint row = grid->visualRect(grid->model()->index(0, 0)).center();
+            QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, row);
+        }};
+    typeOver(cell(), u"Ąžuolas 日"_s);
+    for (const std::function<void()> &leave : attempts) {
+        NextBoxes told{QMessageBox::Ok};
+        leave();
+        QCoreApplication::processEvents();
+        show();
+        ASSERT_TRUE(cell() && cell()->hasFocus());
+        EXPECT_EQ(cell()->text(), u"Ąžuolas 日");
+        EXPECT_EQ(set->State(), dsInsert);
+        EXPECT_EQ(grid->selectionModel()->selectedIndexes(), QModelIndexList{grid->currentIndex()});
+        EXPECT_EQ(grid->currentIndex().row(), set->RecNo());
+    }
+    set->Cancel();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(cell());
+    EXPECT_EQ(set->RecordCount(), 3);
+}
+
 TEST_F(EditedInPlace, CancellingGivesUpWhatIsBeingTyped)
 {
     show(grid);
