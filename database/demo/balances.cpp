@@ -1,7 +1,7 @@
 // Balances at the start of work.
 
 #include "database/demo/demo_books.h"
-#include "database/demo/row_writer.h"
+#include "database/filling/row_writer.h"
 
 using namespace Qt::StringLiterals;
 
@@ -66,7 +66,7 @@ qint64 fillPartyBalances(TDemoBooks &books, TRowWriter &writer, const QString &n
             continue;
         const qint64 cents = books.random.between(100, 250000);
         const QString department =
-            books.random.chance(30) ? QString::number(books.random.between(1, 10)) : demoNull;
+            books.random.chance(30) ? QString::number(books.random.between(1, 10)) : tableNull;
         total += credit ? -cents : cents;
         writer.add({QString::number(++id), startOfWork, QString::number(party.id),
                     amountText(credit ? 0 : cents), amountText(credit ? cents : 0), department});

@@ -1,5 +1,6 @@
 #include "database/demo/demo_books.h"
-#include "database/demo/row_writer.h"
+#include "database/filling/common_tables.h"
+#include "database/filling/row_writer.h"
 
 using namespace Qt::StringLiterals;
 
@@ -8,7 +9,7 @@ namespace {
 // Copies a resource into the table of its name; a value "@number" is the id of that account.
 void fillTable(TDemoBooks &books, TDatabase &db, const QString &folder, const QString &table)
 {
-    const TDemoText text = TDemoText::read(folder + u'/' + table);
+    const TTableText text = TTableText::read(u"demo/%1/%2"_s.arg(folder, table));
     TRowWriter writer(db, table, text.columns.join(u','));
     for (QStringList row : text.rows) {
         for (QString &value : row) {
@@ -27,38 +28,17 @@ void fillMunicipalities(TDemoBooks &books, TDatabase &db)
         fillTable(books, db, u"fin"_s, u"bd_savivaldybes"_s);
 }
 
-// The number of the account whose sub-account this is; empty for a class.
-QString parentOf(const TDemoBooks &books, const QString &number)
-{
-    for (qsizetype length = number.size() - 1; length > 0; --length) {
-        if (books.accounts.contains(number.first(length)))
-            return number.first(length);
-    }
-    return {};
-}
-
 } // namespace
 
 void fillAccounts(TDemoBooks &books)
 {
-    const TDemoText text = TDemoText::read(u"fin/bd_sasplan"_s);
-    int id = 0;
-    for (const QStringList &row : text.rows)
-        books.accounts.insert(row.first(), ++id);
-    QStringList summaries;
-    for (const QStringList &row : text.rows)
-        summaries.append(parentOf(books, row.first()));
-    TRowWriter writer(books.fin, u"bd_sasplan"_s, u"sas_id,sas_sasnr,sas_pavad,sas_tip,sas_tevid"_s);
-    for (const QStringList &row : text.rows) {
-        const QString &number = row.first();
-        const QString parent = parentOf(books, number);
-        const bool detail = !summaries.contains(number);
-        if (detail)
-            books.details.append(number);
-        writer.add({books.account(number), number, row.last(), detail ? u"D"_s : u"S"_s,
-                    parent.isEmpty() ? demoNull : books.account(parent)});
+    const QList<TCode> accounts = accountTree(TTableText::read(u"demo/fin/bd_sasplan"_s));
+    for (const TCode &account : accounts) {
+        books.accounts.insert(account.code, int(books.accounts.size()) + 1);
+        if (account.leaf)
+            books.details.append(account.code);
     }
-    writer.flush();
+    writeAccounts(books.fin, accounts);
 }
 
 void fillCatalogues(TDemoBooks &books)
@@ -74,11 +54,11 @@ void fillCatalogues(TDemoBooks &books)
         fillTable(books, books.fin, u"fin"_s, table);
     const auto remember = [](const QString &table, const QString &column, QHash<QString, int> &ids) {
         int id = 0;
-        for (const QString &account : TDemoText::read(table).column(column))
+        for (const QString &account : TTableText::read(table).column(column))
             ids.insert(account.sliced(1), ++id);
     };
-    remember(u"fin/bd_kasos"_s, u"kas_sasid"_s, books.cashDesks);
-    remember(u"fin/bd_einsas"_s, u"ein_sasid"_s, books.bankAccounts);
+    remember(u"demo/fin/bd_kasos"_s, u"kas_sasid"_s, books.cashDesks);
+    remember(u"demo/fin/bd_einsas"_s, u"ein_sasid"_s, books.bankAccounts);
 }
 
 void fillBudget(TDemoBooks &books)

@@ -15,8 +15,8 @@ QString TDemoBooks::account(const QString &number) const
 
 QString TDemoBooks::personName()
 {
-    static const TDemoText names = TDemoText::read(u"vardai"_s);
-    static const TDemoText surnames = TDemoText::read(u"pavardes"_s);
+    static const TTableText names = TTableText::read(u"demo/vardai"_s);
+    static const TTableText surnames = TTableText::read(u"demo/pavardes"_s);
     const int sex = random.below(2);
     const QString name = random.anyOf(names.rows).at(sex);
     return name + u' ' + random.anyOf(surnames.rows).at(sex);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "database/demo/demo_text.h"
 #include "database/demo/random.h"
+#include "database/filling/table_text.h"
 #include "toolkit/data/database.h"
 
 #include <QHash>

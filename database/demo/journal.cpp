@@ -1,7 +1,7 @@
 // The entries of a month: each document debits one account and credits another by the same amount.
 
 #include "database/demo/demo_books.h"
-#include "database/demo/row_writer.h"
+#include "database/filling/row_writer.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,14 +11,14 @@ constexpr int documentsPerSize = 180;
 
 // What a line refers to besides its account, in the order of the columns; null where it does not.
 struct TLine {
-    QString party = demoNull;
-    QString node = demoNull;
+    QString party = tableNull;
+    QString node = tableNull;
     qint64 cash = 0;   // cash expenses
     qint64 actual = 0; // factual expenses
-    QString responsible = demoNull;
-    QString accountable = demoNull;
-    QString cashDesk = demoNull;
-    QString bankAccount = demoNull;
+    QString responsible = tableNull;
+    QString accountable = tableNull;
+    QString cashDesk = tableNull;
+    QString bankAccount = tableNull;
 };
 
 TLine describe(TDemoBooks &books, const QString &number, bool debit, qint64 cents)
@@ -50,7 +50,7 @@ TLine describe(TDemoBooks &books, const QString &number, bool debit, qint64 cent
 
 void fillMonth(TDemoBooks &books, int month, qlonglong period)
 {
-    static const TDemoText operations = TDemoText::read(u"operacijos"_s);
+    static const TTableText operations = TTableText::read(u"demo/operacijos"_s);
     TRowWriter writer(
         books.fin, u"bd_irasai"_s,
         u"irs_id,irs_perid,irs_data,irs_dok,irs_sasid,irs_sum_db,irs_sum_kr,irs_dkaid,irs_jveid,"

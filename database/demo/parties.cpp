@@ -1,7 +1,7 @@
 // People, counterparties with their contracts, and fixed assets.
 
 #include "database/demo/demo_books.h"
-#include "database/demo/row_writer.h"
+#include "database/filling/row_writer.h"
 
 using namespace Qt::StringLiterals;
 
@@ -31,7 +31,7 @@ QString bankAccount(qint64 serial)
 
 QString companyName(TDemoBooks &books)
 {
-    static const TDemoText words = TDemoText::read(u"imoniu_zodziai"_s);
+    static const TTableText words = TTableText::read(u"demo/imoniu_zodziai"_s);
     static const QStringList owners = words.column(u"kilmininkas"_s);
     static const QStringList nouns = words.column(u"daiktavardis"_s);
     static const QStringList forms{u"UAB"_s, u"UAB"_s, u"UAB"_s, u"MB"_s, u"VšĮ"_s, u"IĮ"_s, u"ŽŪB"_s};
@@ -42,7 +42,7 @@ QString companyName(TDemoBooks &books)
 
 QString address(TDemoBooks &books)
 {
-    static const TDemoText words = TDemoText::read(u"imoniu_zodziai"_s);
+    static const TTableText words = TTableText::read(u"demo/imoniu_zodziai"_s);
     static const QStringList streets = words.column(u"gatve"_s);
     static const QStringList towns = words.column(u"miestas"_s);
     const QString street = books.random.anyOf(streets);
@@ -60,10 +60,10 @@ const QString &partyAccount(TDemoBooks &books, int id)
 
 QStringList partyRow(TDemoBooks &books, int id, const QString &account)
 {
-    static const TDemoText banks = TDemoText::read(u"fin/bd_bankai"_s);
+    static const TTableText banks = TTableText::read(u"demo/fin/bd_bankai"_s);
     const bool person = account.startsWith(u'2');
     const QStringList &bank = books.random.anyOf(banks.rows);
-    const QString code = person ? demoNull : QString::number(990600000 + id);
+    const QString code = person ? tableNull : QString::number(990600000 + id);
     const bool vat = !person && books.random.chance(60);
     const QString name = person ? books.personName() : companyName(books);
     return {QString::number(id),
@@ -72,13 +72,13 @@ QStringList partyRow(TDemoBooks &books, int id, const QString &account)
             address(books),
             u"+37060"_s + padded(id % 1000000, 6),
             code,
-            vat ? u"LT"_s + code : demoNull,
+            vat ? u"LT"_s + code : tableNull,
             bankAccount(id),
             bank.at(0),
             bank.at(2),
             books.account(account),
             books.account(account),
-            books.random.chance(20) ? u"KL-%1"_s.arg(id) : demoNull};
+            books.random.chance(20) ? u"KL-%1"_s.arg(id) : tableNull};
 }
 
 void fillContracts(TDemoBooks &books, int count)
@@ -151,12 +151,12 @@ void fillAssets(TDemoBooks &books)
         const int year = books.random.between(2009, 2025);
         writer.add({QString::number(id), u"IT-%1"_s.arg(padded(id, 5)), names.at(id % names.size()),
                     QString::number(books.random.between(1, 5)),
-                    gone ? QString::number(books.random.between(1, 4)) : demoNull,
+                    gone ? QString::number(books.random.between(1, 4)) : tableNull,
                     QString::number(books.random.between(1, 23)),
                     QString::number(books.random.between(1, responsiblePersons)),
                     QString::number(books.random.between(1, 8)), books.account(books.random.anyOf(accounts)),
                     u"%1-%2-15"_s.arg(year).arg(padded(books.random.between(1, 12), 2)),
-                    gone ? u"2025-11-30"_s : demoNull,
+                    gone ? u"2025-11-30"_s : tableNull,
                     amountText(qint64(books.random.between(200, 4000)) * 100)});
     }
     writer.flush();

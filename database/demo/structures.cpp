@@ -2,7 +2,8 @@
 // periods.
 
 #include "database/demo/demo_books.h"
-#include "database/demo/row_writer.h"
+#include "database/filling/common_tables.h"
+#include "database/filling/row_writer.h"
 
 using namespace Qt::StringLiterals;
 
@@ -26,24 +27,20 @@ QStringList accountsUnder(const TDemoBooks &books, const QString &beginnings)
 // The economic classification once under a function of a book.
 void fillEconomic(TDemoBooks &books, TRowWriter &writer, int book, int functionNode, int &id)
 {
-    const TDemoText text = TDemoText::read(u"ekonomine"_s);
-    const QStringList parents = text.column(u"tevas"_s);
-    QHash<QString, int> ids;
-    for (const QStringList &row : text.rows) {
-        const QString &code = row.at(0);
-        const bool leaf = !parents.contains(code);
-        ids.insert(code, ++id);
-        writer.add({QString::number(id), QString::number(book),
-                    QString::number(row.at(1) == demoNull ? functionNode : ids.value(row.at(1))), code,
-                    row.at(2), leaf ? u"1"_s : u"0"_s});
-        if (leaf)
+    const QList<TCode> codes = codeTree(TTableText::read(u"demo/ekonomine"_s));
+    const int first = id + 1;
+    for (const TCode &code : codes) {
+        const qsizetype parent = code.parent < 0 ? functionNode : first + code.parent;
+        writer.add({QString::number(++id), QString::number(book), QString::number(parent), code.code,
+                    code.name, code.leaf ? u"1"_s : u"0"_s});
+        if (code.leaf)
             books.nodes.append(id);
     }
 }
 
 void fillForm(TDemoBooks &books, TDatabase &db, const QString &accountColumn, bool byNumber)
 {
-    const TDemoText text = TDemoText::read(u"balanso_forma"_s);
+    const TTableText text = TTableText::read(u"demo/balanso_forma"_s);
     TRowWriter lines(db, u"bd_baleil"_s, u"bel_kod,bel_pavad"_s);
     for (const QStringList &row : text.rows)
         lines.add({row.at(0), row.at(1)});
@@ -60,15 +57,15 @@ void fillForm(TDemoBooks &books, TDatabase &db, const QString &accountColumn, bo
 
 void fillClassification(TDemoBooks &books)
 {
-    const TDemoText functions = TDemoText::read(u"fin/bd_fun"_s);
+    const TTableText functions = TTableText::read(u"demo/fin/bd_fun"_s);
     TRowWriter writer(books.fin, u"bd_jve"_s, u"jve_id,jve_islid,jve_tevid,jve_kodas,jve_pavad,jve_duom"_s);
     int id = 0;
     for (int book = 1; book <= bookCount; ++book) {
         for (const QStringList &function : functions.rows) {
-            if (function.at(1) == demoNull)
+            if (function.at(1) == tableNull)
                 continue;
             const int node = ++id;
-            writer.add({QString::number(node), QString::number(book), demoNull, function.at(2),
+            writer.add({QString::number(node), QString::number(book), tableNull, function.at(2),
                         function.at(3), u"0"_s});
             fillEconomic(books, writer, book, node, id);
         }
@@ -80,7 +77,7 @@ void fillFormAndOperations(TDemoBooks &books)
 {
     fillForm(books, books.fin, u"bss_sasid"_s, false);
     fillForm(books, books.ravl, u"bss_sasnr"_s, true);
-    const TDemoText text = TDemoText::read(u"operacijos"_s);
+    const TTableText text = TTableText::read(u"demo/operacijos"_s);
     TRowWriter operations(books.fin, u"bd_opr"_s, u"opr_id,opr_pavad"_s);
     for (qsizetype i = 0; i < text.rows.size(); ++i)
         operations.add({QString::number(i + 1), text.rows.at(i).first()});
@@ -98,11 +95,7 @@ void fillFormAndOperations(TDemoBooks &books)
 
 void fillPeriods(TDemoBooks &books)
 {
-    TRowWriter writer(books.fin, u"bd_period"_s, u"per_id,per_metai,per_ketv,per_menuo"_s);
-    for (int quarter = 0; quarter <= 4; ++quarter)
-        writer.add({QString::number(quarter + 1), u"2026"_s, QString::number(quarter), u"0"_s});
-    writer.add({u"6"_s, u"2026"_s, u"1"_s, u"1"_s});
-    writer.flush();
+    writeStartOfWork(books.fin, 2026, 1);
 }
 
 void fillEstimates(TDemoBooks &books)

@@ -1,19 +1,18 @@
 #pragma once
 
-#include <QHash>
 #include <QList>
 #include <QStringList>
 
 // A table of the resources: tab-separated, the first line names the columns, "\N" means null.
-struct TDemoText {
+struct TTableText {
     QStringList columns;
     QList<QStringList> rows;
 
-    // name is the path below the folder data, without ".tsv".
-    static TDemoText read(const QString &name);
+    // name is the path of the resource without ".tsv".
+    static TTableText read(const QString &name);
 
     // All values of one column.
     QStringList column(const QString &name) const;
 };
 
-inline const QString demoNull = QStringLiteral("\\N");
+inline const QString tableNull = QStringLiteral("\\N");

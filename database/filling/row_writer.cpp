@@ -1,6 +1,6 @@
-#include "database/demo/row_writer.h"
+#include "database/filling/row_writer.h"
 
-#include "database/demo/demo_text.h"
+#include "database/filling/table_text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -23,7 +23,7 @@ void TRowWriter::add(const QStringList &values)
     for (qsizetype i = 0; i < values.size(); ++i) {
         if (i > 0)
             pending += u',';
-        pending += values.at(i) == demoNull ? u"null"_s : TDatabase::quoted(values.at(i));
+        pending += values.at(i) == tableNull ? u"null"_s : TDatabase::quoted(values.at(i));
     }
     pending += u')';
     if (++count == rowsAtOnce)

@@ -12,7 +12,7 @@ public:
     // Raises nothing: what is still pending must have been written by flush().
     ~TRowWriter();
 
-    // Values as text in the order of the columns; a value equal to demoNull is a null.
+    // Values as text in the order of the columns; a value equal to tableNull is a null.
     void add(const QStringList &values);
     void flush();
 

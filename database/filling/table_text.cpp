@@ -1,16 +1,16 @@
-#include "database/demo/demo_text.h"
+#include "database/filling/table_text.h"
 
 #include <QFile>
 
 using namespace Qt::StringLiterals;
 
-TDemoText TDemoText::read(const QString &name)
+TTableText TTableText::read(const QString &name)
 {
-    QFile file(u":/demo/%1.tsv"_s.arg(name));
+    QFile file(u":/%1.tsv"_s.arg(name));
     const bool opened = file.open(QIODevice::ReadOnly);
-    Q_ASSERT_X(opened, "TDemoText::read", qPrintable(name));
+    Q_ASSERT_X(opened, "TTableText::read", qPrintable(name));
     QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
-    TDemoText text;
+    TTableText text;
     text.columns = lines.takeFirst().split(u'\t');
     for (const QString &line : lines) {
         text.rows.append(line.split(u'\t'));
@@ -19,7 +19,7 @@ TDemoText TDemoText::read(const QString &name)
     return text;
 }
 
-QStringList TDemoText::column(const QString &name) const
+QStringList TTableText::column(const QString &name) const
 {
     const qsizetype index = columns.indexOf(name);
     Q_ASSERT(index >= 0);
