@@ -47,12 +47,39 @@ void readCommand(const QStringList &words, TCommandLine &line)
     line.file = expected > 1 ? words.last() : QString();
 }
 
-// A switch that only the export has.
-bool readExportSwitch(const QCommandLineParser &parser, const TCommandLine &line, const QString &name)
+// A switch that only one command has.
+bool readSwitch(const QCommandLineParser &parser, const TCommandLine &line, const QString &name,
+                const QString &command)
 {
-    if (parser.isSet(name) && line.command != u"export")
-        throw EUsage(u"Parinktis --%1 tinka tik komandai „export“."_s.arg(name));
+    if (parser.isSet(name) && line.command != command)
+        throw EUsage(u"Parinktis --%1 tinka tik komandai „%2“."_s.arg(name, command));
     return parser.isSet(name);
+}
+
+// What goes with --standard; null where it was not given.
+std::optional<QString> readOfStandard(const QCommandLineParser &parser, const TCommandLine &line,
+                                      const QString &name)
+{
+    if (!readSwitch(parser, line, name, u"create"_s))
+        return {};
+    if (!line.standard)
+        throw EUsage(u"Parinktis --%1 tinka tik kartu su --standard."_s.arg(name));
+    const QString value = parser.value(name).trimmed();
+    if (value.isEmpty())
+        throw EUsage(u"Parinkčiai trūksta reikšmės."_s);
+    return value;
+}
+
+void readStandard(const QCommandLineParser &parser, TCommandLine &line)
+{
+    line.standard = readSwitch(parser, line, u"standard"_s, u"create"_s);
+    line.institution = readOfStandard(parser, line, u"institution"_s).value_or(QString());
+    line.admin = readOfStandard(parser, line, u"admin"_s).value_or(QString());
+    if (const std::optional<QString> month = readOfStandard(parser, line, u"start"_s)) {
+        line.startOfWork = QDate::fromString(*month, u"yyyy-MM"_s);
+        if (!line.startOfWork->isValid())
+            throw EUsage(u"Po --start reikia metų ir mėnesio, pavyzdžiui, 2026-01."_s);
+    }
 }
 
 void readSize(const QCommandLineParser &parser, TCommandLine &line)
@@ -76,6 +103,10 @@ TCommandLine TCommandLine::parse(const QStringList &arguments)
                        {u"data"_s, {}, u"data"_s},
                        {u"server"_s, {}, u"server"_s},
                        {u"size"_s, {}, u"size"_s},
+                       {u"standard"_s, QString()},
+                       {u"institution"_s, {}, u"institution"_s},
+                       {u"start"_s, {}, u"start"_s},
+                       {u"admin"_s, {}, u"admin"_s},
                        {u"escaped"_s, QString()},
                        {u"drop"_s, QString()}});
     TCommandLine line;
@@ -90,8 +121,9 @@ TCommandLine TCommandLine::parse(const QStringList &arguments)
     readCommand(parser.positionalArguments(), line);
     readPlace(parser, line);
     readSize(parser, line);
-    line.escaped = readExportSwitch(parser, line, u"escaped"_s);
-    line.drop = readExportSwitch(parser, line, u"drop"_s);
+    readStandard(parser, line);
+    line.escaped = readSwitch(parser, line, u"escaped"_s, u"export"_s);
+    line.drop = readSwitch(parser, line, u"drop"_s, u"export"_s);
     return line;
 }
 
@@ -116,6 +148,18 @@ Duomenų vieta
   --data KATALOGAS   katalogo failai velmora_fin.db ir velmora_ravl.db
   --server ŽODŽIAI   PostgreSQL serverio žodžiai, pvz. "host=serveris user=buhalterija";
                      duomenų bazės velmora_fin ir velmora_ravl, arba kitos, jei nurodyta fin= ir ravl=
+
+Naujos įstaigos duomenys (komandos „create“ parinktys)
+  --standard         įrašo tipinius duomenis: sąskaitų planą, išlaidų ir valstybės funkcijų
+                     klasifikacijas, savivaldybes, darbo vietą, finansavimo šaltinius ir bankus;
+                     tai nėra oficialių klasifikatorių tekstas, prieš naudodami palyginkite
+  --institution PAVADINIMAS
+                     su --standard: įrašo įstaigą
+  --start METAI-MĖNUO
+                     su --standard: nustato darbo pradžios periodą, pvz. 2026-01
+  --admin VARDAS     su --standard: įrašo pirmąjį vartotoją, kuris administruoja vartotojus ir turi
+                     visas teises; slaptažodis imamas iš aplinkos kintamojo VELMORA_PASSWORD arba
+                     iš standartinės įvesties; be šios parinkties prisijungti nebus kam
 
 Kitos parinktys
   --size N           parodomųjų duomenų kiekis: N kartų po 300 debitorių ir kreditorių (1–10000)

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QDate>
 #include <QStringList>
+
+#include <optional>
 
 // A command line that cannot be understood; the message says why.
 class EUsage {
@@ -20,9 +23,13 @@ struct TCommandLine {
     QString connInfo; // of --server
     QString file;     // of backup, restore and export
     QString table;    // of export
-    bool escaped = false; // of export
-    bool drop = false;    // of export
-    int size = 1;         // of --size
+    bool escaped = false;             // of export
+    bool drop = false;                // of export
+    int size = 1;                     // of --size
+    bool standard = false;            // of create; the next three only with it
+    QString institution;              // the institution's name; empty: none is written
+    QString admin;                    // the first user's login name; empty: none is written
+    std::optional<QDate> startOfWork; // the first day of the month
     bool help = false;
 
     // Raises EUsage.

@@ -1,6 +1,7 @@
 #include "database/private_place.h"
 #include "database/tool/command_line.h"
 #include "database/tool/keeping/keeper.h"
+#include "database/tool/password.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
@@ -44,6 +45,24 @@ void exportTable(TStore &store, const TCommandLine &line)
     say(u"Įrašyta eilučių: %1."_s.arg(rows));
 }
 
+void create(TStore &store, const TCommandLine &line)
+{
+    if (!line.standard) {
+        createBooks(store, say);
+        return;
+    }
+    using enum SetUpStep;
+    TSetUp setUp;
+    setUp.standard = {Municipalities, Accounts, Classification, Functions, WorkPlaces, Sources, Banks};
+    setUp.startOfWork = line.startOfWork;
+    if (!line.institution.isEmpty())
+        setUp.institution = TInstitution{.pavad = line.institution};
+    if (!line.admin.isEmpty())
+        setUp.administrator = TAdministrator{
+            .name = line.admin, .vardas = line.admin, .pavarde = {}, .password = readPassword()};
+    createStandardBooks(store, setUp, say);
+}
+
 ExitCode run(const TCommandLine &line)
 {
     const std::unique_ptr<TStore> store =
@@ -59,7 +78,7 @@ ExitCode run(const TCommandLine &line)
         return Done;
     }
     if (line.command == u"create")
-        createBooks(*store, say);
+        create(*store, line);
     else if (line.command == u"demo")
         createDemoBooks(*store, line.size, say);
     else if (line.command == u"upgrade")

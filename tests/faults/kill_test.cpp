@@ -2,38 +2,14 @@
 #include "tests/faults/victim_process.h"
 #include "tests/support/files.h"
 
-#include <QElapsedTimer>
-#include <QThread>
-
 #include <iostream>
 #include <random>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-int number(const char *variable, int usual)
-{
-    bool given = false;
-    const int value = qEnvironmentVariableIntValue(variable, &given);
-    return given ? value : usual;
-}
-
 // What a kill left: the whole close, nothing of it, or something between.
 enum class Found { Before, After, Damaged };
-
-// A server goes on for a while with the statement of a client that died.
-void waitUntilAlone(TDatabase &db)
-{
-    QElapsedTimer patience;
-    patience.start();
-    while (db.engine() == Engine::PostgreSql && !patience.hasExpired(60'000)) {
-        if (nativeValue(db, u"select count(*) from pg_stat_activity "
-                            "where datname = current_database() and pid <> pg_backend_pid()"_s) == u"0")
-            return;
-        QThread::msleep(5);
-    }
-    EXPECT_NE(db.engine(), Engine::PostgreSql) << "the killed program's session did not end";
-}
 } // namespace
 
 class KilledClose : public LargeBooks {
@@ -77,7 +53,7 @@ protected:
         return last;
     }
 
-    const unsigned seed = unsigned(number("VELMORA_SEED", int(std::random_device()() & 0x7fffffff)));
+    const unsigned seed = unsigned(numberGiven("VELMORA_SEED", int(std::random_device()() & 0x7fffffff)));
     std::mt19937 random{seed};
     qint64 duration = 0; // microseconds
 
@@ -127,7 +103,7 @@ ON_BOTH_ENGINES(KilledClose);
 TEST_P(KilledClose, LeavesTheBooksAsTheyWereOrClosed)
 {
     measure(u"close"_s);
-    const int kills = number("VELMORA_KILLS", 50);
+    const int kills = numberGiven("VELMORA_KILLS", 50);
     const qint64 measured = duration;
     int left[3] = {};
     for (int i = 0; i < kills; ++i)

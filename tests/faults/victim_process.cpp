@@ -77,3 +77,23 @@ QStringList withoutRightsOfRoot()
     constexpr int nobody = 65534;
     return getuid() == 0 ? QStringList{u"VELMORA_UID=%1"_s.arg(nobody)} : QStringList();
 }
+
+void waitUntilAlone(TDatabase &db)
+{
+    QElapsedTimer patience;
+    patience.start();
+    while (db.engine() == Engine::PostgreSql && !patience.hasExpired(60'000)) {
+        if (nativeValue(db, u"select count(*) from pg_stat_activity "
+                            "where datname = current_database() and pid <> pg_backend_pid()"_s) == u"0")
+            return;
+        QThread::msleep(5);
+    }
+    EXPECT_NE(db.engine(), Engine::PostgreSql) << "the killed program's session did not end";
+}
+
+int numberGiven(const char *variable, int usual)
+{
+    bool given = false;
+    const int value = qEnvironmentVariableIntValue(variable, &given);
+    return given ? value : usual;
+}

@@ -36,3 +36,10 @@ private:
 
 // The user that a test by root gives up its rights for; null text for anybody else, who has none to give up.
 QStringList withoutRightsOfRoot();
+
+// Waits until nobody but this session is left on the database: a server goes on for a while with the
+// statement of a client that died.
+void waitUntilAlone(TDatabase &db);
+
+// The whole number that an environment variable gives, else the usual one.
+int numberGiven(const char *variable, int usual);

@@ -75,6 +75,18 @@ QStringList buildAside(TStore &store, const std::function<void()> &build)
     }
 }
 
+void createFilledBooks(TStore &store, const TProgress &progress,
+                       const std::function<void(TOpenBooks &)> &fill)
+{
+    store.refuseWhenPresent();
+    buildAside(store, [&] {
+        TOpenBooks books(store.aside());
+        applySchema(books.fin, Book::Main, progress);
+        applySchema(books.ravl, Book::Budget, progress);
+        fill(books);
+    });
+}
+
 QString engineName(const TBooks &books)
 {
     return books.fin.engine == Engine::Sqlite ? u"sqlite"_s : u"postgresql"_s;
@@ -177,23 +189,21 @@ void refuseDifference(const QJsonObject &expected, const QJsonObject &found, con
 
 void createBooks(TStore &store, const TProgress &progress)
 {
-    store.refuseWhenPresent();
-    buildAside(store, [&] {
-        TOpenBooks books(store.aside());
-        applySchema(books.fin, Book::Main, progress);
-        applySchema(books.ravl, Book::Budget, progress);
+    createFilledBooks(store, progress, [](TOpenBooks &) {});
+}
+
+void createStandardBooks(TStore &store, const TSetUp &setUp, const TProgress &progress)
+{
+    createFilledBooks(store, progress, [&](TOpenBooks &books) {
+        progress(u"Rašomi naujos įstaigos duomenys…"_s);
+        setUpBooks(books.fin, books.ravl, setUp);
     });
 }
 
 void createDemoBooks(TStore &store, int size, const TProgress &progress)
 {
-    store.refuseWhenPresent();
-    buildAside(store, [&] {
-        TOpenBooks books(store.aside());
-        applySchema(books.fin, Book::Main, progress);
-        applySchema(books.ravl, Book::Budget, progress);
-        fillDemoBooks(books.fin, books.ravl, size, progress);
-    });
+    createFilledBooks(store, progress,
+                      [&](TOpenBooks &books) { fillDemoBooks(books.fin, books.ravl, size, progress); });
 }
 
 void upgradeBooks(TStore &store, const TProgress &progress)

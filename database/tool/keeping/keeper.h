@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/standard/standard.h"
 #include "database/tool/keeping/check.h"
 #include "database/tool/keeping/store.h"
 
@@ -8,6 +9,9 @@
 
 // Creates both databases with the schema. Refuses when one of them exists.
 void createBooks(TStore &store, const TProgress &progress);
+
+// The same, with the given steps of the set-up written.
+void createStandardBooks(TStore &store, const TSetUp &setUp, const TProgress &progress);
 
 // The same, filled with the demonstration data; size multiplies the volume.
 void createDemoBooks(TStore &store, int size, const TProgress &progress);

@@ -20,7 +20,8 @@ TEST(ToolCommandLine, HelpNamesCommandsAndExitCodes)
     EXPECT_EQ(help.code, 0);
     for (const QString &word :
          {u"create"_s, u"demo"_s, u"upgrade"_s, u"check"_s, u"backup"_s, u"restore"_s, u"export"_s,
-          u"--data"_s, u"--server"_s, u"--size"_s, u"--escaped"_s, u"--drop"_s, u"Baigimo kodai"_s})
+          u"--data"_s, u"--server"_s, u"--size"_s, u"--escaped"_s, u"--drop"_s, u"--standard"_s,
+          u"--institution"_s, u"--start"_s, u"--admin"_s, u"Baigimo kodai"_s})
         EXPECT_TRUE(help.out.contains(word)) << word.toStdString();
     EXPECT_EQ(help.err, QString());
 }
@@ -44,6 +45,10 @@ TEST(ToolCommandLine, WrongWordsAreRefused)
         {{u"export"_s, u"bd_usr"_s, u"f"_s, u"dar"_s, u"--data"_s, place}, u"Nereikalingas žodis „dar“."_s},
         {{u"create"_s, u"--data"_s, place, u"--escaped"_s}, u"tinka tik komandai „export“"_s},
         {{u"create"_s, u"--data"_s, place, u"--drop"_s}, u"tinka tik komandai „export“"_s},
+        {{u"demo"_s, u"--data"_s, place, u"--standard"_s}, u"tinka tik komandai „create“"_s},
+        {{u"create"_s, u"--data"_s, place, u"--admin"_s, u"rasa"_s}, u"tinka tik kartu su --standard"_s},
+        {{u"create"_s, u"--data"_s, place, u"--standard"_s, u"--start"_s, u"2026-13"_s},
+         u"Po --start reikia metų ir mėnesio"_s},
         {{u"demo"_s, u"--data"_s, place, u"--size"_s, u"0"_s}, u"sveikojo skaičiaus"_s},
         {{u"create"_s, u"--data"_s, place, u"--size"_s, u"2"_s}, u"tinka tik komandai „demo“"_s}};
     for (const auto &[arguments, message] : cases) {

@@ -8,4 +8,5 @@ struct TResult {
     QString out;
     QString err;
 };
-TResult velmoraDb(const QStringList &arguments);
+// input: what it reads from its standard input.
+TResult velmoraDb(const QStringList &arguments, const QString &input = {});

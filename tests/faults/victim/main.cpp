@@ -1,12 +1,13 @@
-// fault_victim MODE ENGINE PLACE [NUMBER]: works on the main database as the program does, for somebody to
+// fault_victim MODE ENGINE PLACE [NUMBER | BUDGET]: works on the books as the program does, for somebody to
 // disturb.
 //
-// ENGINE is Sqlite or PostgreSql, PLACE the file or the connection words. Prints a line when the work begins
-// and one when it is done; a failure is printed as "klaida: …" and ends with 3. The environment can take
-// things away beforehand: VELMORA_UID names the user to become, VELMORA_FILE_LIMIT the largest file that may
-// be written, in bytes.
+// ENGINE is Sqlite or PostgreSql, PLACE the file or the connection words of the main database and BUDGET
+// those of the other. Prints a line when the work begins and one when it is done; a failure is printed as
+// "klaida: …" and ends with 3. The environment can take things away beforehand: VELMORA_UID names the user to
+// become, VELMORA_FILE_LIMIT the largest file that may be written, in bytes.
 
 #include "database/schema.h"
+#include "tests/faults/victim/new_books.h"
 #include "toolkit/data/database.h"
 
 #include <QCoreApplication>
@@ -93,6 +94,27 @@ void append(TDatabase &db, int count)
     }
 }
 
+// The wrong way, for the tests to find: the chart of accounts is there before the rest.
+void setUpInHalves(TDatabase &fin, TDatabase &ravl)
+{
+    setUpBooks(fin, ravl, {.standard = {SetUpStep::Accounts}});
+    TSetUp rest = newBooks();
+    rest.standard.remove(SetUpStep::Accounts);
+    setUpBooks(fin, ravl, rest);
+}
+
+void setUp(const QString &mode, TDatabase &fin, const TSessionSettings &budget)
+{
+    TDatabase ravl(budget);
+    ravl.Open();
+    say(u"pradeda"_s);
+    if (mode == u"setup")
+        setUpBooks(fin, ravl, newBooks());
+    else
+        setUpInHalves(fin, ravl);
+    say(u"baigta"_s);
+}
+
 void work(const QStringList &arguments)
 {
     const QString &mode = arguments.at(1);
@@ -101,6 +123,8 @@ void work(const QStringList &arguments)
     if (mode == u"create")
         upgrade(db, Book::Main);
     db.fieldResult(u"select count(*) from bd_period"_s);
+    if (mode.startsWith(u"setup"))
+        return setUp(mode, db, settingsOf(arguments.at(2), arguments.at(4)));
     say(u"pradeda"_s);
     if (mode == u"close")
         close(db);
