@@ -5,6 +5,7 @@
 #include "host/app/institutions.h"
 #include "host/app/login.h"
 #include "host/app/main_window.h"
+#include "host/app/setup/setup_dialog.h"
 #include "host/data/main_datas.h"
 #include "host/data/organisation.h"
 #include "toolkit/widgets/guard.h"
@@ -43,6 +44,8 @@ bool enter(TMainWindow &window, const TOptions &options)
     window.setWindowIcon(QIcon::fromTheme("accessories-calculator"));
     std::optional<TBooksSettings> books = openFirstBooks(options, &window);
     while (books) {
+        if (!haveUsers() && !setUpOpenBooks(&window))
+            return false;
         switch (logInAt(window, options.user)) {
         case TLoginEnd::LoggedIn:
             keepOnList(window, *books);

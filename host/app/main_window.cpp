@@ -3,6 +3,7 @@
 #include "host/accounts/form_check.h"
 #include "host/app/about.h"
 #include "host/app/institutions.h"
+#include "host/app/setup/setup_dialog.h"
 #include "host/app/start_of_work.h"
 #include "host/common/help.h"
 #include "host/common/months.h"
@@ -109,6 +110,9 @@ void TMainWindow::addEntryMenus()
     formCheck = program->addAction("Tikrinti balanso &formą…");
     formCheck->setObjectName("acFormCheck");
     connectGuarded(formCheck, &QAction::triggered, this, [this] { ShowBalanceFormCheck(this); });
+    setUp = program->addAction("Įstaigos &parengimas…");
+    setUp->setObjectName("acSetUp");
+    connectGuarded(setUp, &QAction::triggered, this, [this] { setUpOpenBooks(this); });
     program->addSeparator();
     QAction *leave = program->addAction("&Baigti");
     leave->setShortcut(QKeySequence("Alt+F4"));
@@ -208,6 +212,7 @@ void TMainWindow::setLoggedIn(bool on)
     for (QMenu *menu : std::as_const(entryMenus))
         menu->setEnabled(on);
     formCheck->setEnabled(on);
+    setUp->setEnabled(on && !CurrentUser().viewOnly);
     for (const TPackageEntry &entry : package.entries())
         if (auto *action = findChild<QAction *>(entry.name))
             action->setEnabled(!entry.writes || !CurrentUser().viewOnly);

@@ -48,6 +48,7 @@ private:
     QHash<QStringList, QMenu *> menus; // by the way to them
     QList<QMenu *> entryMenus;         // those in the menu bar
     QAction *formCheck = nullptr;
+    QAction *setUp = nullptr;
     QLabel *institution;
     QLabel *user;
     QLabel *period;

@@ -21,12 +21,14 @@ constexpr int longestPassword = 100;
 TNewBooksDlg::TNewBooksDlg(const QString &folder, QWidget *owner)
     : TDialog(owner),
       DemoRadio(new QRadioButton("&Parodomosios mokyklos knygos", this)),
+      NewRadio(new QRadioButton("&Naujos įstaigos knygos", this)),
       EmptyRadio(new QRadioButton("&Tuščios knygos", this))
 {
     setObjectName("TNewBooksDlg");
     describe(
         "Naujos knygos",
-        {TFieldRow::custom({}, "DemoRadio", DemoRadio), TFieldRow::custom({}, "EmptyRadio", EmptyRadio),
+        {TFieldRow::custom({}, "DemoRadio", DemoRadio), TFieldRow::custom({}, "NewRadio", NewRadio),
+         TFieldRow::custom({}, "EmptyRadio", EmptyRadio),
          TFieldRow::freeEdit("Administratoriaus &vardas:", "NameEdit").maxLength(longestName),
          TFieldRow::freeEdit("S&laptažodis:", "PassEdit").maxLength(longestPassword).password(),
          TFieldRow::freeEdit("Slaptažodis &dar kartą:", "RepeatEdit").maxLength(longestPassword).password()},
@@ -73,7 +75,7 @@ void TNewBooksDlg::keyPressEvent(QKeyEvent *event)
 
 void TNewBooksDlg::Validate()
 {
-    if (DemoRadio->isChecked())
+    if (!EmptyRadio->isChecked())
         return;
     if (administrator().isEmpty())
         refuse("NameEdit", "Neįvestas administratoriaus vardas");

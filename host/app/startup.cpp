@@ -2,6 +2,7 @@
 
 #include "database/demo/demo.h"
 #include "host/app/new_books_dialog.h"
+#include "host/app/setup/setup_dialog.h"
 #include "host/common/waiting.h"
 #include "host/data/main_datas.h"
 
@@ -27,11 +28,36 @@ void open(const TBooksSettings &settings)
     setMainDatas(std::move(datas));
 }
 
+// Books that were left half filled by an earlier start are no books to work in: they are filled under a name
+// of their own and take their place at the end.
+void createWholeBooks(const QString &folder, const std::function<void(TDatabase &, TDatabase &)> &fill)
+{
+    const QString growing = folder + ".kuriama";
+    QDir(growing).removeRecursively();
+    createEmbeddedBooks(growing);
+    {
+        const TBooks books = TBooksSettings::embedded(growing).books();
+        TDatabase fin(books.fin);
+        TDatabase ravl(books.ravl);
+        fin.Open();
+        ravl.Open();
+        fill(fin, ravl);
+    }
+    if (QDir(folder).exists() && !QDir().rmdir(folder))
+        throw Exception(QString("Aplankas %1 netuščias").arg(QDir::toNativeSeparators(folder)));
+    if (!QDir().rename(growing, folder))
+        throw Exception(QString("Nepavyko sukurti aplanko %1").arg(QDir::toNativeSeparators(folder)));
+}
+
 bool createFirstBooks(const QString &folder, QWidget *owner)
 {
     TNewBooksDlg dialog(folder, owner);
     if (dialog.exec() != QDialog::Accepted)
         return false;
+    if (dialog.newInstitution())
+        return TSetUpDlg(
+                   {}, [&folder](const TSetUp &chosen) { createSetUpBooks(folder, chosen); }, owner)
+                   .exec() == QDialog::Accepted;
     const TWaiting waiting;
     if (dialog.demonstration())
         createDemonstrationBooks(folder);
@@ -56,27 +82,18 @@ void openEmbeddedBooks(const QString &folder)
     open(TBooksSettings::embedded(folder));
 }
 
-// Books that were left half filled by an earlier start are no books to work in: they are filled under a name
-// of their own and take their place at the end.
 void createDemonstrationBooks(const QString &folder)
 {
-    const QString growing = folder + ".kuriama";
-    QDir(growing).removeRecursively();
-    createEmbeddedBooks(growing);
-    {
-        const TBooks books = TBooksSettings::embedded(growing).books();
-        TDatabase fin(books.fin);
-        TDatabase ravl(books.ravl);
-        fin.Open();
-        ravl.Open();
+    createWholeBooks(folder, [](TDatabase &fin, TDatabase &ravl) {
         fillDemoBooks(fin, ravl, 1, [](const QString &) {
             QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         });
-    }
-    if (QDir(folder).exists() && !QDir().rmdir(folder))
-        throw Exception(QString("Aplankas %1 netuščias").arg(QDir::toNativeSeparators(folder)));
-    if (!QDir().rename(growing, folder))
-        throw Exception(QString("Nepavyko sukurti aplanko %1").arg(QDir::toNativeSeparators(folder)));
+    });
+}
+
+void createSetUpBooks(const QString &folder, const TSetUp &setUp)
+{
+    createWholeBooks(folder, [&setUp](TDatabase &fin, TDatabase &ravl) { setUpBooks(fin, ravl, setUp); });
 }
 
 void createEmptyBooks(const QString &folder, const QString &administrator, const QString &password)

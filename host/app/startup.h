@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/standard/standard.h"
 #include "host/data/connections.h"
 
 class QWidget;
@@ -10,6 +11,8 @@ bool openBooks(const TBooksSettings &settings, QWidget *owner);
 
 // Creates embedded books in the folder and fills them with the demonstration data.
 void createDemonstrationBooks(const QString &folder);
+// Creates embedded books in the folder and writes what the set-up of a new institution has chosen.
+void createSetUpBooks(const QString &folder, const TSetUp &setUp);
 // Creates embedded books in the folder with one user, who administers users.
 void createEmptyBooks(const QString &folder, const QString &administrator, const QString &password);
 

@@ -11,8 +11,10 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMdiSubWindow>
+#include <QRadioButton>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
@@ -23,7 +25,6 @@
 namespace {
 
 const QString lastPeriods = "select * from bd_period where per_menuo > 0 order by per_id desc";
-const QString allPeriods = "select * from bd_period order by per_id";
 const QString balancesByPeriod =
     "select ssl_perid, count(*) as eilutes, sum(ssl_sum_db) as debetas, sum(ssl_sum_kr) as kreditas "
     "from bd_saslik group by ssl_perid order by ssl_perid";
@@ -146,36 +147,41 @@ public:
         require(EinPer_Id() < before, "Periodas nebuvo atsuktas");
     }
 
-    void startOfWork()
+    // From a folder without books to those of a new institution, in the order of the program's own pages.
+    void setUpInstitution(const QString &folder)
     {
-        hands.whenAsked([&](QWidget &dialog) {
-            TTourHands::type(*dialog.findChild<QLineEdit *>("YearEdit"), "2026");
-            QTest::keyClick(dialog.findChild<QWidget *>("MonthBox"), Qt::Key_Home);
-            report.step("Darbo pradžios periodas", "Įvesti metai ir pasirinktas sausis.", books(),
-                        allPeriods);
-            TTourHands::press(dialog, "Taip");
+        hands.whenAsked([this](QWidget &choice) {
+            choice.findChild<QRadioButton *>("NewRadio")->click();
+            report.step("Naujos knygos", "Aplanke knygų dar nėra: renkamasi, kokias sukurti.");
+            TTourHands::press(choice, "Sukurti");
         });
-        TTourHands::chooseFromMenu(window, "TPeriodDlg");
+        hands.whenAsked([this](QWidget &pages) {
+            fillPage(pages, {{"PavadEdit", "Ąžuolyno mokykla"},
+                             {"AdrEdit", "Ežero g. 1, Ąžuolynas"},
+                             {"KodasEdit", "190000000"}});
+            fillPage(pages, {{"NameEdit", "pirmas"}, {"PassEdit", "slaptas"}, {"RepeatEdit", "slaptas"}});
+            fillPage(pages, {});
+            QTest::keyClick(pages.findChild<QWidget *>("MonthBox"), Qt::Key_Home);
+            fillPage(pages, {{"YearEdit", "2026"}});
+            report.step("Įstaigos parengimas", "Santrauka: iki šiol dar nieko neįrašyta.");
+            TTourHands::press(pages, "Įrašyti");
+        });
+        require(openBooks(TBooksSettings::embedded(folder), &window), "Knygos nesukurtos");
         hands.nothingLeft();
-        require(EinPer_Id() == 6, "Darbo pradžios periodas nenustatytas");
-        report.step("Pagrindinis langas", "Darbo pradžios periodas nustatytas.", books(), allPeriods);
     }
 
     // Two opening balances are entered; after the first one the sums differ.
     void openingBalances()
     {
-        for (const char *values : {"1, '24', 'Pinigai', 'S', null", "2, '241', 'Pinigai banke', 'D', 1",
-                                   "3, '401', 'Įstaigos kapitalas', 'D', null"})
-            books()->ExecSQL(QString("insert into bd_sasplan values (%1)").arg(values));
         TTourHands::chooseFromMenu(window, "TSasLikFrm");
         report.step("Sąskaitų likučiai", "Sąrašas dar tuščias.");
-        addBalance("241", false, "1250,75");
+        addBalance("2411001", false, "1250,75");
         hands.whenAsked([&](QWidget &told) {
             report.step("Sąskaitų likučiai", "Pasakoma, kad debeto ir kredito sumos skiriasi.");
             QTest::keyClick(&told, Qt::Key_Return);
         });
         pressTool("acNew");
-        addBalance("401", true, "1250,75");
+        addBalance("4220001", true, "1250,75");
         pressTool("acNew");
         report.step("Sąskaitų likučiai", "Abi pusės lygios.", books(),
                     "select sas_sasnr, ssl_sum_db, ssl_sum_kr, ssl_perid from bd_saslik, bd_sasplan "
@@ -202,6 +208,15 @@ public:
     }
 
 private:
+    // Fills a page of the set-up, looks at it and goes on.
+    void fillPage(QWidget &pages, std::initializer_list<std::pair<const char *, const char *>> fields)
+    {
+        for (const auto &[name, text] : fields)
+            pages.findChild<QLineEdit *>(name)->setText(text); // keys of a test have no Lithuanian letters
+        report.step("Įstaigos parengimas", pages.findChild<QLabel *>("heading")->text());
+        TTourHands::press(pages, "Toliau");
+    }
+
     // Presses a tool of the list in front; what it opens is answered as said before.
     void pressTool(const char *actionName)
     {
@@ -259,14 +274,15 @@ void walkDemonstrationBooks(TTourReport &report, const QString &folder)
     tour.rollBack();
 }
 
-void walkEmptyBooks(TTourReport &report, const QString &folder)
+void walkNewInstitution(TTourReport &report, const QString &folder)
 {
-    createEmptyBooks(folder, "pirmas", "slaptas");
-    openEmbeddedBooks(folder);
+    setMainDatas(nullptr);
+    CurrentUser() = {};
     TTour tour(report);
+    tour.setUpInstitution(folder);
     tour.logIn("pirmas", "slaptas");
-    tour.startOfWork();
     tour.openingBalances();
+    tour.closeMonth();
 }
 
 } // namespace
@@ -281,7 +297,7 @@ int runTour(const QString &folder)
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, scratch.filePath("nustatymai"));
     try {
         walkDemonstrationBooks(report, scratch.filePath("mokykla"));
-        walkEmptyBooks(report, scratch.filePath("tuscia"));
+        walkNewInstitution(report, scratch.filePath("nauja"));
     } catch (const Exception &error) {
         std::fprintf(stderr, "Nepavyko: %s\n", qUtf8Printable(error.message()));
         code = 1;

@@ -172,6 +172,17 @@ TEST(NewBooks, AsksForTheAdministratorOfEmptyBooks)
     EXPECT_EQ(dialog.administrator(), "ona");
 }
 
+TEST(NewBooks, ThoseOfANewInstitutionAskForNothingHere)
+{
+    TNewBooksDlg dialog("/tmp/knygos", nullptr);
+    dialog.show();
+    dialog.findChild<QRadioButton *>("NewRadio")->setChecked(true);
+    EXPECT_FALSE(dialog.findChild<QLineEdit *>("NameEdit")->isEnabled());
+    pressButton(dialog, "&Sukurti");
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_TRUE(dialog.newInstitution());
+}
+
 TEST(NewBooks, EnterGoesToTheNextFieldUntilAllIsThere)
 {
     TNewBooksDlg dialog("/tmp/knygos", nullptr);
