@@ -2,12 +2,9 @@
 
 #include "database/private_place.h"
 #include "host/app/help_viewer.h"
-#include "host/app/institutions.h"
 #include "host/app/login.h"
 #include "host/app/main_window.h"
-#include "host/app/setup/setup_dialog.h"
 #include "host/data/main_datas.h"
-#include "host/data/organisation.h"
 #include "toolkit/widgets/guard.h"
 #include "toolkit/widgets/lithuanian.h"
 
@@ -30,36 +27,6 @@ void chooseOffscreenWhereNothingIsShown(int argc, char **argv)
                 qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
-// From the first login on the books are on the list of institutions, under the name that they have now.
-void keepOnList(TMainWindow &window, const TBooksSettings &books)
-{
-    runGuarded(&window, [&] { rememberInstitution(books); });
-    connectGuarded(&organisationNotifier(), &TOrganisationNotifier::organisationChanged, &window,
-                   [books] { rememberInstitution(books); });
-}
-
-// Opens the books over the window and lets the user in; false when the user gave up.
-bool enter(TMainWindow &window, const TOptions &options)
-{
-    window.setWindowIcon(QIcon::fromTheme("accessories-calculator"));
-    std::optional<TBooksSettings> books = openFirstBooks(options, &window);
-    while (books) {
-        if (!haveUsers() && !setUpOpenBooks(&window))
-            return false;
-        switch (logInAt(window, options.user)) {
-        case TLoginEnd::LoggedIn:
-            keepOnList(window, *books);
-            return true;
-        case TLoginEnd::GivenUp:
-            return false;
-        case TLoginEnd::OtherBooks:
-            if (const auto others = openOtherBooks(&window))
-                books = others;
-        }
-    }
-    return false;
-}
-
 int runBooks(const TOptions &options)
 {
     TLoadedPackage package(installedLibrary("libvelmora.so"));
@@ -68,8 +35,9 @@ int runBooks(const TOptions &options)
     window.show();
     QApplication::processEvents(
         QEventLoop::ExcludeUserInputEvents); // the window is painted before the books open
+    window.setWindowIcon(QIcon::fromTheme("accessories-calculator"));
     bool entered = false;
-    if (!runGuarded(&window, [&] { entered = enter(window, options); }))
+    if (!runGuarded(&window, [&] { entered = enterBooks(window, options); }))
         return 1;
     if (!entered)
         return 0;

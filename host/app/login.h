@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "host/app/options.h"
 
 class TMainWindow;
 
@@ -9,3 +9,9 @@ class TMainWindow;
 // another institution.
 enum class TLoginEnd { LoggedIn, GivenUp, OtherBooks };
 TLoginEnd logInAt(TMainWindow &window, const QString &name);
+
+// The way in: opens the books that the program begins with and asks for name and password, and leads from
+// there to other institutions until the user is in; the institution then stands first on the workstation's
+// list, under the name that its books have. False when the user gave up. Raises EDatabaseError and
+// EConvertError.
+bool enterBooks(TMainWindow &window, const TOptions &options);

@@ -15,7 +15,8 @@
 using namespace Qt::StringLiterals;
 
 // The file has one entry on each line, an object of texts: so one that is damaged harms no other, and can be
-// kept as it is.
+// kept as it is. A sum over its texts tells a folder that damage made another folder of. An entry that
+// somebody writes by hand goes without.
 
 namespace {
 
@@ -23,10 +24,26 @@ constexpr int lockWaitMs = 10'000;
 constexpr auto nameKey = "name"_L1;
 constexpr auto folderKey = "folder"_L1;
 constexpr auto serverKey = "server"_L1;
+constexpr auto sumKey = "sum"_L1;
+constexpr int bytesOfSum = 8;
+constexpr int bytesOfKey = 16;
 
 [[noreturn]] void refuse(const QString &file, const QString &why)
 {
     throw EConvertError(u"Įstaigų sąrašas „%1“: %2."_s.arg(QDir::toNativeSeparators(file), why));
+}
+
+QString hashOf(const QByteArray &text, qsizetype bytes)
+{
+    return QString::fromLatin1(
+        QCryptographicHash::hash(text, QCryptographicHash::Sha256).first(bytes).toHex());
+}
+
+// Of all texts of the entry but the sum itself.
+QString sumOf(QJsonObject entry)
+{
+    entry.remove(sumKey);
+    return hashOf(QJsonDocument(entry).toJson(QJsonDocument::Compact), bytesOfSum);
 }
 
 bool isSecret(const QString &word)
@@ -38,7 +55,8 @@ bool isSecret(const QString &word)
 void requireKnownTexts(const QJsonObject &entry)
 {
     for (auto each = entry.begin(); each != entry.end(); ++each) {
-        if (each.key() != nameKey && each.key() != folderKey && each.key() != serverKey)
+        if (each.key() != nameKey && each.key() != folderKey && each.key() != serverKey &&
+            each.key() != sumKey)
             throw EConvertError(u"Įraše yra nežinomas žodis „%1“."_s.arg(each.key()));
         if (!each.value().isString())
             throw EConvertError(u"Įrašo reikšmė „%1“ yra ne tekstas."_s.arg(each.key()));
@@ -49,6 +67,8 @@ void requireKnownTexts(const QJsonObject &entry)
 TBooksSettings booksOf(const QJsonObject &entry)
 {
     requireKnownTexts(entry);
+    if (entry.contains(sumKey) && entry.value(sumKey).toString() != sumOf(entry))
+        throw EConvertError(u"Įrašas pakeistas ne programos: jo kontrolinė suma kita."_s);
     const TBooksSettings books{entry.value(folderKey).toString(), entry.value(serverKey).toString()};
     if (books.folder.isEmpty() == books.connection.isEmpty())
         throw EConvertError(u"Įraše turi būti nurodytas aplankas arba serveris."_s);
@@ -73,14 +93,21 @@ TKnownBooks entryOf(const QByteArray &line)
     return entry;
 }
 
+// The same from wherever the program is started.
+QString wholePath(const QString &folder)
+{
+    return QDir::cleanPath(QFileInfo(folder).absoluteFilePath());
+}
+
 QByteArray lineOf(const TKnownBooks &entry)
 {
     if (!entry.readable())
         return entry.line;
     const bool embedded = entry.books.isEmbedded();
-    const QJsonObject object{
-        {nameKey, entry.name},
-        {embedded ? folderKey : serverKey, embedded ? entry.books.folder : entry.books.connection}};
+    QJsonObject object{{nameKey, entry.name},
+                       {embedded ? folderKey : serverKey,
+                        embedded ? wholePath(entry.books.folder) : entry.books.connection}};
+    object.insert(sumKey, sumOf(object));
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
@@ -114,7 +141,7 @@ void takeOut(QList<TKnownBooks> &list, const TKnownBooks &known)
 QString placeOf(const TBooksSettings &books)
 {
     if (books.isEmbedded())
-        return QDir::toNativeSeparators(QDir::cleanPath(QFileInfo(books.folder).absoluteFilePath()));
+        return QDir::toNativeSeparators(wholePath(books.folder));
     QStringList words = connectionWords(books.connection);
     words.removeIf(isSecret);
     return words.join(u' ');
@@ -123,8 +150,7 @@ QString placeOf(const TBooksSettings &books)
 QString keyOf(const TBooksSettings &books)
 {
     const QString place = (books.isEmbedded() ? folderKey : serverKey) + u' ' + placeOf(books);
-    return QString::fromLatin1(
-        QCryptographicHash::hash(place.toUtf8(), QCryptographicHash::Sha256).first(16).toHex());
+    return hashOf(place.toUtf8(), bytesOfKey);
 }
 
 void requireThere(const TKnownBooks &known)

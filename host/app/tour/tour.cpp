@@ -1,11 +1,13 @@
 #include "host/app/tour/tour.h"
 
 #include "host/accounts/accounts.h"
+#include "host/app/institutions.h"
 #include "host/app/login.h"
 #include "host/app/main_window.h"
 #include "host/app/startup.h"
 #include "host/app/tour/tour_hands.h"
 #include "host/app/tour/tour_report.h"
+#include "host/data/known_books.h"
 #include "toolkit/text/errors.h"
 #include "toolkit/widgets/lithuanian.h"
 
@@ -67,6 +69,20 @@ public:
         hands.nothingLeft();
         report.step("Pagrindinis langas", "Prisijungta; būsenos juostoje – įstaiga, naudotojas ir periodas.",
                     books(), lastPeriods);
+    }
+
+    // Institutions of which one is open.
+    void institutions(const TBooksSettings &open)
+    {
+        rememberBooks(institutionsFile(), {.name = "Ąžuolo gimnazija",
+                                           .books = TBooksSettings::server("host=apskaita user=ona")});
+        rememberInstitution(open);
+        hands.whenAsked([this](QWidget &dialog) {
+            report.step("Įstaigos", "Iš meniu: kitos įstaigos langas atsidarytų šalia.");
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        TTourHands::chooseFromMenu(window, "acOtherInstitution");
+        hands.nothingLeft();
     }
 
     // Every screen and dialog is opened, from its menu where it has one, looked at and left.
@@ -268,6 +284,7 @@ void walkDemonstrationBooks(TTourReport &report, const QString &folder)
     openEmbeddedBooks(folder);
     TTour tour(report);
     tour.logIn("admin", "Raktas1");
+    tour.institutions(TBooksSettings::embedded(folder));
     tour.openEverything();
     tour.registers();
     tour.closeMonth();
@@ -295,6 +312,7 @@ int runTour(const QString &folder)
     const QTemporaryDir scratch;
     // What windows remember of the walk is nobody's settings.
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, scratch.filePath("nustatymai"));
+    qputenv("XDG_CONFIG_HOME", scratch.filePath("nustatymai").toUtf8());
     try {
         walkDemonstrationBooks(report, scratch.filePath("mokykla"));
         walkNewInstitution(report, scratch.filePath("nauja"));

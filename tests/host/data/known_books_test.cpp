@@ -53,7 +53,7 @@ protected:
     }
     QList<TKnownBooks> read() const { return readKnownBooks(file()); }
 
-    QTemporaryDir folder;
+    QTemporaryDir folder{scratchRoot() + u"/velmora-XXXXXX"_s};
 };
 
 class NameInBooks : public OnBothEngines {
@@ -75,7 +75,7 @@ TEST_F(KnownBooks, AnyListIsReadBackAsItWasWritten)
     for (int round = 0; round < 200; ++round) {
         QList<TKnownBooks> list;
         for (int left = random.bounded(4); left > 0; --left)
-            list << (random.bounded(2) ? inFolder(oddText(random), u'/' + oddText(random))
+            list << (random.bounded(2) ? inFolder(oddText(random), QDir::cleanPath(u"/a"_s + oddText(random)))
                                        : onServer(oddText(random), u"host=a user='b c' password='\\''"_s));
         writeKnownBooks(file(), list);
         const QList<TKnownBooks> back = read();
@@ -137,6 +137,40 @@ TEST_F(KnownBooks, AnEntryThatCannotBeReadSaysSoAndNamesNoBooks)
         EXPECT_EQ(list[0].books.folder + list[0].books.connection, QString()) << line.constData();
         EXPECT_EQ(list[1].books.folder, u"/b");
     }
+}
+
+// A folder that differs in one letter may be another institution's.
+TEST_F(KnownBooks, NoBitThatChangesMakesOtherBooksOfAnEntry)
+{
+    rememberBooks(file(), onServer(u"Gimnazija"_s, u"host=a user=b"_s));
+    rememberBooks(file(), inFolder(u"Mokykla"_s, u"/knygos/mokykla1"_s));
+    const QByteArray sound = contentOf(file());
+    const QStringList honest{u"Gimnazija: host=a user=b"_s, u"Mokykla: /knygos/mokykla1"_s};
+    int damaged = 0;
+    for (int bit = 0; bit < 8 * sound.size(); ++bit) {
+        QByteArray changed = sound;
+        changed[bit / 8] = char(changed.at(bit / 8) ^ (1 << (bit % 8)));
+        write(changed);
+        for (const TKnownBooks &each : read()) {
+            damaged += each.readable() ? 0 : 1;
+            EXPECT_TRUE(!each.readable() || honest.contains(each.name + u": "_s + placeOf(each.books)))
+                << bit;
+        }
+    }
+    EXPECT_GT(damaged, 7 * sound.size());
+}
+
+TEST_F(KnownBooks, AnEntryMayBeWrittenByHandWithoutASum)
+{
+    write(R"( { "folder": "/knygos/a", "name": "Mokykla" } )");
+    EXPECT_TRUE(read().constFirst().readable());
+    EXPECT_EQ(read().constFirst().books.folder, u"/knygos/a");
+}
+
+TEST_F(KnownBooks, AFolderIsRememberedWhole)
+{
+    rememberBooks(file(), inFolder(u"Mokykla"_s, u"knygos/"_s));
+    EXPECT_EQ(read().constFirst().books.folder, QDir::currentPath() + u"/knygos"_s);
 }
 
 TEST_F(KnownBooks, AnUnreadableEntryStaysAsItIsUntilItIsForgotten)
