@@ -52,6 +52,8 @@ PartyBooks::PartyBooks(Engine engine, int rows) : d(std::make_unique<Private>())
 {
     d->store = engine == Engine::Sqlite ? embeddedStore(d->folder.path()) : serverStore(freshWords());
     createBooks(*d->store, [](const QString &) {});
+    if (rows == 0)
+        return;
     TDatabase fin(books().fin);
     fin.Open();
     fill(fin, rows);

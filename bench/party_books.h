@@ -2,7 +2,7 @@
 
 #include "database/tool/keeping/store.h"
 
-// Books with as many counterparties as asked, in every column of theirs.
+// Books with as many counterparties as asked, in every column of theirs; none: with nothing in them.
 class PartyBooks {
 public:
     PartyBooks(Engine engine, int rows);
