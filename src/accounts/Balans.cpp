@@ -190,9 +190,8 @@ void TBalFrm::ActBoxChange()
     const auto chosen = TBalSide(ActBox->currentIndex());
     if (chosen == shown)
         return;
-    auto goBack = qScopeGuard([this] { ActBox->setCurrentIndex(int(shown)); });
+    const auto tellShown = qScopeGuard([this] { ActBox->setCurrentIndex(int(shown)); });
     SaveToList();
-    goBack.dismiss();
     shown = chosen;
     RefreshData();
 }

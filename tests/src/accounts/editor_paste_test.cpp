@@ -6,6 +6,7 @@
 #include <QDropEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QTextLayout>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -162,13 +163,23 @@ TEST_F(BalanceEditor, AnInputMethodTypesByTheRules)
     EXPECT_EQ(lines().size(), 3);
 }
 
+TEST_F(BalanceEditor, WhatIsBeingComposedIsShownAndReplacesNothing)
+{
+    const TBalSheet before = edit.sheet();
+    select(1, 1, 1, 4);
+    QInputMethodEvent composing(u"ab"_s, {});
+    QApplication::sendEvent(&edit, &composing);
+    EXPECT_EQ(edit.document()->firstBlock().layout()->preeditAreaText(), u"ab"_s);
+    EXPECT_EQ(edit.sheet(), before);
+}
+
 TEST_F(BalanceEditor, ALineEndOfAnInputMethodIsAnEnter)
 {
     goTo(2, 4);
     commit(u"x\ny"_s);
     EXPECT_EQ(lines(), (QStringList{u"Turtas"_s, u"Pinxyigai"_s, u"Kasa (2411)"_s}));
     for (const QString &end :
-         {u"\r\n"_s, QString(QChar::ParagraphSeparator), QString(QChar::LineSeparator)}) {
+         {u"\r\n"_s, u"\r"_s, QString(QChar::ParagraphSeparator), QString(QChar::LineSeparator)}) {
         goTo(1, 7);
         commit(end + u"A"_s);
         EXPECT_EQ(line(2), (TBalLine{u"A"_s, detail}));

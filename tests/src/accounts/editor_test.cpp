@@ -91,6 +91,7 @@ TEST_F(BalanceEditor, SignsOfTheThirdLevelAreTyped)
                                              Qt::KeyboardModifiers(Qt::GroupSwitchModifier)}) {
         QKeyEvent typed(QEvent::KeyPress, Qt::Key_1, with, u"1"_s);
         QApplication::sendEvent(&edit, &typed);
+        EXPECT_TRUE(typed.isAccepted());
     }
     EXPECT_EQ(line(2).text, u"Pinigai111"_s);
     goTo(3, 12);

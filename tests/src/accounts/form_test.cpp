@@ -27,6 +27,14 @@ TEST_P(BalanceForm, ShowsTheAssetsWithTheirAccounts)
     EXPECT_EQ(BalFrm, nullptr);
 }
 
+TEST_P(BalanceForm, TheTabulatorLeavesTheEditor)
+{
+    open();
+    QTest::keyClick(&editor(), Qt::Key_Tab);
+    EXPECT_FALSE(editor().hasFocus());
+    EXPECT_EQ(editor().sheet().front().text, u"TURTAS"_s);
+}
+
 TEST_P(BalanceForm, TheBarFollowsTheLineOfTheCaret)
 {
     open();
