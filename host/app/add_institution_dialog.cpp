@@ -84,7 +84,7 @@ TBooksSettings TAddInstitutionDlg::typedServer()
         refuse("ServerEdit", "Neįvesti prisijungimo prie serverio žodžiai");
     if (!PassEdit->text().isEmpty())
         words += " password=" + quotedValue(PassEdit->text());
-    const TBooksSettings typed = TBooksSettings::server(words);
+    TBooksSettings typed = TBooksSettings::server(words);
     try {
         typed.books();
     } catch (const EConvertError &error) {

@@ -81,7 +81,7 @@ std::optional<TBooksSettings> openFirstBooks(const TOptions &options, QWidget *o
             TBooksSettings::embedded(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)),
             owner);
     if (known.size() == 1)
-        if (const auto opened = openSingle(known.first(), owner))
+        if (auto opened = openSingle(known.first(), owner))
             return opened;
     return openOtherBooks(owner);
 }

@@ -22,6 +22,7 @@ void keepOnList(TMainWindow &window, const TBooksSettings &books)
 
 TLoginEnd logInAt(TMainWindow &window, const QString &name)
 {
+    window.setLoggedIn(false); // title and status bar tell which books these are
     TLoginDlg dialog(*MainDatas(), name, &window);
     const int end = dialog.exec();
     if (end != QDialog::Accepted)

@@ -69,7 +69,7 @@ TBooksSettings booksOf(const QJsonObject &entry)
     requireKnownTexts(entry);
     if (entry.contains(sumKey) && entry.value(sumKey).toString() != sumOf(entry))
         throw EConvertError(u"Įrašas pakeistas ne programos: jo kontrolinė suma kita."_s);
-    const TBooksSettings books{entry.value(folderKey).toString(), entry.value(serverKey).toString()};
+    TBooksSettings books{entry.value(folderKey).toString(), entry.value(serverKey).toString()};
     if (books.folder.isEmpty() == books.connection.isEmpty())
         throw EConvertError(u"Įraše turi būti nurodytas aplankas arba serveris."_s);
     if (books.isEmbedded() && QDir::isRelativePath(books.folder))

@@ -16,10 +16,11 @@ protected:
     }
 
     // The user in the login of this institution.
-    static OnNextDialog<TLoginDlg> atLoginOf(const QString &institution,
-                                             const std::function<void(TLoginDlg &)> &does)
+    OnNextDialog<TLoginDlg> atLoginOf(const QString &institution,
+                                      const std::function<void(TLoginDlg &)> &does) const
     {
-        return OnNextDialog<TLoginDlg>([institution, does](TLoginDlg &login) {
+        return OnNextDialog<TLoginDlg>([this, institution, does](TLoginDlg &login) {
+            EXPECT_EQ(window->windowTitle(), institution + " – Velmora");
             EXPECT_TRUE(login.findChild<QLabel *>()->text().contains(institution));
             does(login);
         });
