@@ -146,7 +146,7 @@ TEST_P(SetUpOfBooks, ValueThatCannotBeStoredIsNamedAndNothingIsWritten)
 {
     TSetUp setUp = everything();
     setUp.administrator->name = u"vienuolika1"_s;
-    expectRefused(setUp, u"Laukas „Prisijungimo vardas“: tekstas per ilgas, daugiausia 10 ženklų."_s);
+    expectRefused(setUp, u"Laukas \"Prisijungimo vardas\": tekstas per ilgas, daugiausia 10 ženklų."_s);
     setUp.administrator->name = u"  "_s;
     expectRefused(setUp, u"prisijungimo vardą"_s);
     setUp = everything();
@@ -154,7 +154,7 @@ TEST_P(SetUpOfBooks, ValueThatCannotBeStoredIsNamedAndNothingIsWritten)
     expectRefused(setUp, u"slaptažodį"_s);
     setUp = everything();
     setUp.institution->pavad = u"学校"_s;
-    expectRefused(setUp, u"Laukas „Pavadinimas“: ženklo „学“ negalima įrašyti."_s);
+    expectRefused(setUp, u"Laukas \"Pavadinimas\": ženklo „学“ negalima įrašyti."_s);
     setUp = everything();
     setUp.institution->savivaldybe = 99;
     expectRefused(setUp, QString());
