@@ -92,10 +92,11 @@ TEST_P(StandardBooks, AreMadeByTheRunAfterAKilledOne)
         unfinished += next.code == 0;
         EXPECT_TRUE(next.code == 0 || next.err.contains(u"Duomenų bazės jau yra."_s))
             << next.err.toStdString();
-        if (other.store()->present() == 2)
+        if (other.store()->present() == 2) {
             EXPECT_EQ(other.fingerprints(), whole);
-        else
+        } else {
             EXPECT_NE(next.code, 0);
+        }
     }
     EXPECT_GT(unfinished, 0) << "no kill met the work";
 }
