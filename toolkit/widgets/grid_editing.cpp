@@ -33,7 +33,6 @@ QItemSelectionModel::SelectionFlags TDBGrid::selecting() const
 void TDBGrid::setEditsInPlace(bool on)
 {
     inPlace = on;
-    setCellEditing(false);
     followState();
 }
 

@@ -15,6 +15,7 @@ TEST_P(Operations, ShowsTheAccountsOfTheOperationThatIsCurrent)
     EXPECT_EQ(shown(operations()), QStringList({"Gavimas", "Apmokėjimas", "Nurašymas"}));
     EXPECT_EQ(shown(debit()), QStringList("203  Sąskaita 203"));
     EXPECT_EQ(shown(credit()), QStringList("691  Sąskaita 691"));
+    EXPECT_EQ(debit()->columnWidth(0), debit()->viewport()->width()) << "the account has all the room";
     press(Qt::Key_Down);
     EXPECT_EQ(shown(debit()), QStringList("691  Sąskaita 691"));
     EXPECT_EQ(shown(credit()), QStringList());
