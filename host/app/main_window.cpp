@@ -2,6 +2,7 @@
 
 #include "host/accounts/form_check.h"
 #include "host/app/about.h"
+#include "host/app/host_entries.h"
 #include "host/app/institutions.h"
 #include "host/app/setup/setup_dialog.h"
 #include "host/app/start_of_work.h"
@@ -66,7 +67,10 @@ QString userText()
 
 } // namespace
 
-TMainWindow::TMainWindow(TLoadedPackage &loaded) : package(loaded), area(new TDocumentArea(this))
+TMainWindow::TMainWindow(TLoadedPackage &loaded)
+    : package(loaded),
+      entries(withHostEntries(loaded.entries())),
+      area(new TDocumentArea(this))
 {
     setObjectName("TMainWindow");
     setWindowTitle("Velmora");
@@ -118,7 +122,7 @@ void TMainWindow::addEntryMenus()
     leave->setShortcut(QKeySequence("Alt+F4"));
     connectGuarded(leave, &QAction::triggered, this, [this] { close(); });
 
-    for (const TPackageEntry &entry : package.entries()) {
+    for (const TPackageEntry &entry : entries) {
         if (entry.menu.isEmpty())
             continue;
         QAction *action = menuOf(entry.menu)->addAction(entry.caption);
@@ -213,7 +217,7 @@ void TMainWindow::setLoggedIn(bool on)
         menu->setEnabled(on);
     formCheck->setEnabled(on);
     setUp->setEnabled(on && !CurrentUser().viewOnly);
-    for (const TPackageEntry &entry : package.entries())
+    for (const TPackageEntry &entry : entries)
         if (auto *action = findChild<QAction *>(entry.name))
             action->setEnabled(!entry.writes || !CurrentUser().viewOnly);
     showStatus();
@@ -221,7 +225,7 @@ void TMainWindow::setLoggedIn(bool on)
 
 void TMainWindow::openEntry(const QString &name)
 {
-    const TPackageEntry *entry = package.find(name);
+    const TPackageEntry *entry = findEntry(entries, name);
     if (!entry)
         throw Exception(QString("Nėra lango ar funkcijos „%1“").arg(name));
     if (entry->writes && CurrentUser().viewOnly)

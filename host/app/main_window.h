@@ -6,9 +6,10 @@
 #include <QLabel>
 #include <QMainWindow>
 
-// The main window: a menu for everything the package offers, document windows, and a status bar that tells
-// institution, user, current period and engine. It stands before the books are opened. Whenever a window of
-// the program becomes active, the current period is read anew: another station may have closed a month.
+// The main window: a menu for everything that package and host offer, document windows, and a status bar that
+// tells institution, user, current period and engine. It stands before the books are opened. Whenever a
+// window of the program becomes active, the current period is read anew: another station may have closed a
+// month.
 //
 // F1 shows the help of what is in front, F10 or Alt alone lead to the menu bar.
 class TMainWindow : public QMainWindow {
@@ -16,13 +17,14 @@ class TMainWindow : public QMainWindow {
 public:
     explicit TMainWindow(TLoadedPackage &package);
 
-    // Opens a screen, dialog or function of the package. Raises Exception when there is no such name, and
+    // Opens a screen, dialog or function. Raises Exception when there is no such name, and
     // when it only writes and the user may only look.
     void openEntry(const QString &name);
 
     // Enables the menus for the user who has logged in, or shuts them.
     void setLoggedIn(bool on);
 
+    const TPackageEntries &allEntries() const { return entries; }
     TDocumentArea *documents() const { return area; }
 
 protected:
@@ -44,6 +46,7 @@ private:
     void runDialog(const TPackageEntry &entry);
 
     TLoadedPackage &package;
+    const TPackageEntries entries; // the package's and the host's own
     TDocumentArea *area;
     QHash<QStringList, QMenu *> menus; // by the way to them
     QList<QMenu *> entryMenus;         // those in the menu bar

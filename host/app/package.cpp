@@ -7,6 +7,14 @@
 
 #include <algorithm>
 
+const TPackageEntry *findEntry(const TPackageEntries &entries, const QString &name)
+{
+    const auto found = std::ranges::find_if(entries, [&](const TPackageEntry &entry) {
+        return entry.name.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    return found == entries.end() ? nullptr : &*found;
+}
+
 TLoadedPackage::TLoadedPackage(const QString &file) : library(file)
 {
     if (!library.load())
@@ -37,16 +45,8 @@ template<class Function> Function *TLoadedPackage::resolve(const char *name)
 void TLoadedPackage::requireNames() const
 {
     for (const TPackageEntry &entry : *packageEntries)
-        if (find(entry.name) != &entry)
+        if (findEntry(*packageEntries, entry.name) != &entry)
             throw Exception(QString("Pakete %1 vardas „%2“ pasikartoja").arg(library.fileName(), entry.name));
-}
-
-const TPackageEntry *TLoadedPackage::find(const QString &name) const
-{
-    const auto found = std::ranges::find_if(*packageEntries, [&](const TPackageEntry &entry) {
-        return entry.name.compare(name, Qt::CaseInsensitive) == 0;
-    });
-    return found == packageEntries->end() ? nullptr : &*found;
 }
 
 QString installedLibrary(const QString &name)

@@ -8,6 +8,9 @@
 // Raises Exception when there is none.
 QString installedLibrary(const QString &file);
 
+// The entry of a screen class or entry function; null when there is none. Upper and lower case are one.
+const TPackageEntry *findEntry(const TPackageEntries &entries, const QString &name);
+
 // A package loaded at run time: initialized while this object lives, finalized and unloaded with it. Every
 // widget and function taken from it must be gone before.
 class TLoadedPackage {
@@ -21,8 +24,6 @@ public:
 
     const TPackageInfo &info() const { return *packageInfo; }
     const TPackageEntries &entries() const { return *packageEntries; }
-    // The entry of a screen class or entry function; null when there is none. Upper and lower case are one.
-    const TPackageEntry *find(const QString &name) const;
 
 private:
     template<class Function> Function *resolve(const char *name);

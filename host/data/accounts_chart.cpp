@@ -45,9 +45,10 @@ bool accountHasChildren(TDatabase *database, const QString &number)
 
 TCodeTree chartOfAccounts(TDatabase *database)
 {
-    return TCodeTree::read(database,
-                           QStringLiteral("select sas_id, sas_tevid, sas_sasnr, sas_pavad, "
-                                          "case when sas_tip = 'D' then 1 else 0 end as detali "
-                                          "from bd_sasplan order by sas_sasnr"),
-                           QStringLiteral("Numeris"));
+    return TCodeTree::read(
+        database,
+        QStringLiteral("select sas_id, sas_tevid, sas_sasnr, sas_pavad, "
+                       "case when sas_tip = 'D' then 1 else 0 end as detali "
+                       "from bd_sasplan where ISNULL(sas_tip, 'S') <> 'U' order by sas_sasnr"),
+        QStringLiteral("Numeris"));
 }

@@ -9,7 +9,7 @@ struct TAccount {
     double id = 0;
     QString number;
     QString name;
-    QString kind; // "D": a detail account
+    QString kind; // "D": a detail account, "U": a closed one
 };
 
 // Fresh from the database, one indexed statement each. Nothing when there is no such account.
@@ -19,5 +19,6 @@ std::optional<TAccount> findAccountByNumber(TDatabase *database, const QString &
 // True when other accounts stand below the account of this number.
 bool accountHasChildren(TDatabase *database, const QString &number);
 
-// The whole chart of accounts, ordered by number.
+// The whole chart of accounts, ordered by number; closed accounts, which nobody chooses any more, are left
+// out.
 TCodeTree chartOfAccounts(TDatabase *database);

@@ -43,7 +43,10 @@ std::optional<TKeyRow> TSasEdit::rowOf(double key)
 
 std::optional<TKeyRow> TSasEdit::rowOfText(const QString &text)
 {
-    return keyRow(findAccountByNumber(books(), text));
+    const auto account = findAccountByNumber(books(), text);
+    if (account && account->kind == u"U")
+        throw Exception(u"Sąskaita „%1“ uždaryta"_s.arg(text));
+    return keyRow(account);
 }
 
 QList<TOffer> TSasEdit::offersFor(const QString &text)

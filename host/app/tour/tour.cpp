@@ -88,7 +88,7 @@ public:
     // Every screen and dialog is opened, from its menu where it has one, looked at and left.
     void openEverything()
     {
-        for (const TPackageEntry &entry : package.entries()) {
+        for (const TPackageEntry &entry : window.allEntries()) {
             if (entry.kind == TPackageEntry::Kind::Editor) {
                 hands.whenAsked([this](QWidget &dialog) {
                     report.step(dialog.windowTitle(), "Pirmas įrašas.");

@@ -116,9 +116,9 @@ TEST(Shipped, NothingThatIsInstalledLinksATestLibraryButTheTour)
     }
 }
 
-TEST_F(MainWindow, HasAMenuLineForEverythingThePackageOffers)
+TEST_F(MainWindow, HasAMenuLineForEverythingThatOpens)
 {
-    for (const TPackageEntry &entry : package->entries()) {
+    for (const TPackageEntry &entry : window->allEntries()) {
         if (entry.kind == TPackageEntry::Kind::Editor) {
             EXPECT_EQ(action(entry.name), nullptr) << qPrintable(entry.name);
             continue;
@@ -177,7 +177,7 @@ TEST_F(MainWindow, TellsANameThatIsNone)
 
 TEST_F(MainWindow, HasAHelpTopicForEveryScreen)
 {
-    for (const TPackageEntry &entry : package->entries())
+    for (const TPackageEntry &entry : window->allEntries())
         EXPECT_TRUE(QFile::exists(QString(":/help/%1.md").arg(entry.help, 2, 10, QChar(u'0'))))
             << qPrintable(entry.name);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/app/host_entries.h"
 #include "host/data/main_datas.h"
 #include "src/frame/registry.h"
 #include "tests/src/frame/demo_copy.h"
@@ -8,7 +9,14 @@
 #include <optional>
 #include <tuple>
 
-// One test for each entry of the registry on each engine, on the demonstration books. Tests that only look
+// Everything that the program can open.
+inline const TPackageEntries &allEntries()
+{
+    static const TPackageEntries entries = withHostEntries(packageEntries());
+    return entries;
+}
+
+// One test for each entry of the program on each engine, on the demonstration books. Tests that only look
 // share the books; those that write take a copy of their own (books()).
 using TEntryOnEngine = std::tuple<Engine, QString>;
 
@@ -32,14 +40,14 @@ protected:
     Engine engine() const { return std::get<Engine>(GetParam()); }
     const TPackageEntry &entry() const
     {
-        return *std::ranges::find(packageEntries(), std::get<QString>(GetParam()), &TPackageEntry::name);
+        return *std::ranges::find(allEntries(), std::get<QString>(GetParam()), &TPackageEntry::name);
     }
 };
 
 inline QStringList entryNames(std::optional<TPackageEntry::Kind> kind = {})
 {
     QStringList names;
-    for (const TPackageEntry &entry : packageEntries())
+    for (const TPackageEntry &entry : allEntries())
         if (entry.kind == kind.value_or(entry.kind))
             names << entry.name;
     return names;

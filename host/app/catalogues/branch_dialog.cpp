@@ -1,0 +1,27 @@
+#include "host/app/catalogues/branch_dialog.h"
+
+using namespace Qt::StringLiterals;
+
+TBranchDlg::TBranchDlg(TRecordDescription described, const TRecordStart &start, const QString &column,
+                       double parent)
+    : TRecordDialog(std::move(described), start),
+      parentColumn(column),
+      above(parent)
+{
+}
+
+void TBranchDlg::Loaded()
+{
+    TRecordDialog::Loaded();
+    if (parentOfNew() > 0)
+        field(parentColumn)->setAsFloat(above);
+}
+
+void TBranchDlg::Save()
+{
+    const QString there =
+        u"select count(*) from %1 where %2 = :tevas"_s.arg(description.table, description.keyColumn);
+    if (parentOfNew() > 0 && Database()->fieldResult(there, {{u"tevas"_s, above}}).toInt() == 0)
+        throw Exception(u"Įrašas, po kuriuo dedama, jau ištrintas kitoje darbo vietoje"_s);
+    TRecordDialog::Save();
+}

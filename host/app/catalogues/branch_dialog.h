@@ -1,0 +1,22 @@
+#pragma once
+
+#include "host/controls/record_dialog.h"
+
+// The editor of one row of a tree, or of a new one below parent (0: at the top). A parent that is gone when
+// the row is saved is told.
+class TBranchDlg : public TRecordDialog {
+    Q_OBJECT
+public:
+    TBranchDlg(TRecordDescription described, const TRecordStart &start, const QString &parentColumn,
+               double parent);
+
+protected:
+    void Loaded() override;
+    void Save() override;
+
+    double parentOfNew() const { return isNew() ? above : 0; } // 0 for a row at the top, too
+
+private:
+    const QString parentColumn;
+    const double above;
+};

@@ -1,0 +1,105 @@
+#include "host/app/catalogues/klasifikacija.h"
+
+#include "host/app/catalogues/branch_use.h"
+#include "host/app/catalogues/node_rules.h"
+#include "host/classifier/book_data.h"
+#include "host/classifier/classifier.h"
+#include "toolkit/widgets/guard.h"
+
+#include <QComboBox>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+TTreeDescription nodes(std::function<double()> book)
+{
+    return {.root = u"Visi kodai"_s,
+            .codeTitle = u"Kodas"_s,
+            .parentColumn = u"jve_tevid"_s,
+            .edit =
+                [book](const QString &caption, bool isNew, double &key, double parent) {
+                    return editRecord<TMazgasDlg>(key, caption, TRecordStart::rowOrNew(isNew, key), book(),
+                                                  parent);
+                },
+            .place = placeUnused(u"bd_jve"_s, u"jve_id"_s)};
+}
+
+} // namespace
+
+TMazgaiFrm::TMazgaiFrm(QWidget *owner, double book)
+    : TTreeFrm({.name = u"TMazgaiFrm"_s,
+                .caption = u"Klasifikacijos kodai"_s,
+                .help = 122,
+                .keyColumn = u"JVE_ID"_s,
+                .table = u"bd_jve"_s,
+                .sql =
+                    u"select jve_id, jve_kodas, jve_pavad, jve_duom from bd_jve where jve_islid = :knyga and "
+                    "(0 = :tevas or jve_id = :tevas or jve_tevid = :tevas) order by jve_kodas"_s,
+                .columns = {{u"JVE_KODAS"_s, u"Kodas"_s, 130},
+                            {u"JVE_PAVAD"_s, u"Pavadinimas"_s, 360},
+                            {.field = u"JVE_DUOM"_s, .title = u"Turi sumų"_s, .width = 80, .text = yesOrNo}},
+                .editing = TEditing::UnlessViewOnly,
+                .used = {u"Kodas \"%s\" yra naudojamas!"_s, u"JVE_KODAS"_s},
+                .newCaption = u"Naujas kodas"_s,
+                .editCaption = u"Klasifikacijos kodas"_s},
+               nodes([this] { return books->currentData().toDouble(); }), owner),
+      books(new QComboBox)
+{
+    books->setObjectName(u"BookBox"_s);
+    books->setMinimumContentsLength(22);
+    addToToolBar(u"Kn&yga:"_s, books);
+    for (const TKnyga &each : booksOf(Database()))
+        books->addItem(each.name, each.id);
+    books->setCurrentIndex(qMax(0, books->findData(book > 0 ? book : userKnyga())));
+    connectGuarded(books, &QComboBox::activated, this, [this] { RefreshData({}); });
+}
+
+void TMazgaiFrm::RefreshData(const Variant &key)
+{
+    const double book = books->currentData().toDouble();
+    description.parameters.insert(u"knyga"_s, book);
+    tree.nodes =
+        u"select jve_id, jve_tevid, jve_kodas, jve_pavad, jve_duom from bd_jve where jve_islid = %1"_s.arg(
+            qRound64(book));
+    TTreeFrm::RefreshData(key);
+}
+
+// There is no node without a book.
+void TMazgaiFrm::CheckToolButtons()
+{
+    TTreeFrm::CheckToolButtons();
+    acNew->setEnabled(acNew->isEnabled() && books->count() > 0);
+}
+
+TMazgasDlg::TMazgasDlg(const QString &caption, const TRecordStart &start, double ofBook, double parent)
+    : TBranchDlg(
+          {.name = u"TMazgasDlg"_s,
+           .newCaption = caption,
+           .help = 122,
+           .table = u"bd_jve"_s,
+           .keyColumn = u"JVE_ID"_s,
+           .key = TKeyRule::drawn(u"select GetNextTableColumnId('dba','bd_jve','jve_id') from dummy"_s),
+           .sql = u"select * from bd_jve where jve_id = :id"_s,
+           .rows = {TFieldRow::edit(u"&Kodas"_s, u"JVE_KODAS"_s).required(),
+                    TFieldRow::edit(u"&Pavadinimas"_s, u"JVE_PAVAD"_s).required().width(60),
+                    TFieldRow::check(u"&Gali turėti sumų"_s, u"JVE_DUOM"_s).defaultValue(1)}},
+          start, u"JVE_TEVID"_s, parent),
+      book(ofBook)
+{
+}
+
+void TMazgasDlg::Loaded()
+{
+    TBranchDlg::Loaded();
+    if (isNew())
+        field(u"JVE_ISLID"_s)->setAsFloat(book);
+}
+
+void TMazgasDlg::Save()
+{
+    requireNodeCode(row());
+    if (!isNew())
+        requireNodeMark(row());
+    TBranchDlg::Save();
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "host/controls/browse_frm.h"
+#include "host/controls/record_dialog.h"
+
+// The municipalities. Both books have them, and both are written: the budget book inside the transaction of
+// the main one, so that what either refuses is in neither.
+class TSavivaldybesFrm : public TBrowseFrm {
+    Q_OBJECT
+public:
+    explicit TSavivaldybesFrm(QWidget *owner);
+
+protected:
+    void CheckUsed() override;
+    void DeleteRow(const Variant &key) override;
+};
+
+class TSavivaldybeDlg : public TRecordDialog {
+    Q_OBJECT
+public:
+    explicit TSavivaldybeDlg(const TRecordStart &start);
+
+protected:
+    void Loaded() override;
+    void Save() override;
+};

@@ -1,0 +1,129 @@
+#pragma once
+
+#include "host/app/catalogues/move_tree.h"
+#include "host/app/catalogues/tree_frm.h"
+#include "tests/host/books.h"
+#include "tests/support/message_box.h"
+#include "toolkit/widgets/db_grid.h"
+
+#include <QAction>
+#include <QDropEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTest>
+
+// A catalogue with a tree as its user has it, on books of both engines.
+template<class Form, class Dialog> class OnTreeScreen : public WithMainDatas {
+protected:
+    void TearDown() override
+    {
+        screen.reset();
+        WithMainDatas::TearDown();
+    }
+    void open()
+    {
+        screen.reset(createForm<Form>(nullptr));
+        screen->show();
+    }
+
+    // --- what is seen
+    QStringList listed(int column = 0)
+    {
+        screen->dataSet()->RecordCount();
+        QCoreApplication::processEvents();
+        QStringList texts;
+        for (int row = 0; row < screen->grid()->model()->rowCount(); ++row)
+            texts << screen->grid()->model()->index(row, column).data().toString();
+        return texts;
+    }
+    TMoveTree &tree() const { return *screen->template findChild<TMoveTree *>(); }
+    // The lines of the tree from top to bottom, each indented by its level.
+    QStringList branches() const
+    {
+        QStringList texts;
+        for (QTreeWidgetItemIterator each(&tree()); *each; ++each) {
+            int level = 0;
+            for (auto *above = (*each)->parent(); above; above = above->parent())
+                ++level;
+            texts << QString(level, u' ') + (*each)->text(0);
+        }
+        return texts;
+    }
+    QTreeWidgetItem *lineOf(const QString &beginning) const
+    {
+        for (QTreeWidgetItemIterator each(&tree()); *each; ++each)
+            if ((*each)->text(0).startsWith(beginning))
+                return *each;
+        ADD_FAILURE() << "no line " << qPrintable(beginning);
+        return nullptr;
+    }
+
+    // --- what is done
+    void choose(const QString &beginning) { tree().setCurrentItem(lineOf(beginning)); }
+    void stand(double key) { screen->RefreshData(key); }
+    void add(const std::function<void(Dialog &)> &user)
+    {
+        OnNextDialog<Dialog> dialog(user);
+        screen->NewBtnClick();
+    }
+    void change(double key, const std::function<void(Dialog &)> &user)
+    {
+        stand(key);
+        OnNextDialog<Dialog> dialog(user);
+        screen->EditBtnClick();
+    }
+    // Answers every box that comes with yes; their texts.
+    QStringList erase(double key, std::initializer_list<QMessageBox::StandardButton> answers)
+    {
+        stand(key);
+        NextBoxes boxes(answers);
+        screen->acDelete->trigger();
+        return boxes.texts();
+    }
+    // Drags a line of the tree onto another.
+    QStringList drag(const QString &line, const QString &onto,
+                     std::initializer_list<QMessageBox::StandardButton> answers)
+    {
+        tree().expandAll();
+        auto *dragged = lineOf(line);
+        const QPoint at = tree().visualItemRect(lineOf(onto)).center();
+        QMimeData data;
+        data.setData("application/x-velmora-row",
+                     QByteArray::number(dragged->data(0, Qt::UserRole).toLongLong()));
+        NextBoxes boxes(answers);
+        QDragEnterEvent enter(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(tree().viewport(), &enter);
+        QDropEvent drop(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(tree().viewport(), &drop);
+        QCoreApplication::processEvents();
+        return boxes.texts();
+    }
+
+    static QLineEdit *edit(QWidget &dialog, const char *column)
+    {
+        return dialog.findChild<QLineEdit *>(column);
+    }
+    static void save(QWidget &dialog) { pressButton(dialog, "Išsaugoti"); }
+    static void leaveUnsaved(QDialog &dialog) { dialog.reject(); }
+    // Saves and expects to be refused; the dialog stays open.
+    static QString refusal(QWidget &dialog)
+    {
+        NextBoxes told{QMessageBox::Ok};
+        save(dialog);
+        EXPECT_TRUE(dialog.isVisible());
+        return told.at(0).text;
+    }
+
+    // As somebody else's program may leave the books: references are not looked after.
+    void withoutReferences(const QString &statement, const QString &constraint)
+    {
+        if (engine() == Engine::Sqlite)
+            fin->nativeExec("pragma foreign_keys = off; " + statement + "; pragma foreign_keys = on");
+        else
+            fin->nativeExec("alter table " + constraint.section('.', 0, 0) + " drop constraint " +
+                            constraint.section('.', 1) + "; " + statement);
+    }
+
+    std::unique_ptr<Form> screen;
+};
