@@ -66,7 +66,7 @@ select GetNextTableColumnId('dba','bd_asgisl','isl_id') from dummy
 -- screen: TMazgaiFrm, session: mnFin_Db
 -- param knyga = 1
 -- param tevas = 0
-select jve_id, jve_kodas, jve_pavad, jve_duom from bd_jve where jve_islid = :knyga and (0 = :tevas or jve_id = :tevas or jve_tevid = :tevas) order by jve_kodas
+select jve_id, jve_kodas, jve_pavad, jve_duom, jve_tevid from bd_jve where jve_islid = :knyga and (0 = :tevas or jve_id = :tevas or jve_tevid = :tevas) order by jve_kodas
 ;;
 -- screen: TMazgaiFrm, session: mnFin_Db
 select jve_id, jve_tevid, jve_kodas, jve_pavad, jve_duom from bd_jve where jve_islid = 1

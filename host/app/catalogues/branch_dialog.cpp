@@ -3,17 +3,22 @@
 using namespace Qt::StringLiterals;
 
 TBranchDlg::TBranchDlg(TRecordDescription described, const TRecordStart &start, const QString &column,
-                       double parent)
+                       double parent, const QVariantMap &ofNew)
     : TRecordDialog(std::move(described), start),
       parentColumn(column),
-      above(parent)
+      above(parent),
+      given(ofNew)
 {
 }
 
 void TBranchDlg::Loaded()
 {
     TRecordDialog::Loaded();
-    if (parentOfNew() > 0)
+    if (!isNew())
+        return;
+    for (const auto &[column, value] : given.asKeyValueRange())
+        field(column)->setValue(value);
+    if (above > 0)
         field(parentColumn)->setAsFloat(above);
 }
 

@@ -7,8 +7,9 @@
 class TBranchDlg : public TRecordDialog {
     Q_OBJECT
 public:
+    // What a new row has from the beginning, by column, stands in ofNew.
     TBranchDlg(TRecordDescription described, const TRecordStart &start, const QString &parentColumn,
-               double parent);
+               double parent, const QVariantMap &ofNew = {});
 
 protected:
     void Loaded() override;
@@ -19,4 +20,5 @@ protected:
 private:
     const QString parentColumn;
     const double above;
+    const QVariantMap given;
 };

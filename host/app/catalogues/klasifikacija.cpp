@@ -33,12 +33,16 @@ TMazgaiFrm::TMazgaiFrm(QWidget *owner, double book)
                 .help = 122,
                 .keyColumn = u"JVE_ID"_s,
                 .table = u"bd_jve"_s,
-                .sql =
-                    u"select jve_id, jve_kodas, jve_pavad, jve_duom from bd_jve where jve_islid = :knyga and "
-                    "(0 = :tevas or jve_id = :tevas or jve_tevid = :tevas) order by jve_kodas"_s,
-                .columns = {{u"JVE_KODAS"_s, u"Kodas"_s, 130},
-                            {u"JVE_PAVAD"_s, u"Pavadinimas"_s, 360},
-                            {.field = u"JVE_DUOM"_s, .title = u"Turi sumų"_s, .width = 80, .text = yesOrNo}},
+                .sql = u"select jve_id, jve_kodas, jve_pavad, jve_duom, jve_tevid from bd_jve where "
+                       u"jve_islid = :knyga and "
+                       "(0 = :tevas or jve_id = :tevas or jve_tevid = :tevas) order by jve_kodas"_s,
+                .columns = {{u"JVE_KODAS"_s, u"Kodas"_s, 110},
+                            {u"JVE_PAVAD"_s, u"Pavadinimas"_s, 290},
+                            {.field = u"JVE_DUOM"_s, .title = u"Turi sumų"_s, .width = 80, .text = yesOrNo},
+                            {.field = u"JVE_TEVID"_s,
+                             .title = u"Šaka"_s,
+                             .width = 190,
+                             .text = [this](const Variant &key) { return pathOf(key.toDouble()); }}},
                 .editing = TEditing::UnlessViewOnly,
                 .used = {u"Kodas \"%s\" yra naudojamas!"_s, u"JVE_KODAS"_s},
                 .newCaption = u"Naujas kodas"_s,
@@ -72,7 +76,7 @@ void TMazgaiFrm::CheckToolButtons()
     acNew->setEnabled(acNew->isEnabled() && books->count() > 0);
 }
 
-TMazgasDlg::TMazgasDlg(const QString &caption, const TRecordStart &start, double ofBook, double parent)
+TMazgasDlg::TMazgasDlg(const QString &caption, const TRecordStart &start, double book, double parent)
     : TBranchDlg(
           {.name = u"TMazgasDlg"_s,
            .newCaption = caption,
@@ -84,16 +88,8 @@ TMazgasDlg::TMazgasDlg(const QString &caption, const TRecordStart &start, double
            .rows = {TFieldRow::edit(u"&Kodas"_s, u"JVE_KODAS"_s).required(),
                     TFieldRow::edit(u"&Pavadinimas"_s, u"JVE_PAVAD"_s).required().width(60),
                     TFieldRow::check(u"&Gali turėti sumų"_s, u"JVE_DUOM"_s).defaultValue(1)}},
-          start, u"JVE_TEVID"_s, parent),
-      book(ofBook)
+          start, u"JVE_TEVID"_s, parent, {{u"JVE_ISLID"_s, book}})
 {
-}
-
-void TMazgasDlg::Loaded()
-{
-    TBranchDlg::Loaded();
-    if (isNew())
-        field(u"JVE_ISLID"_s)->setAsFloat(book);
 }
 
 void TMazgasDlg::Save()

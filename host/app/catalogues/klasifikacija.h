@@ -27,9 +27,5 @@ public:
     TMazgasDlg(const QString &caption, const TRecordStart &start, double book, double parent);
 
 protected:
-    void Loaded() override;
     void Save() override;
-
-private:
-    const double book;
 };

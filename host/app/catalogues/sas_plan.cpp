@@ -32,7 +32,7 @@ TSasPlanFrm::TSasPlanFrm(QWidget *owner)
                 .sql = u"select sas_id, sas_sasnr, sas_pavad, sas_tip from bd_sasplan "
                        "where 0 = :tevas or sas_id = :tevas or sas_tevid = :tevas order by sas_sasnr"_s,
                 .columns = {{u"SAS_SASNR"_s, u"Numeris"_s, 110},
-                            {u"SAS_PAVAD"_s, u"Pavadinimas"_s, 380},
+                            {u"SAS_PAVAD"_s, u"Pavadinimas"_s, 430},
                             {.field = u"SAS_TIP"_s, .title = u"Rūšis"_s, .width = 80, .text = kindName}},
                 .editing = TEditing::UnlessViewOnly,
                 .used = {u"Sąskaita %s yra naudojama!"_s, u"SAS_SASNR"_s},

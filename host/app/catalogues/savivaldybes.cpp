@@ -16,6 +16,14 @@ bool editMunicipality(int &code, bool isNew)
     return editRecord<TSavivaldybeDlg>(code, TRecordStart::rowOrNew(isNew, code));
 }
 
+// Institutions are kept under the code: it stays as it was given.
+TFieldRow codeRow(bool isNew)
+{
+    TFieldRow row =
+        TFieldRow::edit(u"&Kodas"_s, u"SAV_KOD"_s).digitsTyped().between(0, highestCode).required();
+    return isNew ? row : row.readOnly();
+}
+
 void writeToBudget(const QVariantMap &row)
 {
     if (budget()->ExecSQL(u"update bd_savivaldybes set sav_pavad = :pavad where sav_kod = :kod"_s, row) == 0)
@@ -56,26 +64,18 @@ void TSavivaldybesFrm::DeleteRow(const Variant &key)
 }
 
 TSavivaldybeDlg::TSavivaldybeDlg(const TRecordStart &start)
-    : TRecordDialog(
-          {.name = u"TSavivaldybeDlg"_s,
-           .newCaption = u"Nauja savivaldybė"_s,
-           .editCaption = u"Savivaldybė"_s,
-           .help = 125,
-           .table = u"bd_savivaldybes"_s,
-           .keyColumn = u"SAV_KOD"_s,
-           .sql = u"select * from bd_savivaldybes where sav_kod = :kod"_s,
-           .unique = {{u"SAV_KOD"_s}},
-           .rows =
-               {TFieldRow::edit(u"&Kodas"_s, u"SAV_KOD"_s).digitsTyped().between(0, highestCode).required(),
-                TFieldRow::edit(u"&Pavadinimas"_s, u"SAV_PAVAD"_s).required().width(50)}},
-          start)
+    : TRecordDialog({.name = u"TSavivaldybeDlg"_s,
+                     .newCaption = u"Nauja savivaldybė"_s,
+                     .editCaption = u"Savivaldybė"_s,
+                     .help = 125,
+                     .table = u"bd_savivaldybes"_s,
+                     .keyColumn = u"SAV_KOD"_s,
+                     .sql = u"select * from bd_savivaldybes where sav_kod = :kod"_s,
+                     .unique = {{u"SAV_KOD"_s}},
+                     .rows = {codeRow(start.kind == TRecordStart::Kind::New),
+                              TFieldRow::edit(u"&Pavadinimas"_s, u"SAV_PAVAD"_s).required().width(50)}},
+                    start)
 {
-}
-
-// Institutions are kept under the code: it stays as it was given.
-void TSavivaldybeDlg::Loaded()
-{
-    field(u"SAV_KOD"_s)->ReadOnly = !isNew();
 }
 
 void TSavivaldybeDlg::Save()

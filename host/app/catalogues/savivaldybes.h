@@ -21,6 +21,5 @@ public:
     explicit TSavivaldybeDlg(const TRecordStart &start);
 
 protected:
-    void Loaded() override;
     void Save() override;
 };

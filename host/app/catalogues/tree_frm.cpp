@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int treeWidth = 300;
-constexpr int listWidth = 620;
+constexpr int listWidth = 730;
 const QString nodeParameter = u"tevas"_s;
 
 TBrowseDescription fromTheTop(TBrowseDescription listed)
@@ -41,6 +41,7 @@ TTreeFrm::TTreeFrm(TBrowseDescription listed, TTreeDescription described, QWidge
         key = id;
         return saved;
     };
+    resize(TTreeFrm::sizeHint());
     buildTree();
     addTreeActions();
 }
@@ -76,13 +77,21 @@ void TTreeFrm::addTreeActions()
                                     },
                                 .enabled = movable,
                                 .separated = true});
+    acMove = addListAction({.name = u"acMove"_s,
+                            .text = u"Per&kelti…"_s,
+                            .hint = u"Perkelti įrašą į kitą vietą"_s,
+                            .picture = TIcon::Folder,
+                            .keys = {Qt::CTRL | Qt::Key_M},
+                            .handler = [this] { moveByPicker(); },
+                            .enabled = movable});
     acInto = addListAction({.name = u"acInto"_s,
                             .text = u"&Gilyn"_s,
                             .hint = u"Rodyti, kas yra žemiau įrašo"_s,
                             .picture = TIcon::Open,
                             .keys = {Qt::CTRL | Qt::Key_Right},
                             .handler = [this] { showNode(currentKey().toDouble()); },
-                            .enabled = onRow});
+                            .enabled = onRow,
+                            .place = TActionPlace::Menu});
     acUp = addListAction({.name = u"acUp"_s,
                           .text = u"A&ukštyn"_s,
                           .hint = u"Vienu lygiu aukštyn"_s,
@@ -93,14 +102,8 @@ void TTreeFrm::addTreeActions()
                                   const int above = codes->at(codes->rowOf(node())).parent;
                                   showNode(above < 0 ? 0 : codes->at(above).id);
                               },
-                          .enabled = [this] { return node() > 0; }});
-    acMove = addListAction({.name = u"acMove"_s,
-                            .text = u"Per&kelti…"_s,
-                            .hint = u"Perkelti įrašą į kitą vietą"_s,
-                            .keys = {Qt::CTRL | Qt::Key_M},
-                            .handler = [this] { moveByPicker(); },
-                            .enabled = movable,
-                            .place = TActionPlace::Menu});
+                          .enabled = [this] { return node() > 0; },
+                          .place = TActionPlace::Menu});
     acMoveTop = addListAction({.name = u"acMoveTop"_s,
                                .text = u"Perkelti į pirmą &lygį"_s,
                                .keys = {Qt::CTRL | Qt::SHIFT | Qt::Key_M},
@@ -212,6 +215,14 @@ void TTreeFrm::place(double key, double parent)
     Database()->ExecSQL(u"update %1 set %2 = :tevas where %3 = :raktas"_s.arg(
                             description.table, tree.parentColumn, description.keyColumn),
                         {{u"tevas"_s, newParent}, {u"raktas"_s, key}});
+}
+
+QString TTreeFrm::pathOf(double key) const
+{
+    QStringList path;
+    for (int row = codes->rowOf(key); row >= 0; row = codes->at(row).parent)
+        path.prepend(codes->at(row).code);
+    return path.join(u" › "_s);
 }
 
 QList<double> TTreeFrm::branchOf(const TCodeTree &codes, int row)

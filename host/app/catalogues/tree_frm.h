@@ -38,6 +38,8 @@ class TTreeFrm : public TBrowseFrm {
 public:
     TTreeFrm(TBrowseDescription listed, TTreeDescription described, QWidget *owner);
 
+    QSize sizeHint() const override { return {1040, 600}; }
+
     double node() const; // the current one; 0 above the first level
     void showNode(double key);
 
@@ -57,6 +59,9 @@ protected:
     void DeleteRow(const Variant &key) override;
     void restoreArrangement() override;
     void saveArrangement() override;
+
+    // The codes from the first level down to that of the row; empty when there is none.
+    QString pathOf(double key) const;
 
     TTreeDescription tree;
 

@@ -305,12 +305,9 @@ TEST_P(ChartOfAccounts, OpensAndSearchesTwentyThousandAccounts)
     QElapsedTimer timer;
     timer.start();
     open();
-    const qint64 opened = timer.restart();
     screen->SetFindStr(u"519999"_s);
     while (screen->searching())
         QCoreApplication::processEvents();
-    const qint64 found = timer.elapsed();
     EXPECT_EQ(screen->currentKey().toInt(), 20099);
-    std::printf("opened in %lld ms, found in %lld ms\n", opened, found);
-    EXPECT_LT(opened, 3000);
+    EXPECT_LT(timer.elapsed(), 3000);
 }
