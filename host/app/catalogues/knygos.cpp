@@ -27,7 +27,7 @@ TKnygosFrm::TKnygosFrm(QWidget *owner)
                  owner)
 {
     addListAction({.name = u"acKodai"_s,
-                   .text = u"Klasifikacijos ko&dai"_s,
+                   .text = u"Ko&dai"_s,
                    .hint = u"Knygos kodų medis"_s,
                    .picture = TIcon::Browse,
                    .keys = {Qt::CTRL | Qt::Key_K},

@@ -36,7 +36,9 @@ TMoveTree::TMoveTree(QWidget *parent) : QTreeWidget(parent)
 // Items are put into the view when all are made: the view then lays itself out once.
 void TMoveTree::fill(const TCodeTree &codes, const QString &root)
 {
-    const double current = node();
+    QList<double> upwards; // from the current row
+    for (const QTreeWidgetItem *item = currentItem(); item; item = item->parent())
+        upwards.append(keyOf(item));
     const QSignalBlocker quiet(this);
     clear();
     items.clear();
@@ -49,7 +51,8 @@ void TMoveTree::fill(const TCodeTree &codes, const QString &root)
     open.removeIf([this](double key) { return !items.contains(key); });
     for (const double key : std::as_const(open))
         items.value(key)->setExpanded(true);
-    goTo(current);
+    const auto there = std::ranges::find_if(upwards, [this](double key) { return items.contains(key); });
+    goTo(there == upwards.end() ? 0 : *there);
 }
 
 void TMoveTree::addBelow(QTreeWidgetItem *item, const TCodeTree &codes, int row)

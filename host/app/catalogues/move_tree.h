@@ -13,7 +13,7 @@ public:
     explicit TMoveTree(QWidget *parent = nullptr);
 
     // Shows the rows below a first line that stands for all of them. What was open stays open, and the
-    // current node current; the first line becomes it when there is no such row any more. No choice is told.
+    // current node current, or the nearest one above it that is still there. No choice is told.
     void fill(const TCodeTree &codes, const QString &root);
 
     double node() const; // the key of the current row; 0 on the first line

@@ -211,6 +211,14 @@ TEST_P(ChartOfAccounts, AnAccountInUseIsNotDeleted)
     EXPECT_NE(stored(u"24"_s), QString());
 }
 
+TEST_P(ChartOfAccounts, AfterADeletionTheBranchAboveIsShown)
+{
+    choose("222");
+    EXPECT_EQ(listed(), QStringList("222"));
+    erase(Silumos, {QMessageBox::Yes});
+    EXPECT_EQ(listed(), QStringList({"22", "221"}));
+}
+
 TEST_P(ChartOfAccounts, MovesBetweenWhatItsNumberBeginsWith)
 {
     fin->ExecSQL(u"insert into bd_sasplan values (8, '2220', 'Miesto', 'D', 2)"_s);

@@ -94,6 +94,21 @@ TEST_P(SasRowInDialog, HalfANameDownEnterChoosesAndEnterSaves)
     EXPECT_EQ(stored(), "4");
 }
 
+TEST_P(SasRowInDialog, AClosedAccountIsToldAndTheOneThatIsStoredStays)
+{
+    fin->ExecSQL(u"update bd_sasplan set sas_tip = 'U' where sas_id in (3, 4)"_s);
+    EXPECT_FALSE(run({}, [this] {
+        EXPECT_EQ(note(), u"Pirkėjų skolos");
+        keys(u"222"_s);
+        press({Qt::Key_Return});
+        EXPECT_TRUE(dialog->isVisible());
+        EXPECT_EQ(note(), u"Sąskaita „222“ uždaryta");
+        cancel();
+    }));
+    EXPECT_TRUE(run({}, [this] { press({Qt::Key_Return}); }));
+    EXPECT_EQ(stored(), "3");
+}
+
 TEST_P(SasRowInDialog, EnterOnNoAccountKeepsTheDialogOpenAndTellsWhy)
 {
     run({}, [this] {
