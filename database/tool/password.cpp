@@ -32,7 +32,7 @@ QString typedPassword()
     QTextStream terminal(stderr);
     terminal << u"Administratoriaus slaptažodis: "_s << Qt::flush;
     const TUnseen unseen;
-    const QString password = QTextStream(stdin).readLine();
+    QString password = QTextStream(stdin).readLine();
     terminal << Qt::endl;
     return password;
 }
