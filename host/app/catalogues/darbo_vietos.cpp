@@ -8,9 +8,9 @@ namespace {
 
 constexpr int mostWorkPlaces = 16; // bits of a user's rights
 
-int bitOf(const Variant &workPlace)
+quint16 bitOf(int workPlace)
 {
-    return 1 << (workPlace.toInt() - 1);
+    return quint16(1U << (workPlace - 1));
 }
 
 bool editWorkPlace(int &key, bool isNew)
@@ -82,5 +82,5 @@ void TDarboVietaDlg::Save()
     if (!isNew() || !CurrentUser().userAdmin)
         return;
     Database()->ExecSQL(u"update bd_usrkdv set udv_kdv = udv_kdv + :bitas where udv_usrid = :id"_s,
-                        {{u"bitas"_s, bitOf(rowKey())}, {u"id"_s, CurrentUser().id}});
+                        {{u"bitas"_s, int(bitOf(rowKey().toInt()))}, {u"id"_s, CurrentUser().id}});
 }

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-TTreeDescription nodes(std::function<double()> book)
+TTreeDescription nodes(const std::function<double()> &book)
 {
     return {.root = u"Visi kodai"_s,
             .codeTitle = u"Kodas"_s,
