@@ -57,6 +57,12 @@ QSet<SetUpStep> wantedSteps(const TSetUp &setUp)
     return steps;
 }
 
+// On a server two set-ups could both find the tables empty: the second one waits here for the first.
+void waitForOthers(TDatabase &book)
+{
+    book.ExecSQL(u"update bd_versija set ver_id = ver_id"_s);
+}
+
 void refuseDone(const QSet<SetUpStep> &wanted, const QSet<SetUpStep> &done)
 {
     for (const TStepPlan &plan : plans()) {
@@ -107,6 +113,8 @@ void setUpBooks(TDatabase &fin, TDatabase &ravl, const TSetUp &setUp)
 {
     TTransaction finTran(&fin);
     TTransaction ravlTran(&ravl);
+    for (TDatabase *book : {&fin, &ravl})
+        waitForOthers(*book);
     QSet<SetUpStep> steps = wantedSteps(setUp);
     const QSet<SetUpStep> done = doneSteps(fin, ravl);
     refuseDone(steps, done);

@@ -33,7 +33,7 @@ TBooksSettings institutionOf(const QString &key)
     for (const TKnownBooks &each : readKnownBooks(institutionsFile()))
         if (each.readable() && keyOf(each.books) == key)
             return each.books;
-    throw EConvertError("Šios įstaigos darbo vietos sąraše nebėra.");
+    throw EConvertError("Šioje darbo vietoje žinomų įstaigų sąraše šios įstaigos nebėra.");
 }
 
 // What is said of the books before the list of institutions is asked.
@@ -72,7 +72,7 @@ QString institutionsFile()
 }
 
 std::optional<TBooksSettings> openFirstBooks(const TOptions &options, QWidget *owner)
-{
+try {
     if (const auto said = booksSaid(options))
         return openIfWanted(*said, owner);
     const QList<TKnownBooks> known = readKnownBooks(institutionsFile());
@@ -83,6 +83,8 @@ std::optional<TBooksSettings> openFirstBooks(const TOptions &options, QWidget *o
     if (known.size() == 1)
         if (auto opened = openSingle(known.first(), owner))
             return opened;
+    return openOtherBooks(owner);
+} catch (const EOtherBooksWanted &) {
     return openOtherBooks(owner);
 }
 

@@ -15,6 +15,7 @@ namespace {
 // As the columns of the users have it.
 constexpr int longestName = 10;
 constexpr int longestPassword = 100;
+constexpr int setUpTopic = 120;
 
 } // namespace
 
@@ -22,12 +23,15 @@ TNewBooksDlg::TNewBooksDlg(const QString &folder, QWidget *owner)
     : TDialog(owner),
       DemoRadio(new QRadioButton("&Parodomosios mokyklos knygos", this)),
       NewRadio(new QRadioButton("&Naujos įstaigos knygos", this)),
+      ExistingRadio(new QRadioButton("&Jau esančios knygos kitame aplanke ar serveryje", this)),
       EmptyRadio(new QRadioButton("&Tuščios knygos", this))
 {
     setObjectName("TNewBooksDlg");
+    setHelpTopic(setUpTopic);
     describe(
         "Naujos knygos",
         {TFieldRow::custom({}, "DemoRadio", DemoRadio), TFieldRow::custom({}, "NewRadio", NewRadio),
+         TFieldRow::custom({}, "ExistingRadio", ExistingRadio),
          TFieldRow::custom({}, "EmptyRadio", EmptyRadio),
          TFieldRow::freeEdit("Administratoriaus &vardas:", "NameEdit").maxLength(longestName),
          TFieldRow::freeEdit("S&laptažodis:", "PassEdit").maxLength(longestPassword).password(),

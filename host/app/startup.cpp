@@ -1,6 +1,7 @@
 #include "host/app/startup.h"
 
 #include "database/demo/demo.h"
+#include "database/private_place.h"
 #include "host/app/new_books_dialog.h"
 #include "host/app/setup/setup_dialog.h"
 #include "host/common/waiting.h"
@@ -8,6 +9,8 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
+#include <QLockFile>
 
 namespace {
 
@@ -28,11 +31,30 @@ void open(const TBooksSettings &settings)
     setMainDatas(std::move(datas));
 }
 
+// Whole books take the place of their folder, so nothing else may stand in it. What an earlier start left
+// unfinished goes.
+void requireEmpty(const QString &folder)
+{
+    const QDir dir(folder);
+    for (const QString &left : dir.entryList({"velmora_*.db.new*", "velmora.lock"}, QDir::Files))
+        QFile::remove(dir.filePath(left));
+    if (dir.exists() && !dir.isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot))
+        throw Exception(QString("Aplanke %1 jau yra kitų failų. Pasirinkite tuščią aplanką.")
+                            .arg(QDir::toNativeSeparators(folder)));
+}
+
 // Books that were left half filled by an earlier start are no books to work in: they are filled under a name
 // of their own and take their place at the end.
-void createWholeBooks(const QString &folder, const std::function<void(TDatabase &, TDatabase &)> &fill)
+void createWholeBooks(const QString &wanted, const std::function<void(TDatabase &, TDatabase &)> &fill)
 {
+    const QString folder = QDir::cleanPath(wanted);
+    requireEmpty(folder);
     const QString growing = folder + ".kuriama";
+    QLockFile lock(growing + ".lock");
+    if (!makePrivateFolder(QFileInfo(folder).absolutePath()) || !lock.tryLock(0))
+        throw Exception(QString("Aplanke %1 knygas kuria kita programa, arba jame negalima rašyti.")
+                            .arg(QDir::toNativeSeparators(folder)));
+    const auto removeGrowing = qScopeGuard([&growing] { QDir(growing).removeRecursively(); });
     QDir(growing).removeRecursively();
     createEmbeddedBooks(growing);
     {
@@ -43,8 +65,7 @@ void createWholeBooks(const QString &folder, const std::function<void(TDatabase 
         ravl.Open();
         fill(fin, ravl);
     }
-    if (QDir(folder).exists() && !QDir().rmdir(folder))
-        throw Exception(QString("Aplankas %1 netuščias").arg(QDir::toNativeSeparators(folder)));
+    QDir().rmdir(folder);
     if (!QDir().rename(growing, folder))
         throw Exception(QString("Nepavyko sukurti aplanko %1").arg(QDir::toNativeSeparators(folder)));
 }
@@ -54,6 +75,10 @@ bool createFirstBooks(const QString &folder, QWidget *owner)
     TNewBooksDlg dialog(folder, owner);
     if (dialog.exec() != QDialog::Accepted)
         return false;
+    if (dialog.existing())
+        throw EOtherBooksWanted();
+    if (dialog.newInstitution())
+        requireEmpty(QDir::cleanPath(folder)); // told before the pages are filled in
     if (dialog.newInstitution())
         return TSetUpDlg(
                    {}, [&folder](const TSetUp &chosen) { createSetUpBooks(folder, chosen); }, owner)

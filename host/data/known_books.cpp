@@ -187,14 +187,14 @@ QList<TKnownBooks> readKnownBooks(const QString &file)
         if (!line.trimmed().isEmpty())
             list.append(entryOf(line));
     }
-    if (in.error() != QFile::NoError)
+    if (in.error() != QFile::NoError || info.size() == 0)
         refuse(file, u"jo negalima perskaityti"_s);
     return list;
 }
 
 void writeKnownBooks(const QString &file, const QList<TKnownBooks> &list)
 {
-    QByteArray content;
+    QByteArray content(list.isEmpty() ? "\n" : ""); // an empty file is one that was lost
     for (const TKnownBooks &entry : list)
         content += lineOf(entry) + '\n';
     writeSettingsFile(file, content);

@@ -59,3 +59,9 @@ bool logIn(TMainDatas &datas, const QString &name, const QString &password)
     CurrentUser() = *user;
     return true;
 }
+
+void RefreshRights()
+{
+    if (CurrentUser().id != 0)
+        CurrentUser().workPlaces = workPlacesOf(MainDatas()->mnRavl(), CurrentUser().id);
+}

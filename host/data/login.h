@@ -7,3 +7,6 @@
 // The name is compared without regard to case and outer blanks, the password exactly. For a view-only user
 // the caller then makes the sessions read-only.
 bool logIn(TMainDatas &datas, const QString &name, const QString &password);
+
+// Reads the work places of the current user anew, after his rights have changed. Without a user: nothing.
+void RefreshRights();

@@ -2,6 +2,7 @@
 
 #include "host/common/msgbox.h"
 #include "host/common/waiting.h"
+#include "host/data/login.h"
 #include "host/data/main_datas.h"
 #include "host/data/organisation.h"
 #include "toolkit/text/datetime.h"
@@ -157,6 +158,7 @@ bool setUpOpenBooks(QWidget *owner)
     if (dialog.exec() != QDialog::Accepted)
         return false;
     GetPeriod();
+    RefreshRights();
     OrganisationChanged();
     return true;
 }

@@ -86,16 +86,19 @@ void takeInstitution(const TFieldForm &form, TSetUp &setUp)
 
 TSetUpPage institutionPage()
 {
-    return {.title = "Įstaiga",
-            .told = "Ko dar nežinote, palikite tuščią: įstaigos duomenis galėsite įrašyti ir vėliau.",
-            .rows = {TFieldRow::freeEdit("&Pavadinimas:", "PavadEdit").maxLength(150).width(50),
-                     TFieldRow::freeEdit("A&dresas:", "AdrEdit").maxLength(100),
-                     TFieldRow::freeEdit("Į&monės kodas:", "KodasEdit").maxLength(11).digitsOnly().width(12),
-                     TFieldRow::freeEdit("P&VM mok. kodas:", "PvmEdit").maxLength(14).width(14),
-                     TFieldRow::freeEdit("Dra&udėjo kodas:", "DraudEdit").maxLength(10).width(12),
-                     TFieldRow::freeList("&Savivaldybė:", "SavBox", municipalityNames())},
-            .check = checkInstitution,
-            .take = takeInstitution};
+    return {
+        .title = "Įstaiga",
+        .told =
+            "Jei įstaigos duomenų dar neturite, palikite visą puslapį tuščią: įrašysite vėliau. Reikia bent "
+            "pavadinimo, adreso ir įmonės kodo.",
+        .rows = {TFieldRow::freeEdit("&Pavadinimas:", "PavadEdit").maxLength(150).width(50),
+                 TFieldRow::freeEdit("A&dresas:", "AdrEdit").maxLength(100),
+                 TFieldRow::freeEdit("Į&monės kodas:", "KodasEdit").maxLength(11).digitsOnly().width(12),
+                 TFieldRow::freeEdit("P&VM mok. kodas:", "PvmEdit").maxLength(14).width(14),
+                 TFieldRow::freeEdit("Dra&udėjo kodas:", "DraudEdit").maxLength(10).width(12),
+                 TFieldRow::freeList("&Savivaldybė:", "SavBox", municipalityNames())},
+        .check = checkInstitution,
+        .take = takeInstitution};
 }
 
 // --- the first user
@@ -219,8 +222,10 @@ QStringList summaryOf(const TSetUp &setUp, const QSet<SetUpStep> &done)
          setUp.institution ? setUp.institution->pavad : QString());
     line(SetUpStep::Administrator, setUp.administrator.has_value(),
          setUp.administrator ? setUp.administrator->name : QString());
+    const bool municipalityChosen = setUp.institution && setUp.institution->savivaldybe;
     for (const SetUpStep step : standardSteps)
-        line(step, setUp.standard.contains(step));
+        line(step,
+             setUp.standard.contains(step) || (step == SetUpStep::Municipalities && municipalityChosen));
     line(SetUpStep::StartOfWork, setUp.startOfWork.has_value(),
          setUp.startOfWork ? PeriodText(TDateTime(*setUp.startOfWork)) : QString());
     return lines;

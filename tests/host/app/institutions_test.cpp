@@ -6,6 +6,7 @@
 #include "tests/support/engines.h"
 #include "tests/support/refusal.h"
 
+#include <QRadioButton>
 #include <QStandardPaths>
 
 namespace {
@@ -111,6 +112,16 @@ TEST_F(FirstBooks, WhereNoneIsKnownTheUsualFolderIsAskedAbout)
 {
     OnNextDialog<TNewBooksDlg> asked([](TNewBooksDlg &dialog) { dialog.reject(); });
     EXPECT_FALSE(start());
+    EXPECT_TRUE(asked.came());
+}
+
+TEST_F(FirstBooks, BooksThatAreElsewhereAlreadyCanBeAddedInsteadOfNewOnes)
+{
+    OnNextDialog<TNewBooksDlg> asked([](TNewBooksDlg &dialog) {
+        dialog.findChild<QRadioButton *>("ExistingRadio")->setChecked(true);
+        pressButton(dialog, "&Sukurti");
+    });
+    giveUpAfter({}, [this] { EXPECT_FALSE(start()); });
     EXPECT_TRUE(asked.came());
 }
 

@@ -1,4 +1,5 @@
 #include "host/app/login_dialog.h"
+#include "host/app/new_books_dialog.h"
 #include "host/app/setup/setup_dialog.h"
 #include "host/app/startup.h"
 #include "tests/host/books.h"
@@ -10,6 +11,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLockFile>
 #include <QPushButton>
 #include <QTest>
 
@@ -273,20 +275,95 @@ TEST_P(SetUpOfOpenBooks, WhatAnotherStationWroteMeanwhileIsNeitherChangedNorHalf
     EXPECT_FALSE(ravl->InTransaction());
 }
 
-// New books of a folder are there as a whole or not at all.
-TEST(SetUpOfNewBooks, StandWholeOrNotAtAll)
+// Sources that are written later give the administrator his rights, and he has them at once.
+TEST_P(SetUpOfOpenBooks, RightsThatCameAreThereWithoutANewLogin)
 {
-    const QTemporaryDir root(scratchRoot() + "/velmora-XXXXXX");
+    ravl->ExecSQL(
+        "insert into bd_usr (usr_id, usr_name, usr_pasw, usr_user_admin) values (1, 'ona', 'x', 1)");
+    CurrentUser().id = 1;
+    OnNextDialog<TSetUpDlg> driven([](TSetUpDlg &dialog) {
+        SetUpHands(dialog).goToSummary();
+        pressButton(dialog, "Į&rašyti");
+    });
+    EXPECT_TRUE(setUpOpenBooks(nullptr));
+    EXPECT_EQ(CurrentUser().workPlaces & 1, 1);
+}
+
+TEST_F(SetUpDialog, TheInstitutionsMunicipalityBringsTheOthers)
+{
+    hands.fillInstitution();
+    hands.goOn();
+    hands.fillAdministrator();
+    dialog.findChild<QCheckBox *>("Step2")->setChecked(false);
+    hands.goToSummary();
+    EXPECT_TRUE(hands.summary().contains("Savivaldybės: bus įrašyta")) << qPrintable(hands.summary());
+}
+
+namespace {
+
+class SetUpOfNewBooks : public testing::Test {
+protected:
+    void TearDown() override { setMainDatas(nullptr); }
+    QString refusal(const QString &inFolder)
+    {
+        try {
+            createSetUpBooks(inFolder, {.administrator = TAdministrator{"ona", {}, {}, "x"}});
+        } catch (const Exception &error) {
+            return error.message();
+        }
+        return {};
+    }
+
+    const QTemporaryDir root{scratchRoot() + "/velmora-XXXXXX"};
     const QString folder = root.filePath("knygos");
+};
+
+} // namespace
+
+TEST_F(SetUpOfNewBooks, TakeNoFolderWithOtherFiles)
+{
+    QDir().mkpath(folder);
+    writeFile(folder + "/svarbu.txt", "mano");
+    EXPECT_TRUE(refusal(folder).contains("jau yra kitų failų")) << qPrintable(refusal(folder));
+
+    // The user is told before he fills in the pages.
+    OnNextDialog<TNewBooksDlg> choice([](TNewBooksDlg &dialog) {
+        dialog.findChild<QRadioButton *>("NewRadio")->setChecked(true);
+        pressButton(dialog, "&Sukurti");
+    });
+    EXPECT_THROW(openBooks(TBooksSettings::embedded(folder), nullptr), Exception);
+    EXPECT_EQ(contentOf(folder + "/svarbu.txt"), "mano");
+}
+
+TEST_F(SetUpOfNewBooks, TakeAFolderInWhichAnotherStartLeftHalfAFile)
+{
+    QDir().mkpath(folder);
+    writeFile(folder + "/velmora_fin.db.new", "pusė");
+    EXPECT_EQ(refusal(folder + '/'), QString());
+    EXPECT_TRUE(embeddedBooksExist(folder));
+}
+
+TEST_F(SetUpOfNewBooks, AreMadeByOneProgramAtATime)
+{
+    QLockFile other(folder + ".kuriama.lock");
+    ASSERT_TRUE(other.lock());
+    QDir().mkpath(folder + ".kuriama");
+    EXPECT_TRUE(refusal(folder).contains("kuria kita programa")) << qPrintable(refusal(folder));
+    EXPECT_TRUE(QDir(folder + ".kuriama").exists());
+}
+
+// New books of a folder are there as a whole or not at all.
+TEST_F(SetUpOfNewBooks, StandWholeOrNotAtAll)
+{
     TSetUp setUp{.administrator = TAdministrator{"ona", {}, {}, "x"},
                  .standard = {SetUpStep::Accounts},
                  .startOfWork = QDate(1900, 1, 1)};
     EXPECT_THROW(createSetUpBooks(folder, setUp), Exception);
     EXPECT_FALSE(QDir(folder).exists());
+    EXPECT_FALSE(QDir(folder + ".kuriama").exists()); // a password may stand in it
     setUp.startOfWork = QDate(2026, 5, 17);
     createSetUpBooks(folder, setUp);
     openEmbeddedBooks(folder);
     EXPECT_EQ(EinPer_Date().date(), QDate(2026, 5, 1));
     EXPECT_TRUE(haveUsers());
-    setMainDatas(nullptr);
 }

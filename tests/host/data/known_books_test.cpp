@@ -182,7 +182,7 @@ TEST_F(KnownBooks, AnUnreadableEntryStaysAsItIsUntilItIsForgotten)
     forgetBooks(file(), inFolder({}, u"/b"_s));
     EXPECT_EQ(contentOf(file()), damaged + '\n');
     forgetBooks(file(), read().constFirst());
-    EXPECT_EQ(contentOf(file()), "");
+    EXPECT_TRUE(read().isEmpty());
 }
 
 TEST_F(KnownBooks, AFileThatCannotBeReadIsReportedAndLeftAlone)
@@ -191,6 +191,14 @@ TEST_F(KnownBooks, AFileThatCannotBeReadIsReportedAndLeftAlone)
     EXPECT_THROW(read(), EConvertError);
     EXPECT_THROW(rememberBooks(file(), inFolder(u"Kita"_s, u"/b"_s)), EConvertError);
     EXPECT_TRUE(QFileInfo(file()).isDir());
+}
+
+TEST_F(KnownBooks, AFileThatLostItsContentIsNoEmptyList)
+{
+    writeKnownBooks(file(), {});
+    EXPECT_TRUE(readKnownBooks(file()).isEmpty());
+    writeFile(file(), "");
+    EXPECT_THROW(readKnownBooks(file()), EConvertError);
 }
 
 TEST_F(KnownBooks, AnUnwritablePlaceIsReported)
