@@ -78,11 +78,12 @@ void TSetUpDlg::addPage(const TSetUpPage &page)
     forms << form;
 }
 
-// What most institutions want: everything that the program brings, from this month on.
+// What most institutions want: everything that the program brings, from this month on. The boxes are ticked
+// as the user would, so that what depends on them follows.
 void TSetUpDlg::preset()
 {
     for (auto *box : pages->findChildren<QCheckBox *>())
-        box->setChecked(box->isEnabled());
+        box->click();
     const QDate today = Date().date();
     pages->findChild<QLineEdit *>("YearEdit")->setText(QString::number(today.year()));
     pages->findChild<QComboBox *>("MonthBox")->setCurrentIndex(today.month() - 1);

@@ -164,6 +164,23 @@ TEST_F(SetUpDialog, AYearOutsideTheProgramsIsRefused)
     EXPECT_TRUE(hands.heading().contains("Santrauka"));
 }
 
+TEST_F(SetUpDialog, TheMonthIsChosenWhileItIsWanted)
+{
+    hands.goOn();
+    hands.fillAdministrator();
+    hands.goOn();
+    hands.goOn();
+    auto *wanted = dialog.findChild<QCheckBox *>("StartCheck");
+    auto *month = dialog.findChild<QComboBox *>("MonthBox");
+    EXPECT_TRUE(wanted->isChecked());
+    EXPECT_TRUE(month->isEnabled());
+    QTest::keyClick(month, Qt::Key_Home);
+    EXPECT_EQ(dialog.setUp().startOfWork, QDate(2026, 1, 1));
+    wanted->click();
+    EXPECT_FALSE(month->isEnabled());
+    EXPECT_FALSE(dialog.setUp().startOfWork);
+}
+
 TEST_F(SetUpDialog, EnterLeadsToTheEndAndEscWritesNothing)
 {
     dialog.activateWindow();
