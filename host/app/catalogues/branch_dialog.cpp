@@ -1,5 +1,7 @@
 #include "host/app/catalogues/branch_dialog.h"
 
+#include "host/app/catalogues/table_lock.h"
+
 using namespace Qt::StringLiterals;
 
 TBranchDlg::TBranchDlg(TRecordDescription described, const TRecordStart &start, const QString &column,
@@ -22,8 +24,12 @@ void TBranchDlg::Loaded()
         field(parentColumn)->setAsFloat(above);
 }
 
+// What was judged while typing is judged once more: another station may have written since.
 void TBranchDlg::Save()
 {
+    lockTable(Database(), description.table);
+    Validate();
+    Judge();
     const QString there =
         u"select count(*) from %1 where %2 = :tevas"_s.arg(description.table, description.keyColumn);
     if (parentOfNew() > 0 && Database()->fieldResult(there, {{u"tevas"_s, above}}).toInt() == 0)

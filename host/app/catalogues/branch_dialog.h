@@ -15,6 +15,10 @@ protected:
     void Loaded() override;
     void Save() override;
 
+    // Raises when the row may not be saved as it is, and does what it brings with it for other rows. Runs in
+    // the transaction of the save before anything is written; no other station writes the table meanwhile.
+    virtual void Judge() {}
+
     double parentOfNew() const { return isNew() ? above : 0; } // 0 for a row at the top, too
 
 private:

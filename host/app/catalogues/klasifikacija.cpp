@@ -1,6 +1,5 @@
 #include "host/app/catalogues/klasifikacija.h"
 
-#include "host/app/catalogues/branch_use.h"
 #include "host/app/catalogues/node_rules.h"
 #include "host/classifier/book_data.h"
 #include "host/classifier/classifier.h"
@@ -22,7 +21,7 @@ TTreeDescription nodes(const std::function<double()> &book)
                     return editRecord<TMazgasDlg>(key, caption, TRecordStart::rowOrNew(isNew, key), book(),
                                                   parent);
                 },
-            .place = placeUnused(u"bd_jve"_s, u"jve_id"_s)};
+            .place = placeNode};
 }
 
 } // namespace
@@ -92,10 +91,9 @@ TMazgasDlg::TMazgasDlg(const QString &caption, const TRecordStart &start, double
 {
 }
 
-void TMazgasDlg::Save()
+void TMazgasDlg::Judge()
 {
     requireNodeCode(row());
     if (!isNew())
         requireNodeMark(row());
-    TBranchDlg::Save();
 }

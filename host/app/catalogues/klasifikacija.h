@@ -27,5 +27,5 @@ public:
     TMazgasDlg(const QString &caption, const TRecordStart &start, double book, double parent);
 
 protected:
-    void Save() override;
+    void Judge() override;
 };

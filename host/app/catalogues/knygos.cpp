@@ -1,6 +1,7 @@
 #include "host/app/catalogues/knygos.h"
 
 #include "host/app/catalogues/klasifikacija.h"
+#include "host/app/catalogues/table_lock.h"
 
 using namespace Qt::StringLiterals;
 
@@ -49,4 +50,12 @@ TKnygaDlg::TKnygaDlg(const TRecordStart &start)
            .rows = {TFieldRow::edit(u"&Pavadinimas"_s, u"ISL_PAVAD"_s).required().width(50)}},
           start)
 {
+}
+
+// The name is judged once more: another station may have taken it since.
+void TKnygaDlg::Save()
+{
+    lockTable(Database(), description.table);
+    Validate();
+    TRecordDialog::Save();
 }

@@ -14,4 +14,7 @@ class TKnygaDlg : public TRecordDialog {
     Q_OBJECT
 public:
     explicit TKnygaDlg(const TRecordStart &start);
+
+protected:
+    void Save() override;
 };

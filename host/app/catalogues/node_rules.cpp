@@ -1,26 +1,51 @@
 #include "host/app/catalogues/node_rules.h"
 
 #include "host/app/catalogues/branch_use.h"
+#include "host/classifier/book_data.h"
 #include "host/controls/session.h"
 #include "toolkit/data/dataset.h"
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+struct TLevel {
+    double book = 0;
+    double parent = 0; // 0: the first level
+};
+
+QString refusalOfCode(const TLevel &level, double node, const QString &code)
+{
+    const Variant others =
+        sessionOf(TSession::Main)
+            ->fieldResult(
+                u"select count(*) from bd_jve where jve_islid = :knyga and jve_id <> :id and "
+                "ISNULL(jve_tevid, 0) = :tevas and jve_kodas = :kodas"_s,
+                {{u"knyga"_s, level.book}, {u"id"_s, node}, {u"tevas"_s, level.parent}, {u"kodas"_s, code}});
+    return others.toInt() > 0 ? u"Kodas \"%1\" šiame lygyje jau yra"_s.arg(code) : QString();
+}
+
+} // namespace
+
 void requireNodeCode(const TDataSet &row)
 {
-    const auto value = [&row](const QString &column) { return row.FieldByName(column)->Value(); };
-    const int others =
-        sessionOf(TSession::Main)
-            ->fieldResult(u"select count(*) from bd_jve where jve_islid = :knyga and jve_id <> :id and "
-                          "ISNULL(jve_tevid, 0) = :tevas and jve_kodas = :kodas"_s,
-                          {{u"knyga"_s, value(u"JVE_ISLID"_s)},
-                           {u"id"_s, value(u"JVE_ID"_s)},
-                           {u"tevas"_s, value(u"JVE_TEVID"_s).toDouble()},
-                           {u"kodas"_s, value(u"JVE_KODAS"_s)}})
-            .toInt();
-    if (others > 0)
-        throw EFieldRefused(u"Kodas \"%1\" šiame lygyje jau yra"_s.arg(value(u"JVE_KODAS"_s).toString()),
-                            u"JVE_KODAS"_s);
+    const auto number = [&row](const QString &column) { return row.FieldByName(column)->AsFloat(); };
+    const QString refusal = refusalOfCode({number(u"JVE_ISLID"_s), number(u"JVE_TEVID"_s)},
+                                          number(u"JVE_ID"_s), row.FieldByName(u"JVE_KODAS"_s)->AsString());
+    if (!refusal.isEmpty())
+        throw EFieldRefused(refusal, u"JVE_KODAS"_s);
+}
+
+void placeNode(const QList<double> &branch, double parent, bool loose)
+{
+    static const auto unused = placeUnused(u"bd_jve"_s, u"jve_id"_s);
+    unused(branch, parent, loose);
+    const auto node = findNode(sessionOf(TSession::Main), branch.first());
+    if (!node)
+        throw ERowGone();
+    const QString refusal = refusalOfCode({node->book, parent}, node->id, node->code);
+    if (!refusal.isEmpty())
+        throw Exception(refusal);
 }
 
 void requireNodeMark(const TDataSet &row)

@@ -49,6 +49,12 @@ TSasPlanFrm::TSasPlanFrm(QWidget *owner)
 {
 }
 
+void TSasPlanFrm::CheckUsed()
+{
+    TTreeFrm::CheckUsed();
+    requireNotInBudgetForm(dataSet()->FieldByName(u"SAS_SASNR"_s)->AsString());
+}
+
 TSasPlanDlg::TSasPlanDlg(const QString &caption, const TRecordStart &start, double parent)
     : TBranchDlg(
           {.name = u"TSasPlanDlg"_s,
@@ -69,11 +75,13 @@ TSasPlanDlg::TSasPlanDlg(const QString &caption, const TRecordStart &start, doub
 {
 }
 
-void TSasPlanDlg::Save()
+void TSasPlanDlg::Judge()
 {
-    if (!isNew())
-        requireAccountKind(row());
+    const TField &number = *field(u"SAS_SASNR"_s);
     if (parentOfNew() > 0)
         makeSummary(parentOfNew());
-    TBranchDlg::Save();
+    if (isNew() || number.Value() != number.OldValue())
+        requireNumber(number, number.Value());
+    if (!isNew())
+        requireAccountKind(row());
 }

@@ -9,6 +9,9 @@ class TSasPlanFrm : public TTreeFrm {
     Q_OBJECT
 public:
     explicit TSasPlanFrm(QWidget *owner);
+
+protected:
+    void CheckUsed() override;
 };
 
 class TSasPlanDlg : public TBranchDlg {
@@ -17,5 +20,5 @@ public:
     TSasPlanDlg(const QString &caption, const TRecordStart &start, double parent);
 
 protected:
-    void Save() override;
+    void Judge() override;
 };

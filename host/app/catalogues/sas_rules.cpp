@@ -3,6 +3,7 @@
 #include "host/controls/session.h"
 #include "host/data/main_datas.h"
 #include "toolkit/data/dataset.h"
+#include "toolkit/data/statement.h"
 
 #include <QRegularExpression>
 
@@ -58,6 +59,49 @@ void requireBeginning(const QString &number, const TAccount &parent)
                 .arg(labelOf(parent)));
 }
 
+// The row's own parent is that of the moment when it was read: another station may have moved it since.
+double storedParent(const TDataSet &row)
+{
+    if (row.State() == dsInsert)
+        return row.FieldByName(u"SAS_TEVID"_s)->AsFloat();
+    return books()
+        ->fieldResult(u"select sas_tevid from bd_sasplan where sas_id = :id"_s,
+                      {{u"id"_s, row.FieldByName(u"SAS_ID"_s)->Value()}})
+        .toDouble();
+}
+
+void requireDigits(const QString &number)
+{
+    static const QRegularExpression digits(u"^[0-9]{1,10}$"_s);
+    if (!digits.match(number).hasMatch())
+        throw Exception(u"Sąskaitos numeris – tik skaitmenys, ne daugiau kaip 10"_s);
+}
+
+void requireRenumbered(const QString &former, double id)
+{
+    if (hasAccountsBelow(id))
+        throw Exception(
+            u"Sąskaitos %1 numeris nekeičiamas: juo prasideda žemesnio lygio sąskaitos"_s.arg(former));
+    requireNotInBudgetForm(former);
+}
+
+void judgeNumber(const TField &number, const QString &proposed)
+{
+    const TDataSet &row = *number.DataSet();
+    const double id = row.FieldByName(u"SAS_ID"_s)->AsFloat();
+    if (!proposed.isEmpty()) {
+        requireDigits(proposed);
+        const auto other = findAccountByNumber(books(), proposed);
+        if (other && other->id != id)
+            throw Exception(u"Sąskaita %1 jau yra: %2"_s.arg(proposed, other->name));
+        if (const auto parent = findAccount(books(), storedParent(row)))
+            requireBeginning(proposed, *parent);
+    }
+    const QString former = number.OldValue().toString();
+    if (!former.isEmpty() && proposed != former)
+        requireRenumbered(former, id);
+}
+
 } // namespace
 
 QString labelOf(const TAccount &account)
@@ -65,24 +109,28 @@ QString labelOf(const TAccount &account)
     return account.number + u"  "_s + account.name;
 }
 
+// A row of the form may name several accounts, between commas.
+void requireNotInBudgetForm(const QString &number)
+{
+    const auto lines =
+        sessionOf(TSession::Budget)
+            ->prepare(u"select bss_balkod, bss_sasnr from bd_balsas where bss_sasnr like %1"_s.arg(
+                TDatabase::quoted(u'%' + number + u'%')));
+    for (lines->exec(); lines->next();)
+        for (const QString &named : QString::fromUtf8(lines->utf8(1)).split(u','))
+            if (named.trimmed() == number)
+                throw Exception(
+                    u"Sąskaita %1 yra biudžeto balanso formos eilutėje %2: pirmiausia išimkite ją iš "
+                    "formos"_s.arg(number, QString::fromUtf8(lines->utf8(0))));
+}
+
 void requireNumber(const TField &number, const Variant &proposed)
 {
-    static const QRegularExpression digits(u"^[0-9]{1,10}$"_s);
-    const QString text = proposed.toString();
-    if (!text.isEmpty() && !digits.match(text).hasMatch())
-        throw Exception(u"Sąskaitos numeris – tik skaitmenys, ne daugiau kaip 10"_s);
-    const TDataSet &row = *number.DataSet();
-    const double id = row.FieldByName(u"SAS_ID"_s)->AsFloat();
-    const auto other = findAccountByNumber(books(), text);
-    if (other && other->id != id)
-        throw Exception(u"Sąskaita %1 jau yra: %2"_s.arg(text, other->name));
-    const auto parent = findAccount(books(), row.FieldByName(u"SAS_TEVID"_s)->AsFloat());
-    if (parent && !text.isEmpty())
-        requireBeginning(text, *parent);
-    const QString former = number.OldValue().toString();
-    if (!former.isEmpty() && text != former && hasAccountsBelow(id))
-        throw Exception(
-            u"Sąskaitos %1 numeris nekeičiamas: juo prasideda žemesnio lygio sąskaitos"_s.arg(former));
+    try {
+        judgeNumber(number, proposed.toString());
+    } catch (const Exception &error) {
+        throw EFieldRefused(error.message(), number.FieldName());
+    }
 }
 
 void requireAccountKind(const TDataSet &row)

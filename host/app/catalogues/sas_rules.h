@@ -9,8 +9,11 @@ class TField;
 
 QString labelOf(const TAccount &account); // number, two blanks and name
 
+// The balance form of the budget book names accounts by their numbers: such a number stays.
+void requireNotInBudgetForm(const QString &number);
+
 // The number of an account (a field of its row): digits, at most ten, nobody else's, longer than its parent's
-// and beginning with it; that of an account with others below it stays.
+// and beginning with it; that of an account with others below it stays, and one in the budget book's form.
 void requireNumber(const TField &number, const Variant &proposed);
 
 // Whether the account in the row may become of the kind it has there: S summary, D detail, U closed. One with

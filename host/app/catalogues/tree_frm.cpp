@@ -1,6 +1,7 @@
 #include "host/app/catalogues/tree_frm.h"
 
 #include "host/app/catalogues/move_tree.h"
+#include "host/app/catalogues/table_lock.h"
 #include "host/common/msgbox.h"
 #include "host/common/settings_store.h"
 #include "host/data/code_picker.h"
@@ -191,9 +192,11 @@ void TTreeFrm::moveRow(double key, double parent)
     RefreshData(key);
 }
 
-// The tree is read anew: another station may have changed it.
+// The tree is read anew, another station may have changed it, and changes no more until the row is moved: two
+// moves at once would else make a circle that neither saw.
 void TTreeFrm::place(double key, double parent)
 {
+    lockTable(Database(), description.table);
     const TCodeTree now = TCodeTree::read(Database(), tree.nodes, tree.codeTitle);
     const int row = now.rowOf(key), above = now.rowOf(parent);
     if (row < 0)
@@ -249,6 +252,7 @@ void TTreeFrm::CheckUsed()
 // Once more, where no other station comes between.
 void TTreeFrm::DeleteRow(const Variant &key)
 {
+    lockTable(Database(), description.table);
     CheckUsed();
     TBrowseFrm::DeleteRow(key);
 }

@@ -125,6 +125,31 @@ TEST_P(Nodes, AreNotMovedWhereAnotherStationHasDeletedOrMovedWhatIsThere)
               QStringList(u"Įrašas jau ištrintas kitoje darbo vietoje"_s));
 }
 
+TEST_P(Nodes, AreNotMovedWhereTheirCodeIsAlready)
+{
+    fin->ExecSQL(u"insert into bd_jve values (6, 1, 5, '2.2', 'Kitos prekės', 1)"_s);
+    EXPECT_EQ(drag("2.2", "9", {QMessageBox::Ok}), QStringList(u"Kodas \"2.2\" šiame lygyje jau yra"_s));
+    fin->ExecSQL(u"insert into bd_jve values (7, 2, null, '2.2', 'Kita knyga', 1)"_s);
+    stand(Prekes);
+    NextBoxes asked{QMessageBox::Yes};
+    screen->acMoveTop->trigger();
+    EXPECT_EQ(parentOf(Prekes), "NULL");
+}
+
+// The other station's move is under way when this one begins.
+TEST_P(Nodes, TwoMovesAtOnceMakeNoCircle)
+{
+    TDatabase &other = *secondFin();
+    other.StartTransaction();
+    other.ExecSQL(u"update bd_jve set jve_tevid = 4 where jve_id = 2"_s);
+    TDatabase::setBusyHook([&other] { other.Commit(); });
+    const QStringList told = drag("2.2", "2.1", {QMessageBox::Ok});
+    TDatabase::setBusyHook({});
+    other.Commit();
+    EXPECT_EQ(told, QStringList(u"„2.2  Prekės“ negali stovėti pats po savimi"_s));
+    EXPECT_EQ(parentOf(Prekes), "1");
+}
+
 TEST_P(Nodes, InUseWithoutAParentCanBeGivenOne)
 {
     use(Socialinis);
@@ -207,6 +232,20 @@ TEST_P(Books, AreAddedAndLeadToTheirNodes)
     });
     list->findChild<QAction *>("acKodai")->trigger();
     EXPECT_EQ(rows(*fin, u"select isl_pavad from bd_asgisl"_s), QStringList(u"Švietimas"_s));
+}
+
+TEST_P(Books, ANameTakenMeanwhileIsTold)
+{
+    list.reset(createForm<TKnygosFrm>(nullptr));
+    list->show();
+    TDatabase &other = *secondFin();
+    other.StartTransaction();
+    other.ExecSQL(u"insert into bd_asgisl values (9, 'Aplinka')"_s);
+    TDatabase::setBusyHook([&other] { other.Commit(); });
+    add(u"Aplinka"_s, u"Knyga \"Aplinka\" jau yra"_s);
+    TDatabase::setBusyHook({});
+    other.Commit();
+    EXPECT_EQ(rows(*fin, u"select isl_id from bd_asgisl"_s), QStringList("9"));
 }
 
 TEST_P(Books, InUseAreNotDeleted)

@@ -274,6 +274,58 @@ TEST_P(ChartOfAccounts, TwoStationsDoNotAddTheSameNumber)
     EXPECT_EQ(stored(u"223"_s), u"223|Jų|D|22"_s);
 }
 
+// What is typed is accepted when the field is left; the other station writes after that.
+TEST_P(ChartOfAccounts, ANumberIsJudgedAgainWhenItIsSaved)
+{
+    choose("22");
+    add([this](TSasPlanDlg &dialog) {
+        fill(dialog, u"223"_s, u"Nuomos skolos"_s);
+        leave(edit(dialog, "SAS_PAVAD"));
+        secondFin()->ExecSQL(u"update bd_sasplan set sas_sasnr = '23' where sas_id = 2"_s);
+        EXPECT_TRUE(refusal(dialog).contains(u"turi prasidėti aukštesnės sąskaitos „23  Gautinos sumos“"_s));
+        EXPECT_EQ(edit(dialog, "SAS_PAVAD")->text(), u"Nuomos skolos"_s);
+        leaveUnsaved(dialog);
+    });
+    EXPECT_EQ(stored(u"223"_s), QString());
+    change(Pinigai, [this](TSasPlanDlg &dialog) {
+        fill(dialog, u"25"_s, u"Pinigai"_s);
+        leave(edit(dialog, "SAS_PAVAD"));
+        secondFin()->ExecSQL(u"insert into bd_sasplan values (50, '241', 'Kasa', 'D', 5)"_s);
+        EXPECT_TRUE(refusal(dialog).contains(u"Sąskaitos 24 numeris nekeičiamas"_s));
+        leaveUnsaved(dialog);
+    });
+    EXPECT_EQ(stored(u"25"_s), QString());
+}
+
+TEST_P(ChartOfAccounts, ANumberBeginsWithThatOfTheParentItHasByThen)
+{
+    fin->ExecSQL(u"insert into bd_sasplan values (8, '2220', 'Miesto', 'D', 2)"_s);
+    change(8, [this](TSasPlanDlg &dialog) {
+        fill(dialog, u"2230"_s, u"Miesto"_s);
+        leave(edit(dialog, "SAS_PAVAD"));
+        secondFin()->ExecSQL(u"update bd_sasplan set sas_tevid = 4 where sas_id = 8"_s);
+        EXPECT_TRUE(refusal(dialog).contains(u"turi prasidėti aukštesnės sąskaitos „222  Šilumos skolos“"_s));
+        leaveUnsaved(dialog);
+    });
+}
+
+TEST_P(ChartOfAccounts, AnAccountInTheFormOfTheBudgetBookIsNeitherDeletedNorRenumbered)
+{
+    ravl->ExecSQL(u"insert into bd_baleil (bel_kod, bel_pavad) values ('A0101', 'Pinigai')"_s);
+    ravl->ExecSQL(u"insert into bd_balsas (bss_balkod, bss_sasnr) values ('A0101', '2221, 24')"_s);
+    const QString refused =
+        u"Sąskaita 24 yra biudžeto balanso formos eilutėje A0101: pirmiausia išimkite ją iš "
+        "formos"_s;
+    EXPECT_EQ(erase(Pinigai, {QMessageBox::Ok}), QStringList(refused));
+    change(Pinigai, [&](TSasPlanDlg &dialog) {
+        type(edit(dialog, "SAS_SASNR"), u"25"_s);
+        EXPECT_TRUE(refusal(dialog).contains(refused));
+        leaveUnsaved(dialog);
+    });
+    EXPECT_EQ(stored(u"24"_s), u"24|Pinigai|D|2"_s);
+    EXPECT_EQ(erase(Silumos, {QMessageBox::Yes}).size(), 1) << "222 is another account than 2221";
+}
+
 TEST_P(ChartOfAccounts, AParentDeletedMeanwhileIsTold)
 {
     choose("24");

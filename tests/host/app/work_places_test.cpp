@@ -65,11 +65,25 @@ protected:
         OnPlainList::SetUp();
         ravl->ExecSQL(u"insert into bd_fin (fin_id, fin_pavad) values (1, 'Biudžetas')"_s);
         ravl->ExecSQL(u"insert into bd_usr (usr_id, usr_name) values (1, 'ona')"_s);
+        ravl->ExecSQL(u"insert into bd_usr (usr_id, usr_name, usr_user_admin) values (2, 'rūta', 1)"_s);
         for (int k = 1; k <= 3; ++k)
             ravl->ExecSQL(u"insert into bd_kdv (kdv_id, kdv_pav) values (%1, 'Vieta %1')"_s.arg(k));
         ravl->ExecSQL(u"insert into bd_usrkdv (udv_usrid, udv_finid, udv_kdv) values (1, 1, 5)"_s);
         open();
     }
+    void addPlace(const QString &name)
+    {
+        add([name](TDarboVietaDlg &dialog) {
+            fill(dialog, "KDV_PAV", name);
+            save(dialog);
+        });
+    }
+    // User, source and mask.
+    QStringList rights()
+    {
+        return rows(*ravl, u"select udv_usrid, udv_finid, udv_kdv from bd_usrkdv order by 1, 2"_s);
+    }
+    QStringList places() { return rows(*ravl, u"select kdv_id from bd_kdv order by kdv_id"_s); }
 };
 ON_BOTH_ENGINES(WorkPlaces);
 
@@ -94,9 +108,11 @@ ON_BOTH_ENGINES(Municipalities);
 
 } // namespace
 
-TEST_P(WorkPlaces, GetTheNextNumberAndBelongToTheAdministratorWhoAddsThem)
+TEST_P(WorkPlaces, BelongToEveryAdministratorForEverySourceAndToNobodyElse)
 {
-    CurrentUser() = {.id = 1, .workPlaces = 5, .userAdmin = true};
+    ravl->ExecSQL(u"insert into bd_fin (fin_id, fin_pavad) values (2, 'Spec. lėšos')"_s);
+    ravl->ExecSQL(u"insert into bd_usrkdv (udv_usrid, udv_finid, udv_kdv) values (2, 1, 5)"_s);
+    CurrentUser() = {.id = 2, .workPlaces = 5, .userAdmin = true};
     add([](TDarboVietaDlg &dialog) {
         fill(dialog, "KDV_PAV", u"Vieta 1"_s);
         EXPECT_EQ(refusal(dialog), u"Darbo vieta \"Vieta 1\" jau yra"_s);
@@ -104,37 +120,48 @@ TEST_P(WorkPlaces, GetTheNextNumberAndBelongToTheAdministratorWhoAddsThem)
         save(dialog);
     });
     EXPECT_EQ(rows(*ravl, u"select kdv_id, kdv_pav from bd_kdv"_s).last(), u"4|Kasa"_s);
-    EXPECT_EQ(value(*ravl, u"select udv_kdv from bd_usrkdv"_s), "13");
+    EXPECT_EQ(rights(), QStringList({"1|1|5", "2|1|13", "2|2|8"}));
     EXPECT_EQ(CurrentUser().workPlaces, 13);
 }
 
-TEST_P(WorkPlaces, WhoDoesNotAdministerUsersGetsNoRightByAddingOne)
+TEST_P(WorkPlaces, ARightToAllThatWillEverBeStaysAsItIsForAnAdministratorOnly)
 {
-    CurrentUser() = {.id = 1, .workPlaces = 5};
-    add([](TDarboVietaDlg &dialog) {
-        fill(dialog, "KDV_PAV", u"Kasa"_s);
-        save(dialog);
-    });
-    EXPECT_EQ(value(*ravl, u"select udv_kdv from bd_usrkdv"_s), "5");
+    ravl->ExecSQL(u"update bd_usrkdv set udv_kdv = 65535"_s);
+    ravl->ExecSQL(u"insert into bd_usrkdv (udv_usrid, udv_finid, udv_kdv) values (2, 1, 65535)"_s);
+    addPlace(u"Kasa"_s);
+    EXPECT_EQ(rights(), QStringList({"1|1|65527", "2|1|65535"}));
 }
 
-TEST_P(WorkPlaces, AreSixteenAtMost)
+TEST_P(WorkPlaces, AreSixteenAtMostAndAFreeNumberIsTakenAgain)
 {
-    ravl->ExecSQL(u"insert into bd_kdv (kdv_id, kdv_pav) values (16, 'Paskutinė')"_s);
+    for (int k = 5; k <= 16; ++k)
+        ravl->ExecSQL(u"insert into bd_kdv (kdv_id, kdv_pav) values (%1, 'Vieta %1')"_s.arg(k));
+    addPlace(u"Ketvirta"_s);
+    EXPECT_EQ(value(*ravl, u"select kdv_id from bd_kdv where kdv_pav = 'Ketvirta'"_s), "4");
     add([](TDarboVietaDlg &dialog) {
         fill(dialog, "KDV_PAV", u"Dar viena"_s);
-        EXPECT_EQ(refusal(dialog),
-                  u"Darbo vietų gali būti ne daugiau kaip 16: pakeiskite nereikalingos pavadinimą"_s);
+        EXPECT_EQ(refusal(dialog), u"Darbo vietų gali būti ne daugiau kaip 16: ištrinkite nereikalingą arba "
+                                   "pakeiskite jos pavadinimą"_s);
         dialog.reject();
     });
-    EXPECT_EQ(value(*ravl, u"select max(kdv_id) from bd_kdv"_s), "16");
+    EXPECT_EQ(places().size(), 16);
 }
 
 TEST_P(WorkPlaces, InUseByARightAreNotDeleted)
 {
     EXPECT_EQ(erase(3, {QMessageBox::Ok}), QStringList(u"Darbo vieta \"Vieta 3\" yra vartotojų teisėse!"_s));
     EXPECT_EQ(erase(2, {QMessageBox::Yes}).size(), 1);
-    EXPECT_EQ(rows(*ravl, u"select kdv_id from bd_kdv order by kdv_id"_s), QStringList({"1", "3"}));
+    EXPECT_EQ(places(), QStringList({"1", "3"}));
+}
+
+TEST_P(WorkPlaces, AddedByMistakeAreDeletedWithTheRightsOfAdministrators)
+{
+    ravl->ExecSQL(u"insert into bd_usrkdv (udv_usrid, udv_finid, udv_kdv) values (2, 1, 7)"_s);
+    addPlace(u"Klaida"_s);
+    EXPECT_EQ(rights(), QStringList({"1|1|5", "2|1|15"}));
+    EXPECT_EQ(erase(4, {QMessageBox::Yes}).size(), 1);
+    EXPECT_EQ(places(), QStringList({"1", "2", "3"}));
+    EXPECT_EQ(rights(), QStringList({"1|1|5", "2|1|7"}));
 }
 
 TEST_P(Municipalities, AreWrittenToBothBooks)
