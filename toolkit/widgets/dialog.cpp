@@ -69,6 +69,16 @@ int widthForTitle(const QWidget *window)
     return QFontMetrics(font).horizontalAdvance(window->windowTitle()) + iconsOfFrame * icon;
 }
 
+void moveIntoScreen(QWidget *window)
+{
+    const QRect room = roomFor(window);
+    const QPoint lastCorner = room.bottomRight() - QPoint(window->width() - 1, window->height() - 1);
+    const QPoint inside(std::clamp(window->x(), room.left(), std::max(room.left(), lastCorner.x())),
+                        std::clamp(window->y(), room.top(), std::max(room.top(), lastCorner.y())));
+    if (inside != window->pos())
+        window->move(inside);
+}
+
 } // namespace
 
 QList<TDialogButton> saveAndCancel(const QString &save, const QString &cancel)
@@ -346,7 +356,9 @@ void TDialog::showEvent(QShowEvent *event)
         assignAccelerators(this);
         fitIntoScreen();
     }
-    QDialog::showEvent(event);
+    QDialog::showEvent(event); // comes to stand over the middle of its parent, unless it was moved before
+    if (!wasShown)
+        moveIntoScreen(this);
     if (!wasShown && ownFields && !focusWidget())
         ownFields->focusFirst();
     wasShown = true;
@@ -364,7 +376,4 @@ void TDialog::fitIntoScreen()
     }
     const QSize wanted = testAttribute(Qt::WA_Resized) ? size() : sizeHint().expandedTo(size());
     resize(wanted.expandedTo({widthForTitle(this), 0}).boundedTo(room.size()));
-    const QPoint lastCorner = room.bottomRight() - QPoint(width() - 1, height() - 1);
-    move(std::clamp(x(), room.left(), std::max(room.left(), lastCorner.x())),
-         std::clamp(y(), room.top(), std::max(room.top(), lastCorner.y())));
 }

@@ -337,6 +337,20 @@ TEST_F(DialogKeys, NoDialogOpensBeyondAnEdge)
     run([&] { EXPECT_TRUE(screen.contains(dialog->geometry())); });
 }
 
+TEST_F(DialogKeys, ADialogOpensOverTheMiddleOfItsWindow)
+{
+    QWidget below;
+    below.setGeometry(200, 150, 500, 400);
+    below.show();
+    dialog->setParent(&below, dialog->windowFlags());
+    run([&] {
+        const QPoint off = dialog->frameGeometry().center() - below.frameGeometry().center();
+        EXPECT_LT(std::abs(off.x()), 40);
+        EXPECT_LT(std::abs(off.y()), 80); // less the title of a desktop
+        dialog->setParent(nullptr, dialog->windowFlags());
+    });
+}
+
 // --- keys of one's own
 
 TEST_F(DialogKeys, EveryCaptionHasAKeyOfItsOwnAndKeepsItsText)
