@@ -6,6 +6,8 @@
 #include "toolkit/widgets/guard.h"
 
 #include <QComboBox>
+#include <QLabel>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -21,7 +23,8 @@ TTreeDescription nodes(const std::function<double()> &book)
                     return editRecord<TMazgasDlg>(key, caption, TRecordStart::rowOrNew(isNew, key), book(),
                                                   parent);
                 },
-            .place = placeNode};
+            .place = placeNode,
+            .consequence = lossOfHeading};
 }
 
 } // namespace
@@ -52,14 +55,21 @@ TMazgaiFrm::TMazgaiFrm(QWidget *owner, double book)
     books->setObjectName(u"BookBox"_s);
     books->setMinimumContentsLength(22);
     addToToolBar(u"Kn&yga:"_s, books);
+    readBooks(book > 0 ? book : userKnyga());
+    connectGuarded(books, &QComboBox::activated, this, [this] { RefreshData({}); });
+}
+
+void TMazgaiFrm::readBooks(double chosen)
+{
+    books->clear();
     for (const TKnyga &each : booksOf(Database()))
         books->addItem(each.name, each.id);
-    books->setCurrentIndex(qMax(0, books->findData(book > 0 ? book : userKnyga())));
-    connectGuarded(books, &QComboBox::activated, this, [this] { RefreshData({}); });
+    books->setCurrentIndex(qMax(0, books->findData(chosen)));
 }
 
 void TMazgaiFrm::RefreshData(const Variant &key)
 {
+    readBooks(books->currentData().toDouble());
     const double book = books->currentData().toDouble();
     description.parameters.insert(u"knyga"_s, book);
     tree.nodes =
@@ -91,9 +101,23 @@ TMazgasDlg::TMazgasDlg(const QString &caption, const TRecordStart &start, double
 {
 }
 
+// What the code above loses is told before anything is typed.
+void TMazgasDlg::Loaded()
+{
+    TBranchDlg::Loaded();
+    const QString loss = lossOfHeading(parentOfNew());
+    if (loss.isEmpty())
+        return;
+    auto *hint = new QLabel(loss);
+    hint->setObjectName(u"HeadingHint"_s);
+    hint->setWordWrap(true);
+    bodyLayout()->addWidget(hint);
+}
+
 void TMazgasDlg::Judge()
 {
     requireNodeCode(row());
+    makeHeading(parentOfNew());
     if (!isNew())
         requireNodeMark(row());
 }

@@ -17,6 +17,8 @@ public:
     void CheckToolButtons() override;
 
 private:
+    void readBooks(double chosen);
+
     QComboBox *books;
 };
 
@@ -27,5 +29,6 @@ public:
     TMazgasDlg(const QString &caption, const TRecordStart &start, double book, double parent);
 
 protected:
+    void Loaded() override;
     void Judge() override;
 };

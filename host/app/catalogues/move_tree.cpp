@@ -5,12 +5,11 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QSignalBlocker>
+#include <QUuid>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString draggedRow = u"application/x-velmora-row"_s;
 
 double keyOf(const QTreeWidgetItem *item)
 {
@@ -19,7 +18,9 @@ double keyOf(const QTreeWidgetItem *item)
 
 } // namespace
 
-TMoveTree::TMoveTree(QWidget *parent) : QTreeWidget(parent)
+TMoveTree::TMoveTree(QWidget *parent)
+    : QTreeWidget(parent),
+      ownRow(u"application/x-velmora-row-"_s + QUuid::createUuid().toString(QUuid::WithoutBraces))
 {
     setHeaderHidden(true);
     setUniformRowHeights(true);
@@ -83,13 +84,13 @@ void TMoveTree::goTo(double key)
 
 QStringList TMoveTree::mimeTypes() const
 {
-    return {draggedRow};
+    return {ownRow};
 }
 
 QMimeData *TMoveTree::mimeData(const QList<QTreeWidgetItem *> &dragged) const
 {
     auto *row = new QMimeData;
-    row->setData(draggedRow, QByteArray::number(keyOf(dragged.value(0)), 'f', 0));
+    row->setData(ownRow, QByteArray::number(keyOf(dragged.value(0)), 'f', 0));
     return row;
 }
 
@@ -97,7 +98,7 @@ QMimeData *TMoveTree::mimeData(const QList<QTreeWidgetItem *> &dragged) const
 // must not take the row away.
 void TMoveTree::dropEvent(QDropEvent *event)
 {
-    const double key = event->mimeData()->data(draggedRow).toDouble();
+    const double key = event->mimeData()->data(ownRow).toDouble();
     const double onto = keyOf(itemAt(event->position().toPoint()));
     event->setDropAction(Qt::IgnoreAction);
     event->accept();

@@ -6,7 +6,8 @@
 #include <QSet>
 #include <QTreeWidget>
 
-// The tree of a catalogue, whose rows can be dragged onto others. It moves nothing itself.
+// The tree of a catalogue, whose rows can be dragged onto others of it; what comes from elsewhere is not
+// taken. It moves nothing itself.
 class TMoveTree : public QTreeWidget {
     Q_OBJECT
 public:
@@ -30,6 +31,8 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
+    const QString ownRow; // the format of what is dragged: no other tree, of any program, has it
+
     void addBelow(QTreeWidgetItem *item, const TCodeTree &codes, int row);
 
     QHash<double, QTreeWidgetItem *> items; // by key; the first line is 0

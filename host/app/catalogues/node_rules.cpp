@@ -36,6 +36,27 @@ void requireNodeCode(const TDataSet &row)
         throw EFieldRefused(refusal, u"JVE_KODAS"_s);
 }
 
+void makeHeading(double node)
+{
+    TDatabase *books = sessionOf(TSession::Main);
+    const auto parent = findNode(books, node);
+    if (!parent || !parent->carriesData)
+        return;
+    if (branchIsUsed(books, u"bd_jve"_s, u"jve_id"_s, {node}))
+        throw Exception(
+            u"Kodas „%1“ jau turi sumų (sąmatą, likučių ar įrašų): kitų kodų po juo dėti negalima"_s.arg(
+                parent->label()));
+    books->ExecSQL(u"update bd_jve set jve_duom = 0 where jve_id = :id"_s, {{u"id"_s, node}});
+}
+
+QString lossOfHeading(double node)
+{
+    const auto parent = findNode(sessionOf(TSession::Main), node);
+    return parent && parent->carriesData
+               ? u"Kodas „%1“ turės žemesnių kodų, todėl pats sumų nebeturės."_s.arg(parent->label())
+               : QString();
+}
+
 void placeNode(const QList<double> &branch, double parent, bool loose)
 {
     static const auto unused = placeUnused(u"bd_jve"_s, u"jve_id"_s);
@@ -46,6 +67,7 @@ void placeNode(const QList<double> &branch, double parent, bool loose)
     const QString refusal = refusalOfCode({node->book, parent}, node->id, node->code);
     if (!refusal.isEmpty())
         throw Exception(refusal);
+    makeHeading(parent);
 }
 
 void requireNodeMark(const TDataSet &row)

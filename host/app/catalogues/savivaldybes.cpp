@@ -58,9 +58,11 @@ void TSavivaldybesFrm::CheckUsed()
 
 void TSavivaldybesFrm::DeleteRow(const Variant &key)
 {
+    TTransaction inBudget(budget());
     CheckUsed();
     TBrowseFrm::DeleteRow(key);
     budget()->ExecSQL(u"delete from bd_savivaldybes where sav_kod = :kod"_s, {{u"kod"_s, key}});
+    inBudget.commit();
 }
 
 TSavivaldybeDlg::TSavivaldybeDlg(const TRecordStart &start)
@@ -80,6 +82,8 @@ TSavivaldybeDlg::TSavivaldybeDlg(const TRecordStart &start)
 
 void TSavivaldybeDlg::Save()
 {
+    TTransaction inBudget(budget());
     TRecordDialog::Save();
     writeToBudget({{u"kod"_s, field(u"SAV_KOD"_s)->Value()}, {u"pavad"_s, field(u"SAV_PAVAD"_s)->Value()}});
+    inBudget.commit();
 }

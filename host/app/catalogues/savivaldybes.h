@@ -3,8 +3,8 @@
 #include "host/controls/browse_frm.h"
 #include "host/controls/record_dialog.h"
 
-// The municipalities. Both books have them, and both are written: the budget book inside the transaction of
-// the main one, so that what either refuses is in neither.
+// The municipalities. Both books have them, and both are written: the transaction of the budget book
+// ends inside that of the main one, when both have taken the row, so that what either refuses is in neither.
 class TSavivaldybesFrm : public TBrowseFrm {
     Q_OBJECT
 public:

@@ -184,7 +184,11 @@ void TTreeFrm::moveRow(double key, double parent)
         place(key, parent);
     }
     const QString target = above < 0 ? u"į pirmą lygį"_s : u"po „%1“"_s.arg(codes->label(above));
-    if (StdMsgBox(mkQuestion, u"Ar perkelti „%1“ %2?"_s.arg(codes->label(row), target)) != mrYes)
+    QStringList question{u"Ar perkelti „%1“ %2?"_s.arg(codes->label(row), target)};
+    if (tree.consequence)
+        question << tree.consequence(parent);
+    question.removeAll(QString());
+    if (StdMsgBox(mkQuestion, question.join(u'\n')) != mrYes)
         return;
     TTransaction transaction(Database());
     place(key, parent);

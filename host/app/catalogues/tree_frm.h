@@ -20,6 +20,9 @@ struct TTreeDescription {
     // moves the row, before it is moved. A row that is loose, because its parent is missing or stands below
     // it, has no place in the tree that it could be kept in.
     std::function<void(const QList<double> &branch, double parent, bool loose)> place;
+    // What becomes of the parent when a row comes to stand below it, as a sentence for the question; empty:
+    // nothing that need be told. May be left out.
+    std::function<QString(double parent)> consequence;
 };
 
 // The base of a catalogue whose rows form a tree: the tree on the left, and the list of TBrowseFrm beside it.

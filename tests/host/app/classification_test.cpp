@@ -1,11 +1,13 @@
 #include "host/app/catalogues/funkcijos.h"
 #include "host/app/catalogues/klasifikacija.h"
 #include "host/app/catalogues/knygos.h"
+#include "host/data/code_picker.h"
 #include "tests/host/app/tree_screen.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QLabel>
 
 using namespace Qt::StringLiterals;
 
@@ -134,6 +136,84 @@ TEST_P(Nodes, AreNotMovedWhereTheirCodeIsAlready)
     NextBoxes asked{QMessageBox::Yes};
     screen->acMoveTop->trigger();
     EXPECT_EQ(parentOf(Prekes), "NULL");
+}
+
+TEST_P(Nodes, WhatIsDraggedFromAnotherTreeIsNotTaken)
+{
+    const std::unique_ptr<TMazgaiFrm> second(createForm<TMazgaiFrm>(nullptr));
+    second->show();
+    const QAbstractItemModel &theirs = *second->findChild<TMoveTree *>()->model();
+    const std::unique_ptr<QMimeData> row(theirs.mimeData({theirs.index(0, 0, theirs.index(0, 0))}));
+    EXPECT_FALSE(drop(*row, "9"));
+    QCoreApplication::processEvents(); // no question comes
+    EXPECT_EQ(parentOf(Islaidos), "NULL");
+}
+
+TEST_P(Nodes, AreMovedToWhatIsPicked)
+{
+    stand(Prekes);
+    NextBoxes asked{QMessageBox::Yes};
+    OnNextDialog<TCodePicker> picker([](TCodePicker &dialog) {
+        EXPECT_EQ(dialog.windowTitle(), u"Kur perkelti 2.2  Prekės?"_s);
+        type(dialog.findChild<QLineEdit *>(), u"kita"_s);
+        pressButton(dialog, u"Pasirinkti"_s);
+    });
+    EXPECT_EQ(screen->acMove->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_M));
+    screen->acMove->trigger();
+    EXPECT_EQ(asked.texts(), QStringList(u"Ar perkelti „2.2  Prekės“ po „9  Kita“?"_s));
+    EXPECT_EQ(parentOf(Prekes), "5");
+    EXPECT_EQ(screen->currentKey().toInt(), Prekes);
+}
+
+TEST_P(Nodes, BecomeHeadingsWithTheFirstBelowThem)
+{
+    const QString loss = u"Kodas „2.2  Prekės“ turės žemesnių kodų, todėl pats sumų nebeturės."_s;
+    const auto mark = [this] { return value(*fin, u"select jve_duom from bd_jve where jve_id = 4"_s); };
+    choose("2.2");
+    add([&](TMazgasDlg &dialog) {
+        EXPECT_EQ(dialog.findChild<QLabel *>("HeadingHint")->text(), loss);
+        fill(dialog, u"2.2.1"_s, u"Kanceliarinės"_s);
+        save(dialog);
+    });
+    EXPECT_EQ(mark(), "0");
+    add([&](TMazgasDlg &dialog) {
+        EXPECT_EQ(dialog.findChild<QLabel *>("HeadingHint"), nullptr);
+        leaveUnsaved(dialog);
+    });
+    fin->ExecSQL(u"update bd_jve set jve_duom = 1 where jve_id = 4"_s);
+    EXPECT_EQ(drag("9", "2.2", {QMessageBox::No}),
+              QStringList(u"Ar perkelti „9  Kita“ po „2.2  Prekės“?\n"_s + loss));
+    EXPECT_EQ(mark(), "1");
+    drag("9", "2.2", {QMessageBox::Yes});
+    EXPECT_EQ(mark(), "0");
+}
+
+TEST_P(Nodes, WithAmountsTakeNoneBelowThem)
+{
+    use(Prekes);
+    const QString refused =
+        u"Kodas „2.2  Prekės“ jau turi sumų (sąmatą, likučių ar įrašų): kitų kodų po juo dėti "
+        "negalima"_s;
+    choose("2.2");
+    add([&](TMazgasDlg &dialog) {
+        fill(dialog, u"2.2.1"_s, u"Kanceliarinės"_s);
+        EXPECT_EQ(refusal(dialog), refused);
+        leaveUnsaved(dialog);
+    });
+    EXPECT_EQ(drag("9", "2.2", {QMessageBox::Ok}), QStringList(refused));
+    EXPECT_EQ(rows(*fin, u"select jve_duom from bd_jve where jve_tevid = 4 or jve_id = 4"_s),
+              QStringList("1"));
+}
+
+TEST_P(Nodes, ABookAddedElsewhereIsOfferedAfterARefreshAndTheChosenOneStays)
+{
+    auto *books = screen->findChild<QComboBox *>("BookBox");
+    books->setCurrentIndex(books->findText(u"Švietimas"_s));
+    emit books->activated(books->currentIndex());
+    secondFin()->ExecSQL(u"insert into bd_asgisl (isl_id, isl_pavad) values (3, 'Kultūra')"_s);
+    stand(0);
+    EXPECT_EQ(books->currentText(), u"Švietimas"_s);
+    EXPECT_EQ(books->count(), 3);
 }
 
 // The other station's move is under way when this one begins.

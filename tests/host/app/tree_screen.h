@@ -73,7 +73,7 @@ protected:
         OnNextDialog<Dialog> dialog(user);
         screen->EditBtnClick();
     }
-    // Answers every box that comes with yes; their texts.
+    // Deletes the row with the key; the texts of the boxes that come, each answered as given.
     QStringList erase(double key, std::initializer_list<QMessageBox::StandardButton> answers)
     {
         stand(key);
@@ -81,23 +81,26 @@ protected:
         screen->acDelete->trigger();
         return boxes.texts();
     }
-    // Drags a line of the tree onto another.
+    // Drags a line of the tree onto another; the texts of the boxes that come.
     QStringList drag(const QString &line, const QString &onto,
                      std::initializer_list<QMessageBox::StandardButton> answers)
     {
         tree().expandAll();
-        auto *dragged = lineOf(line);
-        const QPoint at = tree().visualItemRect(lineOf(onto)).center();
-        QMimeData data;
-        data.setData("application/x-velmora-row",
-                     QByteArray::number(dragged->data(0, Qt::UserRole).toLongLong()));
         NextBoxes boxes(answers);
-        QDragEnterEvent enter(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(tree().viewport(), &enter);
-        QDropEvent drop(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(tree().viewport(), &drop);
+        drop(*std::unique_ptr<QMimeData>(tree().model()->mimeData({tree().indexFromItem(lineOf(line))})),
+             onto);
         QCoreApplication::processEvents();
         return boxes.texts();
+    }
+    // Drops what is dragged onto a line; true when the tree would take it.
+    bool drop(const QMimeData &data, const QString &onto)
+    {
+        const QPoint at = tree().visualItemRect(lineOf(onto)).center();
+        QDragEnterEvent enter(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(tree().viewport(), &enter);
+        QDropEvent dropped(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(tree().viewport(), &dropped);
+        return enter.isAccepted();
     }
 
     static QLineEdit *edit(QWidget &dialog, const char *column)
