@@ -53,6 +53,22 @@ protected:
 };
 ON_BOTH_ENGINES(ChartOfAccounts);
 
+// What another station has begun to write; it ends as soon as somebody waits for it.
+struct UnderWay {
+    UnderWay(TDatabase &station, const QString &statement) : other(station)
+    {
+        other.StartTransaction();
+        other.ExecSQL(statement);
+        TDatabase::setBusyHook([this] { other.Commit(); });
+    }
+    ~UnderWay()
+    {
+        TDatabase::setBusyHook({});
+        other.Commit();
+    }
+    TDatabase &other;
+};
+
 } // namespace
 
 TEST_P(ChartOfAccounts, IsATreeWithTheAccountsOfTheChosenBranchBesideIt)
@@ -274,14 +290,14 @@ TEST_P(ChartOfAccounts, TwoStationsDoNotAddTheSameNumber)
     EXPECT_EQ(stored(u"223"_s), u"223|Jų|D|22"_s);
 }
 
-// What is typed is accepted when the field is left; the other station writes after that.
+// What is typed is accepted before the save begins; the other station ends after that.
 TEST_P(ChartOfAccounts, ANumberIsJudgedAgainWhenItIsSaved)
 {
     choose("22");
     add([this](TSasPlanDlg &dialog) {
         fill(dialog, u"223"_s, u"Nuomos skolos"_s);
         leave(edit(dialog, "SAS_PAVAD"));
-        secondFin()->ExecSQL(u"update bd_sasplan set sas_sasnr = '23' where sas_id = 2"_s);
+        const UnderWay other(*secondFin(), u"update bd_sasplan set sas_sasnr = '23' where sas_id = 2"_s);
         EXPECT_TRUE(refusal(dialog).contains(u"turi prasidėti aukštesnės sąskaitos „23  Gautinos sumos“"_s));
         EXPECT_EQ(edit(dialog, "SAS_PAVAD")->text(), u"Nuomos skolos"_s);
         leaveUnsaved(dialog);
@@ -290,7 +306,7 @@ TEST_P(ChartOfAccounts, ANumberIsJudgedAgainWhenItIsSaved)
     change(Pinigai, [this](TSasPlanDlg &dialog) {
         fill(dialog, u"25"_s, u"Pinigai"_s);
         leave(edit(dialog, "SAS_PAVAD"));
-        secondFin()->ExecSQL(u"insert into bd_sasplan values (50, '241', 'Kasa', 'D', 5)"_s);
+        const UnderWay other(*secondFin(), u"insert into bd_sasplan values (50, '241', 'Kasa', 'D', 5)"_s);
         EXPECT_TRUE(refusal(dialog).contains(u"Sąskaitos 24 numeris nekeičiamas"_s));
         leaveUnsaved(dialog);
     });
@@ -303,7 +319,7 @@ TEST_P(ChartOfAccounts, ANumberBeginsWithThatOfTheParentItHasByThen)
     change(8, [this](TSasPlanDlg &dialog) {
         fill(dialog, u"2230"_s, u"Miesto"_s);
         leave(edit(dialog, "SAS_PAVAD"));
-        secondFin()->ExecSQL(u"update bd_sasplan set sas_tevid = 4 where sas_id = 8"_s);
+        const UnderWay other(*secondFin(), u"update bd_sasplan set sas_tevid = 4 where sas_id = 8"_s);
         EXPECT_TRUE(refusal(dialog).contains(u"turi prasidėti aukštesnės sąskaitos „222  Šilumos skolos“"_s));
         leaveUnsaved(dialog);
     });
