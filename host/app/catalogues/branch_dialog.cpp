@@ -2,6 +2,9 @@
 
 #include "host/app/catalogues/table_lock.h"
 
+#include <QLabel>
+#include <QVBoxLayout>
+
 using namespace Qt::StringLiterals;
 
 TBranchDlg::TBranchDlg(TRecordDescription described, const TRecordStart &start, const QString &column,
@@ -22,6 +25,12 @@ void TBranchDlg::Loaded()
         field(column)->setValue(value);
     if (above > 0)
         field(parentColumn)->setAsFloat(above);
+    if (const QString told = hint(); !told.isEmpty()) {
+        auto *label = new QLabel(told);
+        label->setObjectName(u"hint"_s);
+        label->setWordWrap(true);
+        bodyLayout()->addWidget(label);
+    }
 }
 
 // What was judged while typing is judged once more: another station may have written since.

@@ -19,6 +19,9 @@ protected:
     // the transaction of the save before anything is written; no other station writes the table meanwhile.
     virtual void Judge() {}
 
+    // What a new row brings with it, told before anything is typed; empty: nothing.
+    virtual QString hint() const { return {}; }
+
     double parentOfNew() const { return isNew() ? above : 0; } // 0 for a row at the top, too
 
 private:

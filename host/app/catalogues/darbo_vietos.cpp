@@ -1,19 +1,12 @@
 #include "host/app/catalogues/darbo_vietos.h"
 
 #include "host/app/catalogues/table_lock.h"
+#include "host/app/catalogues/work_place_rights.h"
 #include "host/data/main_datas.h"
-#include "toolkit/data/statement.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int mostWorkPlaces = 16; // bits of a user's rights
-
-quint16 bitOf(int workPlace)
-{
-    return quint16(1U << (workPlace - 1));
-}
 
 bool editWorkPlace(int &key, bool isNew)
 {
@@ -21,50 +14,6 @@ bool editWorkPlace(int &key, bool isNew)
     if (saved && isNew && CurrentUser().userAdmin)
         CurrentUser().workPlaces |= bitOf(key);
     return saved;
-}
-
-QString ofAdministrators(const QString &rights = u"in"_s)
-{
-    return u"udv_usrid %1 (select usr_id from bd_usr where usr_user_admin = 1)"_s.arg(rights);
-}
-
-const QString notIn = u"not in"_s;
-
-QString hasBit(int bit)
-{
-    return u"(udv_kdv & %1) <> 0"_s.arg(bit);
-}
-
-void takeBit(TDatabase *budget, int bit, const QString &whose)
-{
-    budget->ExecSQL(u"update bd_usrkdv set udv_kdv = udv_kdv - %1 where %2 and %3"_s.arg(QString::number(bit),
-                                                                                         hasBit(bit), whose));
-}
-
-// Who may hand out rights hands out his own: a new work place is among them at once, for every source, else
-// nobody could. A mask may have had the bit before there was such a place; it is no right of anybody else.
-void giveToAdministrators(TDatabase *budget, int bit)
-{
-    takeBit(budget, bit, ofAdministrators(notIn));
-    budget->ExecSQL(u"update bd_usrkdv set udv_kdv = udv_kdv + %1 where (udv_kdv & %1) = 0 and %2"_s.arg(
-        QString::number(bit), ofAdministrators()));
-    budget->ExecSQL(u"insert into bd_usrkdv (udv_usrid, udv_finid, udv_kdv) select usr_id, fin_id, %1 from "
-                    u"bd_usr, bd_fin "
-                    "where usr_user_admin = 1 and not exists "
-                    "(select 1 from bd_usrkdv where udv_usrid = usr_id and udv_finid = fin_id)"_s.arg(bit));
-}
-
-int lowestFreeNumber(TDatabase *budget)
-{
-    QSet<int> taken;
-    const auto places = budget->prepare(u"select kdv_id from bd_kdv"_s);
-    for (places->exec(); places->next();)
-        taken.insert(int(places->integer(0)));
-    for (int number = 1; number <= mostWorkPlaces; ++number)
-        if (!taken.contains(number))
-            return number;
-    throw Exception(u"Darbo vietų gali būti ne daugiau kaip %1: ištrinkite nereikalingą arba pakeiskite jos "
-                    "pavadinimą"_s.arg(mostWorkPlaces));
 }
 
 } // namespace
@@ -87,9 +36,7 @@ TDarboVietosFrm::TDarboVietosFrm(QWidget *owner)
 // An administrator has every place, whether he works there or not.
 void TDarboVietosFrm::CheckUsed()
 {
-    const Variant uses = Database()->fieldResult(u"select count(*) from bd_usrkdv where %1 and %2"_s.arg(
-        hasBit(bitOf(currentKey().toInt())), ofAdministrators(notIn)));
-    if (uses.toInt() > 0)
+    if (isGivenToOthers(Database(), bitOf(currentKey().toInt())))
         throw Exception(u"Darbo vieta \"%1\" yra vartotojų teisėse!"_s.arg(
             dataSet()->FieldByName(u"KDV_PAV"_s)->AsString()));
 }
@@ -99,7 +46,7 @@ void TDarboVietosFrm::DeleteRow(const Variant &key)
     lockTable(Database(), u"bd_usrkdv"_s);
     CheckUsed();
     TBrowseFrm::DeleteRow(key);
-    takeBit(Database(), bitOf(key.toInt()), ofAdministrators());
+    takeFromAdministrators(Database(), bitOf(key.toInt()));
 }
 
 TDarboVietaDlg::TDarboVietaDlg(const TRecordStart &start)

@@ -6,8 +6,6 @@
 #include "toolkit/widgets/guard.h"
 
 #include <QComboBox>
-#include <QLabel>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -101,17 +99,9 @@ TMazgasDlg::TMazgasDlg(const QString &caption, const TRecordStart &start, double
 {
 }
 
-// What the code above loses is told before anything is typed.
-void TMazgasDlg::Loaded()
+QString TMazgasDlg::hint() const
 {
-    TBranchDlg::Loaded();
-    const QString loss = lossOfHeading(parentOfNew());
-    if (loss.isEmpty())
-        return;
-    auto *hint = new QLabel(loss);
-    hint->setObjectName(u"HeadingHint"_s);
-    hint->setWordWrap(true);
-    bodyLayout()->addWidget(hint);
+    return lossOfHeading(parentOfNew());
 }
 
 void TMazgasDlg::Judge()

@@ -29,6 +29,6 @@ public:
     TMazgasDlg(const QString &caption, const TRecordStart &start, double book, double parent);
 
 protected:
-    void Loaded() override;
+    QString hint() const override;
     void Judge() override;
 };

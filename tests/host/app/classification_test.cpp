@@ -171,13 +171,13 @@ TEST_P(Nodes, BecomeHeadingsWithTheFirstBelowThem)
     const auto mark = [this] { return value(*fin, u"select jve_duom from bd_jve where jve_id = 4"_s); };
     choose("2.2");
     add([&](TMazgasDlg &dialog) {
-        EXPECT_EQ(dialog.findChild<QLabel *>("HeadingHint")->text(), loss);
+        EXPECT_EQ(dialog.findChild<QLabel *>("hint")->text(), loss);
         fill(dialog, u"2.2.1"_s, u"Kanceliarinės"_s);
         save(dialog);
     });
     EXPECT_EQ(mark(), "0");
     add([&](TMazgasDlg &dialog) {
-        EXPECT_EQ(dialog.findChild<QLabel *>("HeadingHint"), nullptr);
+        EXPECT_EQ(dialog.findChild<QLabel *>("hint"), nullptr);
         leaveUnsaved(dialog);
     });
     fin->ExecSQL(u"update bd_jve set jve_duom = 1 where jve_id = 4"_s);
