@@ -1,5 +1,6 @@
 #include "host/data/connections.h"
 
+#include "database/backups/replacement.h"
 #include "database/private_place.h"
 #include "database/schema.h"
 #include "database/sqlite_routines.h"
@@ -116,6 +117,7 @@ void requireAccess(const QString &folder)
 bool embeddedBooksExist(const QString &folder)
 {
     requireAccess(folder);
+    finishReplacement(folder);
     return TNewBooks(folder).exist();
 }
 

@@ -1,5 +1,6 @@
 #include "host/data/known_books.h"
 
+#include "database/backups/replacement.h"
 #include "database/private_place.h"
 #include "database/schema.h"
 #include "host/data/settings_file.h"
@@ -165,6 +166,8 @@ void requireThere(const TKnownBooks &known)
 
 QString nameInBooks(const TBooksSettings &books)
 {
+    if (books.isEmbedded())
+        finishReplacement(books.folder);
     TSessionSettings settings = books.books().fin;
     settings.readOnly = true;
     TDatabase fin(settings);

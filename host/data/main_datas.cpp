@@ -1,5 +1,6 @@
 #include "host/data/main_datas.h"
 
+#include "database/backups/replacement.h"
 #include "database/schema.h"
 #include "database/sqlite_routines.h"
 #include "host/common/forms.h"
@@ -21,7 +22,10 @@ std::unique_ptr<TMainDatas> &current()
 // for.
 void requireFile(const TSessionSettings &settings)
 {
-    if (settings.engine == Engine::Sqlite && !QFileInfo(settings.file).isFile())
+    if (settings.engine != Engine::Sqlite)
+        return;
+    finishReplacement(QFileInfo(settings.file).absolutePath());
+    if (!QFileInfo(settings.file).isFile())
         throw EDatabaseError(
             u"Nėra duomenų bazės failo „%1“."_s.arg(QDir::toNativeSeparators(settings.file)));
 }

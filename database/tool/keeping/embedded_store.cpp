@@ -1,8 +1,8 @@
+#include "database/backups/replacement.h"
+#include "database/backups/whole_file.h"
 #include "database/private_place.h"
 #include "database/tool/keeping/store.h"
-#include "database/tool/keeping/whole_file.h"
 
-#include <QDateTime>
 #include <QFileInfo>
 #include <QLockFile>
 
@@ -12,24 +12,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A database file and what the engine keeps beside it.
-const QStringList companions{u""_s, u"-wal"_s, u"-shm"_s, u"-journal"_s};
-
 void removeDatabase(const QString &file)
 {
-    for (const QString &companion : companions)
+    QFile::remove(file);
+    for (const QString &companion : databaseCompanions())
         QFile::remove(file + companion);
-}
-
-// The files of a database that exist, as pairs of ending and file name.
-QStringList existingCompanions(const QString &file)
-{
-    QStringList existing;
-    for (const QString &companion : companions) {
-        if (QFileInfo::exists(file + companion))
-            existing.append(companion);
-    }
-    return existing;
 }
 
 // Makes sure that no other program has the file open, and brings its write-ahead log into it. A file that is
@@ -51,17 +38,35 @@ void closeForOthers(const QString &file)
             u"Duomenų bazę „%1“ naudoja kita programa. Uždarykite ją ir bandykite dar kartą."_s.arg(file));
 }
 
+// What a killed program had begun to write is taken back by whoever opens the file to write. One who only
+// reads may not, and would find nothing to read.
+void takeBackUnfinished(const QString &file)
+{
+    if (QFileInfo(file + u"-journal"_s).size() == 0)
+        return;
+    sqlite3 *db = nullptr;
+    if (sqlite3_open_v2(file.toUtf8().constData(), &db, SQLITE_OPEN_READWRITE, nullptr) == SQLITE_OK)
+        sqlite3_exec(db, "select count(*) from sqlite_master", nullptr, nullptr, nullptr);
+    sqlite3_close(db);
+}
+
 class TEmbeddedStore : public TStore {
 public:
-    explicit TEmbeddedStore(const QString &name) : folder(name), lock(QDir(name).filePath(u"velmora.lock"_s))
+    explicit TEmbeddedStore(const QString &name) : folder(name), lock(booksLock(name))
     {
         place = embeddedBooks(folder);
         asidePlace = place;
-        asidePlace.fin.file += u".nauja"_s;
-        asidePlace.ravl.file += u".nauja"_s;
+        asidePlace.fin.file += QLatin1String(newEnding);
+        asidePlace.ravl.file += QLatin1String(newEnding);
     }
 
-    int present() override { return QFileInfo::exists(place.fin.file) + QFileInfo::exists(place.ravl.file); }
+    int present() override
+    {
+        finishReplacement(folder);
+        for (const QString &file : {place.fin.file, place.ravl.file})
+            takeBackUnfinished(file);
+        return QFileInfo::exists(place.fin.file) + QFileInfo::exists(place.ravl.file);
+    }
 
     void prepareAside() override
     {
@@ -72,6 +77,7 @@ public:
             throw EFileError(
                 u"Kataloge „%1“ duomenų bazes jau kuria kita programa arba į jį negalima rašyti."_s.arg(
                     folder));
+        finishReplacementLocked(folder);
         discardAside();
         makePrivateFile(asidePlace.fin.file);
         makePrivateFile(asidePlace.ravl.file);
@@ -79,42 +85,21 @@ public:
 
     void discardAside() override
     {
+        if (replacementUnderWay(folder))
+            return;
         removeDatabase(asidePlace.fin.file);
         removeDatabase(asidePlace.ravl.file);
     }
 
-    // At no moment do an old and a new file stand together under the final names, nor none of the two: a run
-    // that is killed in between leaves the budget file alone, which every program refuses to open.
     QStringList adoptAside() override
     {
-        const QString stamp = u".sena-"_s + QDateTime::currentDateTime().toString(u"yyyyMMddTHHmmsszzz"_s);
-        const QStringList files{place.fin.file, place.ravl.file};
-        for (const QString &file : files)
-            makeReady(file);
-        QStringList kept;
-        bool budgetIsNew = false;
-        try {
-            for (const QString &file : files) {
-                moveCompanions(file, stamp);
-                if (!QFileInfo::exists(file))
-                    continue;
-                nameAgain(file, file + stamp);
-                kept.append(file + stamp);
-            }
-            QFile::remove(place.fin.file); // it keeps its second name
-            syncFolder(folder);
-            renameOver(asidePlace.ravl.file, place.ravl.file);
-            budgetIsNew = true;
-            syncFolder(folder);
-            renameOver(asidePlace.fin.file, place.fin.file);
-        } catch (const Exception &) {
-            if (budgetIsNew)
-                QFile::remove(place.ravl.file);
-            putBack(files, stamp);
-            throw;
+        for (const QString &file : {place.fin.file, place.ravl.file}) {
+            closeForOthers(file + QLatin1String(newEnding));
+            syncFile(file + QLatin1String(newEnding));
+            if (QFileInfo::exists(file))
+                closeForOthers(file);
         }
-        syncFolder(folder);
-        return kept;
+        return replaceBooks(folder);
     }
 
     void dump(const TSessionSettings &session, const QString &file) override
@@ -132,34 +117,6 @@ public:
     }
 
 private:
-    static void makeReady(const QString &file)
-    {
-        closeForOthers(file + u".nauja"_s);
-        syncFile(file + u".nauja"_s);
-        if (QFileInfo::exists(file))
-            closeForOthers(file);
-    }
-
-    // What the engine keeps beside a file that it could not close; it must never meet a new file.
-    static void moveCompanions(const QString &file, const QString &stamp)
-    {
-        for (const QString &companion : existingCompanions(file)) {
-            if (!companion.isEmpty())
-                renameOver(file + companion, file + stamp + companion);
-        }
-    }
-
-    static void putBack(const QStringList &files, const QString &stamp)
-    {
-        for (const QString &file : files) {
-            for (const QString &companion : existingCompanions(file + stamp)) {
-                renameOver(file + stamp + companion, file + companion);
-                QFile::remove(file + stamp +
-                              companion); // a second name of the same file survives the renaming
-            }
-        }
-    }
-
     QString folder;
     QLockFile lock;
 };

@@ -1,8 +1,8 @@
 #include "database/tool/keeping/keeper.h"
 
+#include "database/backups/archive.h"
 #include "database/demo/demo.h"
 #include "database/schema.h"
-#include "database/tool/keeping/archive.h"
 #include "database/tool/keeping/totals.h"
 #include "toolkit/data/statement.h"
 #include "toolkit/export/table_export.h"

@@ -1,6 +1,6 @@
 #include "tests/database/tool/demo_store.h"
 
-#include "database/tool/keeping/archive.h"
+#include "database/backups/archive.h"
 #include "tests/database/tool/velmora_db.h"
 #include "tests/support/files.h"
 #include "tests/support/private_files.h"

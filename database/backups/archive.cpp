@@ -1,4 +1,4 @@
-#include "database/tool/keeping/archive.h"
+#include "database/backups/archive.h"
 
 #include <QCryptographicHash>
 #include <QJsonArray>

@@ -37,5 +37,3 @@ void syncFile(const QString &file);
 void syncFolder(const QString &folder);
 // Renames, replacing the target. Raises EFileError.
 void renameOver(const QString &from, const QString &to);
-// Gives a file a second name. Raises EFileError.
-void nameAgain(const QString &file, const QString &secondName);

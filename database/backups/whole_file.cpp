@@ -1,4 +1,4 @@
-#include "database/tool/keeping/whole_file.h"
+#include "database/backups/whole_file.h"
 
 #include <QFileInfo>
 
@@ -108,10 +108,4 @@ void renameOver(const QString &from, const QString &to)
 {
     if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) != 0)
         failWriting(to, systemTrouble(errno));
-}
-
-void nameAgain(const QString &file, const QString &secondName)
-{
-    if (::link(QFile::encodeName(file).constData(), QFile::encodeName(secondName).constData()) != 0)
-        failWriting(secondName, systemTrouble(errno));
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/tool/keeping/whole_file.h"
+#include "database/backups/whole_file.h"
 
 #include <QJsonObject>
 #include <QList>
