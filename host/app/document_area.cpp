@@ -9,6 +9,9 @@
 #include <QPointer>
 #include <QStyle>
 
+#include <algorithm>
+#include <utility>
+
 namespace {
 
 constexpr char topicProperty[] = "helpTopic";
@@ -39,7 +42,11 @@ TDocumentArea::TDocumentArea(QWidget *parent) : QMdiArea(parent)
     connectGuarded(this, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *window) {
         // The area moves the focus itself after it told of the activation.
         QMetaObject::invokeMethod(
-            this, [this, window = QPointer<QMdiSubWindow>(window)] { giveKeyboard(window); },
+            this,
+            [this, window = QPointer<QMdiSubWindow>(window)] {
+                placeHome();
+                giveKeyboard(window);
+            },
             Qt::QueuedConnection);
     });
 }
@@ -55,6 +62,7 @@ void TDocumentArea::open(const TPackageEntry &entry)
     }
     QMdiSubWindow *window = make(entry);
     window->show();
+    placeHome();
     giveKeyboard(window);
     // A screen puts itself where it was kept, after it is shown.
     QMetaObject::invokeMethod(
@@ -85,10 +93,43 @@ QMdiSubWindow *TDocumentArea::windowOf(const QString &name) const
     return nullptr;
 }
 
+QWidget *TDocumentArea::document(const QString &name) const
+{
+    const QMdiSubWindow *window = windowOf(name);
+    return window ? window->widget() : nullptr;
+}
+
+void TDocumentArea::setHome(QWidget *page, int help)
+{
+    delete std::exchange(home, page);
+    if (home) {
+        home->setParent(viewport());
+        home->setProperty(topicProperty, help);
+    }
+    placeHome();
+}
+
+void TDocumentArea::placeHome()
+{
+    if (!home)
+        return;
+    home->setGeometry(viewport()->rect());
+    const auto windows = subWindowList();
+    home->setVisible(std::ranges::all_of(windows, &QMdiSubWindow::isHidden));
+}
+
+void TDocumentArea::resizeEvent(QResizeEvent *event)
+{
+    QMdiArea::resizeEvent(event);
+    placeHome();
+}
+
 int TDocumentArea::helpTopic() const
 {
-    const QMdiSubWindow *window = activeSubWindow();
-    return window ? window->property(topicProperty).toInt() : 0;
+    const QWidget *inFront = activeSubWindow();
+    if (!inFront && home && home->isVisible())
+        inFront = home;
+    return inFront ? inFront->property(topicProperty).toInt() : 0;
 }
 
 // A window never stands exactly on another one: it moves down and right by a title bar until it is alone
@@ -112,8 +153,9 @@ void TDocumentArea::giveKeyboard(QMdiSubWindow *window)
 {
     const QWidget *focused = QApplication::focusWidget();
     if (!window) {
+        QWidget *linkLeft = home && home->isVisible() ? home->focusWidget() : nullptr;
         if (!activeSubWindow() && (!focused || focused->window() == this->window()))
-            setFocus();
+            (linkLeft ? linkLeft : this)->setFocus();
         return;
     }
     QWidget *document = window->widget();

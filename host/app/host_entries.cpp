@@ -2,16 +2,20 @@
 
 #include "host/app/catalogues/darbo_vietos.h"
 #include "host/app/catalogues/funkcijos.h"
+#include "host/app/catalogues/irasai.h"
 #include "host/app/catalogues/klasifikacija.h"
 #include "host/app/catalogues/knygos.h"
 #include "host/app/catalogues/sas_plan.h"
 #include "host/app/catalogues/savivaldybes.h"
+#include "host/app/close_check/close_check_frm.h"
+#include "host/app/close_check/roll_back_frm.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// The menu has the package's catalogues, too: no key in it may be taken twice.
+// These menus have entries of the package, too: no key in them may be taken twice.
+const QString periods = u"Pe&riodas"_s;
 const QString catalogues = u"&Žinynai"_s;
 const QStringList classification{catalogues, u"Klas&ifikacija"_s};
 
@@ -31,6 +35,9 @@ template<class Form> TPackageEntry listScreen(const QStringList &menu, const QSt
 const TPackageEntries &hostEntries()
 {
     static const TPackageEntries entries{
+        listScreen<TCloseCheckFrm>({periods}, u"&Tikrinimas prieš uždarymą…"_s, 128),
+        listScreen<TRollBackFrm>({periods}, u"&Kas bus ištrinta atšaukus…"_s, 128),
+        listScreen<TIrasaiFrm>({periods}, u"&Mėnesio įrašai…"_s, 128),
         listScreen<TSasPlanFrm>({catalogues}, u"&Sąskaitų planas…"_s, 121),
         listScreen<TKnygosFrm>(classification, u"&Knygos…"_s, 122),
         listScreen<TMazgaiFrm>(classification, u"Klasifikacijos ko&dai…"_s, 122),

@@ -2,9 +2,13 @@
 
 #include "host/accounts/form_check.h"
 #include "host/app/about.h"
+#include "host/app/close_check/close_check_frm.h"
+#include "host/app/home/home_page.h"
+#include "host/app/home/screen_use.h"
 #include "host/app/host_entries.h"
 #include "host/app/institutions.h"
 #include "host/app/setup/setup_dialog.h"
+#include "host/app/stand_on.h"
 #include "host/app/start_of_work.h"
 #include "host/common/help.h"
 #include "host/common/months.h"
@@ -26,6 +30,7 @@
 namespace {
 
 constexpr int contentsTopic = 1;
+constexpr int homeTopic = 129;
 constexpr int windowsWithDigit = 9;
 
 // The platform's style, in which Alt alone leads to the menu bar and the menu that it leads to is seen.
@@ -221,6 +226,22 @@ void TMainWindow::setLoggedIn(bool on)
         if (auto *action = findChild<QAction *>(entry.name))
             action->setEnabled(!entry.writes || !CurrentUser().viewOnly);
     showStatus();
+    showHome(on);
+}
+
+// Made at the login: what is painted before needs no page.
+void TMainWindow::showHome(bool on)
+{
+    auto *home = on ? new THomePage(entries, this) : nullptr;
+    area->setHome(home, homeTopic);
+    if (!home)
+        return;
+    connectGuarded(home, &THomePage::chosen, this, [this](const THomeLine &line) {
+        openAt(line.place);
+        if (auto *checks = qobject_cast<TCloseCheckFrm *>(area->document(line.place.screen)))
+            checks->showCheck(line.check);
+    });
+    home->begin();
 }
 
 void TMainWindow::openEntry(const QString &name)
@@ -242,6 +263,15 @@ void TMainWindow::openEntry(const QString &name)
         entry->call();
         break;
     }
+    if (MainDatas())
+        countUse(*MainDatas()->mnFin_Db(), *entry);
+}
+
+void TMainWindow::openAt(const TPlace &place)
+{
+    openEntry(place.screen);
+    if (QWidget *document = area->document(place.screen))
+        standOn(*document, place.key);
 }
 
 void TMainWindow::runDialog(const TPackageEntry &entry)

@@ -2,6 +2,7 @@
 
 #include "host/app/document_area.h"
 #include "host/app/package.h"
+#include "host/app/place.h"
 
 #include <QLabel>
 #include <QMainWindow>
@@ -20,6 +21,9 @@ public:
     // Opens a screen, dialog or function. Raises Exception when there is no such name, and
     // when it only writes and the user may only look.
     void openEntry(const QString &name);
+    // Opens a screen and stands on the row, or the node, of that key in the current period, where there is
+    // such a one. Raises as openEntry() does.
+    void openAt(const TPlace &place);
 
     // Enables the menus for the user who has logged in, or shuts them.
     void setLoggedIn(bool on);
@@ -44,6 +48,7 @@ private:
     void followPeriod();
 
     void runDialog(const TPackageEntry &entry);
+    void showHome(bool on);
 
     TLoadedPackage &package;
     const TPackageEntries entries; // the package's and the host's own

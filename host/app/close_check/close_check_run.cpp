@@ -1,0 +1,128 @@
+#include "host/app/close_check/close_check_run.h"
+
+#include "host/data/main_datas.h"
+#include "toolkit/data/connection.h"
+#include "toolkit/widgets/guard.h"
+
+#include <QElapsedTimer>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+using State = TCheckOutcome::State;
+
+constexpr auto breath = 5ms;     // between two checks, for keys and painting
+constexpr auto patience = 100ms; // while the session is at work
+constexpr auto unnoticed = 200ms;
+
+bool sessionAtWork()
+{
+    return BusyBeat::isBeating() || MainDatas()->mnFin_Db()->InTransaction() ||
+           MainDatas()->mnRavl()->InTransaction();
+}
+
+TCheckOutcome outcomeOf(const TCloseCheck &check)
+{
+    const TClosing closing{*MainDatas()->mnFin_Db(), *MainDatas()->mnRavl(), qRound64(EinPer_Id()),
+                           EinPer_Date()};
+    TCheckOutcome outcome;
+    QElapsedTimer clock;
+    clock.start();
+    try {
+        outcome.findings = check.find(closing);
+        outcome.state = outcome.findings.empty() ? State::Clear : State::Found;
+    } catch (const EConnectionLost &) {
+        throw;
+    } catch (const Exception &error) {
+        outcome.state = State::NotChecked;
+        outcome.why = error.message();
+    }
+    outcome.took = std::chrono::milliseconds(clock.elapsed());
+    return outcome;
+}
+
+} // namespace
+
+TCloseCheckRun::TCloseCheckRun(QObject *owner) : QObject(owner)
+{
+    next.setSingleShot(true);
+    connectGuarded(&next, &QTimer::timeout, this, [this] { step(); });
+}
+
+void TCloseCheckRun::start()
+{
+    quickOnly = false;
+    outcomes.assign(closeChecks().size(), {});
+    begin();
+}
+
+void TCloseCheckRun::startQuick()
+{
+    if (running() || outcomes.empty()) {
+        start();
+        return;
+    }
+    quickOnly = true;
+    begin();
+}
+
+void TCloseCheckRun::begin()
+{
+    at = 0;
+    next.start(breath);
+}
+
+int TCloseCheckRun::findings() const
+{
+    std::size_t count = 0;
+    for (const TCheckOutcome &outcome : outcomes)
+        count += outcome.findings.size();
+    return int(count);
+}
+
+bool TCloseCheckRun::anyChecked() const
+{
+    return std::ranges::any_of(outcomes, [](const TCheckOutcome &outcome) {
+        return outcome.state == State::Clear || outcome.state == State::Found;
+    });
+}
+
+void TCloseCheckRun::leaveRest(const QString &why)
+{
+    for (; running(); ++at) {
+        outcomes[std::size_t(at)] = {.state = State::NotChecked, .findings = {}, .why = why};
+        emit checked(at);
+    }
+    emit finished();
+}
+
+void TCloseCheckRun::step()
+{
+    if (!MainDatas() || !running())
+        return;
+    if (EinPer_Id() <= 0) {
+        leaveRest(u"Darbo pradžios periodas nenustatytas."_s);
+        return;
+    }
+    if (sessionAtWork()) {
+        next.start(patience);
+        return;
+    }
+    TCheckOutcome &outcome = outcomes[std::size_t(at)];
+    try {
+        if (!quickOnly || outcome.took <= unnoticed)
+            outcome = outcomeOf(closeChecks()[std::size_t(at)]);
+    } catch (const EConnectionLost &error) {
+        leaveRest(error.message());
+        return;
+    }
+    emit checked(at++);
+    if (running())
+        next.start(breath);
+    else
+        emit finished();
+}

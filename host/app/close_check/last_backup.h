@@ -1,0 +1,11 @@
+#pragma once
+
+#include "toolkit/data/database.h"
+
+#include <QDateTime>
+
+#include <optional>
+
+// When the youngest backup of embedded books was made, by the names of those that stand beside them; nothing
+// where there is none, and for books of a server.
+std::optional<QDateTime> lastBackup(const TDatabase &fin);

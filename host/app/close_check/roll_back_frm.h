@@ -1,0 +1,29 @@
+#pragma once
+
+#include "host/app/close_check/sheet_frm.h"
+#include "toolkit/data/database.h"
+
+#include <optional>
+
+// What taking the last close back would delete from one table, or one kind of amounts of it.
+struct TRolledBack {
+    QString what;
+    qlonglong rows = 0;
+    std::optional<qint64> debit, credit; // in ten-thousandths; none where the rows have no amounts
+
+    bool operator==(const TRolledBack &) const = default;
+};
+
+// For the last month; nothing when only the start of work is left, which is not taken back. Raises
+// EDatabaseError.
+std::vector<TRolledBack> rolledBack(TDatabase &fin);
+
+// "Kas bus ištrinta atšaukus": the same as a window.
+class TRollBackFrm : public TSheetFrm {
+    Q_OBJECT
+public:
+    explicit TRollBackFrm(QWidget *owner);
+
+protected:
+    void Read() override;
+};

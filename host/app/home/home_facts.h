@@ -1,0 +1,12 @@
+#pragma once
+
+#include "host/app/home/home_section.h"
+
+class TDatabase;
+
+// What the home page tells of the books besides the checks. Each raises EDatabaseError.
+
+// The last close and roll-back, and the last backup.
+QList<THomeLine> lastCloseAndBackup(TDatabase &fin);
+// The last changes of the main books, the youngest first; none where no history is kept.
+QList<THomeLine> lastChanges(TDatabase &fin, int atMost);

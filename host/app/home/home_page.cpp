@@ -1,0 +1,201 @@
+#include "host/app/home/home_page.h"
+
+#include "host/app/home/home_facts.h"
+#include "host/app/home/screen_use.h"
+#include "host/common/months.h"
+#include "host/data/main_datas.h"
+#include "host/data/organisation.h"
+#include "toolkit/data/connection.h"
+#include "toolkit/widgets/guard.h"
+#include "toolkit/widgets/lithuanian.h"
+
+#include <QGridLayout>
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+using State = TCheckOutcome::State;
+
+constexpr auto breath = 10ms;
+constexpr int screensShown = 8;
+constexpr int changesShown = 6;
+constexpr int widestInCharacters = 130;
+constexpr qreal institutionSize = 1.6, periodSize = 1.2;
+const QString checkScreen = u"TCloseCheckFrm"_s;
+
+QLabel *headingLabel(const QString &name, const QString &accessibleName, qreal size, QWidget *parent)
+{
+    auto *label = new QLabel(parent);
+    label->setObjectName(name);
+    label->setAccessibleName(accessibleName);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * size);
+    label->setFont(font);
+    return label;
+}
+
+QList<THomeLine> orInWords(const std::function<QList<THomeLine>()> &read)
+{
+    try {
+        return read();
+    } catch (const Exception &error) {
+        return {{.text = error.message()}};
+    }
+}
+
+bool sessionAtWork()
+{
+    return BusyBeat::isBeating() || MainDatas()->mnFin_Db()->InTransaction();
+}
+
+} // namespace
+
+THomePage::THomePage(const TPackageEntries &all, QWidget *parent)
+    : QScrollArea(parent),
+      entries(all),
+      run(new TCloseCheckRun(this))
+{
+    setObjectName(u"THomePage"_s);
+    setAccessibleName(u"Pradžios puslapis"_s);
+    setWidgetResizable(true);
+    setFrameShape(NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    auto *page = new QWidget(this);
+    page->setMaximumWidth(fontMetrics().averageCharWidth() * widestInCharacters);
+    grid = new QGridLayout(page);
+    grid->setSpacing(fontMetrics().height());
+    grid->setContentsMargins(grid->spacing(), grid->spacing(), grid->spacing(), grid->spacing());
+    institution = headingLabel(u"homeInstitution"_s, u"Įstaiga"_s, institutionSize, page);
+    period = headingLabel(u"homePeriod"_s, u"Einamasis periodas"_s, periodSize, page);
+    checks = section(u"homeChecks"_s, u"Prieš uždarant mėnesį"_s);
+    used = section(u"homeUsed"_s, u"Dažniausiai atveriami langai"_s);
+    closed = section(u"homeClosed"_s, u"Uždarymas ir atsarginė kopija"_s);
+    changes = section(u"homeChanges"_s, u"Paskutiniai pakeitimai"_s);
+    grid->addWidget(institution, 0, 0, 1, 2);
+    grid->addWidget(period, 1, 0, 1, 2);
+    grid->addWidget(checks, 2, 0);
+    grid->addWidget(used, 2, 1);
+    grid->addWidget(closed, 3, 0);
+    grid->addWidget(changes, 3, 1);
+    grid->setRowStretch(4, 1);
+    for (const int column : {0, 1})
+        grid->setColumnStretch(column, 1);
+    setAlignment(Qt::AlignHCenter);
+    setWidget(page);
+    hide();
+
+    pause.setSingleShot(true);
+    connectGuarded(&pause, &QTimer::timeout, this, [this] { readNext(); });
+    connectGuarded(run, &TCloseCheckRun::checked, this, [this] { showChecks(); });
+    connectGuarded(run, &TCloseCheckRun::finished, this, [this] { showChecks(); });
+    connectGuarded(&periodNotifier(), &TPeriodNotifier::periodChanged, this, [this] {
+        wholeRun = true;
+        readAnew();
+    });
+    connectGuarded(&organisationNotifier(), &TOrganisationNotifier::organisationChanged, this,
+                   [this] { readAnew(); });
+    const auto lines = [](THomeSection *shown, std::function<QList<THomeLine>()> read) {
+        return [shown, read = std::move(read)] { shown->show(orInWords(read)); };
+    };
+    parts = {[this] { showHeading(); }, [this] { showUsed(); },
+             lines(closed, [] { return lastCloseAndBackup(*MainDatas()->mnFin_Db()); }),
+             lines(changes, [] { return lastChanges(*MainDatas()->mnFin_Db(), changesShown); }),
+             [this] { std::exchange(wholeRun, false) ? run->start() : run->startQuick(); }};
+}
+
+THomeSection *THomePage::section(const QString &name, const QString &heading)
+{
+    auto *made = new THomeSection(name, heading, this);
+    connectGuarded(made, &THomeSection::chosen, this, [this](const THomeLine &line) { emit chosen(line); });
+    return made;
+}
+
+void THomePage::begin()
+{
+    entered = true;
+    wholeRun = true;
+    readAnew();
+}
+
+void THomePage::showEvent(QShowEvent *event)
+{
+    QScrollArea::showEvent(event);
+    readAnew();
+}
+
+void THomePage::hideEvent(QHideEvent *event)
+{
+    QScrollArea::hideEvent(event);
+    pause.stop();
+    run->pause();
+}
+
+// What is painted already comes first.
+void THomePage::readAnew()
+{
+    nextPart = 0;
+    if (entered && isVisible())
+        pause.start(breath);
+}
+
+void THomePage::readNext()
+{
+    if (!MainDatas())
+        return;
+    if (!sessionAtWork() && nextPart < parts.size())
+        parts[nextPart++]();
+    if (nextPart < parts.size())
+        pause.start(breath);
+}
+
+void THomePage::showHeading()
+{
+    try {
+        institution->setText(organisationName());
+    } catch (const Exception &error) {
+        institution->setText(error.message());
+    }
+    institution->setVisible(!institution->text().isEmpty());
+    period->setText(EinPer_Id() > 0 ? PeriodText(EinPer_Date()) : u"Darbo pradžios periodas nenustatytas"_s);
+}
+
+void THomePage::showUsed()
+{
+    QList<THomeLine> lines;
+    for (const TPackageEntry &entry : mostUsed(*MainDatas()->mnFin_Db(), entries, screensShown))
+        if (!entry.writes || !CurrentUser().viewOnly)
+            lines << THomeLine{.text = plainCaption(entry.caption).remove(u'…'),
+                               .place = {.screen = entry.name}};
+    if (lines.isEmpty())
+        lines << THomeLine{.text = u"Čia rasite langus, kuriuos atveriate dažniausiai."_s};
+    used->show(lines);
+}
+
+void THomePage::showChecks()
+{
+    QList<THomeLine> lines;
+    QString whyNot;
+    for (std::size_t i = 0; i < run->all().size(); ++i) {
+        const TCheckOutcome &outcome = run->all()[i];
+        const QString &name = closeChecks()[i].name;
+        if (outcome.state == State::Found)
+            lines << THomeLine{
+                u"%1: %2"_s.arg(name).arg(outcome.findings.size()), {.screen = checkScreen}, name};
+        else if (outcome.state == State::NotChecked)
+            whyNot = outcome.why;
+    }
+    if (run->running())
+        lines << THomeLine{.text = u"Tikrinama…"_s};
+    else if (lines.isEmpty() && !run->anyChecked())
+        lines << THomeLine{.text = whyNot};
+    else if (lines.isEmpty())
+        lines << THomeLine{.text = u"Niekas netrukdo uždaryti."_s};
+    if (EinPer_Id() > 0)
+        lines << THomeLine{.text = u"Visas tikrinimas"_s, .place = {.screen = checkScreen}};
+    checks->show(lines);
+}

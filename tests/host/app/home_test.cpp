@@ -1,0 +1,249 @@
+#include "host/app/close_check/close_check_frm.h"
+#include "host/app/close_check/roll_back_frm.h"
+#include "host/app/home/home_page.h"
+#include "host/app/home/link.h"
+#include "host/app/home/screen_use.h"
+#include "host/controls/browse_frm.h"
+#include "tests/host/app/main_window.h"
+#include "tests/host/books.h"
+#include "tests/support/message_box.h"
+#include "toolkit/report/preview.h"
+
+#include <QMdiSubWindow>
+#include <QTreeWidget>
+
+#include <algorithm>
+
+namespace {
+
+// The home page and the windows of checks inside the real main window; February 2026 is to be closed.
+class Home : public MainWindow {
+protected:
+    void SetUp() override
+    {
+        MainWindow::SetUp();
+        for (const char *sql : {"insert into bd_period values (1, 2026, 0, 0), (2, 2026, 1, 0), (6, 2026, 1, "
+                                "1), (7, 2026, 1, 2)",
+                                "insert into bd_sasplan (sas_id, sas_sasnr, sas_pavad, sas_tip) values (1, "
+                                "'24', 'Pinigai', 'D'), "
+                                "(2, '43', 'Skolos', 'D')",
+                                "insert into bd_org (org_pavad) values ('Ežero mokykla')"})
+            books().ExecSQL(sql);
+        GetPeriod();
+    }
+    void entry(int id, double debit, double credit)
+    {
+        books().ExecSQL("insert into bd_irasai (irs_id, irs_perid, irs_data, irs_dok, irs_sasid, irs_sum_db, "
+                        "irs_sum_kr) values (:id, 7, '2026-02-03', :dok, 1, :db, :kr)",
+                        {{"id", id}, {"dok", QString("D-%1").arg(id)}, {"db", debit}, {"kr", credit}});
+    }
+    THomePage *home() const { return window->findChild<THomePage *>(); }
+    THomeSection *section(const QString &name) const { return window->findChild<THomeSection *>(name); }
+    QStringList lines(const QString &name) const
+    {
+        QStringList texts;
+        for (const auto *link : section(name)->findChildren<TLink *>())
+            if (link->isVisible())
+                texts << link->text();
+        for (const auto *label : section(name)->findChildren<QLabel *>())
+            if (label->isVisible())
+                texts << label->text();
+        return texts;
+    }
+    bool comes(const QString &section, const QString &text) const
+    {
+        return QTest::qWaitFor([&] { return lines(section).contains(text); }, 5000);
+    }
+    void follow(const QString &text)
+    {
+        for (auto *link : home()->findChildren<TLink *>())
+            if (link->isVisible() && link->text() == text) {
+                link->setFocus();
+                press(Qt::Key_Return);
+                return;
+            }
+        ADD_FAILURE() << "no link " << qPrintable(text);
+    }
+    QString active() const
+    {
+        const QMdiSubWindow *shown = window->documents()->activeSubWindow();
+        return shown ? shown->objectName() : QString();
+    }
+    // The window of checks, when all are made.
+    TCloseCheckFrm *checked() const
+    {
+        auto *frm = window->findChild<TCloseCheckFrm *>();
+        const auto done = [frm] {
+            return frm->lines()->findItems("Tikrinama…", Qt::MatchExactly, 1).isEmpty();
+        };
+        EXPECT_TRUE(frm && QTest::qWaitFor(done, 5000));
+        return frm;
+    }
+    QString currentLine() const
+    {
+        const QTreeWidgetItem *line = checked()->lines()->currentItem();
+        return line ? line->text(0) : QString();
+    }
+};
+
+} // namespace
+
+TEST_F(Home, TellsInstitutionMonthAndWhatTheCheckFound)
+{
+    entry(1, 5, 0);
+    start();
+    EXPECT_TRUE(comes("homeChecks", "Mėnesio įrašai: 1"));
+    EXPECT_EQ(panel("homeInstitution"), "Ežero mokykla");
+    EXPECT_EQ(panel("homePeriod"), "2026 m. vasaris");
+    EXPECT_TRUE(lines("homeClosed").contains("Paskutinis uždarytas mėnuo: 2026 m. sausis"));
+}
+
+TEST_F(Home, ReadsNothingBeforeItIsSeen)
+{
+    window->setLoggedIn(true);
+    QTest::qWait(100);
+    EXPECT_EQ(panel("homePeriod"), QString());
+    window->show();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return panel("homePeriod") == "2026 m. vasaris"; }));
+}
+
+TEST_F(Home, StandsThereWhileNoDocumentIsOpenAndFollowsThePeriod)
+{
+    start();
+    EXPECT_TRUE(home()->isVisible());
+    window->openEntry("TSasPlanFrm");
+    EXPECT_FALSE(home()->isVisible());
+    books().ExecSQL("insert into bd_period values (8, 2026, 1, 3)");
+    GetPeriod();
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return home()->isVisible(); }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return panel("homePeriod") == "2026 m. kovas"; }));
+}
+
+TEST_F(Home, ALinkLeadsByKeyToTheCheckAndEnterToTheEntry)
+{
+    entry(1, 5, 0);
+    entry(2, 5, 5);
+    entry(3, 0, 1);
+    start();
+    ASSERT_TRUE(comes("homeChecks", "Mėnesio įrašai: 2"));
+    follow("Mėnesio įrašai: 2");
+    EXPECT_EQ(active(), "TCloseCheckFrm");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return currentLine() == "2026.02.03  D-1"; }));
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(active(), "TIrasaiFrm");
+    EXPECT_EQ(window->findChild<TBrowseFrm *>("TIrasaiFrm")->currentKey().toInt(), 3);
+}
+
+TEST_F(Home, EnterOnAMiscarriedBalanceStandsOnItsRow)
+{
+    books().ExecSQL("insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid, ssl_sum_db, ssl_sum_kr) values "
+                    "(1, 1, 6, 5, 0), (2, 2, 6, 0, 5), (3, 1, 7, 5, 0), (4, 2, 7, 0, 5.01)");
+    start();
+    window->openEntry("TCloseCheckFrm");
+    checked()->showCheck("Kontrolinės sumos");
+    EXPECT_EQ(currentLine(), "43  Skolos");
+    NextBoxes unequal{QMessageBox::Ok, QMessageBox::Ok}; // the list tells it whenever it is read
+    checked()->lines()->setFocus();
+    press(Qt::Key_Return);
+    EXPECT_EQ(active(), "TSasLikFrm");
+    EXPECT_EQ(window->findChild<TBrowseFrm *>("TSasLikFrm")->currentKey().toInt(), 4);
+}
+
+TEST_F(Home, WhatHasNoScreenIsToldWhole)
+{
+    start();
+    window->openEntry("TCloseCheckFrm");
+    EXPECT_EQ(checked()->headline(), "2026 m. vasaris: rasta, kas trukdo uždaryti: 1. Nepatikrinta: 2.");
+    checked()->showCheck("Atsarginė kopija");
+    NextBoxes told{QMessageBox::Ok};
+    checked()->lines()->setFocus();
+    press(Qt::Key_Return);
+    EXPECT_TRUE(told.at(0).text.contains("Nėra nė vienos atsarginės kopijos."));
+}
+
+TEST_F(Home, AUserWhoMayOnlyLookChecksTooAndIsLedToNothingThatWrites)
+{
+    entry(1, 5, 0);
+    CurrentUser().viewOnly = true;
+    countUse(books(), *findEntry(window->allEntries(), "StartPerClose"));
+    countUse(books(), *findEntry(window->allEntries(), "TDbKrFrm"));
+    MainDatas()->makeReadOnly();
+    start();
+    EXPECT_TRUE(comes("homeChecks", "Mėnesio įrašai: 1"));
+    EXPECT_FALSE(lines("homeUsed").contains("Periodo uždarymas"));
+    EXPECT_TRUE(lines("homeUsed").contains("Debitoriai ir kreditoriai"));
+    window->openEntry("TCloseCheckFrm");
+    EXPECT_TRUE(checked()->headline().contains("rasta, kas trukdo uždaryti"));
+}
+
+TEST_F(Home, ChecksAndRollBackArePrintedAsTheyAreShown)
+{
+    entry(1, 5, 0);
+    start();
+    const auto printed = [](TSheetFrm &frm) {
+        QStringList texts;
+        OnNextDialog<TReportPreview> preview([&texts](TReportPreview &shown) {
+            for (const TReportPrimitive &each : shown.layout().page(0))
+                texts << each.text;
+            shown.close();
+        });
+        frm.PrintBtnClick();
+        return texts.join('|');
+    };
+    window->openEntry("TCloseCheckFrm");
+    const QString checks = printed(*checked());
+    for (const char *text : {"Ežero mokykla", "2026 m. vasaris", "Mėnesio įrašai  Rasta: 1",
+                             "2026.02.03  D-1", "Dokumento debetas 5.00 nelygus kreditui 0.00."})
+        EXPECT_TRUE(checks.contains(text)) << text << " in " << qPrintable(checks);
+    window->openEntry("TRollBackFrm");
+    const QString rolledBack = printed(*window->findChild<TRollBackFrm *>());
+    EXPECT_TRUE(rolledBack.contains("Sąskaitų likučiai")) << qPrintable(rolledBack);
+}
+
+TEST_F(Home, TheScreensOpenedMostStandFirst)
+{
+    start();
+    EXPECT_TRUE(comes("homeUsed", "Čia rasite langus, kuriuos atveriate dažniausiai."));
+    for (const char *name : {"TSasPlanFrm", "TDbKrFrm", "TDbKrFrm"}) {
+        window->openEntry(name);
+        window->documents()->closeAllSubWindows();
+    }
+    ASSERT_TRUE(comes("homeUsed", "Sąskaitų planas"));
+    EXPECT_EQ(lines("homeUsed").first(2), (QStringList{"Debitoriai ir kreditoriai", "Sąskaitų planas"}));
+    follow("Sąskaitų planas");
+    EXPECT_EQ(active(), "TSasPlanFrm");
+}
+
+// The page by itself, on a server that goes away.
+using HomeOnServer = WithMainDatas;
+ON_ENGINE(HomeOnServer, Engine::PostgreSql);
+
+TEST_P(HomeOnServer, ALostServerIsToldInWordsAndNoBoxComes)
+{
+    fin->ExecSQL("insert into bd_period values (1, 2026, 0, 0), (2, 2026, 1, 0), (6, 2026, 1, 1)");
+    GetPeriod();
+    const TPackageEntries none;
+    THomePage page(none, nullptr);
+    page.begin();
+    page.show();
+    const auto shows = [&page](const QString &text) {
+        return QTest::qWaitFor(
+            [&] {
+                return std::ranges::any_of(page.findChildren<QLabel *>(), [&text](const QLabel *label) {
+                    return label->isVisible() && label->text().contains(text);
+                });
+            },
+            5000);
+    };
+    ASSERT_TRUE(shows("Niekas netrukdo uždaryti."));
+    page.hide();
+    secondFin()->nativeExec("select pg_terminate_backend(pid) from pg_stat_activity "
+                            "where datname = current_database() and pid <> pg_backend_pid()");
+    page.show();
+    EXPECT_TRUE(shows("Nutrūko ryšys"));
+    page.hide();
+    page.show();
+    EXPECT_TRUE(shows("2026 m. sausis")) << "the next reading reaches the server again";
+}
