@@ -67,11 +67,18 @@ private:
 // One call of a function by a statement.
 class RoutineCall {
 public:
-    RoutineCall(sqlite3_context *aContext, sqlite3_value **theValues) : context(aContext), values(theValues)
+    RoutineCall(sqlite3_context *aContext, int theCount, sqlite3_value **theValues)
+        : context(aContext),
+          values(theValues),
+          argumentCount(theCount)
     {
     }
 
     sqlite3 *db() const { return sqlite3_context_db_handle(context); }
+    // What the function was registered with.
+    void *data() const { return sqlite3_user_data(context); }
+    int count() const { return argumentCount; }
+    sqlite3_value *value(int argument) const { return values[argument]; }
     bool isNull(int argument) const { return sqlite3_value_type(values[argument]) == SQLITE_NULL; }
     qint64 integer(int argument) const { return sqlite3_value_int64(values[argument]); }
     QByteArray text(int argument) const;
@@ -85,13 +92,15 @@ public:
 private:
     sqlite3_context *context;
     sqlite3_value **values;
+    int argumentCount;
 };
 
 // A routine as the engine calls it: no exception passes through the engine.
-template<void (*routine)(RoutineCall &)> void guarded(sqlite3_context *context, int, sqlite3_value **values)
+template<void (*routine)(RoutineCall &)>
+void guarded(sqlite3_context *context, int count, sqlite3_value **values)
 {
     try {
-        RoutineCall call(context, values);
+        RoutineCall call(context, count, values);
         routine(call);
     } catch (const RoutineError &error) {
         sqlite3_result_error(context, error.text.toUtf8().constData(), -1);

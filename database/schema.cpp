@@ -1,5 +1,6 @@
 #include "database/schema.h"
 
+#include "database/history.h"
 #include "toolkit/data/statement.h"
 #include "toolkit/sql/sort_key.h"
 
@@ -112,6 +113,7 @@ void apply(TDatabase &db, Book book, const TRevision &revision)
             db.nativeExec(versionTable(db.engine()));
         for (const QString &script : revision.scripts)
             db.nativeExec(script);
+        coverByHistory(db);
         writeRevision(db, book, before, revision.number);
     }
     tran.commit();

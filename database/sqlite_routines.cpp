@@ -2,6 +2,7 @@
 
 #include "database/debtor_routines.h"
 #include "database/exact_sum.h"
+#include "database/history_functions.h"
 #include "database/key_routines.h"
 #include "database/period_routines.h"
 #include "database/person_routines.h"
@@ -51,6 +52,7 @@ void teachSqlite(sqlite3 *db)
                                    nullptr, nullptr, nullptr);
     }
     teachExactSum(db);
+    teachHistory(db);
     // The schema's own view would make every select from dummy a reader of the file, and a reader that turns
     // writer, as one that draws a key does, is refused instead of waiting for other stations.
     sqlite3_exec(db, "create temp view if not exists dummy as select 1 as dummy_col", nullptr, nullptr,

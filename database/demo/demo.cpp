@@ -1,6 +1,7 @@
 #include "database/demo/demo.h"
 
 #include "database/demo/demo_books.h"
+#include "database/history.h"
 
 using namespace Qt::StringLiterals;
 
@@ -42,6 +43,8 @@ void closeMonth(TDemoBooks &books, int month)
 void fillDemoBooks(TDatabase &fin, TDatabase &ravl, int size,
                    const std::function<void(const QString &)> &progress)
 {
+    const THistoryPause finPause(fin);
+    const THistoryPause ravlPause(ravl);
     TDemoBooks books{fin, ravl, size};
     for (const TStep &step : steps) {
         progress(QString::fromUtf16(step.title));

@@ -1,5 +1,6 @@
 #include "host/data/login.h"
 
+#include "database/history.h"
 #include "toolkit/data/statement.h"
 
 #include <optional>
@@ -45,6 +46,17 @@ quint16 workPlacesOf(TDatabase *users, int user)
     return mask;
 }
 
+// A view-only user's main session is about to be opened read-only, his budget session too unless he may
+// administer users.
+void keepHistoryOf(TMainDatas &datas, const TCurrentUser &user)
+{
+    const TPerson person{user.name, QSysInfo::machineHostName()};
+    if (!user.viewOnly)
+        keepHistory(*datas.mnFin_Db(), person);
+    if (!user.viewOnly || user.userAdmin)
+        keepHistory(*datas.mnRavl(), person);
+}
+
 } // namespace
 
 bool logIn(TMainDatas &datas, const QString &name, const QString &password)
@@ -56,6 +68,7 @@ bool logIn(TMainDatas &datas, const QString &name, const QString &password)
     if (!user)
         return false;
     user->workPlaces = workPlacesOf(datas.mnRavl(), user->id);
+    keepHistoryOf(datas, *user);
     CurrentUser() = *user;
     return true;
 }

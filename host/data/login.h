@@ -3,6 +3,7 @@
 #include "host/data/main_datas.h"
 
 // Checks name and password against bd_usr and fills CurrentUser: flags, and the work places of all rights.
+// From then on what the sessions change is recorded in the user's name (database/history.h).
 // False when there is no such user or the password differs; CurrentUser then stays as it was.
 // The name is compared without regard to case and outer blanks, the password exactly. For a view-only user
 // the caller then makes the sessions read-only.

@@ -36,7 +36,7 @@ QString described(const QString &table, const TColumnInfo &column)
 
 QStringList tables(TDatabase &db)
 {
-    return rows(db, u"select table_name from systable order by table_name"_s);
+    return rows(db, u"select table_name from systable order by table_name"_s) << u"bd_istorija"_s;
 }
 
 QStringList columns(TDatabase &db)

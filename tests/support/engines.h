@@ -93,8 +93,8 @@ QString value(TDatabase &db, const QString &sql, const QVariantMap &parameters =
 // without rows.
 QString nativeValue(TDatabase &db, const QString &statement);
 
-// All rows of all tables exactly as the engine stores them, one line per row, in a fixed order: two dumps are
-// equal exactly when nothing was changed.
+// All rows of all tables, except the history and the seals, exactly as the engine stores them, one line per
+// row, in a fixed order: two dumps are equal exactly when nothing was changed.
 QStringList dump(TDatabase &db);
 QStringList dump(TDatabase &db, const QString &table);
 

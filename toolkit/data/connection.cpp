@@ -93,6 +93,12 @@ void EngineConnection::checkPermitted() const
         throw EDatabaseError(u"Duomenų bazės sesija „%1“ uždaryta."_s.arg(settings.alias));
 }
 
+void EngineConnection::runOpeningScript()
+{
+    if (!openingScript.isEmpty())
+        run(openingScript);
+}
+
 void *EngineConnection::nativeHandle() const
 {
     const QVariant handle = database.driver()->handle();

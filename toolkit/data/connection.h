@@ -64,6 +64,9 @@ public:
     // Prepared statements that are kept for later are thrown away.
     virtual void forgetPrepared() = 0;
 
+    // Run first on every connection that is made from now on.
+    void setOpeningScript(const QByteArray &script) { openingScript = script; }
+
     QSqlDatabase &handle() { return database; }
 
     // Called when the server is found lost.
@@ -74,6 +77,7 @@ protected:
 
     bool reading() const { return use == TDatabase::Connection::Reading; }
     void checkPermitted() const;
+    void runOpeningScript();
     // The driver's own connection object behind Qt's.
     void *nativeHandle() const;
     void addDatabase(const QString &driver);
@@ -86,6 +90,7 @@ protected:
 
 private:
     bool permitted = false;
+    QByteArray openingScript;
 };
 
 // Refuses what no engine may be given: a NUL inside a text, a number that is not finite.

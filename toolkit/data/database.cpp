@@ -204,6 +204,14 @@ void TDatabase::nativeExec(const QString &script)
     d->forgetCatalogue();
 }
 
+void TDatabase::setOpeningScript(const QString &script)
+{
+    Q_ASSERT(!InTransaction());
+    d->editing->setOpeningScript(script.toUtf8());
+    if (d->opened)
+        d->editing->run(script.toUtf8());
+}
+
 QString TDatabase::quoted(const QString &text)
 {
     QString inside = text;

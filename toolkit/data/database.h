@@ -85,6 +85,11 @@ public:
     // afterwards.
     void nativeExec(const QString &script);
 
+    // A script in the engine's own wording that the editing connection runs at once and that every connection
+    // which takes its place runs first: after a lost server is reached again, after the session was opened
+    // anew. Not to be given inside a transaction. Raises what the script raises; it then stands as given.
+    void setOpeningScript(const QString &script);
+
     // A text between single quotes, quotes inside doubled.
     static QString quoted(const QString &text);
 

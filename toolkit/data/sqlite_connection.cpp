@@ -83,6 +83,7 @@ void SqliteConnection::setUp()
     }
     if (teacher())
         teacher()(db);
+    runOpeningScript();
 }
 
 void SqliteConnection::open()

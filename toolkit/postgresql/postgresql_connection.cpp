@@ -148,6 +148,7 @@ void PostgresConnection::setUp()
     run("set client_encoding to 'UTF8'; set datestyle to iso, ymd; set bytea_output to hex; "
         "set standard_conforming_strings to on; set client_min_messages to error; set lock_timeout to " +
         QByteArray::number(settings.busyTimeoutMs));
+    runOpeningScript();
 }
 
 void PostgresConnection::close()

@@ -2,6 +2,7 @@
 
 #include "database/backups/archive.h"
 #include "database/demo/demo.h"
+#include "database/history.h"
 #include "database/schema.h"
 #include "database/tool/keeping/totals.h"
 #include "toolkit/data/statement.h"
@@ -196,6 +197,8 @@ void createStandardBooks(TStore &store, const TSetUp &setUp, const TProgress &pr
 {
     createFilledBooks(store, progress, [&](TOpenBooks &books) {
         progress(u"Rašomi naujos įstaigos duomenys…"_s);
+        const THistoryPause finPause(books.fin);
+        const THistoryPause ravlPause(books.ravl);
         setUpBooks(books.fin, books.ravl, setUp);
     });
 }

@@ -1,5 +1,6 @@
 #include "host/app/setup/setup_dialog.h"
 
+#include "database/history.h"
 #include "host/common/msgbox.h"
 #include "host/common/waiting.h"
 #include "host/data/login.h"
@@ -153,6 +154,10 @@ bool setUpOpenBooks(QWidget *owner)
     if (std::ranges::all_of(pages, &TSetUpPage::done)) {
         StdMsgBox(mkInformation, "Knygos jau parengtos: čia nebėra ko įrašyti.");
         return false;
+    }
+    if (CurrentUser().id == 0) { // before there is a user nobody can log in
+        for (TDatabase *book : {&fin, &ravl})
+            keepHistory(*book, {"parengimas", QSysInfo::machineHostName()});
     }
     TSetUpDlg dialog(
         done, [&](const TSetUp &chosen) { setUpBooks(fin, ravl, chosen); }, owner);

@@ -1,0 +1,81 @@
+#include "database/history_triggers.h"
+
+#include "toolkit/data/statement.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// In the engine's own words: what the file holds, not what a view of some revision lists.
+constexpr char16_t tablesSql[] =
+    u"select name from sqlite_schema t where type = 'table' and name not glob 'sqlite_*' "
+    "and name not glob 'sys_*' and name not in ('bd_versija', 'bd_istorija', 'bd_antspaudai') "
+    "and exists (select 1 from pragma_table_info(t.name) where pk > 0) order by name";
+
+QStringList tablesOf(TDatabase &db)
+{
+    TranslatedSql sql;
+    sql.text = QString::fromUtf16(tablesSql);
+    const auto statement = db.prepareNative(sql);
+    statement->exec();
+    QStringList names;
+    while (statement->next())
+        names.append(QString::fromUtf8(statement->utf8(0)));
+    return names;
+}
+
+// What of the columns goes into a trigger: pattern with %1 for the column's name.
+QString each(const QStringList &columns, const QString &pattern, const QString &between)
+{
+    QStringList parts;
+    for (const QString &column : columns)
+        parts.append(QString(pattern).replace(u"%1"_s, column));
+    return parts.join(between);
+}
+
+struct Table {
+    QString name;
+    QStringList columns;
+    QStringList key;
+
+    QString trigger(const QString &event, QChar letter, const QString &when, const QString &key,
+                    const QString &before, const QString &after) const;
+    QString triggers() const;
+};
+
+QString Table::trigger(const QString &event, QChar letter, const QString &when, const QString &rowKey,
+                       const QString &before, const QString &after) const
+{
+    const QString head = u"create temp trigger if not exists ist_%1_%2 after %3 on main.%1 when "
+                         "sys_istorija()%4 begin "_s.arg(name, letter.toLower(), event, when);
+    const QString body = u"insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, "
+                         "ist_raktas, ist_veiksmas, ist_buvo, ist_yra) values (sys_dabar(), sys_login(), "
+                         "sys_stotis(), '%1', %2, '%3', %4, %5); end;\n"_s;
+    return head + body.arg(name, rowKey, letter, before, after);
+}
+
+QString Table::triggers() const
+{
+    const QString all = u"sys_json(%1)"_s;
+    const QString changed = u"sys_json_keista(%1)"_s;
+    const QString oldKey = each(key, u"old.%1"_s, u" || '|' || "_s);
+    const QString newKey = each(key, u"new.%1"_s, u" || '|' || "_s);
+    const QString differs = each(columns, u"old.%1 is not new.%1"_s, u" or "_s);
+    return trigger(u"insert"_s, u'I', {}, newKey, u"null"_s,
+                   all.arg(each(columns, u"'%1', new.%1"_s, u", "_s))) +
+           trigger(u"update"_s, u'U', u" and (%1)"_s.arg(differs), newKey,
+                   changed.arg(each(columns, u"'%1', old.%1, new.%1"_s, u", "_s)),
+                   changed.arg(each(columns, u"'%1', new.%1, old.%1"_s, u", "_s))) +
+           trigger(u"delete"_s, u'D', {}, oldKey, all.arg(each(columns, u"'%1', old.%1"_s, u", "_s)),
+                   u"null"_s);
+}
+
+} // namespace
+
+QString historyTriggers(TDatabase &db)
+{
+    QString script;
+    for (const QString &name : tablesOf(db))
+        script += Table{name, db.columnNames(name), db.keyOf(name)}.triggers();
+    return script;
+}
