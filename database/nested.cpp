@@ -85,6 +85,16 @@ void NestedSavepoint::keep()
     kept = true;
 }
 
+WithoutTriggers::WithoutTriggers(sqlite3 *theDb) : db(theDb)
+{
+    sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+}
+
+WithoutTriggers::~WithoutTriggers()
+{
+    sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_TRIGGER, 1, nullptr);
+}
+
 QByteArray RoutineCall::text(int argument) const
 {
     const auto *text = reinterpret_cast<const char *>(sqlite3_value_text(values[argument]));

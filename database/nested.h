@@ -64,6 +64,19 @@ private:
     bool kept = false;
 };
 
+// While it lives, statements that are prepared on the connection bring no trigger about: for those rows only
+// that a routine writes where no trigger has anything to say. References are checked all the same.
+class WithoutTriggers {
+public:
+    explicit WithoutTriggers(sqlite3 *db);
+    ~WithoutTriggers();
+    WithoutTriggers(const WithoutTriggers &) = delete;
+    WithoutTriggers &operator=(const WithoutTriggers &) = delete;
+
+private:
+    sqlite3 *db;
+};
+
 // One call of a function by a statement.
 class RoutineCall {
 public:

@@ -14,13 +14,14 @@ const auto balances =
 TEST_P(Debtors, AreComputedFromTheEntriesOfAllMonthsBefore)
 {
     startOfWork(2005, 11);
-    close(2);
     run(u"insert into bd_irasai (irs_id, irs_perid, irs_sasid, irs_sum_db, irs_dkaid) values (1, 6, 2, 10, 5)"_s);
     run(u"insert into bd_irasai (irs_id, irs_perid, irs_sasid, irs_sum_kr, irs_dkaid) values (2, 7, 3, 4, 5)"_s);
+    run(u"insert into bd_irasai (irs_id, irs_perid, irs_sasid, irs_sum_db, irs_dkaid) values (4, 6, 1, 70, 5)"_s);
+    close(2);
+    run(u"delete from bd_dbkrlik"_s);
     const QString last = one(u"select get_last_per_id() from dummy"_s);
     run(u"insert into bd_irasai (irs_id, irs_perid, irs_sasid, irs_sum_kr, irs_dkaid) values (3, %1, 3, 90, 5)"_s
             .arg(last));
-    run(u"insert into bd_irasai (irs_id, irs_perid, irs_sasid, irs_sum_db, irs_dkaid) values (4, 6, 1, 70, 5)"_s);
     run(u"insert into bd_dbkrlik values (1, %1, NULL, 2, 1, 'Senas', 99, 0, NULL)"_s.arg(last));
     run(u"call p_CalcDBKRLik(null)"_s);
     EXPECT_EQ(select(balances), (QStringList{last + u"|5|NULL|6|0|NULL"_s}));

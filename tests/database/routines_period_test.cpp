@@ -86,7 +86,7 @@ TEST_P(Periods, CloseTakesOnlyTheEntriesOfTheMonth)
     startOfWork(2005, 1);
     entry(cash, 6, 5, 0);
     close();
-    entry(cash, 6, 100, 0);
+    entry(cash, 99, 100, 0);
     entry(cash, 7, 1, 0);
     close();
     EXPECT_EQ(select(accountBalances), (QStringList{u"1|7|5|0"_s, u"1|8|6|0"_s}));

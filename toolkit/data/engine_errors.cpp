@@ -69,6 +69,15 @@ QStringList columnsOfDetail(const QString &detail)
     return detail.section(u")=("_s, 0, 0).section(u'(', 1).split(u", "_s, Qt::SkipEmptyParts);
 }
 
+// A trigger of SQLite raises fixed texts only. One that has to say more makes json_extract() fail over a path
+// that is none: "JSON path error near 'text'", or "bad JSON path: 'text'" in newer releases.
+QString raisedText(const QString &text)
+{
+    const bool composed =
+        text.startsWith(u"JSON path error near '"_s) || text.startsWith(u"bad JSON path: '"_s);
+    return composed ? text.section(u'\'', 1).chopped(1) : text;
+}
+
 } // namespace
 
 void raiseSqliteError(sqlite3 *db, int code, const QString &statement)
@@ -81,7 +90,7 @@ void raiseSqliteError(sqlite3 *db, int code, const QString &statement)
     case SQLITE_CONSTRAINT:
         raiseSqliteConstraint(code, text, statement);
     case SQLITE_ERROR: // also what a stored routine raises: its text is the message
-        throw EDatabaseError(text.isEmpty() ? brokenText(text) : text, text, statement);
+        throw EDatabaseError(text.isEmpty() ? brokenText(text) : raisedText(text), text, statement);
     case SQLITE_READONLY:
         throw EDatabaseError(readOnlyText, text, statement);
     case SQLITE_FULL:

@@ -3,6 +3,7 @@
 #include "database/tool/keeping/server_console.h"
 #include "tests/support/files.h"
 #include "tests/support/postgres.h"
+#include "tests/support/unguarded.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -122,6 +123,7 @@ QStringList OnDemoBooks::findingsAfter(const QStringList &changes, Book book)
 {
     TDatabase &db = book == Book::Main ? *fin : *ravl;
     const TTransaction undone(&db);
+    takeGuardsAway(db);
     for (const QString &change : changes)
         db.nativeExec(change);
     return findings();

@@ -1,4 +1,5 @@
 #include "tests/database/tool/demo_store.h"
+#include "tests/support/unguarded.h"
 
 #include "database/backups/archive.h"
 #include "tests/database/tool/velmora_db.h"
@@ -140,7 +141,9 @@ TEST_P(Tool, CheckEndsWithOneWhenSomethingIsFound)
     const TResult clean = run({u"check"_s});
     EXPECT_EQ(clean.code, 0);
     EXPECT_TRUE(clean.out.contains(u"Neatitikimų nerasta."_s)) << clean.out.toStdString();
-    place.fin()->nativeExec(u"update bd_saslik set ssl_sum_db = ssl_sum_db + 1 where ssl_id = 1"_s);
+    const auto fin = place.fin();
+    takeGuardsAway(*fin);
+    fin->nativeExec(u"update bd_saslik set ssl_sum_db = ssl_sum_db + 1 where ssl_id = 1"_s);
     const TResult found = run({u"check"_s});
     EXPECT_EQ(found.code, 1);
     EXPECT_TRUE(found.out.contains(u"nelygus kreditui"_s)) << found.out.toStdString();

@@ -82,12 +82,12 @@ TEST_P(FormCheck, AddsUpTheSidesOfTheCurrentPeriod)
     claim(u"A0101"_s, u"221"_s);
     claim(u"P0101"_s, u"43"_s);
     opening(u"221"_s, 100.10, 0);
-    opening(u"221"_s, 1000, 0, 6);
+    opening(u"221"_s, 1000, 0, 8);
     opening(u"43"_s, 0, 100.10);
     entry(u"221"_s, 0.20, 0);
     entry(u"43"_s, 0, 0.10);
     entry(u"43"_s, 0, 0.10);
-    entry(u"43"_s, 0, 9, 6);
+    entry(u"43"_s, 0, 9, 8);
     EXPECT_EQ(found().last(4),
               (QStringList{u"|Aktyvas||100.3"_s, u"|Pasyvas||100.3"_s, u"|Aktyvas ir pasyvas lygūs||0"_s,
                            u"|Užbalansinės sąskaitos||0"_s}));

@@ -18,14 +18,14 @@ namespace {
 // Months closed after the start of work, with balances of theirs.
 void closeMonths(TDatabase &books)
 {
-    for (const char *sql :
-         {"insert into bd_period values (6, 2026, 1, 1)", "insert into bd_period values (7, 2026, 1, 2)",
-          "insert into bd_period values (8, 2026, 1, 3)",
-          "insert into bd_sasplan (sas_id, sas_sasnr, sas_pavad, sas_tip) "
-          "values (1, '24', 'Pinigai', 'D')",
-          "insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid) values (1, 1, 6)",
-          "insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid) values (2, 1, 7)",
-          "insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid) values (3, 1, 8)"})
+    for (const char *sql : {"insert into bd_sasplan (sas_id, sas_sasnr, sas_pavad, sas_tip) "
+                            "values (1, '24', 'Pinigai', 'D')",
+                            "insert into bd_period values (6, 2026, 1, 1)",
+                            "insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid) values (1, 1, 6)",
+                            "insert into bd_period values (7, 2026, 1, 2)",
+                            "insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid) values (2, 1, 7)",
+                            "insert into bd_period values (8, 2026, 1, 3)",
+                            "insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid) values (3, 1, 8)"})
         books.ExecSQL(sql);
     GetPeriod();
 }

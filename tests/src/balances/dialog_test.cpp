@@ -14,7 +14,6 @@ const QString creditTooSmall = "Laukas \"Kreditinis likutis\" turi būti didesni
 
 TEST_P(BalanceDialog, ANewRowGoesToTheDebitSideOfTheStartOfWorkPeriod)
 {
-    nextMonth();
     EXPECT_TRUE(addBalance([this](TSasLikDlg &dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Naujas likutis");
         EXPECT_TRUE(debit(dialog)->isChecked());
@@ -379,6 +378,41 @@ TEST_P(BalanceDialog, AKeyThatAnotherStationTookMeanwhileIsNotDrawnAgain)
         pressButton(dialog, "&Išsaugoti");
     });
     EXPECT_EQ(stored(), QStringList({row(1, cash, "9", "0"), row(2, bank, "5", "0")}));
+}
+
+TEST_P(BalanceDialog, WhatIsTypedWhileAnotherStationClosesTheMonthIsRefusedAndKept)
+{
+    balance(bank, 10, 0);
+    balance(capital, 0, 10);
+    addBalance([this](TSasLikDlg &dialog) {
+        chooseAccount(dialog, cash);
+        type(amount(dialog), "5");
+        secondFin()->ExecSQL("call Close_Per()");
+        EXPECT_EQ(refusal(dialog),
+                  "2004 m. sausio mėnuo uždarytas: jo įrašai ir sąskaitų likučiai nekeičiami.");
+        EXPECT_EQ(amount(dialog)->text(), "5.00");
+        EXPECT_EQ(dialog.findChild<TSasEdit *>()->GetText(), "262");
+        EXPECT_FALSE(books().InTransaction());
+        EXPECT_EQ(value(books(), "select count(*) from bd_saslik where ssl_perid = 6"), "2");
+        secondFin()->ExecSQL("call Back_Per()");
+        pressButton(dialog, "&Išsaugoti");
+    });
+    EXPECT_EQ(stored().last(), row(3, cash, "5", "0"));
+}
+
+TEST_P(BalanceDialog, ABalanceOfAMonthThatAnotherStationClosedIsNotChanged)
+{
+    balance(bank, 10, 0);
+    double id = 1;
+    OnNextDialog<TSasLikDlg> dialog([this](TSasLikDlg &shown) {
+        type(amount(shown), "11");
+        secondFin()->ExecSQL("call Close_Per()");
+        EXPECT_TRUE(refusal(shown).startsWith("2004 m. sausio mėnuo uždarytas"));
+        EXPECT_EQ(amount(shown)->text(), "11.00");
+        pressButton(shown, "&Atšaukti");
+    });
+    EXPECT_FALSE(Saslikedit::EditLik(true, id));
+    EXPECT_EQ(value(books(), "select ssl_sum_db from bd_saslik where ssl_perid = 6"), "10");
 }
 
 TEST_P(BalanceDialog, AFailureOfTheDatabaseIsRolledBackWithTheDialogOpen)

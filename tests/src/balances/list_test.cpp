@@ -58,8 +58,8 @@ TEST_P(BalanceList, WithoutAPeriodItDoesNotOpen)
 
 TEST_P(BalanceList, PeriodsAreTheMonthsInLithuanianAndTheNewestIsShown)
 {
-    nextMonth();
     balance(bank, 5, 0);
+    nextMonth();
     openList();
     EXPECT_EQ(periods()->count(), 2);
     EXPECT_EQ(periods()->itemText(0), "2004 m. sausis");

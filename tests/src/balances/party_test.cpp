@@ -171,11 +171,11 @@ TEST_P(PartyBalances, CalculatingAsksWhereThereAreRowsAndTakesTheEntries)
 
 TEST_P(PartyBalances, ACalculationThatFailsChangesNothing)
 {
-    nextMonth();
-    balanceOf(1, 7, 5, 0);
     books().ExecSQL("insert into bd_irasai (irs_id, irs_perid, irs_sasid, irs_dkaid, irs_sum_db) "
                     "values (1, 6, :sas, 1, 100)",
                     {{"sas", owed}});
+    nextMonth();
+    balanceOf(1, 7, 5, 0);
     open();
     refuseInserting("bd_dbkrlik", "dkl_perid = 7");
     NextBoxes boxes{QMessageBox::Yes, QMessageBox::Ok};

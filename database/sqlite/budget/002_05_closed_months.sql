@@ -1,0 +1,1 @@
+-- Nothing of the budget book belongs to a month.
