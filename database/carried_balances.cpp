@@ -91,6 +91,11 @@ int TBookMonth::year() const
     return number / monthsOfYear;
 }
 
+QDate TBookMonth::firstDay() const
+{
+    return {year(), number % monthsOfYear + 1, 1};
+}
+
 QString TBookMonth::title() const
 {
     return u"%1.%2"_s.arg(year()).arg(number % monthsOfYear + 1, 2, 10, QLatin1Char('0'));

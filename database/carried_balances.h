@@ -2,6 +2,8 @@
 
 #include "toolkit/data/database.h"
 
+#include <QDate>
+
 // How the balances of a month follow from the month before and its entries.
 
 // A month of the period table; number counts months since year 0.
@@ -10,6 +12,7 @@ struct TBookMonth {
     int number;
 
     int year() const;
+    QDate firstDay() const;
     QString title() const; // "2026.06"
 };
 

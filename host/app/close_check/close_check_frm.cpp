@@ -36,7 +36,7 @@ QString stateText(const TCheckOutcome &outcome)
 
 TCloseCheckFrm::TCloseCheckFrm(QWidget *owner)
     : TSheetFrm({.name = u"TCloseCheckFrm"_s, .caption = u"Tikrinimas prieš uždarymą"_s, .help = 128},
-                {{u"Tikrinama"_s, 44}, {u"Kas rasta"_s, 60}}, owner),
+                {{u"Tikrinama"_s, 44}, {u"Kas rasta"_s}}, owner),
       run(new TCloseCheckRun(this))
 {
     acOpen = addFormAction(

@@ -31,7 +31,7 @@ const std::vector<TCloseCheck> &closeChecks()
                    .sentence = u"Dokumento debetas %1 nelygus kreditui %2."_s,
                    .screen = u"TIrasaiFrm"_s}),
         {u"Balanso forma"_s, accountsInNoForm},
-        {u"Balanso forma biudžeto duomenų bazėje"_s, accountsInNoBudgetForm},
+        {u"Biudžeto balanso forma"_s, accountsInNoBudgetForm},
         {u"Sąmatos"_s, estimatesOverrun},
         {u"Kontrolinės sumos"_s, balancesMiscarried},
         {u"Kitos darbo vietos"_s, stationsAtWork},

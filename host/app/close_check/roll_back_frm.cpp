@@ -77,7 +77,7 @@ std::vector<TRolledBack> rolledBack(TDatabase &fin)
     const TBookMonth &last = months.last();
     std::vector<TRolledBack> told;
     addBalances(fin, last.id, told);
-    told.push_back({.what = u"Mėnuo %1"_s.arg(last.title()), .rows = 1});
+    told.push_back({.what = u"Mėnuo: %1"_s.arg(PeriodText(TDateTime(last.firstDay()))), .rows = 1});
     if (const qlonglong rows = yearRowsGone(fin, last))
         told.push_back({.what = u"Metai %1 ir jų ketvirčiai"_s.arg(last.year()), .rows = rows});
     return told;
@@ -85,12 +85,13 @@ std::vector<TRolledBack> rolledBack(TDatabase &fin)
 
 TRollBackFrm::TRollBackFrm(QWidget *owner)
     : TSheetFrm({.name = u"TRollBackFrm"_s, .caption = u"Kas bus ištrinta atšaukus"_s, .help = 128},
-                {{u"Kas trinama"_s, 44},
+                {{u"Kas trinama"_s},
                  {u"Eilučių"_s, 12, Qt::AlignRight},
                  {u"Debetas"_s, 20, Qt::AlignRight},
                  {u"Kreditas"_s, 20, Qt::AlignRight}},
                 owner)
 {
+    lines()->setRootIsDecorated(false);
 }
 
 void TRollBackFrm::Read()

@@ -124,10 +124,13 @@ QWidget *TSheetFrm::body(const std::vector<TSheetColumn> &columns)
     for (const TSheetColumn &column : columns)
         titles << column.title;
     table->setHeaderLabels(titles);
+    table->header()->setStretchLastSection(false);
     for (int i = 0; i < int(columns.size()); ++i) {
         const TSheetColumn &column = columns[std::size_t(i)];
         table->headerItem()->setTextAlignment(i, column.alignment | Qt::AlignVCenter);
         table->setColumnWidth(i, column.width * character);
+        if (column.width == 0)
+            table->header()->setSectionResizeMode(i, QHeaderView::Stretch);
     }
     auto *whole = new QWidget(this);
     auto *layout = new QVBoxLayout(whole);

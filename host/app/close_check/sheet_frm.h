@@ -8,7 +8,7 @@ class QTreeWidgetItem;
 
 struct TSheetColumn {
     QString title;
-    int width = 0; // in characters; the last column takes what is left
+    int width = 0; // in characters; 0: what the others leave
     Qt::Alignment alignment = Qt::AlignLeft;
 };
 

@@ -2,20 +2,18 @@
 
 #include "database/carried_balances.h"
 #include "host/app/close_check/last_backup.h"
+#include "host/app/table_names.h"
 #include "host/common/months.h"
 #include "toolkit/data/statement.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int moment = 16; // of the characters of a stored moment, to the minute
-
-QString monthText(const TBookMonth &month)
-{
-    constexpr int monthsOfYear = 12;
-    return PeriodText(TDateTime(QDate(month.year(), month.number % monthsOfYear + 1, 1)));
-}
+constexpr int recordsRead = 100; // one save often makes many
+constexpr int moment = 16;       // of the characters of a stored moment, to the minute
 
 QString momentText(const QString &stored)
 {
@@ -44,16 +42,52 @@ QString who(const QVariant &login)
     return login.isNull() ? u"kita programa"_s : login.toString();
 }
 
+QString whatWasDone(const QString &letter)
+{
+    return letter == u"I"   ? u"įrašyta"_s
+           : letter == u"D" ? u"ištrinta"_s
+           : letter == u"R" ? u"perkelti likučiai"_s
+                            : u"pakeista"_s;
+}
+
+// The month that is current no longer because of the last close: by the periods, which know neither moment
+// nor person.
+THomeLine lastClosedMonth(const QList<TBookMonth> &months)
+{
+    if (months.size() < 2)
+        return {.text = u"Dar neuždarytas nė vienas mėnuo."_s};
+    return {.text = u"Paskutinis uždarytas mėnuo: %1"_s.arg(
+                PeriodText(TDateTime((months.cend() - 2)->firstDay())))};
+}
+
+// The last close or roll-back as it was sealed: what, who and when.
+QList<THomeLine> lastSealed(TDatabase &fin, const QList<TBookMonth> &months)
+{
+    QList<THomeLine> lines;
+    if (!hasTable(fin, u"bd_antspaudai"_s))
+        return lines;
+    eachYoungest(fin,
+                 u"select ant_laikas, ant_login, ant_ivykis, ant_perid from bd_antspaudai "
+                 "where ant_perid is not null order by ant_id desc"_s,
+                 1, [&](const TStatement &row) {
+                     const auto month = std::ranges::find(months, row.integer(3), &TBookMonth::id);
+                     const QString of = month == months.cend()
+                                            ? QString()
+                                            : u" (%1)"_s.arg(PeriodText(TDateTime(month->firstDay())));
+                     lines << THomeLine{.text = u"Paskutinis įvykis: %1%2, %3, %4"_s.arg(
+                                            row.value(2).toString(), of, momentText(row.value(0).toString()),
+                                            who(row.value(1)))};
+                 });
+    return lines;
+}
+
 } // namespace
 
 QList<THomeLine> lastCloseAndBackup(TDatabase &fin)
 {
-    QList<THomeLine> lines;
     const QList<TBookMonth> months = monthsOfBooks(fin);
-    if (months.size() > 1)
-        lines << THomeLine{.text = u"Paskutinis uždarytas mėnuo: %1"_s.arg(monthText(*(months.cend() - 2)))};
-    else
-        lines << THomeLine{.text = u"Dar neuždarytas nė vienas mėnuo."_s};
+    QList<THomeLine> lines{lastClosedMonth(months)};
+    lines << lastSealed(fin, months);
     if (fin.engine() != Engine::Sqlite)
         return lines;
     const auto backup = lastBackup(fin);
@@ -71,10 +105,13 @@ QList<THomeLine> lastChanges(TDatabase &fin, int atMost)
     eachYoungest(fin,
                  u"select ist_laikas, ist_login, ist_lentele, ist_veiksmas from bd_istorija "
                  "order by ist_id desc"_s,
-                 atMost, [&lines](const TStatement &row) {
-                     lines << THomeLine{.text =
-                                            u"%1  %2  %3"_s.arg(momentText(row.value(0).toString()),
-                                                                who(row.value(1)), row.value(2).toString())};
+                 recordsRead, [&](const TStatement &row) {
+                     const THomeLine line{.text = u"%1  %2: %3 – %4"_s.arg(
+                                              momentText(row.value(0).toString()), who(row.value(1)),
+                                              tableName(row.value(2).toString()),
+                                              whatWasDone(row.value(3).toString()))};
+                     if (lines.size() < atMost && !lines.contains(line))
+                         lines << line;
                  });
     return lines;
 }

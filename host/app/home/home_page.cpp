@@ -42,10 +42,18 @@ QLabel *headingLabel(const QString &name, const QString &accessibleName, qreal s
 QList<THomeLine> orInWords(const std::function<QList<THomeLine>()> &read)
 {
     try {
-        return read();
+        const QList<THomeLine> lines = read();
+        return lines.isEmpty() ? QList<THomeLine>{{.text = u"Kol kas nieko."_s}} : lines;
     } catch (const Exception &error) {
         return {{.text = error.message()}};
     }
+}
+
+// How many there are, or what a single one says of the books as a whole.
+QString told(const std::vector<TCloseFinding> &findings)
+{
+    const bool ofWhole = findings.size() == 1 && !findings.front().place.isSomewhere();
+    return ofWhole ? findings.front().text : QString::number(findings.size());
 }
 
 bool sessionAtWork()
@@ -184,8 +192,7 @@ void THomePage::showChecks()
         const TCheckOutcome &outcome = run->all()[i];
         const QString &name = closeChecks()[i].name;
         if (outcome.state == State::Found)
-            lines << THomeLine{
-                u"%1: %2"_s.arg(name).arg(outcome.findings.size()), {.screen = checkScreen}, name};
+            lines << THomeLine{name + u": "_s + told(outcome.findings), {.screen = checkScreen}, name};
         else if (outcome.state == State::NotChecked)
             whyNot = outcome.why;
     }

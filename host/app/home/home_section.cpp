@@ -21,6 +21,7 @@ THomeSection::THomeSection(const QString &name, const QString &heading, QWidget 
     bold.setBold(true);
     title->setFont(bold);
     title->setForegroundRole(QPalette::Text);
+    title->setMargin(TLink::padding(*this));
     layout->addWidget(title);
     layout->addStretch(1);
 }
@@ -55,6 +56,7 @@ void THomeSection::add(const THomeLine &line)
         label->setTextFormat(Qt::PlainText);
         label->setForegroundRole(QPalette::Text);
         label->setWordWrap(true);
+        label->setMargin(TLink::padding(*this));
         widgets << label;
     }
     layout->insertWidget(layout->count() - 1, widgets.last());

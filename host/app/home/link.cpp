@@ -13,14 +13,15 @@ TLink::TLink(const QString &text, QWidget *parent) : QAbstractButton(parent)
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
-int TLink::padding() const
+int TLink::padding(const QWidget &in)
 {
-    return style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+    return in.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &in) + 1;
 }
 
 QSize TLink::sizeHint() const
 {
-    return {fontMetrics().horizontalAdvance(text()) + 2 * padding(), fontMetrics().height() + 2 * padding()};
+    return {fontMetrics().horizontalAdvance(text()) + 2 * padding(*this),
+            fontMetrics().height() + 2 * padding(*this)};
 }
 
 QSize TLink::minimumSizeHint() const
@@ -31,7 +32,7 @@ QSize TLink::minimumSizeHint() const
 void TLink::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    const QRect inside = rect().adjusted(padding(), 0, -padding(), 0);
+    const QRect inside = rect().adjusted(padding(*this), 0, -padding(*this), 0);
     QFont font = this->font();
     font.setUnderline(underMouse() || hasFocus());
     painter.setFont(font);

@@ -172,13 +172,13 @@ TEST_P(CloseChecks, AccountsWithEntriesAreToBeInBothForms)
     entry(3, 1, 0);
     opening(5, 1, 0); // moved by no entry
     EXPECT_EQ(found(u"Balanso forma"_s), QStringList());
-    EXPECT_EQ(found(u"Balanso forma biudžeto duomenų bazėje"_s), QStringList());
+    EXPECT_EQ(found(u"Biudžeto balanso forma"_s), QStringList());
     entry(7, 0, 1);
     entry(4, 1, 0);
     const QString told = u"Sąskaita turi mėnesio įrašų, bet jos nėra nė vienoje formos eilutėje."_s;
     EXPECT_EQ(found(u"Balanso forma"_s), QStringList({u"222  Šilumos skolos|%1|TBalFrm|0"_s.arg(told),
                                                       u"43  Mokėtinos sumos|%1|TBalFrm|0"_s.arg(told)}));
-    EXPECT_EQ(found(u"Balanso forma biudžeto duomenų bazėje"_s),
+    EXPECT_EQ(found(u"Biudžeto balanso forma"_s),
               QStringList({u"222  Šilumos skolos|%1|TBalFrm_mnRavl|0"_s.arg(told)}));
 }
 
@@ -298,11 +298,12 @@ TEST_P(CloseChecks, ARollBackIsToldByTableBeforeItIsDone)
                      .arg(each.rows)
                      .arg(each.debit.value_or(-1))
                      .arg(each.credit.value_or(-1));
-    EXPECT_EQ(lines,
-              QStringList({u"Sąskaitų likučiai|2|101000|101000"_s, u"Išlaidų likučiai: asignavimai|0|0|0"_s,
-                           u"Išlaidų likučiai: kasinės išlaidos|0|0|0"_s,
-                           u"Išlaidų likučiai: faktinės išlaidos|0|0|0"_s,
-                           u"Debitorių ir kreditorių likučiai|1|30000|0"_s, u"Mėnuo 2026.02|1|-1|-1"_s}));
+    EXPECT_EQ(
+        lines,
+        QStringList({u"Sąskaitų likučiai|2|101000|101000"_s, u"Išlaidų likučiai: asignavimai|0|0|0"_s,
+                     u"Išlaidų likučiai: kasinės išlaidos|0|0|0"_s,
+                     u"Išlaidų likučiai: faktinės išlaidos|0|0|0"_s,
+                     u"Debitorių ir kreditorių likučiai|1|30000|0"_s, u"Mėnuo: 2026 m. vasaris|1|-1|-1"_s}));
     run(u"delete from bd_period where per_id = 6"_s);
     EXPECT_TRUE(rolledBack(*fin).empty()) << "the start of work is not taken back";
 }

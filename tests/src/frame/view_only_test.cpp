@@ -66,8 +66,8 @@ private:
 };
 ON_EVERY_ENTRY(NotBound);
 
-// They take what is typed, but nothing of it reaches the books.
-const QStringList onlyAsk = {"ShowPass", "TFrRavlExp", "OpenSasChecker"};
+// They tell, or take what is typed, but nothing of it reaches the books.
+const QStringList onlyAsk = {"ShowPass", "TFrRavlExp", "OpenSasChecker", "TCloseCheckFrm", "TRollBackFrm"};
 
 } // namespace
 
