@@ -12,12 +12,12 @@
 
 namespace {
 
-// The rows of a table whose period the start of work does not write.
+// The rows of a table whose period the start of work, which writes the first ones, does not write.
 qlonglong beyondStart(const QString &table, const QString &period)
 {
     return MainDatas()
         ->mnFin_Db()
-        ->fieldResult(QString("select count(*) from %1 where %2 > :last").arg(table, period),
+        ->fieldResult(QString("select count(*) from %1 where %2 < 1 or %2 > :last").arg(table, period),
                       {{"last", startOfWorkPeriod}})
         .toLongLong();
 }
@@ -33,18 +33,23 @@ qlonglong closedMonths()
 
 TLostMonths lostNow()
 {
-    return {closedMonths(), beyondStart("bd_saslik", "ssl_perid") + beyondStart("bd_isllik", "sml_perid") +
-                                beyondStart("bd_dbkrlik", "dkl_perid")};
+    return {closedMonths(),
+            beyondStart("bd_saslik", "ssl_perid") + beyondStart("bd_isllik", "sml_perid") +
+                beyondStart("bd_dbkrlik", "dkl_perid"),
+            beyondStart("bd_irasai", "irs_perid"), beyondStart("bd_samatos", "sam_perid")};
 }
 
 QString question(const TLostMonths &lost, const QString &backup)
 {
     return QString(
-               "Nustačius darbo pradžios periodą iš naujo, uždaryti mėnesiai bus ištrinti, o jų likučiai "
-               "liks be periodo.\n\nMėnesių, kurie bus ištrinti: %1\nLikučių, kurie liks be periodo: %2\n\n"
-               "%3\n\nAr tikrai nustatyti iš naujo?")
+               "Nustačius darbo pradžios periodą iš naujo, uždaryti mėnesiai bus ištrinti, o jų likučiai, "
+               "įrašai ir sąmatos liks be periodo.\n\nMėnesių, kurie bus ištrinti: %1\n"
+               "Likučių, kurie liks be periodo: %2\nĮrašų, kurie liks be periodo: %3\n"
+               "Sąmatų, kurios liks be periodo: %4\n\n%5\n\nAr tikrai nustatyti iš naujo?")
         .arg(lost.months)
         .arg(lost.balances)
+        .arg(lost.entries)
+        .arg(lost.estimates)
         .arg(backup);
 }
 

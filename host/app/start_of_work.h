@@ -3,18 +3,20 @@
 #include "host/common/package.h"
 #include "toolkit/widgets/dialog.h"
 
-// What setting the start of work anew costs: months closed since, and balances of theirs.
+// What setting the start of work anew costs: months closed since, and what is left without a period then.
 struct TLostMonths {
     qlonglong months = 0;
-    qlonglong balances = 0;
+    qlonglong balances = 0;  // of accounts, expenses, debtors and creditors
+    qlonglong entries = 0;   // lines of the journal
+    qlonglong estimates = 0; // of years begun since, with their quarters
     bool operator==(const TLostMonths &) const = default;
 };
 
 // Whether the entry is the dialog that sets the start-of-work period.
 bool setsStartOfWork(const TPackageEntry &entry);
 
-// Setting the start of work anew takes their period from all months closed since and from their balances.
-// While there are any, the user is asked, with their numbers, and embedded books are backed up beside
+// Setting the start of work anew takes their period from the balances, entries and estimates of all months
+// since. While there are any, the user is asked, with their numbers, and embedded books are backed up beside
 // themselves; on a server the user is told to do that. What the user agreed to lose; nothing when he refused.
 // Raises Exception when there is no backup.
 std::optional<TLostMonths> agreedLoss();

@@ -58,8 +58,37 @@ bool checkRevision(TDatabase &db, const QString &title, QStringList &found)
     return revision == latestRevision();
 }
 
-// Rows that refer to nothing. References that may lead nowhere for a while are not looked at, but balances
-// and estimates always belong to a period.
+// Balances and estimates that no period is left for, as after the start of work was set anew over running
+// books. Journal lines stay for the month when it comes again.
+void checkPeriods(TDatabase &db, const QString &title, QStringList &found)
+{
+    QList<std::pair<QString, QString>> references;
+    eachRow(db,
+            u"select rys_lentele, rys_stulpelis from sys_rysiai "
+            "where rys_i_lentele = 'bd_period' and rys_lentele <> 'bd_irasai' order by 1, 2"_s,
+            [&](const QSqlQuery &row) {
+                references.append({row.value(0).toString(), row.value(1).toString()});
+            });
+    for (const auto &[table, column] : references) {
+        qlonglong rows = 0;
+        QStringList periods;
+        eachRow(db,
+                u"select %2, count(*) from %1 where not exists (select 1 from bd_period where per_id = %2) "
+                "group by %2 order by 1"_s.arg(table, column),
+                [&](const QSqlQuery &row) {
+                    rows += row.value(1).toLongLong();
+                    periods.append(
+                        u"%1 (eilučių: %2)"_s.arg(row.value(0).toString(), row.value(1).toString()));
+                });
+        if (rows > 0)
+            found.append(
+                u"%1: lentelėje „%2“ be periodo liko eilučių: %3; nebėra periodo %4."_s.arg(title, table)
+                    .arg(rows)
+                    .arg(periods.join(u", "_s)));
+    }
+}
+
+// Rows that refer to nothing. References that may lead nowhere for a while are not looked at.
 void checkReferences(TDatabase &db, const QString &title, QStringList &found)
 {
     struct TReference {
@@ -68,7 +97,7 @@ void checkReferences(TDatabase &db, const QString &title, QStringList &found)
     QList<TReference> references;
     eachRow(db,
             u"select rys_lentele, rys_stulpelis, rys_i_lentele, rys_i_stulpelis from sys_rysiai "
-            "where (rys_i_lentele = 'bd_period' and rys_lentele <> 'bd_irasai') or not exists "
+            "where not exists "
             "(select 1 from sys_nuorodos where nuo_lentele = rys_lentele and nuo_stulpelis = rys_stulpelis) "
             "order by 1, 2"_s,
             [&references](const QSqlQuery &row) {
@@ -99,6 +128,7 @@ bool checkDatabase(TDatabase &db, Book book, QStringList &found)
     if (!checkRevision(db, title, found))
         return false;
     checkReferences(db, title, found);
+    checkPeriods(db, title, found);
     return true;
 }
 

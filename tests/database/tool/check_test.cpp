@@ -138,11 +138,22 @@ TEST_P(Check, FindsAReferenceToNothing)
         u"lentelės „bd_kasos“ eilutės (1) rodo į nesamą lentelės „bd_sasplan“ eilutę (kas_sasid = 999999)"_s));
 }
 
-TEST_P(Check, FindsABalanceOfNoPeriod)
+TEST_P(Check, FindsBalancesOfNoPeriod)
 {
     EXPECT_TRUE(tells(
-        findingsAfter({u"update bd_saslik set ssl_perid = 77 where ssl_id = 1"_s}, Book::Main),
-        u"lentelės „bd_saslik“ eilutės (1) rodo į nesamą lentelės „bd_period“ eilutę (ssl_perid = 77)"_s));
+        findingsAfter({u"update bd_saslik set ssl_perid = 77 where ssl_id = 1"_s,
+                       u"update bd_saslik set ssl_perid = 78 where ssl_id in (2, 3)"_s},
+                      Book::Main),
+        u"velmora_fin: lentelėje „bd_saslik“ be periodo liko eilučių: 3; nebėra periodo 77 (eilučių: 1), "
+        "78 (eilučių: 2)."_s));
+}
+
+TEST_P(Check, FindsWhatTheStartOfWorkSetAnewLeavesWithoutAPeriod)
+{
+    const QStringList found = findingsAfter({u"delete from bd_period where per_id > 6"_s}, Book::Main);
+    for (const QString &table : {u"bd_saslik"_s, u"bd_isllik"_s, u"bd_dbkrlik"_s})
+        EXPECT_TRUE(tells(found, u"lentelėje „%1“ be periodo liko eilučių: "_s.arg(table)));
+    EXPECT_FALSE(tells(found, u"lentelėje „bd_irasai“"_s));
 }
 
 TEST_P(Check, FindsAWrongTotalOfCorrections)

@@ -8,7 +8,7 @@ namespace {
 
 class StartOfWork : public WithMainDatas {
 protected:
-    // Months after the start of work, the last one with a balance of each kind but the second.
+    // Months after the start of work, each with a balance and two entries; and the estimate of a later year.
     void closeMonths(int months)
     {
         for (const char *sql :
@@ -22,6 +22,14 @@ protected:
                          {{"id", 6 + month}, {"month", 1 + month}});
             fin->ExecSQL("insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid) values (:id, 5, :per)",
                          {{"id", 1 + month}, {"per", 6 + month}});
+            for (const int entry : {0, 1})
+                fin->ExecSQL("insert into bd_irasai (irs_id, irs_perid) values (:id, :per)",
+                             {{"id", 2 * month + entry}, {"per", 6 + month}});
+        }
+        if (months > 0) {
+            fin->ExecSQL("insert into bd_asgisl values (1, 'Ekonominė')");
+            fin->ExecSQL("insert into bd_jve values (1, 1, NULL, '2.1', 'Darbo užmokestis', 1)");
+            fin->ExecSQL("insert into bd_samatos (sam_id, sam_jveid, sam_perid) values (1, 1, 40)");
         }
         GetPeriod();
     }
@@ -48,7 +56,8 @@ TEST_P(StartOfWork, TheQuestionTellsWhatWouldBeLostAndWhoMakesTheBackup)
     NextBoxes asked{QMessageBox::No};
     EXPECT_FALSE(agreedLoss());
     const QString text = asked.at(0).text;
-    EXPECT_TRUE(text.contains("Mėnesių, kurie bus ištrinti: 2\nLikučių, kurie liks be periodo: 2"))
+    EXPECT_TRUE(text.contains("Mėnesių, kurie bus ištrinti: 2\nLikučių, kurie liks be periodo: 2\n"
+                              "Įrašų, kurie liks be periodo: 4\nSąmatų, kurios liks be periodo: 1\n"))
         << qPrintable(text);
     EXPECT_EQ(text.contains("bus padaryta atsarginė kopija"), embedded()) << qPrintable(text);
     EXPECT_EQ(text.contains("pasidarykite serverio"), !embedded()) << qPrintable(text);
@@ -77,5 +86,5 @@ TEST_P(StartOfWorkOnServer, TheAnswerAloneDecides)
 {
     closeMonths(1);
     NextBoxes asked{QMessageBox::Yes};
-    EXPECT_EQ(agreedLoss(), (TLostMonths{1, 1}));
+    EXPECT_EQ(agreedLoss(), (TLostMonths{1, 1, 2, 1}));
 }

@@ -1,1 +1,0 @@
--- Nothing of the budget book belongs to a month.
