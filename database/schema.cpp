@@ -1,6 +1,7 @@
 #include "database/schema.h"
 
 #include "database/history.h"
+#include "database/seals.h"
 #include "toolkit/data/statement.h"
 #include "toolkit/sql/sort_key.h"
 
@@ -115,6 +116,8 @@ void apply(TDatabase &db, Book book, const TRevision &revision)
             db.nativeExec(script);
         coverByHistory(db);
         writeRevision(db, book, before, revision.number);
+        if (!db.columnsOf(u"bd_antspaudai"_s).isEmpty())
+            appendSeal(db, TSealEvent::Beginning);
     }
     tran.commit();
 }

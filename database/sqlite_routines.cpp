@@ -6,6 +6,7 @@
 #include "database/key_routines.h"
 #include "database/period_routines.h"
 #include "database/person_routines.h"
+#include "database/print_sums.h"
 #include "database/text_functions.h"
 #include "toolkit/data/database.h"
 
@@ -53,6 +54,7 @@ void teachSqlite(sqlite3 *db)
     }
     teachExactSum(db);
     teachHistory(db);
+    teachPrintSums(db);
     // The schema's own view would make every select from dummy a reader of the file, and a reader that turns
     // writer, as one that draws a key does, is refused instead of waiting for other stations.
     sqlite3_exec(db, "create temp view if not exists dummy as select 1 as dummy_col", nullptr, nullptr,

@@ -2,6 +2,7 @@
 
 #include "database/demo/demo_books.h"
 #include "database/history.h"
+#include "database/seals.h"
 
 using namespace Qt::StringLiterals;
 
@@ -58,4 +59,6 @@ void fillDemoBooks(TDatabase &fin, TDatabase &ravl, int size,
         progress(u"Įrašai ir uždarymas: 2026.%1"_s.arg(month, 2, 10, QLatin1Char('0')));
         closeMonth(books, month);
     }
+    for (TDatabase *book : {&fin, &ravl})
+        appendSeal(*book, TSealEvent::Beginning);
 }

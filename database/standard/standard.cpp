@@ -1,6 +1,7 @@
 #include "database/standard/standard.h"
 
 #include "database/filling/table_text.h"
+#include "database/seals.h"
 #include "database/standard/writing.h"
 
 #include <algorithm>
@@ -121,6 +122,8 @@ void setUpBooks(TDatabase &fin, TDatabase &ravl, const TSetUp &setUp)
     if (setUp.institution && setUp.institution->savivaldybe && !done.contains(SetUpStep::Municipalities))
         steps.insert(SetUpStep::Municipalities);
     writeSteps({fin, ravl, setUp}, steps);
+    for (TDatabase *book : {&fin, &ravl})
+        appendSeal(*book, TSealEvent::Beginning);
     ravlTran.commit();
     finTran.commit();
 }

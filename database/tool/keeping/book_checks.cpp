@@ -1,6 +1,7 @@
 #include "database/tool/keeping/book_checks.h"
 
 #include "database/carried_balances.h"
+#include "database/tool/keeping/findings.h"
 #include "database/tool/keeping/native_query.h"
 
 #include <map>
@@ -8,9 +9,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// How many findings of one kind are told one by one.
-constexpr int toldOneByOne = 20;
 
 QString amountText(const QVariant &tenThousandths)
 {
@@ -23,26 +21,6 @@ QString amountText(const QVariant &tenThousandths)
         text.chop(2);
     return text;
 }
-
-// Collects findings of one kind and tells how many more there are.
-class TFindings {
-public:
-    explicit TFindings(QStringList &aTarget) : target(aTarget) {}
-    ~TFindings()
-    {
-        if (count > toldOneByOne)
-            target.append(u"… ir dar %1 tokių pat neatitikimų."_s.arg(count - toldOneByOne));
-    }
-    void add(const QString &text)
-    {
-        if (++count <= toldOneByOne)
-            target.append(text);
-    }
-
-private:
-    QStringList &target;
-    int count = 0;
-};
 
 void checkPeriodRows(TDatabase &fin, QStringList &found)
 {

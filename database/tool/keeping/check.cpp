@@ -2,6 +2,7 @@
 
 #include "database/schema.h"
 #include "database/tool/keeping/book_checks.h"
+#include "database/tool/keeping/content_checks.h"
 #include "database/tool/keeping/native_query.h"
 
 using namespace Qt::StringLiterals;
@@ -118,7 +119,57 @@ void checkReferences(TDatabase &db, const QString &title, QStringList &found)
     }
 }
 
-bool checkDatabase(TDatabase &db, Book book, QStringList &found)
+// All that is read while it lives is of one moment, whatever other stations write. Inside the caller's
+// transaction that one decides.
+class TSnapshot {
+public:
+    explicit TSnapshot(TDatabase &aDb) : db(aDb), own(!aDb.InTransaction())
+    {
+        if (!own)
+            return;
+        if (db.engine() == Engine::Sqlite) {
+            db.nativeExec(u"savepoint patikra"_s);
+            return;
+        }
+        db.StartTransaction();
+        db.nativeExec(u"set transaction isolation level repeatable read, read only"_s);
+    }
+    ~TSnapshot()
+    {
+        try {
+            if (own && db.engine() == Engine::Sqlite)
+                db.nativeExec(u"release patikra"_s);
+            else if (own)
+                db.Rollback();
+        } catch (const Exception &) { // the connection is gone, and the snapshot with it
+        }
+    }
+    TSnapshot(const TSnapshot &) = delete;
+    TSnapshot &operator=(const TSnapshot &) = delete;
+
+private:
+    TDatabase &db;
+    bool own;
+};
+
+// Seals, history and contents against one another.
+void checkGuards(TDatabase &db, Book book, const TProgress &progress, QStringList &found)
+{
+    const QString title = databaseTitle(book);
+    try {
+        const TSnapshot snapshot(db);
+        const TSealCheck seals = checkSeals(db, title, found, progress);
+        checkContents(db, seals, title, found);
+        if (book == Book::Main)
+            checkSealedMonths(db, seals, found);
+    } catch (const EConnectionLost &) {
+        throw;
+    } catch (const EDatabaseError &error) {
+        found.append(u"%1: nepavyko patikrinti antspaudų: %2"_s.arg(title, error.message()));
+    }
+}
+
+bool checkDatabase(TDatabase &db, Book book, const TProgress &progress, QStringList &found)
 {
     const QString title = databaseTitle(book);
     if (db.engine() == Engine::Sqlite)
@@ -129,6 +180,7 @@ bool checkDatabase(TDatabase &db, Book book, QStringList &found)
         return false;
     checkReferences(db, title, found);
     checkPeriods(db, title, found);
+    checkGuards(db, book, progress, found);
     return true;
 }
 
@@ -138,9 +190,9 @@ QStringList findProblems(TDatabase &fin, TDatabase &ravl, const TProgress &progr
 {
     QStringList found;
     progress(u"Tikrinama duomenų bazė %1…"_s.arg(databaseTitle(Book::Main)));
-    const bool finReadable = checkDatabase(fin, Book::Main, found);
+    const bool finReadable = checkDatabase(fin, Book::Main, progress, found);
     progress(u"Tikrinama duomenų bazė %1…"_s.arg(databaseTitle(Book::Budget)));
-    const bool ravlReadable = checkDatabase(ravl, Book::Budget, found);
+    const bool ravlReadable = checkDatabase(ravl, Book::Budget, progress, found);
     if (finReadable) {
         progress(u"Tikrinami periodai ir kontrolinės sumos…"_s);
         found += checkBooks(fin);

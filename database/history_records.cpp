@@ -1,0 +1,123 @@
+#include "database/history_records.h"
+
+#include "toolkit/data/statement.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto recordColumns =
+    "ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas, ist_buvo, "
+    "ist_yra, ist_pedsakas"_L1;
+
+QByteArray bytesOf(const TStatement &statement, int column)
+{
+    if (statement.isNull(column))
+        return {};
+    const QByteArray bytes = statement.utf8(column).toByteArray();
+    return bytes.isNull() ? QByteArray("") : bytes;
+}
+
+} // namespace
+
+QByteArray THistoryRecord::wording() const
+{
+    QByteArray text = QByteArray::number(id);
+    for (const QByteArray &part : {moment, login, station, table, key, operation, before, after, prints}) {
+        text += part.isNull() ? "|-" : '|' + QByteArray::number(part.size()) + ':';
+        text += part;
+    }
+    return text;
+}
+
+void eachRecord(TDatabase &db, const QString &condition,
+                const std::function<void(const THistoryRecord &)> &consumer)
+{
+    TranslatedSql sql;
+    sql.text = u"select ist_id, %1 from bd_istorija where %2 order by ist_id"_s.arg(recordColumns, condition);
+    const auto statement = db.prepareNative(sql);
+    for (statement->exec(); statement->next();) {
+        THistoryRecord record{statement->integer(0)};
+        int column = 0;
+        for (QByteArray *part : {&record.moment, &record.login, &record.station, &record.table, &record.key,
+                                 &record.operation, &record.before, &record.after, &record.prints})
+            *part = bytesOf(*statement, ++column);
+        consumer(record);
+    }
+}
+
+void TNumbers::add(qlonglong number)
+{
+    auto next = endByStart.upperBound(number);
+    if (next != endByStart.begin()) {
+        const auto before = std::prev(next);
+        if (number <= before.value())
+            return;
+        if (number == before.value() + 1) {
+            before.value() = number;
+            if (next != endByStart.end() && next.key() == number + 1) {
+                before.value() = next.value();
+                endByStart.erase(next);
+            }
+            return;
+        }
+    }
+    qlonglong last = number;
+    if (next != endByStart.end() && next.key() == number + 1) {
+        last = next.value();
+        endByStart.erase(next);
+    }
+    endByStart.insert(number, last);
+}
+
+// No number is covered twice, so it is enough to join what touches.
+void TNumbers::add(const TNumbers &more)
+{
+    for (const auto &[from, to] : more.endByStart.asKeyValueRange()) {
+        add(from);
+        auto own = std::prev(endByStart.upperBound(from));
+        own.value() = std::max(own.value(), to);
+        for (auto next = std::next(own); next != endByStart.end() && next.key() <= own.value() + 1;) {
+            own.value() = std::max(own.value(), next.value());
+            next = endByStart.erase(next);
+        }
+    }
+}
+
+bool TNumbers::contains(qlonglong number) const
+{
+    const auto next = endByStart.upperBound(number);
+    return next != endByStart.begin() && number <= std::prev(next).value();
+}
+
+qlonglong TNumbers::firstMissing() const
+{
+    return endByStart.isEmpty() || endByStart.firstKey() > 1 ? 1 : endByStart.first() + 1;
+}
+
+qlonglong TNumbers::count() const
+{
+    qlonglong count = 0;
+    for (const auto &[from, to] : endByStart.asKeyValueRange())
+        count += to - from + 1;
+    return count;
+}
+
+QJsonArray TNumbers::toJson() const
+{
+    QJsonArray json;
+    for (const auto &[from, to] : endByStart.asKeyValueRange())
+        json.append(QJsonArray{from, to});
+    return json;
+}
+
+TNumbers TNumbers::fromJson(const QJsonArray &json)
+{
+    TNumbers numbers;
+    for (const QJsonValue &interval : json) {
+        TNumbers one;
+        one.endByStart.insert(interval.toArray().at(0).toInteger(), interval.toArray().at(1).toInteger());
+        numbers.add(one);
+    }
+    return numbers;
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "database/fingerprints.h"
+
+#include <QJsonArray>
+
+// What the seals and the check read of bd_istorija.
+
+// A record; a null column is a null byte array.
+struct THistoryRecord {
+    qlonglong id = 0;
+    QByteArray moment;
+    QByteArray login;
+    QByteArray station;
+    QByteArray table;
+    QByteArray key;
+    QByteArray operation; // I, U, D or R
+    QByteArray before;
+    QByteArray after;
+    QByteArray prints;
+
+    // All of it, so that two records share it only when they are the same.
+    QByteArray wording() const;
+};
+
+// The records that the condition chooses, in the order of their numbers.
+void eachRecord(TDatabase &db, const QString &condition,
+                const std::function<void(const THistoryRecord &)> &consumer);
+
+// Numbers of records. On a server a number that is missing may belong to a record that is not committed yet.
+class TNumbers {
+public:
+    void add(qlonglong number);
+    void add(const TNumbers &more);
+
+    bool contains(qlonglong number) const;
+    bool isEmpty() const { return endByStart.isEmpty(); }
+    // Of numbers that are not empty.
+    qlonglong first() const { return endByStart.firstKey(); }
+    qlonglong last() const { return endByStart.last(); }
+    // The lowest number from 1 on that is not among them.
+    qlonglong firstMissing() const;
+    qlonglong count() const;
+
+    // [[from, to], …]
+    QJsonArray toJson() const;
+    static TNumbers fromJson(const QJsonArray &json);
+
+private:
+    QMap<qlonglong, qlonglong> endByStart;
+};
+
+// What the records with these numbers changed in the fingerprints of the tables. A record that is no JSON
+// counts as one that changed nothing.
+TBookFingerprint changedByHistory(TDatabase &db, const TNumbers &numbers);

@@ -1,0 +1,117 @@
+#include "database/print_sums.h"
+
+#include "database/fingerprints.h"
+#include "database/value_prints.h"
+
+#include <QJsonDocument>
+
+#include <sqlite3.h>
+
+namespace {
+
+QByteArray textOf(sqlite3_value *value)
+{
+    return {reinterpret_cast<const char *>(sqlite3_value_text(value)), sqlite3_value_bytes(value)};
+}
+
+// One column's sums while they grow; that of the products in two halves, which are added faster.
+struct ColumnSums {
+    explicit ColumnSums(const QByteArray &aName) : name(aName), printer(aName) {}
+
+    void add(quint64 print, quint64 row)
+    {
+        const quint64 product = print * row;
+        values += print;
+        keyedLow += product & 0xffffffff;
+        keyedHigh += product >> 32;
+    }
+
+    TFingerprint whole() const
+    {
+        return {TWideSum(values), (TWideSum(keyedHigh) << 32) + TWideSum(keyedLow)};
+    }
+
+    QByteArray name;
+    ValuePrinter printer;
+    quint64 values = 0;
+    quint64 keyedHigh = 0;
+    quint64 keyedLow = 0;
+};
+
+struct TableSums {
+    explicit TableSums(const QByteArray &names)
+    {
+        if (names.isEmpty())
+            return;
+        for (const QByteArray &name : names.split(','))
+            columns.emplace_back(name);
+    }
+
+    TTableFingerprint whole() const
+    {
+        TTableFingerprint all{{QString(), {TWideSum(rows), TWideSum(rowNumbers)}}};
+        for (const ColumnSums &column : columns)
+            all.insert(QString::fromUtf8(column.name), column.whole());
+        return all;
+    }
+
+    std::vector<ColumnSums> columns;
+    quint64 rows = 0;
+    quint64 rowNumbers = 0;
+};
+
+TableSums *&sumsOf(sqlite3_context *context)
+{
+    return *static_cast<TableSums **>(sqlite3_aggregate_context(context, sizeof(TableSums *)));
+}
+
+void step(sqlite3_context *context, int count, sqlite3_value **values)
+{
+    if (count < 2 || !sqlite3_aggregate_context(context, sizeof(TableSums *))) {
+        sqlite3_result_error_nomem(context);
+        return;
+    }
+    TableSums *&sums = sumsOf(context);
+    if (!sums)
+        sums = new TableSums(textOf(values[0]));
+    if (size_t(count) != sums->columns.size() + 2) {
+        sqlite3_result_error(context, "sys_pedsakai: reikia vardo kiekvienai reikšmei", -1);
+        return;
+    }
+    const quint64 row = rowNumber(values[1]);
+    ++sums->rows;
+    sums->rowNumbers += row;
+    for (size_t i = 0; i < sums->columns.size(); ++i) {
+        ColumnSums &column = sums->columns[i];
+        column.add(column.printer.of(values[i + 2]), row);
+    }
+}
+
+void result(sqlite3_context *context)
+{
+    const bool anyRow = sqlite3_aggregate_context(context, 0) != nullptr;
+    const std::unique_ptr<TableSums> sums(anyRow ? std::exchange(sumsOf(context), nullptr) : nullptr);
+    const TTableFingerprint whole = sums ? sums->whole() : TTableFingerprint();
+    const QByteArray text = QJsonDocument(toJson(whole)).toJson(QJsonDocument::Compact);
+    sqlite3_result_text(context, text.constData(), int(text.size()), SQLITE_TRANSIENT);
+}
+
+void print(sqlite3_context *context, int, sqlite3_value **values)
+{
+    sqlite3_result_int64(context, ValuePrinter(textOf(values[0])).of(values[1]));
+}
+
+void number(sqlite3_context *context, int, sqlite3_value **values)
+{
+    sqlite3_result_int64(context, rowNumber(values[0]));
+}
+
+} // namespace
+
+void teachPrintSums(sqlite3 *db)
+{
+    constexpr int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY;
+    sqlite3_create_function_v2(db, "sys_pedsakai", -1, flags, nullptr, nullptr, step, result, nullptr);
+    sqlite3_create_function_v2(db, "sys_pedsakas", 2, flags, nullptr, print, nullptr, nullptr, nullptr);
+    sqlite3_create_function_v2(db, "sys_eilutes_nr", 1, flags, nullptr, number, nullptr, nullptr, nullptr);
+}

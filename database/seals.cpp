@@ -1,0 +1,259 @@
+#include "database/seals.h"
+
+#include "database/value_prints.h"
+#include "toolkit/data/statement.h"
+
+#include <QJsonDocument>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray compact(const QJsonObject &json)
+{
+    return QJsonDocument(json).toJson(QJsonDocument::Compact);
+}
+
+QJsonObject objectOf(const QByteArray &text)
+{
+    return QJsonDocument::fromJson(text).object();
+}
+
+// The length in front keeps neighbours apart.
+void addPart(QCryptographicHash &hash, const QByteArray &part)
+{
+    hash.addData(part.isNull() ? QByteArray("-") : QByteArray::number(part.size()) + ':');
+    hash.addData(part);
+}
+
+std::unique_ptr<TStatement> opened(TDatabase &db, const QString &native)
+{
+    TranslatedSql sql;
+    sql.text = native;
+    auto statement = db.prepareNative(sql);
+    statement->exec();
+    return statement;
+}
+
+QByteArray bytesOf(const TStatement &statement, int column)
+{
+    return statement.isNull(column) ? QByteArray() : statement.utf8(column).toByteArray();
+}
+
+Variant orNull(const QByteArray &text)
+{
+    return text.isNull() ? Variant() : Variant(QString::fromUtf8(text));
+}
+
+// Who and when, as the history says it.
+void signSeal(TDatabase &db, TSeal &seal)
+{
+    const auto signer =
+        opened(db, db.engine() == Engine::Sqlite
+                       ? u"select sys_dabar(), nullif(sys_login(), ''), nullif(sys_stotis(), '')"_s
+                       : u"select to_char(clock_timestamp(), 'YYYY-MM-DD HH24:MI:SS.MS'), "
+                         "nullif(current_setting('velmora.login', true), ''), "
+                         "nullif(current_setting('velmora.stotis', true), '')"_s);
+    if (!signer->next())
+        return;
+    seal.moment = bytesOf(*signer, 0);
+    seal.login = bytesOf(*signer, 1);
+    seal.station = bytesOf(*signer, 2);
+}
+
+// Another station's seal comes wholly before or after; for a beginning nobody may write at all, as the
+// contents are read table by table. A file has one writer anyway.
+void lockForSeal(TDatabase &db, TSealEvent event)
+{
+    if (db.engine() == Engine::Sqlite)
+        return;
+    db.nativeExec(u"lock table bd_antspaudai in share row exclusive mode"_s);
+    if (event == TSealEvent::Beginning)
+        db.nativeExec(u"lock table %1 in share mode"_s.arg(fingerprintedTables(db).join(u", ")));
+}
+
+// The records that no seal covers yet. Where transactions overlap, a record may have a lower number than
+// those that an earlier seal covers.
+void addUncovered(TDatabase &db, const TNumbers &covered, TCoveredRecords &to)
+{
+    eachRecord(db, u"ist_id >= %1"_s.arg(covered.firstMissing()), [&](const THistoryRecord &record) {
+        if (!covered.contains(record.id))
+            to.add(record);
+    });
+}
+
+QByteArray stateAfter(TDatabase &db, TSealEvent event, const QByteArray &before, const TNumbers &records)
+{
+    if (event == TSealEvent::Beginning)
+        return compact(toJson(fingerprintOf(db)));
+    TBookFingerprint state = bookFingerprint(objectOf(before));
+    add(state, changedByHistory(db, records));
+    return compact(toJson(state));
+}
+
+bool hasMonths(TDatabase &db)
+{
+    return !db.columnsOf(u"bd_period"_s).isEmpty();
+}
+
+// The current month is told, so that a month closed without a seal shows.
+QByteArray totalsOf(TDatabase &db, TSealEvent event, std::optional<qlonglong> period)
+{
+    if (!hasMonths(db))
+        return "{}";
+    const Variant current = db.fieldResult(u"select get_last_per_id() from dummy"_s);
+    QJsonObject totals{{u"einamasis"_s, current.isNull() ? QJsonValue() : QJsonValue(current.toLongLong())}};
+    if (event == TSealEvent::Close && period)
+        totals.insert(u"uzdarytas"_s, monthTotals(db, *period));
+    return compact(totals);
+}
+
+void store(TDatabase &db, const TSeal &seal)
+{
+    db.ExecSQL(
+        u"insert into bd_antspaudai (ant_id, ant_laikas, ant_login, ant_stotis, ant_ivykis, ant_perid, "
+        "ant_irasai, ant_sumos, ant_bukle, ant_antspaudas) values (:id, :laikas, :login, :stotis, :ivykis, "
+        ":perid, :irasai, :sumos, :bukle, :antspaudas)"_s,
+        {{u"id"_s, seal.id},
+         {u"laikas"_s, orNull(seal.moment)},
+         {u"login"_s, orNull(seal.login)},
+         {u"stotis"_s, orNull(seal.station)},
+         {u"ivykis"_s, orNull(seal.event)},
+         {u"perid"_s, seal.period.isNull() ? Variant() : Variant(seal.period.toLongLong())},
+         {u"irasai"_s, orNull(seal.records)},
+         {u"sumos"_s, orNull(seal.totals)},
+         {u"bukle"_s, orNull(seal.state)},
+         {u"antspaudas"_s, orNull(seal.hash)}});
+}
+
+// A record of history tells of the seal, so that the last one cannot be removed unseen.
+void record(TDatabase &db, const TSeal &seal)
+{
+    const QJsonObject told{{u"ant_ivykis"_s, QString::fromUtf8(seal.event)},
+                           {u"ant_antspaudas"_s, QString::fromUtf8(seal.hash)}};
+    db.ExecSQL(
+        u"insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas, "
+        "ist_yra) values (:laikas, :login, :stotis, 'bd_antspaudai', :raktas, 'I', :yra)"_s,
+        {{u"laikas"_s, orNull(seal.moment)},
+         {u"login"_s, orNull(seal.login)},
+         {u"stotis"_s, orNull(seal.station)},
+         {u"raktas"_s, QString::number(seal.id)},
+         {u"yra"_s, orNull(compact(told))}});
+}
+
+} // namespace
+
+QString eventText(TSealEvent event)
+{
+    switch (event) {
+    case TSealEvent::Beginning:
+        return u"pradinis"_s;
+    case TSealEvent::Close:
+        return u"uždarymas"_s;
+    case TSealEvent::RollBack:
+        return u"atšaukimas"_s;
+    case TSealEvent::StartOfWork:
+        return u"darbo pradžia"_s;
+    }
+    Q_UNREACHABLE();
+}
+
+QByteArray TSeal::expectedHash(const QByteArray &hashBefore) const
+{
+    QCryptographicHash hashing(QCryptographicHash::Sha256);
+    for (const QByteArray &part :
+         {hashBefore, QByteArray::number(id), moment, login, station, event, period, records, totals, state})
+        addPart(hashing, part);
+    return hashing.result().toHex();
+}
+
+QList<TSeal> readSeals(TDatabase &db)
+{
+    const auto statement = opened(
+        db, u"select ant_id, ant_laikas, ant_login, ant_stotis, ant_ivykis, cast(ant_perid as varchar(20)), "
+            "ant_irasai, ant_sumos, ant_bukle, ant_antspaudas from bd_antspaudai order by ant_id"_s);
+    QList<TSeal> seals;
+    while (statement->next()) {
+        TSeal seal{statement->integer(0)};
+        int column = 0;
+        for (QByteArray *part : {&seal.moment, &seal.login, &seal.station, &seal.event, &seal.period,
+                                 &seal.records, &seal.totals, &seal.state, &seal.hash})
+            *part = bytesOf(*statement, ++column);
+        seals.append(seal);
+    }
+    return seals;
+}
+
+void TCoveredRecords::add(const THistoryRecord &record)
+{
+    const QByteArray wording = record.wording();
+    const TWideSum value = textPrint(wording);
+    numbers.add(record.id);
+    print += {value, value * record.id};
+    addPart(hash, wording);
+}
+
+QByteArray TCoveredRecords::toJson() const
+{
+    const QJsonObject prints = ::toJson(TTableFingerprint{{u"irasai"_s, print}});
+    return compact({{u"intervalai"_s, numbers.toJson()},
+                    {u"pedsakas"_s, prints},
+                    {u"sha256"_s, QString::fromLatin1(hash.result().toHex())}});
+}
+
+TSealedRecords::TSealedRecords(const QByteArray &json)
+    : numbers(TNumbers::fromJson(objectOf(json).value(u"intervalai").toArray())),
+      print(tableFingerprint(objectOf(json).value(u"pedsakas").toObject()).value(u"irasai"_s))
+{
+}
+
+// Amounts in ten thousandths: whole numbers are worded alike on both engines.
+QJsonObject monthTotals(TDatabase &fin, qlonglong period)
+{
+    struct TTable {
+        QString name, period;
+        QStringList amounts;
+    };
+    static const QList<TTable> tables{{u"bd_saslik"_s, u"ssl_perid"_s, {u"ssl_sum_db"_s, u"ssl_sum_kr"_s}},
+                                      {u"bd_irasai"_s, u"irs_perid"_s, {u"irs_sum_db"_s, u"irs_sum_kr"_s}}};
+    QJsonObject totals;
+    for (const TTable &table : tables) {
+        QStringList sums{u"count(*)"_s};
+        for (const QString &amount : table.amounts)
+            sums.append(u"cast(round(coalesce(sum(%1), 0) * 10000) as bigint)"_s.arg(amount));
+        const auto row = opened(
+            fin,
+            u"select %1 from %2 where %3 = %4"_s.arg(sums.join(u", "), table.name, table.period).arg(period));
+        row->next();
+        QJsonObject of{{u"eilutes"_s, row->integer(0)}};
+        for (int i = 0; i < table.amounts.size(); ++i)
+            of.insert(table.amounts.at(i), row->integer(i + 1));
+        totals.insert(table.name, of);
+    }
+    return totals;
+}
+
+void appendSeal(TDatabase &db, TSealEvent event, std::optional<qlonglong> period)
+{
+    TTransaction transaction(&db);
+    lockForSeal(db, event);
+    const QList<TSeal> before = readSeals(db);
+    const TSeal last = before.isEmpty() ? TSeal() : before.constLast();
+    TNumbers covered;
+    for (const TSeal &seal : before)
+        covered.add(TSealedRecords(seal.records).numbers);
+    TCoveredRecords records;
+    addUncovered(db, covered, records);
+
+    TSeal seal{last.id + 1};
+    signSeal(db, seal);
+    seal.event = eventText(event).toUtf8();
+    seal.period = period ? QByteArray::number(*period) : QByteArray();
+    seal.records = records.toJson();
+    seal.totals = totalsOf(db, event, period);
+    seal.state = stateAfter(db, event, last.state, records.numbers);
+    seal.hash = seal.expectedHash(last.hash);
+    store(db, seal);
+    record(db, seal);
+    transaction.commit();
+}

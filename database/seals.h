@@ -1,0 +1,69 @@
+#pragma once
+
+#include "database/history_records.h"
+
+#include <QCryptographicHash>
+
+#include <optional>
+
+// The seals of a book: what it held at each close, roll-back and beginning, bound to one another by SHA-256.
+// A seal covers the records of history that no seal before it covers, and says what the fingerprints of all
+// tables were; so contents, history and seals vouch for each other.
+
+enum class TSealEvent {
+    Beginning,   // the contents as they are, whatever the history says: new, filled or upgraded books
+    Close,       // of a month
+    RollBack,    // of a month
+    StartOfWork, // was set
+};
+
+struct TSeal {
+    qlonglong id = 0;
+    QByteArray moment;
+    QByteArray login;   // null when nobody is logged in
+    QByteArray station; // likewise
+    QByteArray event;   // in words
+    QByteArray period;  // the month that was closed or rolled back; null for other events
+    QByteArray records; // JSON: which records it covers, their fingerprint and checksum
+    QByteArray totals;  // JSON: the current month afterwards, and what the closed month held
+    QByteArray state;   // JSON: the fingerprints of all tables
+    QByteArray hash;
+
+    // What the hash must be after the seal before.
+    QByteArray expectedHash(const QByteArray &hashBefore) const;
+};
+
+// How an event is worded in a seal and for people.
+QString eventText(TSealEvent event);
+
+// All seals, the first one first.
+QList<TSeal> readSeals(TDatabase &db);
+
+// Records as a seal covers them. Built by adding them in the order of their numbers.
+class TCoveredRecords {
+public:
+    void add(const THistoryRecord &record);
+
+    TNumbers numbers;
+    TFingerprint print; // as of a column of a table whose key is the number
+    // The JSON of TSeal::records.
+    QByteArray toJson() const;
+
+private:
+    QCryptographicHash hash{QCryptographicHash::Sha256};
+};
+
+// What a seal says of its records.
+struct TSealedRecords {
+    explicit TSealedRecords(const QByteArray &json);
+    TNumbers numbers;
+    TFingerprint print;
+};
+
+// The totals of a month's opening balances and entries as text, the same on both engines.
+QJsonObject monthTotals(TDatabase &fin, qlonglong period);
+
+// Appends a seal to the book, inside the caller's transaction or in one of its own. period: the month that
+// was closed or rolled back. The book must be at the latest revision and may be either; of the budget book no
+// totals are taken. Raises EDatabaseError; with the caller's transaction rolled back nothing was done.
+void appendSeal(TDatabase &db, TSealEvent event, std::optional<qlonglong> period = {});
