@@ -12,6 +12,8 @@ constexpr char16_t tablesSql[] =
     "and name not glob 'sys_*' and name not in ('bd_versija', 'bd_istorija', 'bd_antspaudai') "
     "and exists (select 1 from pragma_table_info(t.name) where pk > 0) order by name";
 
+const QString secretColumn = u"usr_pasw"_s;
+
 QStringList tablesOf(TDatabase &db)
 {
     TranslatedSql sql;
@@ -40,6 +42,7 @@ struct Table {
 
     QString trigger(const QString &event, QChar letter, const QString &when, const QString &key,
                     const QString &before, const QString &after) const;
+    QString secretPrints(QChar letter) const;
     QString triggers() const;
 };
 
@@ -49,25 +52,38 @@ QString Table::trigger(const QString &event, QChar letter, const QString &when, 
     const QString head = u"create temp trigger if not exists ist_%1_%2 after %3 on main.%1 when "
                          "sys_istorija()%4 begin "_s.arg(name, letter.toLower(), event, when);
     const QString body = u"insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, "
-                         "ist_raktas, ist_veiksmas, ist_buvo, ist_yra) values (sys_dabar(), sys_login(), "
-                         "sys_stotis(), '%1', %2, '%3', %4, %5); end;\n"_s;
-    return head + body.arg(name, rowKey, letter, before, after);
+                         "ist_raktas, ist_veiksmas, ist_buvo, ist_yra, ist_pedsakas) values (sys_dabar(), "
+                         "sys_login(), sys_stotis(), '%1', %2, '%3', %4, %5, %6); end;\n"_s;
+    return head + body.arg(name, rowKey, letter, before, after, secretPrints(letter));
+}
+
+// A record does not tell a password, but its fingerprints before and after.
+QString Table::secretPrints(QChar letter) const
+{
+    if (!columns.contains(secretColumn))
+        return u"null"_s;
+    const auto print = [](const QString &row) { return u"sys_pedsakas('%1', %2.%1)"_s.arg(secretColumn, row); };
+    return uR"('{"%1": [' || %2 || ', ' || %3 || ']}')"_s.arg(
+        secretColumn, letter == u'I' ? u"0"_s : print(u"old"_s), letter == u'D' ? u"0"_s : print(u"new"_s));
 }
 
 QString Table::triggers() const
 {
     const QString all = u"sys_json(%1)"_s;
-    const QString changed = u"sys_json_keista(%1)"_s;
+    const QString newRow = all.arg(each(columns, u"'%1', new.%1"_s, u", "_s));
+    const QString oldRow = all.arg(each(columns, u"'%1', old.%1"_s, u", "_s));
+    // Where the key changed the record shows the whole row: the history of the old key ends with it.
+    const QString sameKey = each(key, u"old.%1 is new.%1"_s, u" and "_s);
+    const QString changed = u"case when %1 then sys_json_keista(%2) else %3 end"_s;
     const QString oldKey = each(key, u"old.%1"_s, u" || '|' || "_s);
     const QString newKey = each(key, u"new.%1"_s, u" || '|' || "_s);
     const QString differs = each(columns, u"old.%1 is not new.%1"_s, u" or "_s);
     return trigger(u"insert"_s, u'I', {}, newKey, u"null"_s,
-                   all.arg(each(columns, u"'%1', new.%1"_s, u", "_s))) +
+                   newRow) +
            trigger(u"update"_s, u'U', u" and (%1)"_s.arg(differs), newKey,
-                   changed.arg(each(columns, u"'%1', old.%1, new.%1"_s, u", "_s)),
-                   changed.arg(each(columns, u"'%1', new.%1, old.%1"_s, u", "_s))) +
-           trigger(u"delete"_s, u'D', {}, oldKey, all.arg(each(columns, u"'%1', old.%1"_s, u", "_s)),
-                   u"null"_s);
+                   changed.arg(sameKey, each(columns, u"'%1', old.%1, new.%1"_s, u", "_s), oldRow),
+                   changed.arg(sameKey, each(columns, u"'%1', new.%1, old.%1"_s, u", "_s), newRow)) +
+           trigger(u"delete"_s, u'D', {}, oldKey, oldRow, u"null"_s);
 }
 
 } // namespace

@@ -154,6 +154,8 @@ QString eventText(TSealEvent event)
         return u"atšaukimas"_s;
     case TSealEvent::StartOfWork:
         return u"darbo pradžia"_s;
+    case TSealEvent::SetUp:
+        return u"parengimas"_s;
     }
     Q_UNREACHABLE();
 }
@@ -231,6 +233,16 @@ QJsonObject monthTotals(TDatabase &fin, qlonglong period)
         totals.insert(table.name, of);
     }
     return totals;
+}
+
+bool leavesRecords(TDatabase &db)
+{
+    const auto answer =
+        opened(db, db.engine() == Engine::Sqlite
+                       ? u"select sys_istorija()"_s
+                       : u"select (coalesce(current_setting('velmora.login', true), '') <> '' and "
+                         "coalesce(current_setting('velmora.rutina', true), '') = '')::int"_s);
+    return answer->next() && answer->integer(0) != 0;
 }
 
 void appendSeal(TDatabase &db, TSealEvent event, std::optional<qlonglong> period)

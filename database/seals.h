@@ -15,6 +15,7 @@ enum class TSealEvent {
     Close,       // of a month
     RollBack,    // of a month
     StartOfWork, // was set
+    SetUp,       // a step of the set-up was written
 };
 
 struct TSeal {
@@ -62,6 +63,9 @@ struct TSealedRecords {
 
 // The totals of a month's opening balances and entries as text, the same on both engines.
 QJsonObject monthTotals(TDatabase &fin, qlonglong period);
+
+// Whether the session's changes leave records in a person's name.
+bool leavesRecords(TDatabase &db);
 
 // Appends a seal to the book, inside the caller's transaction or in one of its own. period: the month that
 // was closed or rolled back. The book must be at the latest revision and may be either; of the budget book no

@@ -123,7 +123,7 @@ void setUpBooks(TDatabase &fin, TDatabase &ravl, const TSetUp &setUp)
         steps.insert(SetUpStep::Municipalities);
     writeSteps({fin, ravl, setUp}, steps);
     for (TDatabase *book : {&fin, &ravl})
-        appendSeal(*book, TSealEvent::Beginning);
+        appendSeal(*book, leavesRecords(*book) ? TSealEvent::SetUp : TSealEvent::Beginning);
     ravlTran.commit();
     finTran.commit();
 }

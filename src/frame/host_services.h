@@ -25,6 +25,7 @@
 #include "host/data/account_row.h"
 #include "host/data/catalogue_row.h"
 #include "host/data/main_datas.h"
+#include "host/data/month_seals.h"
 #include "host/data/organisation.h"
 #include "host/data/party_row.h"
 #include "host/data/reports.h"

@@ -125,7 +125,9 @@ bool TPerCloseDlg::closeShown()
     const bool closes = month.isStillLast();
     if (closes) {
         DbiQExecDirect(MainDatas()->mnFin_Db(), "call Close_Per()");
+        SealMonth(TSealEvent::Close, month.id());
         transaction.commit();
+        SealBudget(TSealEvent::Close, month.id());
     }
     restoreButtons.dismiss();
     StartedProg->Stop();

@@ -29,8 +29,10 @@ bool rollBack(const TShownMonth &month)
     if (!month.isStillLast())
         return false;
     DbiQExecDirect(MainDatas()->mnFin_Db(), "call Back_Per()");
+    SealMonth(TSealEvent::RollBack, month.id());
     window.ProgressBar->setValue(100);
     transaction.commit();
+    SealBudget(TSealEvent::RollBack, month.id());
     return true;
 }
 

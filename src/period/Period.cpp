@@ -99,6 +99,7 @@ void TPeriodDlg::Save()
     const auto closeQuery = qScopeGuard([this] { qryPer.Close(); });
     deleteStored();
     writeRows();
+    SealMonth(TSealEvent::StartOfWork, startOfWorkPeriod);
 }
 
 void TPeriodDlg::deleteStored()

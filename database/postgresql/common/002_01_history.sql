@@ -42,14 +42,15 @@ create trigger tr_bd_istorija_trinta before truncate on bd_istorija
 for each statement execute function tr_istorijos_apsauga();
 
 -- A record in the name of the session's person.
-create function sys_irasyti_istorija(lentele text, raktas text, veiksmas text, buvo jsonb, yra jsonb) returns void
+create function sys_irasyti_istorija(lentele text, raktas text, veiksmas text, buvo jsonb, yra jsonb,
+                                     pedsakas jsonb default null) returns void
 language sql
 as $$
     insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas, ist_buvo,
-                             ist_yra)
+                             ist_yra, ist_pedsakas)
     values (to_char(clock_timestamp(), 'YYYY-MM-DD HH24:MI:SS.MS'),
             nullif(current_setting('velmora.login', true), ''),
-            nullif(current_setting('velmora.stotis', true), ''), lentele, raktas, veiksmas, buvo, yra)
+            nullif(current_setting('velmora.stotis', true), ''), lentele, raktas, veiksmas, buvo, yra, pedsakas)
 $$;
 
 -- A row without what has no place in a record: of pictures stand size and checksum, of passwords that there is
@@ -85,23 +86,32 @@ declare
     paveikslai constant text[] := string_to_array(tg_argv[1], ',');
     eilute constant jsonb := case tg_op when 'DELETE' then to_jsonb(old) else to_jsonb(new) end;
     raktas text;
+    senas_raktas text;
     buvo jsonb;
     yra jsonb;
+    pedsakas jsonb;
 begin
-    select string_agg(eilute ->> stulpelis, '|' order by nr) into raktas
+    select string_agg(eilute ->> stulpelis, '|' order by nr), string_agg(to_jsonb(old) ->> stulpelis, '|' order by nr)
+    into raktas, senas_raktas
     from unnest(string_to_array(tg_argv[0], ',')) with ordinality as r (stulpelis, nr);
     if tg_op = 'UPDATE' then
+        -- Where the key changed the record shows the whole row: the history of the old key ends with it.
         select jsonb_object_agg(key, b.value), jsonb_object_agg(key, n.value) into buvo, yra
         from jsonb_each(to_jsonb(old)) b join jsonb_each(eilute) n using (key)
-        where b.value is distinct from n.value;
+        where b.value is distinct from n.value or raktas <> senas_raktas;
     elsif tg_op = 'INSERT' then
         yra := eilute;
     else
         buvo := eilute;
     end if;
+    if eilute ? 'usr_pasw' then
+        pedsakas := jsonb_build_object('usr_pasw', jsonb_build_array(
+            case when tg_op = 'INSERT' then 0 else sys_slaptazodzio_pedsakas(to_jsonb(old) ->> 'usr_pasw') end,
+            case when tg_op = 'DELETE' then 0 else sys_slaptazodzio_pedsakas(to_jsonb(new) ->> 'usr_pasw') end));
+    end if;
     perform sys_irasyti_istorija(tg_table_name::text, raktas, left(tg_op, 1),
                                  sys_istorijos_eilute(buvo, paveikslai),
-                                 sys_istorijos_eilute(yra, paveikslai));
+                                 sys_istorijos_eilute(yra, paveikslai), pedsakas);
     return null;
 end $$;
 

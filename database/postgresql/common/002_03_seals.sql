@@ -26,14 +26,21 @@ end $$;
 create trigger tr_bd_antspaudai before update or delete or truncate on bd_antspaudai
 for each statement execute function tr_antspaudai();
 
+-- Eight bits of a password, so that a former one cannot be told from its fingerprint.
+create function sys_slaptazodzio_pedsakas(slaptazodis text) returns bigint
+language sql immutable parallel safe
+as $$
+    select coalesce(hashtextextended(slaptazodis, 0) & 255, 0)
+$$;
+
 -- A fingerprint of a value is 31 bits of a hash that the server keeps the same in all its versions, seeded by the
--- column's name; a null has one of its own. Of a password it is eight bits: a former one cannot be told from it.
+-- column's name; a null has one of its own.
 -- The expression, as text, of the fingerprint of an expression of the given type.
 create function sys_pedsako_israiska(reiksme text, tipas text, stulpelis text) returns text
 language sql immutable
 as $$
     select case when stulpelis = 'usr_pasw'
-                then format('(hashtextextended(coalesce(%s, ''''), %s) & 255)', reiksme, druska)
+                then format('sys_slaptazodzio_pedsakas(%s)', reiksme)
                 else format('coalesce(%s & 2147483647, %s)',
                             format(case tipas
                                    when 'bigint' then 'hashint8extended((%s)::bigint, %s)'

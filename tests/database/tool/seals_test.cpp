@@ -1,0 +1,279 @@
+#include "database/history.h"
+#include "database/seals.h"
+#include "tests/database/tool/demo_store.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The demonstration books; what a test changes is taken back. The session has no person: what it writes is as
+// if another program had written it.
+class Seals : public OnDemoBooks {
+protected:
+    // Ona works from here on.
+    void logIn()
+    {
+        for (TDatabase *db : {fin.get(), ravl.get()})
+            keepHistory(*db, {u"ona"_s, u"stotis1"_s});
+    }
+
+    bool embedded() const { return GetParam() == Engine::Sqlite; }
+
+    QString current() { return value(*fin, u"select get_last_per_id() from dummy"_s); }
+
+    void close()
+    {
+        const qlonglong month = current().toLongLong();
+        fin->ExecSQL(u"call Close_Per()"_s);
+        appendSeal(*fin, TSealEvent::Close, month);
+    }
+
+    void rollBack()
+    {
+        const qlonglong month = current().toLongLong();
+        fin->ExecSQL(u"call Back_Per()"_s);
+        appendSeal(*fin, TSealEvent::RollBack, month);
+    }
+
+    // Takes the guards away as somebody would who may do everything.
+    void disarm(const QString &table, const QStringList &triggers)
+    {
+        for (const QString &trigger : triggers)
+            fin->nativeExec(embedded() ? u"drop trigger "_s + trigger
+                                       : u"alter table %1 disable trigger user"_s.arg(table));
+    }
+    void disarmSeals()
+    {
+        disarm(u"bd_antspaudai"_s, {u"tr_bd_antspaudai_keisti"_s, u"tr_bd_antspaudai_trinti"_s});
+    }
+    void disarmHistory()
+    {
+        disarm(u"bd_istorija"_s, {u"tr_bd_istorija_keista"_s, u"tr_bd_istorija_trinta"_s});
+    }
+
+    void expectTold(const QStringList &findings, const QString &onFile, const QString &onServer)
+    {
+        EXPECT_TRUE(findings.join(u'\n').contains(embedded() ? onFile : onServer))
+            << findings.join(u'\n').toStdString();
+    }
+};
+ON_BOTH_ENGINES(Seals);
+
+TEST_P(Seals, TheDemonstrationIsInOrder)
+{
+    EXPECT_EQ(findings(), QStringList());
+}
+
+TEST_P(Seals, AHandMadeUpdateIsNamedWithTableKeyAndColumn)
+{
+    const QString id = value(*fin, u"select max(ssl_id) from bd_saslik where ssl_perid = 12"_s);
+    const QStringList found =
+        findingsAfter({u"update bd_saslik set ssl_sum_db = 76543.25 where ssl_id = "_s + id}, Book::Main);
+    expectTold(found,
+               u"velmora_fin: lentelės „bd_saslik“ eilutė ssl_id = %1: stulpelis „ssl_sum_db“ pakeistas (yra "
+               "76543.25) ne per programą."_s.arg(id),
+               u"kita programa pakeitė lentelės „bd_saslik“ eilutę %1: „ssl_sum_db“ buvo "_s.arg(id));
+}
+
+TEST_P(Seals, AHandMadeUpdateTellsWhatAPersonWroteBefore)
+{
+    logIn();
+    TTransaction undone(fin.get());
+    fin->ExecSQL(u"update bd_kasos set kas_pavad = 'Didžioji „kasa“' where kas_id = 1"_s);
+    if (!embedded())
+        fin->nativeExec(u"set local velmora.login = ''"_s);
+    fin->nativeExec(embedded() ? u"drop trigger temp.ist_bd_kasos_u"_s : u"select 1"_s);
+    fin->nativeExec(u"update bd_kasos set kas_pavad = 'Mažoji' where kas_id = 1"_s);
+    expectTold(findings(), u"stulpelis „kas_pavad“ pakeistas (buvo Didžioji „kasa“, yra Mažoji)"_s,
+               u"„kas_pavad“ buvo Didžioji „kasa“, yra Mažoji"_s);
+}
+
+TEST_P(Seals, AHandMadeRowIsNamed)
+{
+    const QStringList found = findingsAfter(
+        {u"insert into bd_objektai (obj_id, obj_pavad) values (777, 'Svetimas')"_s}, Book::Main);
+    expectTold(found, u"lentelės „bd_objektai“ eilutė obj_id = 777 atsirado ne per programą"_s,
+               u"kita programa įrašė lentelės „bd_objektai“ eilutę 777"_s);
+}
+
+TEST_P(Seals, ARowDeletedByHandIsNamed)
+{
+    const QStringList found =
+        findingsAfter({u"delete from bd_usrkdv where udv_usrid = 1 and udv_finid = (select "
+                       "min(udv_finid) from bd_usrkdv where udv_usrid = 1)"_s,
+                       u"delete from bd_kdv where kdv_id = 3"_s},
+                      Book::Budget);
+    expectTold(found, u"lentelės „bd_kdv“ eilutė kdv_id = 3 dingo"_s,
+               u"kita programa ištrynė lentelės „bd_kdv“ eilutę 3"_s);
+    expectTold(found, u"lentelės „bd_usrkdv“ eilutė dingo"_s,
+               u"kita programa ištrynė lentelės „bd_usrkdv“ eilutę 1|"_s);
+}
+
+TEST_P(Seals, AKeyChangedByHandIsNamed)
+{
+    const QStringList found = findingsAfter({u"insert into bd_objektai (obj_id, obj_pavad) select 900 + "
+                                             u"obj_id, obj_pavad from bd_objektai where obj_id "
+                                             "= 2"_s,
+                                             u"update bd_objektai set obj_id = 950 where obj_id = 1"_s,
+                                             u"delete from bd_objektai where obj_id = 902"_s},
+                                            Book::Main);
+    expectTold(found, u"eilutė obj_id = 950: raktas pakeistas (buvo 1)"_s, u"„obj_id“ buvo 1, yra 950"_s);
+}
+
+TEST_P(Seals, APasswordChangedByHandIsNamedButNotShown)
+{
+    const QStringList found =
+        findingsAfter({u"update bd_usr set usr_pasw = 'visai kitas' where usr_id = 1"_s}, Book::Budget);
+    expectTold(found,
+               u"lentelės „bd_usr“ eilutė usr_id = 1: stulpelis „usr_pasw“ pakeistas ne per programą."_s,
+               u"kita programa pakeitė lentelės „bd_usr“ eilutę 1"_s);
+    EXPECT_FALSE(found.join(u'\n').contains(u"visai kitas"_s));
+}
+
+TEST_P(Seals, RowsDeletedByHandOfOneMonthNameThePeriod)
+{
+    if (!embedded())
+        GTEST_SKIP() << "the server records each row";
+    const QStringList found = findingsAfter({u"delete from bd_dbkrlik where dkl_perid = 12"_s}, Book::Main);
+    expectTold(found, u"(periodas 12)"_s, {});
+}
+
+// Every kind of value, of key and of change.
+TEST_P(Seals, WhatAPersonChangesIsInOrder)
+{
+    logIn();
+    TTransaction finUndone(fin.get()), ravlUndone(ravl.get());
+    fin->ExecSQL(
+        u"insert into bd_objektai (obj_id, obj_pavad) values (777, 'Kabutės \"\" ir ''čia'' \\ ąčęė')"_s);
+    fin->ExecSQL(u"update bd_objektai set obj_pavad = NULL where obj_id = 1"_s);
+    fin->ExecSQL(u"delete from bd_objektai where obj_id = 777"_s);
+    fin->ExecSQL(
+        u"insert into bd_dbkrsut (dks_dkaid, dks_nr, dks_nuo, dks_suma) values (1, 'S-1', '2026-02-03', "
+        "12.5)"_s);
+    fin->ExecSQL(u"update bd_dbkrsut set dks_suma = 0.1234, dks_nuo = '2026-03-01' where dks_nr = 'S-1'"_s);
+    fin->ExecSQL(u"insert into bd_tarn (trn_id, trn_pavad, trn_koef) values (990, 'Kategorija', 1.1)"_s);
+    fin->ExecSQL(u"update bd_tarn set trn_koef = 0.30000000000000004 where trn_id = 990"_s);
+    fin->ExecSQL(
+        u"update bd_bankai set bnk_kodas = bnk_kodas + 100000 where bnk_kodas = (select min(bnk_kodas) from "
+        "bd_bankai)"_s);
+    fin->ExecSQL(u"insert into pp_imok (imo_kod, imo_pavad) values ('007', 'Kodas')"_s);
+    fin->ExecSQL(u"update pp_imok set imo_kod = '008' where imo_kod = '007'"_s);
+    fin->ExecSQL(u"update bd_org set org_zenklas = :zenklas"_s,
+                 {{u"zenklas"_s, QByteArray("\x89PNG\0\xff", 6)}});
+    fin->ExecSQL(u"delete from bd_oprsaskor where osk_oprid = 1"_s);
+    ravl->ExecSQL(u"update bd_usr set usr_pasw = 'naujas' where usr_id = 1"_s);
+    ravl->ExecSQL(u"insert into bd_usr (usr_id, usr_name, usr_pasw) values (91, 'nauja', 'slapta')"_s);
+    ravl->ExecSQL(u"delete from bd_usr where usr_id = 91"_s);
+    ravl->ExecSQL(u"delete from bd_usrkdv where udv_usrid = 2"_s);
+    EXPECT_EQ(findings(), QStringList());
+}
+
+TEST_P(Seals, AMonthClosedRolledBackAndClosedAgainKeepsTheChain)
+{
+    logIn();
+    TTransaction undone(fin.get());
+    close();
+    rollBack();
+    fin->ExecSQL(u"call p_CalcDBKRLik(NULL)"_s);
+    close();
+    EXPECT_EQ(rows(*fin,
+                   u"select ant_ivykis, ant_login from bd_antspaudai where ant_login is not null order by "
+                   "ant_id"_s),
+              (QStringList{u"uždarymas|ona"_s, u"atšaukimas|ona"_s, u"uždarymas|ona"_s}));
+    EXPECT_EQ(findings(), QStringList());
+}
+
+TEST_P(Seals, AMonthClosedWithoutASealIsNamed)
+{
+    logIn();
+    TTransaction undone(fin.get());
+    fin->ExecSQL(u"call Close_Per()"_s);
+    EXPECT_EQ(findings(),
+              QStringList{u"Einamasis mėnuo pakeistas be antspaudo: pagal paskutinį antspaudą periodas 12, "
+                          "yra 13."_s});
+}
+
+TEST_P(Seals, ARemovedSealIsNamed)
+{
+    logIn();
+    TTransaction undone(fin.get());
+    close();
+    rollBack();
+    const QString last = value(*fin, u"select max(ant_id) from bd_antspaudai"_s);
+    disarmSeals();
+    fin->nativeExec(u"delete from bd_antspaudai where ant_id = "_s + last);
+    EXPECT_TRUE(findings().contains(u"velmora_fin: dingo antspaudas Nr. %1."_s.arg(last)))
+        << findings().join(u'\n').toStdString();
+}
+
+TEST_P(Seals, AChangedSealIsNamed)
+{
+    TTransaction undone(fin.get());
+    disarmSeals();
+    fin->nativeExec(u"update bd_antspaudai set ant_laikas = '2020-01-01 10:00:00.000' where ant_id = 1"_s);
+    EXPECT_TRUE(findings().contains(
+        u"velmora_fin: pakeistas antspaudas Nr. 1 (pradinis, 2020-01-01 10:00:00.000)."_s))
+        << findings().join(u'\n').toStdString();
+}
+
+TEST_P(Seals, AChangedAndARemovedRecordOfHistoryAreNamed)
+{
+    logIn();
+    TTransaction undone(fin.get());
+    for (const QString &name : {u"a"_s, u"b"_s, u"c"_s})
+        fin->ExecSQL(u"update bd_kasos set kas_pavad = '%1' where kas_id = 1"_s.arg(name));
+    close();
+    const QString number = value(*fin, u"select min(ist_id) from bd_istorija where ist_login = 'ona'"_s);
+    disarmHistory();
+    fin->nativeExec(u"update bd_istorija set ist_login = 'petras' where ist_id = "_s + number);
+    EXPECT_TRUE(findings().join(u'\n').contains(
+        u"pakeistas pakeitimų istorijos įrašas Nr. %1, kurį saugo"_s.arg(number)))
+        << findings().join(u'\n').toStdString();
+    fin->nativeExec(u"delete from bd_istorija where ist_id = "_s + number);
+    EXPECT_EQ(findings(),
+              QStringList{u"velmora_fin: dingo pakeitimų istorijos įrašas Nr. %1."_s.arg(number)});
+}
+
+TEST_P(Seals, SealsAreNeitherChangedNorDeleted)
+{
+    TTransaction undone(fin.get());
+    for (const QString &sql :
+         {u"update bd_antspaudai set ant_login = 'x'"_s, u"delete from bd_antspaudai"_s}) {
+        fin->nativeExec(u"savepoint bandymas"_s);
+        EXPECT_THROW(fin->nativeExec(sql), EDatabaseError) << sql.toStdString();
+        fin->nativeExec(u"rollback to bandymas"_s);
+    }
+}
+
+TEST_P(Seals, AClockSetBackIsARemarkAndNoFinding)
+{
+    logIn();
+    TTransaction undone(fin.get());
+    fin->ExecSQL(u"update bd_kasos set kas_pavad = 'Kasa' where kas_id = 1"_s);
+    fin->nativeExec(
+        u"insert into bd_istorija (ist_laikas, ist_login, ist_lentele, ist_raktas, ist_veiksmas, ist_buvo, "
+        "ist_yra) values ('2020-01-01 00:00:00.000', 'ona', 'bd_kasos', '1', 'U', '{}', '{}')"_s);
+    QStringList told;
+    EXPECT_EQ(findProblems(*fin, *ravl, [&told](const QString &text) { told.append(text); }), QStringList());
+    EXPECT_TRUE(told.join(u'\n').contains(u"buvo atsuktas laikrodis"_s)) << told.join(u'\n').toStdString();
+}
+
+// Books of the first revision with a row in them.
+using OldBooks = OnEmptyDatabases;
+ON_BOTH_ENGINES(OldBooks);
+
+TEST_P(OldBooks, GetABeginningWhenTheyAreUpgraded)
+{
+    for (const auto &[db, book] : {std::pair(mnFin_Db, Book::Main), std::pair(mnRavl, Book::Budget)}) {
+        upgrade(*db, book, revisions(engine(), book).mid(0, 1));
+        db->nativeExec(u"insert into bd_savivaldybes (sav_kod, sav_pavad) values (13, 'Vilnius')"_s);
+        upgrade(*db, book);
+        EXPECT_EQ(rows(*db, u"select ant_id, ant_ivykis from bd_antspaudai"_s), QStringList{u"1|pradinis"_s});
+    }
+    EXPECT_EQ(findProblems(*mnFin_Db, *mnRavl, [](const QString &) {}),
+              QStringList{u"Nėra einamojo periodo: darbo pradžios periodas nenustatytas."_s});
+    mnRavl->nativeExec(u"update bd_savivaldybes set sav_pavad = 'Kaunas'"_s);
+    EXPECT_EQ(findProblems(*mnFin_Db, *mnRavl, [](const QString &) {}).size(), 2);
+}
+
+} // namespace
