@@ -2,6 +2,7 @@
 
 #include "database/demo/demo.h"
 #include "database/private_place.h"
+#include "database/seals.h"
 #include "host/app/new_books_dialog.h"
 #include "host/app/setup/setup_dialog.h"
 #include "host/common/waiting.h"
@@ -129,4 +130,5 @@ void createEmptyBooks(const QString &folder, const QString &administrator, const
     budget.ExecSQL("insert into bd_usr (usr_id, usr_name, usr_vardas, usr_pavarde, usr_pasw, usr_perziurai, "
                    "usr_user_admin) values (1, :name, :name, :name, :pasw, 0, 1)",
                    {{"name", administrator}, {"pasw", password}});
+    appendSeal(budget, TSealEvent::Beginning);
 }

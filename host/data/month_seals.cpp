@@ -11,7 +11,7 @@ void SealBudget(TSealEvent event, double period) noexcept
 {
     try {
         appendSeal(*MainDatas()->mnRavl(), event, qlonglong(period));
-    } catch (const Exception &) {
+    } catch (const std::exception &) {
         return;
     }
 }
