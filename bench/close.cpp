@@ -1,5 +1,5 @@
 // The month close against the best single statement written by hand, run in the engine's own shell on a copy
-// of the same books with the same durability.
+// of the same books with the same durability; and against itself under history and with the month's seal.
 //
 //   bench_close [--rows N] [--engine sqlite|postgresql]
 
@@ -18,8 +18,10 @@ void measure(Engine engine, int rows)
     const double routine = books.closeByRoutine();
     const double shell = books.closeByShell();
     books.compare();
+    const double sealed = books.closeWithSeal();
     std::printf("%s: %d balances, %d entries: Close_Per %.0f ms, by hand %.0f ms, ratio %.2f\n",
                 nameOf(engine), rows, rows, routine, shell, routine / shell);
+    std::printf("%s: with history and seal %.0f ms, ratio %.2f\n", nameOf(engine), sealed, sealed / routine);
     std::fflush(stdout);
 }
 

@@ -1,7 +1,9 @@
 #include "bench/close_books.h"
 
 #include "bench/child.h"
+#include "database/history.h"
 #include "database/schema.h"
+#include "database/seals.h"
 #include "database/tool/keeping/keeper.h"
 #include "database/tool/keeping/native_query.h"
 #include "database/tool/keeping/server_console.h"
@@ -94,28 +96,41 @@ QString balancesOf(const TSessionSettings &settings)
     return text;
 }
 
+double timed(TDatabase &fin, const std::function<void()> &beforeCommit)
+{
+    QElapsedTimer timer;
+    timer.start();
+    TTransaction tran(&fin);
+    fin.ExecSQL(u"call Close_Per()"_s);
+    beforeCommit();
+    tran.commit();
+    return double(timer.nsecsElapsed()) / 1e6;
+}
+
 } // namespace
 
 struct CloseBooks::Private {
     QTemporaryDir folder{QCoreApplication::applicationDirPath() + u"/bench-XXXXXX"_s};
     std::unique_ptr<TStore> store;
     TSessionSettings copy;
+    TSessionSettings sealed;
 
     bool embedded() const { return store->books().fin.engine == Engine::Sqlite; }
     TServerConsole console() const { return TServerConsole(postgresConnInfo(u"postgres"_s)); }
 
-    void makeCopy()
+    TSessionSettings copied(const QString &ending) const
     {
-        copy = store->books().fin;
+        TSessionSettings made = store->books().fin;
         if (embedded()) {
-            copy.file += u".kopija"_s;
-            store->dump(store->books().fin, copy.file);
-            TDatabase(copy).Open(); // brings the copy into the same journal mode
-            return;
+            made.file += u'.' + ending;
+            store->dump(store->books().fin, made.file);
+            TDatabase(made).Open(); // brings the copy into the same journal mode
+            return made;
         }
-        const QString name = databaseOf(copy.connInfo);
-        console().run(u"create database %1_kopija template %1"_s.arg(name));
-        copy.connInfo = withDatabase(copy.connInfo, name + u"_kopija"_s);
+        const QString name = databaseOf(made.connInfo);
+        console().run(u"create database %1_%2 template %1"_s.arg(name, ending));
+        made.connInfo = withDatabase(made.connInfo, name + u'_' + ending);
+        return made;
     }
 };
 
@@ -127,14 +142,16 @@ CloseBooks::CloseBooks(Engine engine, int rows) : d(std::make_unique<Private>())
     fin.Open();
     fill(fin, rows);
     fin.Close();
-    d->makeCopy();
+    d->copy = d->copied(u"kopija"_s);
+    d->sealed = d->copied(u"antspauduota"_s);
 }
 
 CloseBooks::~CloseBooks()
 {
     if (d->embedded())
         return;
-    for (const TSessionSettings &settings : {d->store->books().fin, d->store->books().ravl, d->copy})
+    for (const TSessionSettings &settings :
+         {d->store->books().fin, d->store->books().ravl, d->copy, d->sealed})
         d->console().run(u"drop database %1 with (force)"_s.arg(databaseOf(settings.connInfo)));
 }
 
@@ -142,12 +159,18 @@ double CloseBooks::closeByRoutine()
 {
     TDatabase fin(d->store->books().fin);
     fin.Open();
-    QElapsedTimer timer;
-    timer.start();
-    TTransaction tran(&fin);
-    fin.ExecSQL(u"call Close_Per()"_s);
-    tran.commit();
-    return double(timer.nsecsElapsed()) / 1e6;
+    return timed(fin, [] {});
+}
+
+double CloseBooks::closeWithSeal()
+{
+    TDatabase fin(d->sealed);
+    fin.Open();
+    keepHistory(fin, {u"ona"_s, u"stotis1"_s});
+    const double spent = timed(fin, [&fin] { appendSeal(fin, TSealEvent::Close, 6); });
+    if (fin.fieldResult(u"select count(*) from bd_istorija where ist_veiksmas = 'R'"_s).toInt() == 0)
+        qFatal("the close left no record");
+    return spent;
 }
 
 double CloseBooks::closeByShell()

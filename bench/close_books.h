@@ -13,6 +13,8 @@ public:
 
     // Milliseconds that Close_Per takes, the commit included.
     double closeByRoutine();
+    // The same under history and with the seal of the month, on a copy of the same books.
+    double closeWithSeal();
     // Milliseconds that the best single statement written by hand takes in the engine's own shell.
     double closeByShell();
     // Ends the program unless both made the same balances.

@@ -62,7 +62,9 @@ QString Table::secretPrints(QChar letter) const
 {
     if (!columns.contains(secretColumn))
         return u"null"_s;
-    const auto print = [](const QString &row) { return u"sys_pedsakas('%1', %2.%1)"_s.arg(secretColumn, row); };
+    const auto print = [](const QString &row) {
+        return u"sys_pedsakas('%1', %2.%1)"_s.arg(secretColumn, row);
+    };
     return uR"('{"%1": [' || %2 || ', ' || %3 || ']}')"_s.arg(
         secretColumn, letter == u'I' ? u"0"_s : print(u"old"_s), letter == u'D' ? u"0"_s : print(u"new"_s));
 }
@@ -78,8 +80,7 @@ QString Table::triggers() const
     const QString oldKey = each(key, u"old.%1"_s, u" || '|' || "_s);
     const QString newKey = each(key, u"new.%1"_s, u" || '|' || "_s);
     const QString differs = each(columns, u"old.%1 is not new.%1"_s, u" or "_s);
-    return trigger(u"insert"_s, u'I', {}, newKey, u"null"_s,
-                   newRow) +
+    return trigger(u"insert"_s, u'I', {}, newKey, u"null"_s, newRow) +
            trigger(u"update"_s, u'U', u" and (%1)"_s.arg(differs), newKey,
                    changed.arg(sameKey, each(columns, u"'%1', old.%1, new.%1"_s, u", "_s), oldRow),
                    changed.arg(sameKey, each(columns, u"'%1', new.%1, old.%1"_s, u", "_s), newRow)) +
