@@ -238,6 +238,15 @@ private:
     TFindings findings;
 };
 
+// A table without rows has no columns in its fingerprint.
+TTableFingerprint differencesOf(const TTableFingerprint &present, const TTableFingerprint &expected)
+{
+    TTableFingerprint differences = present;
+    for (const auto &[column, print] : expected.asKeyValueRange())
+        differences.insert(column, present.value(column) - print);
+    return differences;
+}
+
 } // namespace
 
 void checkContents(TDatabase &db, const TSealCheck &check, const QString &title, QStringList &found)
@@ -248,10 +257,7 @@ void checkContents(TDatabase &db, const TSealCheck &check, const QString &title,
         bookFingerprint(QJsonDocument::fromJson(check.seals.constLast().state).object());
     add(expected, changedByHistory(db, check.unsealed));
     for (const QString &table : fingerprintedTables(db)) {
-        const TTableFingerprint present = fingerprintOf(db, table);
-        TTableFingerprint differences;
-        for (const auto &[column, print] : present.asKeyValueRange())
-            differences.insert(column, print - expected.value(table).value(column));
+        const TTableFingerprint differences = differencesOf(fingerprintOf(db, table), expected.value(table));
         if (std::ranges::any_of(differences, [](const TFingerprint &one) { return one != TFingerprint(); }))
             TDifferentTable(db, title, table, differences, found).tell();
     }

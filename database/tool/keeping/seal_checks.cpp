@@ -273,7 +273,7 @@ void checkSealedMonths(TDatabase &fin, const TSealCheck &check, QStringList &fou
         return;
     const QString sealed =
         objectOf(check.seals.constLast().totals).value(u"einamasis").toVariant().toString();
-    const QString current = columnOf(fin, u"select get_last_per_id()"_s).constFirst();
+    const QString current = columnOf(fin, u"select cast(get_last_per_id() as varchar(20))"_s).constFirst();
     if (sealed != current)
         findings.add(
             u"Einamasis mėnuo pakeistas be antspaudo: pagal paskutinį antspaudą periodas %1, yra %2."_s.arg(

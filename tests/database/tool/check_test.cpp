@@ -87,10 +87,10 @@ TEST_P(Check, FindsAChangedBalanceOfExpenses)
 
 TEST_P(Check, AcceptsExpensesEnteredAnewForJanuary)
 {
-    const QString close = u"call Close_Per()"_s;
+    logIn();
     TTransaction undone(fin.get());
     for (int month = 7; month <= 12; ++month)
-        fin->ExecSQL(close);
+        closeMonth();
     ASSERT_EQ(findings(), QStringList());
     fin->ExecSQL(u"update bd_isllik set sml_kas_db = 7 where sml_perid = get_last_per_id()"_s);
     EXPECT_EQ(findings(), QStringList());
@@ -98,6 +98,7 @@ TEST_P(Check, AcceptsExpensesEnteredAnewForJanuary)
 
 TEST_P(Check, AcceptsBalancesOfCounterpartiesDeletedForAllMonths)
 {
+    logIn();
     EXPECT_EQ(findingsAfter({u"delete from bd_dbkrlik"_s}, Book::Main), QStringList());
 }
 

@@ -1,5 +1,7 @@
 #include "tests/database/tool/demo_store.h"
 
+#include "database/history.h"
+#include "database/seals.h"
 #include "database/tool/keeping/server_console.h"
 #include "tests/support/files.h"
 #include "tests/support/postgres.h"
@@ -127,4 +129,22 @@ QStringList OnDemoBooks::findingsAfter(const QStringList &changes, Book book)
     for (const QString &change : changes)
         db.nativeExec(change);
     return findings();
+}
+
+void OnDemoBooks::logIn()
+{
+    for (TDatabase *db : {fin.get(), ravl.get()})
+        keepHistory(*db, {u"ona"_s, u"stotis1"_s});
+}
+
+qlonglong OnDemoBooks::currentMonth()
+{
+    return value(*fin, u"select get_last_per_id() from dummy"_s).toLongLong();
+}
+
+void OnDemoBooks::closeMonth()
+{
+    const qlonglong month = currentMonth();
+    fin->ExecSQL(u"call Close_Per()"_s);
+    appendSeal(*fin, TSealEvent::Close, month);
 }

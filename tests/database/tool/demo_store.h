@@ -45,6 +45,13 @@ protected:
     QStringList findingsAfter(const QStringList &changes, Book book);
     QStringList findings();
 
+    // Ona works in both sessions from here on; before, what they write is as if another program wrote it. Not
+    // inside a transaction.
+    void logIn();
+    qlonglong currentMonth();
+    // Closes the current month as the program does, with its seal.
+    void closeMonth();
+
     std::unique_ptr<TDatabase> fin;
     std::unique_ptr<TDatabase> ravl;
 };
