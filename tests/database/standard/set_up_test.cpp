@@ -1,3 +1,5 @@
+#include "database/history.h"
+#include "database/seals.h"
 #include "database/standard/standard.h"
 #include "database/tool/keeping/check.h"
 #include "tests/support/engines.h"
@@ -101,6 +103,7 @@ TEST_P(SetUpOfBooks, OnlyTheLowestCodesOfTheClassificationCarryAmounts)
 TEST_P(SetUpOfBooks, BooksCanBeKeptAtOnce)
 {
     write(everything());
+    keepHistory(*mnFin_Db, {u"ona"_s, u"stotis1"_s});
     mnFin_Db->nativeExec(u"insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid, ssl_sum_db, ssl_sum_kr) "
                          "select sas_id, sas_id, 6, case sas_sasnr when '2420001' then 100.25 else 0 end, "
                          "case sas_sasnr when '3100001' then 100.25 else 0 end from bd_sasplan "
@@ -109,6 +112,7 @@ TEST_P(SetUpOfBooks, BooksCanBeKeptAtOnce)
                          "select 1, 6, jve_id, 50 from bd_jve where jve_duom = 1 and jve_kodas = "
                          "'2.1.1.1.1.01'"_s);
     mnFin_Db->ExecSQL(u"call Close_Per()"_s);
+    appendSeal(*mnFin_Db, TSealEvent::Close, 6);
     EXPECT_EQ(fin(u"select GetDateByPeriodId(get_last_per_id()) from dummy"_s), u"2026-12-01");
     EXPECT_EQ(fin(u"select count(*) from bd_saslik where ssl_perid > 6"_s), u"2");
     EXPECT_EQ(problems(), QStringList());
