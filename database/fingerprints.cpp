@@ -88,6 +88,14 @@ void add(TBookFingerprint &to, const TBookFingerprint &more)
         add(to[table], prints);
 }
 
+TTableFingerprint differencesOf(const TTableFingerprint &now, const TTableFingerprint &before)
+{
+    TTableFingerprint differences = now;
+    for (const auto &[column, print] : before.asKeyValueRange())
+        differences.insert(column, now.value(column) - print);
+    return differences;
+}
+
 QJsonObject toJson(const TTableFingerprint &prints)
 {
     QJsonObject json;

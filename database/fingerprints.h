@@ -31,6 +31,9 @@ using TBookFingerprint = QMap<QString, TTableFingerprint>;
 void add(TTableFingerprint &to, const TTableFingerprint &more);
 void add(TBookFingerprint &to, const TBookFingerprint &more);
 
+// What leads from the second to the first; a table without rows has no columns in its fingerprint.
+TTableFingerprint differencesOf(const TTableFingerprint &now, const TTableFingerprint &before);
+
 // Sums are texts of whole numbers, which no reader of JSON rounds.
 QJsonObject toJson(const TTableFingerprint &prints);
 QJsonObject toJson(const TBookFingerprint &prints);

@@ -95,12 +95,17 @@ qlonglong TNumbers::firstMissing() const
     return endByStart.isEmpty() || endByStart.firstKey() > 1 ? 1 : endByStart.first() + 1;
 }
 
-qlonglong TNumbers::count() const
+TNumbers TNumbers::missing(qlonglong from, qlonglong to) const
 {
-    qlonglong count = 0;
-    for (const auto &[from, to] : endByStart.asKeyValueRange())
-        count += to - from + 1;
-    return count;
+    TNumbers gaps;
+    for (const auto &[start, end] : endByStart.asKeyValueRange()) {
+        if (start > from && from <= to)
+            gaps.endByStart.insert(from, std::min(start - 1, to));
+        from = std::max(from, end + 1);
+    }
+    if (from <= to)
+        gaps.endByStart.insert(from, to);
+    return gaps;
 }
 
 QJsonArray TNumbers::toJson() const

@@ -40,7 +40,11 @@ public:
     qlonglong last() const { return endByStart.last(); }
     // The lowest number from 1 on that is not among them.
     qlonglong firstMissing() const;
-    qlonglong count() const;
+    // Those from one number to another that are not among them.
+    TNumbers missing(qlonglong from, qlonglong to) const;
+
+    // Each run of neighbours: the first one and the last one.
+    const QMap<qlonglong, qlonglong> &runs() const { return endByStart; }
 
     // [[from, to], …]
     QJsonArray toJson() const;

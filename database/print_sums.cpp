@@ -1,6 +1,7 @@
 #include "database/print_sums.h"
 
 #include "database/fingerprints.h"
+#include "database/nested.h"
 #include "database/value_prints.h"
 
 #include <QJsonDocument>
@@ -12,6 +13,16 @@ namespace {
 QByteArray textOf(sqlite3_value *value)
 {
     return {reinterpret_cast<const char *>(sqlite3_value_text(value)), sqlite3_value_bytes(value)};
+}
+
+QByteArray jsonText(const TTableFingerprint &prints)
+{
+    return QJsonDocument(toJson(prints)).toJson(QJsonDocument::Compact);
+}
+
+TTableFingerprint fingerprintIn(const QByteArray &text)
+{
+    return tableFingerprint(QJsonDocument::fromJson(text).object());
 }
 
 // One column's sums while they grow; that of the products in two halves, which are added faster.
@@ -91,8 +102,7 @@ void result(sqlite3_context *context)
 {
     const bool anyRow = sqlite3_aggregate_context(context, 0) != nullptr;
     const std::unique_ptr<TableSums> sums(anyRow ? std::exchange(sumsOf(context), nullptr) : nullptr);
-    const TTableFingerprint whole = sums ? sums->whole() : TTableFingerprint();
-    const QByteArray text = QJsonDocument(toJson(whole)).toJson(QJsonDocument::Compact);
+    const QByteArray text = jsonText(sums ? sums->whole() : TTableFingerprint());
     sqlite3_result_text(context, text.constData(), int(text.size()), SQLITE_TRANSIENT);
 }
 
@@ -114,4 +124,29 @@ void teachPrintSums(sqlite3 *db)
     sqlite3_create_function_v2(db, "sys_pedsakai", -1, flags, nullptr, nullptr, step, result, nullptr);
     sqlite3_create_function_v2(db, "sys_pedsakas", 2, flags, nullptr, print, nullptr, nullptr, nullptr);
     sqlite3_create_function_v2(db, "sys_eilutes_nr", 1, flags, nullptr, number, nullptr, nullptr, nullptr);
+}
+
+QByteArray monthPrints(sqlite3 *db, const QByteArray &table, qint64 period)
+{
+    QByteArray key, month;
+    QByteArrayList columns;
+    Nested described(db, "select name, pk from pragma_table_info(?1)");
+    for (described.bind(1, table); described.next();) {
+        const QByteArray column = described.text(0);
+        if (column.endsWith("_perid"))
+            month = column;
+        if (described.integer(1) > 0)
+            key = column;
+        else
+            columns.append(column);
+    }
+    Nested sums(db, "select sys_pedsakai('" + columns.join(',') + "', " + key + ", " + columns.join(", ") +
+                        ") from " + table + " where " + month + " = ?1");
+    sums.bind(1, period).next();
+    return sums.text(0);
+}
+
+QByteArray printsDifference(const QByteArray &before, const QByteArray &after)
+{
+    return jsonText(differencesOf(fingerprintIn(after), fingerprintIn(before)));
 }

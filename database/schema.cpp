@@ -21,11 +21,6 @@ QString folderOf(Engine engine)
     return engine == Engine::Sqlite ? u":/schema/sqlite/"_s : u":/schema/postgresql/"_s;
 }
 
-QString nameOf(Book book)
-{
-    return book == Book::Main ? u"main"_s : u"budget"_s;
-}
-
 // An index of SQLite cannot name lt_raktas: it is made of the functions that every program knows.
 QString worded(Engine engine, QString script)
 {
@@ -123,6 +118,11 @@ void apply(TDatabase &db, Book book, const TRevision &revision)
 }
 
 } // namespace
+
+QString nameOf(Book book)
+{
+    return book == Book::Main ? u"main"_s : u"budget"_s;
+}
 
 QList<TRevision> revisions(Engine engine, Book book)
 {

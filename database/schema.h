@@ -11,6 +11,9 @@
 // (mnRavl).
 enum class Book { Main, Budget };
 
+// How a book is called in its own database and in the folders of the schema.
+QString nameOf(Book book);
+
 // One step of the schema in the engine's own wording.
 struct TRevision {
     int number = 0;

@@ -126,6 +126,16 @@ begin
     return rezultatas;
 end $$;
 
+-- What led from one fingerprint of a table to the other: what a record of a routine keeps in ist_pedsakas.
+create function sys_pedsaku_skirtumas(buvo jsonb, yra jsonb) returns jsonb
+language sql immutable parallel safe
+as $$
+    select jsonb_object_agg(key, jsonb_build_array(((y.value ->> 0)::numeric - (b.value ->> 0)::numeric)::text,
+                                                   ((y.value ->> 1)::numeric - (b.value ->> 1)::numeric)::text))
+    from jsonb_each(yra) y
+    join jsonb_each(buvo) b using (key)
+$$;
+
 -- A value of a record of history as an expression: the fingerprint of what it says of a column, 0 when nothing.
 -- Of a password the record does not say the value but the fingerprint, in ist_pedsakas.
 create function sys_iraso_israiska(puse text, stulpelis text, tipas text) returns text
@@ -180,3 +190,6 @@ begin
     into rezultatas using intervalai;
     return rezultatas;
 end $$;
+
+-- Counters are under no history: the engine's own check holds a damaged one against its index.
+create index ix_sys_raktai_visi on sys_raktai (rak_lentele, rak_stulpelis, rak_paskutinis);

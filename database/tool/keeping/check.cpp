@@ -48,14 +48,20 @@ void checkServerPages(TDatabase &db, const QString &title, QStringList &found)
     }
 }
 
-bool checkRevision(TDatabase &db, const QString &title, QStringList &found)
+bool checkRevision(TDatabase &db, Book book, QStringList &found)
 {
+    const QString title = databaseTitle(book);
     const int revision = revisionOf(db);
     if (revision == 0)
         found.append(u"%1: duomenų bazėje nėra sistemos lentelių."_s.arg(title));
     else if (revision != latestRevision())
         found.append(u"%1: duomenų bazės redakcija %2, o programai reikia %3."_s.arg(title).arg(revision).arg(
             latestRevision()));
+    if (revision == latestRevision() &&
+        columnOf(db, u"select ver_knyga from bd_versija"_s).value(0) != nameOf(book)) {
+        found.append(u"%1: duomenų bazė yra ne ta: joje laikomi kiti duomenys."_s.arg(title));
+        return false;
+    }
     return revision == latestRevision();
 }
 
@@ -176,7 +182,7 @@ bool checkDatabase(TDatabase &db, Book book, const TProgress &progress, QStringL
         checkSqliteFile(db, title, found);
     else
         checkServerPages(db, title, found);
-    if (!checkRevision(db, title, found))
+    if (!checkRevision(db, book, found))
         return false;
     checkReferences(db, title, found);
     checkPeriods(db, title, found);

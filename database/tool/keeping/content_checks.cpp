@@ -238,15 +238,6 @@ private:
     TFindings findings;
 };
 
-// A table without rows has no columns in its fingerprint.
-TTableFingerprint differencesOf(const TTableFingerprint &present, const TTableFingerprint &expected)
-{
-    TTableFingerprint differences = present;
-    for (const auto &[column, print] : expected.asKeyValueRange())
-        differences.insert(column, present.value(column) - print);
-    return differences;
-}
-
 } // namespace
 
 void checkContents(TDatabase &db, const TSealCheck &check, const QString &title, QStringList &found)

@@ -140,11 +140,10 @@ private:
     {
         if (present.toJson() == seal.records)
             return;
-        const qsizetype before = missing;
-        for (const QJsonValue &interval : expected.numbers.toJson())
-            tellMissing(interval.toArray().at(0).toInteger(), interval.toArray().at(1).toInteger(),
-                        present.numbers);
-        if (missing > before)
+        bool allThere = true;
+        for (const auto &[from, to] : expected.numbers.runs().asKeyValueRange())
+            allThere = !tellMissing(present.numbers.missing(from, to)) && allThere;
+        if (!allThere)
             return;
         const TFingerprint difference = present.print - expected.print;
         const TWideSum number = difference.values != 0 ? difference.keyed / difference.values : 0;
@@ -158,14 +157,16 @@ private:
                 u"%1: pakeisti pakeitimų istorijos įrašai, kuriuos saugo %2."_s.arg(title, titleOf(seal)));
     }
 
-    void tellMissing(qlonglong from, qlonglong to, const TNumbers &present)
+    bool tellMissing(const TNumbers &numbers)
     {
-        for (qlonglong number = from; number <= to; ++number) {
-            if (present.contains(number))
-                continue;
-            ++missing;
-            findings.add(u"%1: dingo pakeitimų istorijos įrašas Nr. %2."_s.arg(title).arg(number));
+        for (const auto &[from, to] : numbers.runs().asKeyValueRange()) {
+            if (from == to)
+                findings.add(u"%1: dingo pakeitimų istorijos įrašas Nr. %2."_s.arg(title).arg(from));
+            else
+                findings.add(
+                    u"%1: dingo pakeitimų istorijos įrašai Nr. %2–%3."_s.arg(title).arg(from).arg(to));
         }
+        return !numbers.isEmpty();
     }
 
     // In a file numbers follow one another without a gap, and the engine keeps the last one beside the table.
@@ -177,7 +178,7 @@ private:
                 .toLongLong();
         TNumbers present = check.sealed;
         present.add(check.unsealed);
-        tellMissing(1, last, present);
+        tellMissing(present.missing(1, last));
         if (!present.isEmpty() && present.last() > last)
             findings.add(u"%1: pakeitimų istorijos įrašas Nr. %2 įrašytas ne per programą."_s.arg(title).arg(
                 present.last()));
@@ -192,7 +193,6 @@ private:
     std::vector<TCoveredRecords> covered;
     TNumbers accepted; // records of before a beginning
     QByteArray momentBefore;
-    qsizetype missing = 0;
     size_t lastSeal = 0;
 };
 
