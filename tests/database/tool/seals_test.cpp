@@ -1,3 +1,4 @@
+#include "database/history.h"
 #include "database/seals.h"
 #include "tests/database/tool/demo_store.h"
 
@@ -257,6 +258,32 @@ TEST_P(OldBooks, GetABeginningWhenTheyAreUpgraded)
               QStringList{u"Nėra einamojo periodo: darbo pradžios periodas nenustatytas."_s});
     mnRavl->nativeExec(u"update bd_savivaldybes set sav_pavad = 'Kaunas'"_s);
     EXPECT_EQ(findProblems(*mnFin_Db, *mnRavl, [](const QString &) {}).size(), 2);
+}
+
+// Two stations of a server.
+using SealsOfStations = OnBothEngines;
+ON_ENGINE(SealsOfStations, Engine::PostgreSql);
+
+TEST_P(SealsOfStations, ARecordThatIsCommittedLateIsCoveredByALaterSeal)
+{
+    TDatabase *other = secondFin();
+    keepHistory(*mnFin_Db, {u"ona"_s, u"stotis1"_s});
+    keepHistory(*other, {u"petras"_s, u"stotis2"_s});
+    {
+        TTransaction late(other);
+        other->ExecSQL(u"insert into bd_objektai values (1, 'Vėluoja')"_s);
+        mnFin_Db->ExecSQL(u"insert into bd_objektai values (2, 'Spėja')"_s);
+        appendSeal(*mnFin_Db, TSealEvent::SetUp);
+        late.commit();
+    }
+    const auto findings = [this] { return findProblems(*mnFin_Db, *mnRavl, [](const QString &) {}); };
+    const QStringList onlyNoMonth{u"Nėra einamojo periodo: darbo pradžios periodas nenustatytas."_s};
+    EXPECT_EQ(findings(), onlyNoMonth);
+    appendSeal(*mnFin_Db, TSealEvent::SetUp);
+    EXPECT_EQ(findings(), onlyNoMonth);
+    EXPECT_EQ(value(*mnFin_Db, u"select count(*) from bd_antspaudai where ant_irasai like '%],[%'"_s), u"0");
+    EXPECT_EQ(value(*mnFin_Db, u"select count(*) from bd_istorija where ist_login in ('ona', 'petras')"_s),
+              u"4");
 }
 
 } // namespace
