@@ -51,6 +51,7 @@ void create(TStore &store, const TCommandLine &line)
         createBooks(store, say);
         return;
     }
+    store.refuseWhenPresent(); // before anything is asked
     using enum SetUpStep;
     TSetUp setUp;
     setUp.standard = {Municipalities, Accounts, Classification, Functions, WorkPlaces, Sources, Banks};

@@ -2,6 +2,8 @@
 
 #include <QTextStream>
 
+#include <csignal>
+
 #include <termios.h>
 #include <unistd.h>
 
@@ -9,22 +11,37 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Nothing that is typed is shown while this lives.
+constexpr int endings[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+termios usual;
+
+// The terminal is the user's again before the program ends as it would have.
+void endSeen(int signal)
+{
+    tcsetattr(STDIN_FILENO, TCSAFLUSH, &usual);
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+}
+
+// Nothing that is typed is shown while this lives, nor for longer when the program is interrupted meanwhile.
 class TUnseen {
 public:
     TUnseen()
     {
         tcgetattr(STDIN_FILENO, &usual);
+        for (const int signal : endings)
+            std::signal(signal, endSeen);
         termios unseen = usual;
         unseen.c_lflag &= ~tcflag_t(ECHO);
         tcsetattr(STDIN_FILENO, TCSAFLUSH, &unseen);
     }
-    ~TUnseen() { tcsetattr(STDIN_FILENO, TCSAFLUSH, &usual); }
+    ~TUnseen()
+    {
+        tcsetattr(STDIN_FILENO, TCSAFLUSH, &usual);
+        for (const int signal : endings)
+            std::signal(signal, SIG_DFL);
+    }
     TUnseen(const TUnseen &) = delete;
     TUnseen &operator=(const TUnseen &) = delete;
-
-private:
-    termios usual{};
 };
 
 QString typedPassword()

@@ -9,6 +9,11 @@
 #include <iostream>
 #include <random>
 
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <termios.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -37,6 +42,73 @@ void killAfter(const QStringList &arguments, qint64 milliseconds)
     process.kill();
     process.waitForFinished();
 }
+
+// A run at a terminal of its own.
+class TAtTerminal {
+public:
+    explicit TAtTerminal(const QStringList &arguments) : terminal(posix_openpt(O_RDWR | O_NOCTTY))
+    {
+        grantpt(terminal);
+        unlockpt(terminal);
+        process.setReadChannel(QProcess::StandardError);
+        process.setChildProcessModifier([name = QByteArray(ptsname(terminal))] {
+            setsid();
+            const int user = open(name.constData(), O_RDWR);
+            ioctl(user, TIOCSCTTY, 0);
+            dup2(user, STDIN_FILENO);
+        });
+        process.start(buildFolder() + u"/bin/velmora-db"_s, arguments);
+    }
+    ~TAtTerminal()
+    {
+        process.kill();
+        process.waitForFinished();
+        close(terminal);
+    }
+    TAtTerminal(const TAtTerminal &) = delete;
+    TAtTerminal &operator=(const TAtTerminal &) = delete;
+
+    bool isAsked()
+    {
+        while (!told.contains("slaptažodis") && process.waitForReadyRead(10000))
+            read();
+        return told.contains("slaptažodis");
+    }
+    QString toldAtTheEnd()
+    {
+        EXPECT_TRUE(process.waitForFinished(60000));
+        read();
+        return QString::fromUtf8(told);
+    }
+    // As the keyboard does.
+    void type(const QByteArray &keys)
+    {
+        EXPECT_EQ(write(terminal, keys.constData(), size_t(keys.size())), keys.size());
+    }
+    bool showsWhatIsTyped() const
+    {
+        termios settings{};
+        EXPECT_EQ(tcgetattr(terminal, &settings), 0);
+        return settings.c_lflag & ECHO;
+    }
+    // Until the program has changed how the terminal shows, or for ten seconds.
+    void waitUntilShown(bool shown) const
+    {
+        for (int i = 0; i < 100 && showsWhatIsTyped() != shown; ++i)
+            QThread::msleep(100);
+    }
+
+private:
+    void read()
+    {
+        told += process.readAllStandardError();
+        process.readAllStandardOutput();
+    }
+
+    int terminal;
+    QProcess process;
+    QByteArray told;
+};
 
 } // namespace
 
@@ -73,6 +145,28 @@ TEST(StandardBooksPassword, ComesFromTheEnvironmentWhenItIsThere)
     qunsetenv("VELMORA_PASSWORD");
     ASSERT_EQ(created.code, 0) << created.err.toStdString();
     EXPECT_EQ(value(*place.ravl(), u"select usr_pasw from bd_usr"_s), u"Ąžuolas 7");
+}
+
+TEST(StandardBooksPassword, IsTypedUnseenAndTheTerminalIsTheUsersAgainAfterAnInterruption)
+{
+    const TestPlace place(Engine::Sqlite);
+    TAtTerminal run(create + QStringList{u"--admin"_s, u"rasa"_s} + place.arguments());
+    ASSERT_TRUE(run.isAsked());
+    run.waitUntilShown(false);
+    EXPECT_FALSE(run.showsWhatIsTyped());
+    run.type("\x03");
+    run.toldAtTheEnd();
+    EXPECT_TRUE(run.showsWhatIsTyped());
+    EXPECT_EQ(place.store()->present(), 0);
+}
+
+TEST(StandardBooksPassword, IsNotAskedForBooksThatAreThereAlready)
+{
+    const TestPlace place(Engine::Sqlite);
+    const QStringList arguments = create + QStringList{u"--admin"_s, u"rasa"_s} + place.arguments();
+    ASSERT_EQ(velmoraDb(arguments, u"Raktas 1\n"_s).code, 0);
+    EXPECT_EQ(TAtTerminal(arguments).toldAtTheEnd().trimmed(),
+              u"Duomenų bazės jau yra. Jos neliečiamos; nurodykite kitą vietą.");
 }
 
 // Wherever a run is killed, the next one either finds whole books and leaves them, or makes them.

@@ -1,10 +1,9 @@
-#include "tests/database/tool/demo_store.h"
-#include "tests/support/unguarded.h"
-
 #include "database/backups/archive.h"
+#include "tests/database/tool/demo_store.h"
 #include "tests/database/tool/velmora_db.h"
 #include "tests/support/files.h"
 #include "tests/support/private_files.h"
+#include "tests/support/unguarded.h"
 
 #include <QLockFile>
 #include <QtEndian>
