@@ -1,7 +1,5 @@
 #include "host/app/catalogues/branch_dialog.h"
 
-#include "host/app/catalogues/table_lock.h"
-
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -9,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 TBranchDlg::TBranchDlg(TRecordDescription described, const TRecordStart &start, const QString &column,
                        double parent, const QVariantMap &ofNew)
-    : TRecordDialog(std::move(described), start),
+    : TJudgedDialog(std::move(described), start),
       parentColumn(column),
       above(parent),
       given(ofNew)
@@ -18,7 +16,7 @@ TBranchDlg::TBranchDlg(TRecordDescription described, const TRecordStart &start, 
 
 void TBranchDlg::Loaded()
 {
-    TRecordDialog::Loaded();
+    TJudgedDialog::Loaded();
     if (!isNew())
         return;
     for (const auto &[column, value] : given.asKeyValueRange())
@@ -33,15 +31,10 @@ void TBranchDlg::Loaded()
     }
 }
 
-// What was judged while typing is judged once more: another station may have written since.
-void TBranchDlg::Save()
+void TBranchDlg::Judge()
 {
-    lockTable(Database(), description.table);
-    Validate();
-    Judge();
     const QString there =
         u"select count(*) from %1 where %2 = :tevas"_s.arg(description.table, description.keyColumn);
     if (parentOfNew() > 0 && Database()->fieldResult(there, {{u"tevas"_s, above}}).toInt() == 0)
         throw Exception(u"Įrašas, po kuriuo dedama, jau ištrintas kitoje darbo vietoje"_s);
-    TRecordDialog::Save();
 }

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "host/controls/record_dialog.h"
+#include "host/app/catalogues/judged_dialog.h"
 
 // The editor of one row of a tree, or of a new one below parent (0: at the top). A parent that is gone when
 // the row is saved is told.
-class TBranchDlg : public TRecordDialog {
+class TBranchDlg : public TJudgedDialog {
     Q_OBJECT
 public:
     // What a new row has from the beginning, by column, stands in ofNew.
@@ -13,11 +13,7 @@ public:
 
 protected:
     void Loaded() override;
-    void Save() override;
-
-    // Raises when the row may not be saved as it is, and does what it brings with it for other rows. Runs in
-    // the transaction of the save before anything is written; no other station writes the table meanwhile.
-    virtual void Judge() {}
+    void Judge() override;
 
     // What a new row brings with it, told before anything is typed; empty: nothing.
     virtual QString hint() const { return {}; }
@@ -29,3 +25,10 @@ private:
     const double above;
     const QVariantMap given;
 };
+
+// Opens the editor of a row of a tree, or of a new one below parent, as TTreeDescription::edit asks for it.
+template<class Dialog, class... More>
+bool editBranch(const QString &caption, bool isNew, double &key, double parent, More... more)
+{
+    return editRecord<Dialog>(key, caption, TRecordStart::rowOrNew(isNew, key), parent, more...);
+}

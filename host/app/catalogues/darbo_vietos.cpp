@@ -50,7 +50,7 @@ void TDarboVietosFrm::DeleteRow(const Variant &key)
 }
 
 TDarboVietaDlg::TDarboVietaDlg(const TRecordStart &start)
-    : TRecordDialog({.name = u"TDarboVietaDlg"_s,
+    : TJudgedDialog({.name = u"TDarboVietaDlg"_s,
                      .newCaption = u"Nauja darbo vieta"_s,
                      .editCaption = u"Darbo vieta"_s,
                      .help = 124,
@@ -64,13 +64,15 @@ TDarboVietaDlg::TDarboVietaDlg(const TRecordStart &start)
 {
 }
 
-void TDarboVietaDlg::Save()
+void TDarboVietaDlg::Judge()
 {
-    lockTable(Database(), description.table);
-    Validate();
     if (isNew())
         field(description.keyColumn)->setAsInteger(lowestFreeNumber(Database()));
-    TRecordDialog::Save();
+}
+
+void TDarboVietaDlg::Save()
+{
+    TJudgedDialog::Save();
     if (isNew())
         giveToAdministrators(Database(), bitOf(rowKey().toInt()));
 }

@@ -4,15 +4,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-bool editFunction(const QString &caption, bool isNew, double &key, double parent)
-{
-    return editRecord<TFunkcijaDlg>(key, caption, TRecordStart::rowOrNew(isNew, key), parent);
-}
-
-} // namespace
-
 TFunkcijosFrm::TFunkcijosFrm(QWidget *owner)
     : TTreeFrm({.name = u"TFunkcijosFrm"_s,
                 .caption = u"Valstybės funkcijos"_s,
@@ -30,7 +21,7 @@ TFunkcijosFrm::TFunkcijosFrm(QWidget *owner)
                 .codeTitle = u"Kodas"_s,
                 .parentColumn = u"fun_tevid"_s,
                 .nodes = u"select fun_id, fun_tevid, fun_kodas, fun_pavad, 1 as lapas from bd_fun"_s,
-                .edit = editFunction,
+                .edit = editBranch<TFunkcijaDlg>,
                 .place = placeUnused(u"bd_fun"_s, u"fun_id"_s)},
                owner)
 {

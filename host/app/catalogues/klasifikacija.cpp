@@ -1,31 +1,10 @@
 #include "host/app/catalogues/klasifikacija.h"
 
-#include "host/app/catalogues/node_rules.h"
-#include "host/classifier/book_data.h"
+#include "host/app/catalogues/book_box.h"
 #include "host/classifier/classifier.h"
 #include "toolkit/widgets/guard.h"
 
-#include <QComboBox>
-
 using namespace Qt::StringLiterals;
-
-namespace {
-
-TTreeDescription nodes(const std::function<double()> &book)
-{
-    return {.root = u"Visi kodai"_s,
-            .codeTitle = u"Kodas"_s,
-            .parentColumn = u"jve_tevid"_s,
-            .edit =
-                [book](const QString &caption, bool isNew, double &key, double parent) {
-                    return editRecord<TMazgasDlg>(key, caption, TRecordStart::rowOrNew(isNew, key), book(),
-                                                  parent);
-                },
-            .place = placeNode,
-            .consequence = lossOfHeading};
-}
-
-} // namespace
 
 TMazgaiFrm::TMazgaiFrm(QWidget *owner, double book)
     : TTreeFrm({.name = u"TMazgaiFrm"_s,
@@ -47,32 +26,28 @@ TMazgaiFrm::TMazgaiFrm(QWidget *owner, double book)
                 .used = {u"Kodas \"%s\" yra naudojamas!"_s, u"JVE_KODAS"_s},
                 .newCaption = u"Naujas kodas"_s,
                 .editCaption = u"Klasifikacijos kodas"_s},
-               nodes([this] { return books->currentData().toDouble(); }), owner),
-      books(new QComboBox)
+               {.root = u"Visi kodai"_s,
+                .codeTitle = u"Kodas"_s,
+                .parentColumn = u"jve_tevid"_s,
+                .edit =
+                    [this](const QString &caption, bool isNew, double &key, double parent) {
+                        return editBranch<TMazgasDlg>(caption, isNew, key, parent, books->book());
+                    },
+                .place = placeNode,
+                .consequence = lossOfHeading},
+               owner),
+      books(new TBookBox)
 {
-    books->setObjectName(u"BookBox"_s);
-    books->setMinimumContentsLength(22);
     addToToolBar(u"Kn&yga:"_s, books);
-    readBooks(book > 0 ? book : userKnyga());
+    books->read(Database(), book > 0 ? book : userKnyga());
     connectGuarded(books, &QComboBox::activated, this, [this] { RefreshData({}); });
-}
-
-void TMazgaiFrm::readBooks(double chosen)
-{
-    books->clear();
-    for (const TKnyga &each : booksOf(Database()))
-        books->addItem(each.name, each.id);
-    books->setCurrentIndex(qMax(0, books->findData(chosen)));
 }
 
 void TMazgaiFrm::RefreshData(const Variant &key)
 {
-    readBooks(books->currentData().toDouble());
-    const double book = books->currentData().toDouble();
-    description.parameters.insert(u"knyga"_s, book);
-    tree.nodes =
-        u"select jve_id, jve_tevid, jve_kodas, jve_pavad, jve_duom from bd_jve where jve_islid = %1"_s.arg(
-            qRound64(book));
+    books->read(Database(), books->book());
+    description.parameters.insert(u"knyga"_s, books->book());
+    tree.nodes = books->nodes();
     TTreeFrm::RefreshData(key);
 }
 
@@ -83,7 +58,7 @@ void TMazgaiFrm::CheckToolButtons()
     acNew->setEnabled(acNew->isEnabled() && books->count() > 0);
 }
 
-TMazgasDlg::TMazgasDlg(const QString &caption, const TRecordStart &start, double book, double parent)
+TMazgasDlg::TMazgasDlg(const QString &caption, const TRecordStart &start, double parent, double book)
     : TBranchDlg(
           {.name = u"TMazgasDlg"_s,
            .newCaption = caption,
@@ -99,15 +74,11 @@ TMazgasDlg::TMazgasDlg(const QString &caption, const TRecordStart &start, double
 {
 }
 
-QString TMazgasDlg::hint() const
-{
-    return lossOfHeading(parentOfNew());
-}
-
 void TMazgasDlg::Judge()
 {
     requireNodeCode(row());
     makeHeading(parentOfNew());
     if (!isNew())
         requireNodeMark(row());
+    TBranchDlg::Judge();
 }

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "host/app/catalogues/branch_dialog.h"
+#include "host/app/catalogues/node_rules.h"
 #include "host/app/catalogues/tree_frm.h"
 
-class QComboBox;
+class TBookBox;
 
-// The nodes of a classification book, chosen beside the search. Amounts are kept for those that are marked
-// so.
+// The nodes of a classification book, chosen beside the search. Those that are marked so carry amounts.
 class TMazgaiFrm : public TTreeFrm {
     Q_OBJECT
 public:
@@ -17,18 +17,16 @@ public:
     void CheckToolButtons() override;
 
 private:
-    void readBooks(double chosen);
-
-    QComboBox *books;
+    TBookBox *books;
 };
 
 // The editor of one node, or of a new one of the book below parent (0: at the top).
 class TMazgasDlg : public TBranchDlg {
     Q_OBJECT
 public:
-    TMazgasDlg(const QString &caption, const TRecordStart &start, double book, double parent);
+    TMazgasDlg(const QString &caption, const TRecordStart &start, double parent, double book);
 
 protected:
-    QString hint() const override;
+    QString hint() const override { return lossOfHeading(parentOfNew()); }
     void Judge() override;
 };

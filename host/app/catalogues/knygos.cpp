@@ -1,7 +1,6 @@
 #include "host/app/catalogues/knygos.h"
 
 #include "host/app/catalogues/klasifikacija.h"
-#include "host/app/catalogues/table_lock.h"
 
 using namespace Qt::StringLiterals;
 
@@ -37,7 +36,7 @@ TKnygosFrm::TKnygosFrm(QWidget *owner)
 }
 
 TKnygaDlg::TKnygaDlg(const TRecordStart &start)
-    : TRecordDialog(
+    : TJudgedDialog(
           {.name = u"TKnygaDlg"_s,
            .newCaption = u"Nauja klasifikacijos knyga"_s,
            .editCaption = u"Klasifikacijos knyga"_s,
@@ -50,12 +49,4 @@ TKnygaDlg::TKnygaDlg(const TRecordStart &start)
            .rows = {TFieldRow::edit(u"&Pavadinimas"_s, u"ISL_PAVAD"_s).required().width(50)}},
           start)
 {
-}
-
-// The name is judged once more: another station may have taken it since.
-void TKnygaDlg::Save()
-{
-    lockTable(Database(), description.table);
-    Validate();
-    TRecordDialog::Save();
 }

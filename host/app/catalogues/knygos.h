@@ -1,7 +1,7 @@
 #pragma once
 
+#include "host/app/catalogues/judged_dialog.h"
 #include "host/controls/browse_frm.h"
-#include "host/controls/record_dialog.h"
 
 // The classification books.
 class TKnygosFrm : public TBrowseFrm {
@@ -10,11 +10,8 @@ public:
     explicit TKnygosFrm(QWidget *owner);
 };
 
-class TKnygaDlg : public TRecordDialog {
+class TKnygaDlg : public TJudgedDialog {
     Q_OBJECT
 public:
     explicit TKnygaDlg(const TRecordStart &start);
-
-protected:
-    void Save() override;
 };

@@ -25,6 +25,14 @@ QString refusalOfCode(const TLevel &level, double node, const QString &code)
     return others.toInt() > 0 ? u"Kodas \"%1\" šiame lygyje jau yra"_s.arg(code) : QString();
 }
 
+bool hasCodesBelow(double node)
+{
+    const Variant below =
+        sessionOf(TSession::Main)
+            ->fieldResult(u"select count(*) from bd_jve where jve_tevid = :id"_s, {{u"id"_s, node}});
+    return below.toInt() > 0;
+}
+
 } // namespace
 
 void requireNodeCode(const TDataSet &row)
@@ -74,6 +82,8 @@ void requireNodeMark(const TDataSet &row)
 {
     const TField *mark = row.FieldByName(u"JVE_DUOM"_s);
     const double id = row.FieldByName(u"JVE_ID"_s)->AsFloat();
+    if (mark->OldValue().toInt() == 0 && mark->AsInteger() != 0 && hasCodesBelow(id))
+        throw EFieldRefused(u"Kodas turi žemesnių kodų, todėl pats sumų neturi"_s, u"JVE_DUOM"_s);
     if (mark->OldValue().toInt() != 0 && mark->AsInteger() == 0 &&
         branchIsUsed(sessionOf(TSession::Main), u"bd_jve"_s, u"jve_id"_s, {id}))
         throw EFieldRefused(u"Kodas jau turi sumų (sąmatą, likučių ar įrašų)"_s, u"JVE_DUOM"_s);

@@ -8,7 +8,8 @@ class TDataSet;
 // The rules of a classification book's nodes. Each raises in words what it refuses.
 
 void requireNodeCode(const TDataSet &row); // one level of a book has no code twice
-void requireNodeMark(const TDataSet &row); // a code for which amounts are kept goes on carrying them
+// A code for which amounts are kept goes on carrying them, and one with others below it does not begin to.
+void requireNodeMark(const TDataSet &row);
 
 // A code comes to stand below the node: amounts are kept for it no more. Refused when it has some already.
 void makeHeading(double node);

@@ -16,11 +16,6 @@ QString kindName(const Variant &kind)
     return {};
 }
 
-bool editAccount(const QString &caption, bool isNew, double &key, double parent)
-{
-    return editRecord<TSasPlanDlg>(key, caption, TRecordStart::rowOrNew(isNew, key), parent);
-}
-
 } // namespace
 
 TSasPlanFrm::TSasPlanFrm(QWidget *owner)
@@ -42,7 +37,7 @@ TSasPlanFrm::TSasPlanFrm(QWidget *owner)
                 .codeTitle = u"Numeris"_s,
                 .parentColumn = u"sas_tevid"_s,
                 .nodes = u"select sas_id, sas_tevid, sas_sasnr, sas_pavad, 1 as lapas from bd_sasplan"_s,
-                .edit = editAccount,
+                .edit = editBranch<TSasPlanDlg>,
                 .place = [](const QList<double> &branch, double parent,
                             bool) { placeAccount(branch.first(), parent); }},
                owner)
@@ -84,4 +79,5 @@ void TSasPlanDlg::Judge()
         requireNumber(number, number.Value());
     if (!isNew())
         requireAccountKind(row());
+    TBranchDlg::Judge();
 }

@@ -5,6 +5,8 @@
 #include "tests/support/engines.h"
 #include "tests/support/refusal.h"
 
+#include <QThread>
+
 using namespace Qt::StringLiterals;
 using enum SetUpStep;
 
@@ -51,6 +53,9 @@ protected:
     }
 };
 ON_BOTH_ENGINES(SetUpOfBooks);
+
+class SetUpOfBooksOnServer : public SetUpOfBooks {};
+ON_ENGINE(SetUpOfBooksOnServer, Engine::PostgreSql);
 
 TEST_P(SetUpOfBooks, WritesEveryStep)
 {
@@ -140,6 +145,29 @@ TEST_P(SetUpOfBooks, StepThatHoldsRowsIsRefusedByNameAndNothingIsWritten)
     write(everything());
 }
 
+TEST_P(SetUpOfBooksOnServer, TwoAtTheSameMomentMakeOneSetOfBooks)
+{
+    QStringList failures{QString(), QString()};
+    std::vector<std::unique_ptr<QThread>> stations;
+    for (QString &failure : failures)
+        stations.emplace_back(QThread::create([this, &failure] {
+            try {
+                setUpBooks(*open(finSettings()), *open(ravlSettings()), everything());
+            } catch (const Exception &refused) {
+                failure = refused.message();
+            }
+        }));
+    for (const auto &station : stations)
+        station->start();
+    for (const auto &station : stations)
+        station->wait();
+    EXPECT_EQ(failures.count(QString()), 1) << failures.join(u'\n').toStdString();
+    EXPECT_EQ(doneSteps(*mnFin_Db, *mnRavl).size(), 10);
+    EXPECT_EQ(fin(u"select count(*) from bd_period"_s), u"6");
+    EXPECT_EQ(ravl(u"select count(*) from bd_usr"_s), u"1");
+    EXPECT_EQ(problems(), QStringList());
+}
+
 TEST_P(SetUpOfBooks, MunicipalitiesOfBothBooksAreRefused)
 {
     write({.standard = {Municipalities}});
@@ -161,7 +189,7 @@ TEST_P(SetUpOfBooks, ValueThatCannotBeStoredIsNamedAndNothingIsWritten)
     expectRefused(setUp, u"Laukas \"Pavadinimas\": ženklo „学“ negalima įrašyti."_s);
     setUp = everything();
     setUp.institution->savivaldybe = 99;
-    expectRefused(setUp, QString());
+    expectRefused(setUp, u"nurodytas įrašas neegzistuoja"_s);
     setUp = everything();
     setUp.startOfWork = QDate(1996, 12, 1);
     expectRefused(setUp, u"nuo 1997 iki 2100"_s);

@@ -99,6 +99,23 @@ TEST_P(Nodes, InUseAreNeitherDeletedNorMovedNorUnmarked)
     });
 }
 
+TEST_P(Nodes, WithOthersBelowThemAreNotMarkedAsCarryingAmounts)
+{
+    change(Islaidos, [](TMazgasDlg &dialog) {
+        type(edit(dialog, "JVE_PAVAD"), u"Visos išlaidos"_s);
+        dialog.findChild<QCheckBox *>()->click();
+        EXPECT_EQ(refusal(dialog), u"Kodas turi žemesnių kodų, todėl pats sumų neturi"_s);
+        EXPECT_EQ(edit(dialog, "JVE_PAVAD")->text(), u"Visos išlaidos"_s);
+        leaveUnsaved(dialog);
+    });
+    change(Kita, [](TMazgasDlg &dialog) {
+        dialog.findChild<QCheckBox *>()->click();
+        save(dialog);
+    });
+    EXPECT_EQ(rows(*fin, u"select jve_id from bd_jve where jve_duom = 1 order by 1"_s),
+              QStringList({"3", "4", "5"}));
+}
+
 TEST_P(Nodes, AreDraggedElsewhereAfterAQuestion)
 {
     EXPECT_EQ(drag("2.1", "9", {QMessageBox::No}),
@@ -158,8 +175,9 @@ TEST_P(Nodes, AreMovedToWhatIsPicked)
         type(dialog.findChild<QLineEdit *>(), u"kita"_s);
         pressButton(dialog, u"Pasirinkti"_s);
     });
-    EXPECT_EQ(screen->acMove->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_M));
-    screen->acMove->trigger();
+    screen->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(screen.get()));
+    QTest::keyClick(screen->grid(), Qt::Key_M, Qt::ControlModifier);
     EXPECT_EQ(asked.texts(), QStringList(u"Ar perkelti „2.2  Prekės“ po „9  Kita“?"_s));
     EXPECT_EQ(parentOf(Prekes), "5");
     EXPECT_EQ(screen->currentKey().toInt(), Prekes);
@@ -361,4 +379,23 @@ TEST_P(Functions, AreATreeAndStayWhereTheyAreOnceADepartmentHasThem)
     EXPECT_EQ(drag("09.2", "Visos", {QMessageBox::Ok}),
               QStringList(u"Kodas ar žemesnio lygio kodas yra naudojamas, todėl neperkeliamas"_s));
     EXPECT_EQ(erase(2, {QMessageBox::Ok}), QStringList(u"Funkcija \"09.2\" yra naudojama!"_s));
+}
+
+TEST_P(Functions, ACodeTakenMeanwhileIsTold)
+{
+    open();
+    TDatabase &other = *secondFin();
+    other.StartTransaction();
+    other.ExecSQL(u"insert into bd_fun (fun_id, fun_kodas, fun_pavad) values (9, '09', 'Švietimas')"_s);
+    TDatabase::setBusyHook([&other] { other.Commit(); });
+    add([](TFunkcijaDlg &dialog) {
+        type(edit(dialog, "FUN_KODAS"), u"09"_s);
+        type(edit(dialog, "FUN_PAVAD"), u"Mokyklos"_s);
+        EXPECT_EQ(refusal(dialog), u"Kodas \"09\" jau egzistuoja"_s);
+        EXPECT_EQ(edit(dialog, "FUN_PAVAD")->text(), u"Mokyklos"_s);
+        leaveUnsaved(dialog);
+    });
+    TDatabase::setBusyHook({});
+    other.Commit();
+    EXPECT_EQ(rows(*fin, u"select fun_id from bd_fun"_s), QStringList("9"));
 }

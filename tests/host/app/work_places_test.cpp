@@ -1,6 +1,7 @@
 #include "host/app/catalogues/darbo_vietos.h"
 #include "host/app/catalogues/savivaldybes.h"
 #include "tests/host/books.h"
+#include "tests/support/late_refusal.h"
 #include "tests/support/message_box.h"
 
 #include <QAction>
@@ -147,6 +148,22 @@ TEST_P(WorkPlaces, AreSixteenAtMostAndAFreeNumberIsTakenAgain)
     EXPECT_EQ(places().size(), 16);
 }
 
+TEST_P(WorkPlaces, ANameTakenMeanwhileIsTold)
+{
+    TDatabase &other = *secondRavl();
+    other.StartTransaction();
+    other.ExecSQL(u"insert into bd_kdv (kdv_id, kdv_pav) values (9, 'Kasa')"_s);
+    TDatabase::setBusyHook([&other] { other.Commit(); });
+    add([](TDarboVietaDlg &dialog) {
+        fill(dialog, "KDV_PAV", u"Kasa"_s);
+        EXPECT_EQ(refusal(dialog), u"Darbo vieta \"Kasa\" jau yra"_s);
+        dialog.reject();
+    });
+    TDatabase::setBusyHook({});
+    other.Commit();
+    EXPECT_EQ(places(), QStringList({"1", "2", "3", "9"}));
+}
+
 TEST_P(WorkPlaces, InUseByARightAreNotDeleted)
 {
     EXPECT_EQ(erase(3, {QMessageBox::Ok}), QStringList(u"Darbo vieta \"Vieta 3\" yra vartotojų teisėse!"_s));
@@ -209,4 +226,23 @@ TEST_P(Municipalities, WhatOneBookRefusesIsInNeither)
         dialog.reject();
     });
     EXPECT_EQ(stored(fin).size(), 2);
+}
+
+// The budget book has the change already when the main book's commit fails.
+TEST_P(Municipalities, AreAlikeInBothBooksOnceASaveWhoseSecondCommitFailedIsRepeated)
+{
+    refuseAtCommit(*fin, u"bd_savivaldybes"_s);
+    add([this](TSavivaldybeDlg &dialog) {
+        fill(dialog, "SAV_KOD", u"21"_s);
+        fill(dialog, "SAV_PAVAD", u"Klaipėdos miesto"_s);
+        EXPECT_FALSE(refusal(dialog).isEmpty());
+        EXPECT_EQ(dialog.findChild<QLineEdit *>("SAV_PAVAD")->text(), u"Klaipėdos miesto"_s);
+        EXPECT_EQ(stored(fin).size(), 2);
+        EXPECT_FALSE(fin->InTransaction() || ravl->InTransaction());
+        allowAtCommit(*fin);
+        save(dialog);
+    });
+    EXPECT_EQ(stored(fin),
+              (QStringList{u"13|Vilniaus miesto"_s, u"19|Kauno miesto"_s, u"21|Klaipėdos miesto"_s}));
+    EXPECT_EQ(stored(ravl), stored(fin));
 }
