@@ -1,5 +1,6 @@
 #include "database/debtor_routines.h"
 
+#include "database/history_routines.h"
 #include "database/period_routines.h"
 
 using namespace Qt::StringLiterals;
@@ -46,7 +47,9 @@ void computeDebtors(RoutineCall &call)
     NestedSavepoint savepoint(db);
     takeWriteLock(db);
     const qint64 month = monthOf(call);
+    BalancesMoved moved(db, month, {"bd_dbkrlik"});
     Nested(db, "delete from bd_dbkrlik where dkl_perid = ?1").bind(1, month).run();
     Nested(db, computeSql).bind(1, month).run();
+    moved.record();
     savepoint.keep();
 }

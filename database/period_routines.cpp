@@ -1,5 +1,7 @@
 #include "database/period_routines.h"
 
+#include "database/history_routines.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -85,6 +87,11 @@ qint64 addMonth(sqlite3 *db, const PeriodMonth &month)
     return lastMonth(db).id;
 }
 
+QList<QByteArray> balanceTables()
+{
+    return {"bd_saslik", "bd_isllik", "bd_dbkrlik"};
+}
+
 // Balances of the last month alone, which is open; a trigger asked a million times costs as much as a third
 // of the close.
 void removeBalances(sqlite3 *db, qint64 period)
@@ -142,8 +149,10 @@ void closePeriod(RoutineCall &call)
     takeWriteLock(db);
     const PeriodMonth last = lastMonth(db);
     const qint64 next = addMonth(db, monthAfter(last));
+    BalancesMoved moved(db, next, balanceTables());
     removeBalances(db, next); // left of older books over which the periods were set up anew
     carryBalances(db, last.id, next);
+    moved.record();
     savepoint.keep();
 }
 
@@ -155,7 +164,11 @@ void rollPeriodBack(RoutineCall &call)
     const PeriodMonth last = lastMonth(db);
     if (nestedInteger(db, "select count(*) from bd_period where per_menuo > 0") < 2)
         throw RoutineError{u"Negalima atsukti darbo pradžios periodo!"_s};
-    removeBalances(db, last.id);
+    {
+        BalancesMoved moved(db, last.id, balanceTables());
+        removeBalances(db, last.id);
+        moved.record();
+    }
     Nested(db, "delete from bd_period where per_id = ?1").bind(1, last.id).run();
     Nested(db, removeYearSql).bind(1, last.year).run();
     savepoint.keep();

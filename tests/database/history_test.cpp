@@ -271,7 +271,81 @@ TEST_P(History, KeysGivenByTheDatabaseAreReadBackAsBefore)
     EXPECT_EQ(mnFin_Db->ExecSQL(u"update bd_jve set jve_pavad = 'X'"_s), 2) << "rows, not rows and records";
 }
 
-// Every table of both books: one row is written past all rules, and must leave a record.
+// --- routines
+
+TEST_P(History, ACloseLeavesOneRecordForEachTableOfBalances)
+{
+    startOfWork(2005, 1);
+    balance(cash, 6, 10.5, 0);
+    balance(payable, 6, 0, 10.5);
+    entry(cash, 6, 0.25, 0);
+    const QString before = one(u"select max(ist_id) from bd_istorija"_s);
+    close();
+    EXPECT_EQ(select(u"select ist_lentele, ist_raktas, ist_veiksmas, ist_login from bd_istorija "
+                     "where ist_id > %1 order by ist_lentele"_s.arg(before)),
+              (QStringList{u"bd_dbkrlik|7|R|ona"_s, u"bd_isllik|7|R|ona"_s, u"bd_period|7|I|ona"_s,
+                           u"bd_saslik|7|R|ona"_s}));
+    const QString ofAccounts = u"ist_lentele = 'bd_saslik' and ist_veiksmas = 'R'"_s;
+    EXPECT_EQ(object(u"ist_buvo"_s, ofAccounts),
+              (QJsonObject{{u"eilutes"_s, 0}, {u"ssl_sum_db"_s, 0}, {u"ssl_sum_kr"_s, 0}}));
+    EXPECT_EQ(object(u"ist_yra"_s, ofAccounts),
+              (QJsonObject{{u"eilutes"_s, 2}, {u"ssl_sum_db"_s, 10.75}, {u"ssl_sum_kr"_s, 10.5}}));
+    run(u"update bd_saslik set ssl_sum_db = 11 where ssl_perid = 7 and ssl_sasid = 1"_s);
+    EXPECT_TRUE(records().last().startsWith(u"bd_saslik|"_s)) << "rows are recorded again afterwards";
+}
+
+TEST_P(History, ARollBackLeavesOneToo)
+{
+    startOfWork(2005, 1);
+    balance(cash, 6, 10.5, 0);
+    close();
+    const QString before = one(u"select max(ist_id) from bd_istorija"_s);
+    back();
+    const QString since = u"ist_id > %1 and "_s.arg(before);
+    EXPECT_EQ(select(u"select ist_lentele, ist_veiksmas from bd_istorija where %1 1 = 1 "
+                     "order by ist_lentele"_s.arg(since)),
+              (QStringList{u"bd_dbkrlik|R"_s, u"bd_isllik|R"_s, u"bd_period|D"_s, u"bd_saslik|R"_s}));
+    EXPECT_EQ(object(u"ist_buvo"_s, since + u"ist_lentele = 'bd_saslik'"_s)[u"ssl_sum_db"_s], 10.5);
+    EXPECT_EQ(object(u"ist_yra"_s, since + u"ist_lentele = 'bd_saslik'"_s)[u"eilutes"_s], 0);
+}
+
+TEST_P(History, DebtorsComputedAnewLeaveOne)
+{
+    startOfWork(2005, 1);
+    entry(receivable, 6, 100, 0);
+    run(u"update bd_irasai set irs_dkaid = 5"_s);
+    close();
+    const QString before = one(u"select max(ist_id) from bd_istorija"_s);
+    run(u"call p_CalcDBKRLik(NULL)"_s);
+    EXPECT_EQ(select(u"select ist_lentele, ist_raktas, ist_veiksmas, ist_buvo from bd_istorija "
+                     "where ist_id > %1"_s.arg(before))
+                  .size(),
+              1);
+    EXPECT_EQ(object(u"ist_yra"_s, u"ist_id > %1"_s.arg(before))[u"dkl_sum_db"_s], 100);
+}
+
+TEST_P(History, ARefusedRoutineLeavesNoneAndRowsAreRecordedAgain)
+{
+    startOfWork(2005, 1);
+    const qsizetype before = records().size();
+    EXPECT_THROW(back(), EDatabaseError);
+    EXPECT_THROW(run(u"call p_CalcDBKRLik(99)"_s), EDatabaseError);
+    EXPECT_EQ(records().size(), before);
+    run(u"insert into bd_objektai values (7, 'Sandėlis')"_s);
+    EXPECT_EQ(records().size(), before + 1);
+}
+
+TEST_P(History, PersonsMadeOneAreRecordedRowByRow)
+{
+    run(u"insert into bd_matasm (mat_id, mat_pavad) values (1, 'Ona')"_s);
+    run(u"insert into bd_matasm (mat_id, mat_pavad) values (2, 'ona ')"_s);
+    run(u"insert into it_turtas (tur_id, tur_matid) values (1, 2)"_s);
+    run(u"call updMatAsmUnq()"_s);
+    EXPECT_EQ(select(u"select ist_lentele, ist_raktas, ist_veiksmas from bd_istorija "
+                     "where ist_veiksmas <> 'I' order by ist_id"_s),
+              (QStringList{u"it_turtas|1|U"_s, u"bd_matasm|2|D"_s}));
+}
+
 TEST_P(History, NoTableIsLeftOut)
 {
     for (TDatabase *db : {mnFin_Db, mnRavl}) {
