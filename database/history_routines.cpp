@@ -1,13 +1,14 @@
 #include "database/history_routines.h"
 
 #include "database/nested.h"
+#include "database/print_sums.h"
 
 namespace {
 
 constexpr char recordSql[] =
     "insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas,"
-    "                         ist_buvo, ist_yra) "
-    "values (sys_dabar(), sys_login(), sys_stotis(), ?1, ?2, 'R', ?3, ?4)";
+    "                         ist_buvo, ist_yra, ist_pedsakas) "
+    "values (sys_dabar(), sys_login(), sys_stotis(), ?1, ?2, 'R', ?3, ?4, ?5)";
 
 } // namespace
 
@@ -18,7 +19,7 @@ BalancesMoved::BalancesMoved(sqlite3 *theDb, qint64 thePeriod, const QList<QByte
     if (nestedInteger(db, "select sys_yra_asmuo()") == 0)
         return;
     for (const QByteArray &table : tables)
-        moved.append({table, balanceTotals(db, table, period)});
+        moved.append({table, balanceTotals(db, table, period), monthPrints(db, table, period)});
     nestedInteger(db, "select sys_rutina(1)");
 }
 
@@ -33,7 +34,14 @@ void BalancesMoved::record()
     const QByteArray key = QByteArray::number(period);
     for (const Table &table : std::as_const(moved)) {
         const QByteArray after = balanceTotals(db, table.name, period);
-        Nested(db, recordSql).bind(1, table.name).bind(2, key).bind(3, table.before).bind(4, after).run();
+        const QByteArray prints = printsDifference(table.printsBefore, monthPrints(db, table.name, period));
+        Nested(db, recordSql)
+            .bind(1, table.name)
+            .bind(2, key)
+            .bind(3, table.before)
+            .bind(4, after)
+            .bind(5, prints)
+            .run();
     }
 }
 

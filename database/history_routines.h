@@ -6,8 +6,8 @@
 struct sqlite3;
 
 // Balances of one period that a routine on SQLite moves, from the first row to the last: they leave one
-// record for each table, with what it held of the period before and what it holds afterwards. Nothing is
-// recorded where no person is known to the connection.
+// record for each table, with what it held of the period before and what it holds afterwards, and what that
+// did to its fingerprint. Nothing is recorded where no person is known to the connection.
 class BalancesMoved {
 public:
     // The tables as they are before. Until the end of its life no row leaves a record of its own.
@@ -23,6 +23,7 @@ private:
     struct Table {
         QByteArray name;
         QByteArray before;
+        QByteArray printsBefore;
     };
 
     sqlite3 *db;

@@ -21,6 +21,16 @@ begin
     return suvestine;
 end $$;
 
+-- The fingerprint of a period in a table of balances.
+create function sys_periodo_pedsakai(lentele text, perid bigint) returns jsonb
+language plpgsql stable
+as $$
+begin
+    return (select sys_pedsakai(lentele, format('%I = %s', attname, perid))
+            from pg_attribute
+            where attrelid = lentele::regclass and attname like '%\_perid' and not attisdropped);
+end $$;
+
 -- A routine begins to move balances of the period: what the tables hold of it, by their names. Null when no
 -- record is wanted.
 create function sys_rutina_prasideda(perid bigint, variadic lenteles text[]) returns jsonb
@@ -31,7 +41,9 @@ begin
         return null;
     end if;
     perform set_config('velmora.rutina', 'taip', true);
-    return (select jsonb_object_agg(lentele, sys_suvestine(lentele, perid)) from unnest(lenteles) lentele);
+    return (select jsonb_object_agg(lentele, jsonb_build_object('sumos', sys_suvestine(lentele, perid),
+                                                                'pedsakai', sys_periodo_pedsakai(lentele, perid)))
+            from unnest(lenteles) lentele);
 end $$;
 
 -- It has moved them; what the tables held before is the result of the function above. With the rights of the
@@ -41,7 +53,8 @@ language plpgsql security definer
 set search_path from current
 as $$
 begin
-    perform sys_irasyti_istorija(key, perid::text, 'R', value, sys_suvestine(key, perid))
+    perform sys_irasyti_istorija(key, perid::text, 'R', value -> 'sumos', sys_suvestine(key, perid),
+                                 sys_pedsaku_skirtumas(value -> 'pedsakai', sys_periodo_pedsakai(key, perid)))
     from jsonb_each(buvo) order by key;
     if buvo is not null then
         perform set_config('velmora.rutina', '', true);
