@@ -60,15 +60,23 @@ QByteArray manifestOf(const TArchive &archive)
     QJsonArray parts;
     for (const TArchivePart &part : archive.parts)
         parts.append(partToJson(part));
-    const QJsonObject manifest{
-        {u"variklis"_s, archive.engine}, {u"sukurta"_s, archive.createdAt}, {u"dalys"_s, parts}};
+    const QJsonObject manifest{{u"variklis"_s, archive.engine},
+                               {u"sukurta"_s, archive.createdAt},
+                               {u"dalys"_s, parts},
+                               {u"istaiga"_s, archive.institution},
+                               {u"menuo"_s, archive.month},
+                               {u"redakcija"_s, archive.revision}};
     return QJsonDocument(manifest).toJson(QJsonDocument::Compact);
 }
 
 TArchive archiveOf(const QByteArray &manifest, qint64 firstPart)
 {
     const QJsonObject object = QJsonDocument::fromJson(manifest).object();
-    TArchive archive{object[u"variklis"].toString(), object[u"sukurta"].toString(), {}};
+    TArchive archive{.engine = object[u"variklis"].toString(),
+                     .createdAt = object[u"sukurta"].toString(),
+                     .institution = object[u"istaiga"].toString(),
+                     .month = object[u"menuo"].toString(),
+                     .revision = object[u"redakcija"].toInt()};
     qint64 offset = firstPart;
     for (const QJsonValue each : object[u"dalys"].toArray()) {
         TArchivePart part;
@@ -141,6 +149,19 @@ TArchive readArchive(const QString &name)
     openForReading(file);
     TArchive archive = readManifest(file);
     verifyParts(file, archive);
+    return archive;
+}
+
+TArchive describeArchive(const QString &name)
+{
+    QFile file(name);
+    openForReading(file);
+    TArchive archive = readManifest(file);
+    qint64 end = file.pos();
+    for (const TArchivePart &part : archive.parts)
+        end += part.size;
+    if (end != file.size())
+        failDamaged(name, end > file.size() ? u"failas nukirptas"_s : u"gale yra nereikalingų duomenų"_s);
     return archive;
 }
 

@@ -25,6 +25,9 @@ struct TArchive {
     QString engine;    // "sqlite" or "postgresql": in whose own format the parts are
     QString createdAt; // local time, ISO
     QList<TArchivePart> parts;
+    QString institution; // its name in the books; empty in backups that do not tell
+    QString month;       // the last one of the books, "2026-10"; empty: none, or not told
+    int revision = 0;    // of the schema; 0: not told
 };
 
 // The file: a line that names the format, a line with the manifest (JSON), a line with the manifest's
@@ -37,6 +40,10 @@ void writeArchive(const QString &file, TArchive archive, const QStringList &part
 
 // Reads a backup and verifies every byte of it. Raises EArchiveError or EFileError.
 TArchive readArchive(const QString &file);
+
+// What a backup says of itself. Head and length of the file are verified, its parts are not. Raises
+// EArchiveError or EFileError.
+TArchive describeArchive(const QString &file);
 
 // Writes one part into a file of its own, verifying it on the way.
 void extractPart(const QString &file, const TArchivePart &part, const QString &target);

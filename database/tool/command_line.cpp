@@ -8,15 +8,18 @@ namespace {
 
 constexpr int largestSize = 10000;
 
-const QStringList commands{u"create"_s, u"upgrade"_s, u"demo"_s,  u"check"_s,
-                           u"backup"_s, u"restore"_s, u"export"_s};
+const QStringList commands{u"create"_s, u"upgrade"_s, u"demo"_s,    u"check"_s, u"backup"_s,
+                           u"keep"_s,   u"verify"_s,  u"restore"_s, u"export"_s};
 
 // What the user is told of the words that follow the command; empty when none do.
 QString wordsOf(const QString &command)
 {
     if (command == u"export")
         return u"lentelės ir failo vardų"_s;
-    return command == u"backup" || command == u"restore" ? u"failo vardo"_s : QString();
+    if (command == u"keep")
+        return u"priežasties (diena, menuo, atsukimas, pradzia arba ranka)"_s;
+    return command == u"backup" || command == u"verify" || command == u"restore" ? u"failo vardo"_s
+                                                                                 : QString();
 }
 
 void readPlace(const QCommandLineParser &parser, TCommandLine &line)
@@ -25,6 +28,10 @@ void readPlace(const QCommandLineParser &parser, TCommandLine &line)
         throw EUsage(u"Nurodykite vieną iš dviejų: --data KATALOGAS arba --server ŽODŽIAI."_s);
     line.folder = parser.value(u"data"_s);
     line.connInfo = parser.value(u"server"_s);
+    if (line.connInfo == u"-") // words with a password do not stand in the list of processes
+        line.connInfo = qEnvironmentVariable("VELMORA_SERVER");
+    if (parser.isSet(u"server"_s) && line.connInfo.isEmpty())
+        throw EUsage(u"Po --server reikia prisijungimo žodžių."_s);
     if (parser.isSet(u"data"_s) && line.folder.isEmpty())
         throw EUsage(u"Po --data reikia katalogo."_s);
 }
@@ -82,6 +89,22 @@ void readStandard(const QCommandLineParser &parser, TCommandLine &line)
     }
 }
 
+// Where and why a backup is kept.
+void readKeeping(const QCommandLineParser &parser, TCommandLine &line)
+{
+    if (readSwitch(parser, line, u"into"_s, u"keep"_s) && parser.value(u"into"_s).isEmpty())
+        throw EUsage(u"Po --into reikia katalogo."_s);
+    line.into = parser.value(u"into"_s);
+    if (line.command != u"keep")
+        return;
+    const std::optional<BackupKind> kind = kindOf(line.file);
+    if (!kind)
+        throw EUsage(u"Nežinoma priežastis „%1“."_s.arg(line.file));
+    line.kind = *kind;
+    if (line.into.isEmpty() && line.folder.isEmpty())
+        throw EUsage(u"Serverio kopijoms reikia --into KATALOGAS."_s);
+}
+
 void readSize(const QCommandLineParser &parser, TCommandLine &line)
 {
     if (!parser.isSet(u"size"_s))
@@ -107,6 +130,7 @@ TCommandLine TCommandLine::parse(const QStringList &arguments)
                        {u"institution"_s, {}, u"institution"_s},
                        {u"start"_s, {}, u"start"_s},
                        {u"admin"_s, {}, u"admin"_s},
+                       {u"into"_s, {}, u"into"_s},
                        {u"escaped"_s, QString()},
                        {u"drop"_s, QString()}});
     TCommandLine line;
@@ -120,6 +144,7 @@ TCommandLine TCommandLine::parse(const QStringList &arguments)
         return line;
     readCommand(parser.positionalArguments(), line);
     readPlace(parser, line);
+    readKeeping(parser, line);
     readSize(parser, line);
     readStandard(parser, line);
     line.escaped = readSwitch(parser, line, u"escaped"_s, u"export"_s);
@@ -139,6 +164,10 @@ Komandos
   upgrade          atnaujina esamas duomenų bazes iki šios programos redakcijos
   check            patikrina failus, nuorodas, periodus ir kontrolines sumas; nieko nekeičia
   backup FAILAS    įrašo abi duomenų bazes į vieną atsarginės kopijos failą
+  keep PRIEŽASTIS  padaro atsarginę kopiją kopijų kataloge ir pašalina nebereikalingas dienos kopijas:
+                   lieka dvylika naujausių ir visos kitos; priežastis – diena (viena per dieną), menuo,
+                   atsukimas, pradzia arba ranka
+  verify FAILAS    patikrina, ar iš atsarginės kopijos galima atkurti; knygų neliečia
   restore FAILAS   atkuria abi duomenų bazes iš atsarginės kopijos; esamos paliekamos kitu vardu
   export LENTELĖ FAILAS
                    įrašo biudžeto duomenų bazės lentelės eilutes į insert sakinių failą, tokį pat,
@@ -147,7 +176,8 @@ Komandos
 Duomenų vieta
   --data KATALOGAS   katalogo failai velmora_fin.db ir velmora_ravl.db
   --server ŽODŽIAI   PostgreSQL serverio žodžiai, pvz. "host=serveris user=buhalterija";
-                     duomenų bazės velmora_fin ir velmora_ravl, arba kitos, jei nurodyta fin= ir ravl=
+                     duomenų bazės velmora_fin ir velmora_ravl, arba kitos, jei nurodyta fin= ir ravl=;
+                     vietoj žodžių parašius „-“, jie imami iš aplinkos kintamojo VELMORA_SERVER
 
 Naujos įstaigos duomenys (komandos „create“ parinktys)
   --standard         įrašo tipinius duomenis: sąskaitų planą, išlaidų ir valstybės funkcijų
@@ -162,6 +192,7 @@ Naujos įstaigos duomenys (komandos „create“ parinktys)
                      iš standartinės įvesties; be šios parinkties prisijungti nebus kam
 
 Kitos parinktys
+  --into KATALOGAS komandos „keep“ kopijų katalogas; be jo – „atsargines“ šalia knygų
   --size N           parodomųjų duomenų kiekis: N kartų po 300 debitorių ir kreditorių (1–10000)
   --escaped          eksportuojant: kabutės dvigubinamos, tuščia reikšmė – NULL, koduotė UTF-8;
                      failą įvykdžius to paties variklio duomenų bazėje, lentelėje lygiai tie patys duomenys

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "database/backups/backup_folder.h"
+
 #include <QDate>
 #include <QStringList>
 
@@ -17,19 +19,21 @@ private:
 
 // What the program was asked to do.
 struct TCommandLine {
-    QString command;  // "create", "upgrade", "demo", "check", "backup", "restore", "export"; empty when only
-                      // help is asked for
-    QString folder;   // of --data; exactly one of the two is given
-    QString connInfo; // of --server
-    QString file;     // of backup, restore and export
-    QString table;    // of export
-    bool escaped = false;             // of export
-    bool drop = false;                // of export
-    int size = 1;                     // of --size
-    bool standard = false;            // of create; the next three only with it
-    QString institution;              // the institution's name; empty: none is written
-    QString admin;                    // the first user's login name; empty: none is written
-    std::optional<QDate> startOfWork; // the first day of the month
+    QString command; // "create", "upgrade", "demo", "check", "backup", "keep", "verify", "restore", "export";
+                     // empty when only help is asked for
+    QString folder;  // of --data; exactly one of the two is given
+    QString connInfo;                     // of --server
+    QString file;                         // of backup, verify, restore and export
+    BackupKind kind = BackupKind::ByHand; // of keep
+    QString into;                         // of keep: the folder; empty: the usual one of embedded books
+    QString table;                        // of export
+    bool escaped = false;                 // of export
+    bool drop = false;                    // of export
+    int size = 1;                         // of --size
+    bool standard = false;                // of create; the next three only with it
+    QString institution;                  // the institution's name; empty: none is written
+    QString admin;                        // the first user's login name; empty: none is written
+    std::optional<QDate> startOfWork;     // the first day of the month
     bool help = false;
 
     // Raises EUsage.

@@ -74,6 +74,11 @@ ExitCode run(const TCommandLine &line)
         restore(*store, line.file);
         return Done;
     }
+    if (line.command == u"keep") {
+        const QString into = line.into.isEmpty() ? backupFolderOf(line.folder) : line.into;
+        say(u"Atsarginė kopija: "_s + keepBackup(*store, line.kind, into, say));
+        return Done;
+    }
     if (line.command == u"export") {
         exportTable(*store, line);
         return Done;
@@ -82,6 +87,8 @@ ExitCode run(const TCommandLine &line)
         create(*store, line);
     else if (line.command == u"demo")
         createDemoBooks(*store, line.size, say);
+    else if (line.command == u"verify")
+        verifyBackup(*store, line.file, say);
     else if (line.command == u"upgrade")
         upgradeBooks(*store, say);
     else

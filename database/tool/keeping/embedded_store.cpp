@@ -1,7 +1,9 @@
 #include "database/backups/replacement.h"
 #include "database/backups/whole_file.h"
 #include "database/private_place.h"
+#include "database/tool/keeping/native_query.h"
 #include "database/tool/keeping/store.h"
+#include "database/tool/keeping/totals.h"
 
 #include <QFileInfo>
 #include <QLockFile>
@@ -11,6 +13,10 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int copyAttempts = 5;
+// Another number after each change that another connection has committed.
+const QString changesOfOthers = u"pragma data_version"_s;
 
 void removeDatabase(const QString &file)
 {
@@ -102,13 +108,22 @@ public:
         return replaceBooks(folder);
     }
 
-    void dump(const TSessionSettings &session, const QString &file) override
+    QJsonObject dump(const TSessionSettings &session, const QString &file) override
     {
         TSessionSettings reading = session;
         reading.readOnly = true;
         TDatabase db(reading);
         db.Open();
-        db.nativeExec(u"vacuum into "_s + TDatabase::quoted(file));
+        for (int attempt = 0; attempt < copyAttempts; ++attempt) {
+            QFile::remove(file);
+            const QStringList before = columnOf(db, changesOfOthers);
+            db.nativeExec(u"vacuum into "_s + TDatabase::quoted(file));
+            const QJsonObject totals = controlTotals(db);
+            if (columnOf(db, changesOfOthers) == before)
+                return totals;
+        }
+        throw Exception(u"Kol buvo daroma kopija, kita programa vis keitė duomenų bazę „%1“. Bandykite dar "
+                        "kartą."_s.arg(session.file));
     }
 
     void load(const QString &file, const TSessionSettings &session) override

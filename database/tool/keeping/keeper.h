@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/backups/backup_folder.h"
 #include "database/standard/standard.h"
 #include "database/tool/keeping/check.h"
 #include "database/tool/keeping/store.h"
@@ -23,9 +24,18 @@ void upgradeBooks(TStore &store, const TProgress &progress);
 QStringList checkBooks(TStore &store, const TProgress &progress);
 
 // Writes both databases, each as it is at one moment, into one file. Refuses when the file exists. Each copy
-// is loaded or read as a whole for its control totals, and every byte read again before the file gets its
-// name.
+// is loaded or read as a whole and compared with what was copied, and every byte read again before the file
+// gets its name.
 void backUpBooks(TStore &store, const QString &file, const TProgress &progress);
+
+// The same into a folder of backups (backup_folder.h), which is made when it is missing; returns the file. A
+// daily one is made once a day: when there is one of today, that is returned. Then daily ones that are no
+// longer needed are removed. Waits while another program does the same there.
+QString keepBackup(TStore &store, BackupKind kind, const QString &folder, const TProgress &progress);
+
+// Loads a backup aside and compares it with its control totals; the books are not touched. Raises Exception
+// when it could not be restored.
+void verifyBackup(TStore &store, const QString &file, const TProgress &progress);
 
 // What to write of a table.
 struct TTableChoice {

@@ -1,5 +1,7 @@
+#include "database/tool/keeping/native_query.h"
 #include "database/tool/keeping/server_console.h"
 #include "database/tool/keeping/store.h"
+#include "database/tool/keeping/totals.h"
 
 #include <QDateTime>
 
@@ -64,10 +66,19 @@ public:
         return kept;
     }
 
-    void dump(const TSessionSettings &session, const QString &file) override
+    QJsonObject dump(const TSessionSettings &session, const QString &file) override
     {
-        runServerProgram(u"pg_dump"_s, {u"--format=custom"_s, u"--no-owner"_s, u"--file="_s + file},
-                         session.connInfo);
+        TDatabase db(session);
+        db.Open();
+        db.nativeExec(u"begin isolation level repeatable read read only"_s);
+        const QString moment = columnOf(db, u"select pg_export_snapshot()"_s).constFirst();
+        runServerProgram(
+            u"pg_dump"_s,
+            {u"--format=custom"_s, u"--no-owner"_s, u"--snapshot="_s + moment, u"--file="_s + file},
+            session.connInfo);
+        const QJsonObject totals = controlTotals(db);
+        db.nativeExec(u"commit"_s);
+        return totals;
     }
 
     void load(const QString &file, const TSessionSettings &session) override

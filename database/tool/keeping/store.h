@@ -2,6 +2,7 @@
 
 #include "database/books.h"
 
+#include <QJsonObject>
 #include <QList>
 
 #include <memory>
@@ -31,8 +32,9 @@ public:
     virtual QStringList adoptAside() = 0;
 
     // Copies one of the final databases, as it is at one moment, into a file in the engine's own format, and
-    // the other way round into the database aside. session is one of books() and aside().
-    virtual void dump(const TSessionSettings &session, const QString &file) = 0;
+    // the other way round into the database aside. session is one of books() and aside(). dump() returns the
+    // control totals of the database itself at that moment, for the copy to be compared with.
+    virtual QJsonObject dump(const TSessionSettings &session, const QString &file) = 0;
     virtual void load(const QString &file, const TSessionSettings &session) = 0;
 
     // Raises Exception when the store holds books already.

@@ -2,8 +2,6 @@
 #include "tests/database/tool/velmora_db.h"
 #include "tests/support/files.h"
 
-#include <QProcess>
-
 #include <iostream>
 
 using namespace Qt::StringLiterals;
@@ -44,24 +42,9 @@ protected:
         ASSERT_EQ(velmoraDb(QStringList{u"backup"_s, file} + saved.arguments()).code, 0);
     }
 
-    // Runs the program and kills it before this step; true when it came to its end before.
-    static bool endsBefore(int step, const QStringList &arguments)
-    {
-        QProcess program;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"LD_PRELOAD"_s, buildFolder() + u"/lib/libstop_at.so"_s);
-        environment.insert(u"VELMORA_STOP_AT"_s, QString::number(step));
-        environment.insert(u"ASAN_OPTIONS"_s,
-                           environment.value(u"ASAN_OPTIONS"_s) + u":verify_asan_link_order=0"_s);
-        program.setProcessEnvironment(environment);
-        program.start(buildFolder() + u"/bin/velmora-db"_s, arguments);
-        EXPECT_TRUE(program.waitForFinished(120'000));
-        return program.exitStatus() == QProcess::NormalExit;
-    }
-
     bool restoreEndsBefore(int step, const TestPlace &place) const
     {
-        return endsBefore(step, QStringList{u"restore"_s, file} + place.arguments());
+        return velmoraDbEndsBefore(step, QStringList{u"restore"_s, file} + place.arguments());
     }
 
     // What the next one finds who opens the books.
@@ -93,7 +76,7 @@ TEST_P(KilledRestore, LeavesTheOldBooksOrTheNewOnes)
         makeBooks(place, u"sena"_s);
         ended = restoreEndsBefore(step, place);
         // Who finishes it may be killed too.
-        endsBefore(1 + step % 7, QStringList{u"check"_s} + place.arguments());
+        velmoraDbEndsBefore(1 + step % 7, QStringList{u"check"_s} + place.arguments());
         const Found books = found(place);
         EXPECT_NE(books, Found::Damaged) << "killed before step " << step;
         EXPECT_EQ(velmoraDb(QStringList{u"restore"_s, file} + place.arguments()).code, 0) << step;

@@ -19,9 +19,10 @@ TEST(ToolCommandLine, HelpNamesCommandsAndExitCodes)
     const TResult help = velmoraDb({u"--help"_s});
     EXPECT_EQ(help.code, 0);
     for (const QString &word :
-         {u"create"_s, u"demo"_s, u"upgrade"_s, u"check"_s, u"backup"_s, u"restore"_s, u"export"_s,
-          u"--data"_s, u"--server"_s, u"--size"_s, u"--escaped"_s, u"--drop"_s, u"--standard"_s,
-          u"--institution"_s, u"--start"_s, u"--admin"_s, u"Baigimo kodai"_s})
+         {u"create"_s,     u"demo"_s,          u"upgrade"_s, u"check"_s,     u"backup"_s,
+          u"restore"_s,    u"export"_s,        u"keep"_s,    u"verify"_s,    u"--into"_s,
+          u"--data"_s,     u"--server"_s,      u"--size"_s,  u"--escaped"_s, u"--drop"_s,
+          u"--standard"_s, u"--institution"_s, u"--start"_s, u"--admin"_s,   u"Baigimo kodai"_s})
         EXPECT_TRUE(help.out.contains(word)) << word.toStdString();
     EXPECT_EQ(help.err, QString());
 }
@@ -43,6 +44,11 @@ TEST(ToolCommandLine, WrongWordsAreRefused)
         {{u"export"_s, u"bd_usr"_s, u"--data"_s, place},
          u"Komandai „export“ reikia lentelės ir failo vardų."_s},
         {{u"export"_s, u"bd_usr"_s, u"f"_s, u"dar"_s, u"--data"_s, place}, u"Nereikalingas žodis „dar“."_s},
+        {{u"keep"_s, u"--data"_s, place}, u"reikia priežasties"_s},
+        {{u"keep"_s, u"kasdien"_s, u"--data"_s, place}, u"Nežinoma priežastis „kasdien“."_s},
+        {{u"keep"_s, u"diena"_s, u"--server"_s, u"host=x"_s}, u"reikia --into"_s},
+        {{u"backup"_s, u"f"_s, u"--into"_s, place, u"--data"_s, place}, u"tinka tik komandai „keep“"_s},
+        {{u"check"_s, u"--server"_s, u"-"_s}, u"reikia prisijungimo žodžių"_s},
         {{u"create"_s, u"--data"_s, place, u"--escaped"_s}, u"tinka tik komandai „export“"_s},
         {{u"create"_s, u"--data"_s, place, u"--drop"_s}, u"tinka tik komandai „export“"_s},
         {{u"demo"_s, u"--data"_s, place, u"--standard"_s}, u"tinka tik komandai „create“"_s},

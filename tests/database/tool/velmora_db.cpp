@@ -19,3 +19,17 @@ TResult velmoraDb(const QStringList &arguments, const QString &input)
     return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
             QString::fromUtf8(process.readAllStandardError())};
 }
+
+bool velmoraDbEndsBefore(int step, const QStringList &arguments)
+{
+    QProcess program;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"LD_PRELOAD"_s, buildFolder() + u"/lib/libstop_at.so"_s);
+    environment.insert(u"VELMORA_STOP_AT"_s, QString::number(step));
+    environment.insert(u"ASAN_OPTIONS"_s,
+                       environment.value(u"ASAN_OPTIONS"_s) + u":verify_asan_link_order=0"_s);
+    program.setProcessEnvironment(environment);
+    program.start(buildFolder() + u"/bin/velmora-db"_s, arguments);
+    EXPECT_TRUE(program.waitForFinished(120'000));
+    return program.exitStatus() == QProcess::NormalExit;
+}

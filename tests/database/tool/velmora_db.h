@@ -10,3 +10,7 @@ struct TResult {
 };
 // input: what it reads from its standard input.
 TResult velmoraDb(const QStringList &arguments, const QString &input = {});
+
+// Runs it and kills it before this step (stop_at/stop_at.cpp says what a step is); true when it came to its
+// end before.
+bool velmoraDbEndsBefore(int step, const QStringList &arguments);

@@ -1,0 +1,290 @@
+#include "database/backups/backup_folder.h"
+#include "database/private_place.h"
+#include "database/schema.h"
+#include "database/tool/keeping/keeper.h"
+#include "database/tool/keeping/native_query.h"
+#include "database/tool/keeping/new_books.h"
+#include "database/tool/keeping/totals.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int waitForOthersMs = 300'000;
+
+QString engineName(const TBooks &books)
+{
+    return books.fin.engine == Engine::Sqlite ? u"sqlite"_s : u"postgresql"_s;
+}
+
+// A folder for the parts, in the given one.
+QTemporaryDir partsFolder(const QString &place)
+{
+    QTemporaryDir folder(place + u"/velmora-XXXXXX"_s);
+    if (!folder.isValid())
+        throw EFileError(u"Nepavyko rašyti į katalogą „%1“: %2."_s.arg(place, folder.errorString()));
+    return folder;
+}
+
+// The copy, open to be read. The copy's own file is the engine's: on the embedded engine it can be opened, on
+// a server it is loaded aside.
+std::unique_ptr<TDatabase> openCopy(TStore &store, TSessionSettings aside, const QString &part)
+{
+    if (aside.engine == Engine::Sqlite)
+        aside.file = part;
+    else
+        store.load(part, aside);
+    aside.readOnly = true;
+    auto copy = std::make_unique<TDatabase>(aside);
+    copy->Open();
+    return copy;
+}
+
+// Room aside that is given back at the end.
+class TRoomAside {
+public:
+    TRoomAside(TStore &aStore, bool isNeeded) : store(aStore), needed(isNeeded)
+    {
+        if (needed)
+            store.prepareAside();
+    }
+    ~TRoomAside()
+    {
+        try {
+            if (needed)
+                store.discardAside();
+        } catch (const Exception &) { // the next run removes what is left
+        }
+    }
+    TRoomAside(const TRoomAside &) = delete;
+    TRoomAside &operator=(const TRoomAside &) = delete;
+
+private:
+    TStore &store;
+    bool needed;
+};
+
+// Where the parts of a backup are unpacked: beside the embedded books, which they become by a rename.
+QString partsPlace(const TStore &store)
+{
+    return store.books().fin.engine == Engine::Sqlite ? QFileInfo(store.books().fin.file).absolutePath()
+                                                      : QDir::tempPath();
+}
+
+struct TPartPlan {
+    QString name;
+    TSessionSettings source;
+    TSessionSettings aside;
+};
+
+QList<TPartPlan> partsOf(const TStore &store)
+{
+    return {{QLatin1String(BooksNames::fin), store.books().fin, store.aside().fin},
+            {QLatin1String(BooksNames::ravl), store.books().ravl, store.aside().ravl}};
+}
+
+void refuseOtherEngine(const TArchive &archive, const TStore &store)
+{
+    if (archive.engine != engineName(store.books()))
+        throw EArchiveError(
+            u"Atsarginė kopija padaryta kito variklio duomenų bazėje (%1) ir čia netinka."_s.arg(
+                archive.engine));
+    if (archive.parts.size() != 2)
+        throw EArchiveError(u"Atsarginėje kopijoje turi būti dvi duomenų bazės."_s);
+}
+
+// trouble: what is said of a table that differs, with its name to be put in.
+void refuseDifference(const QJsonObject &expected, const QJsonObject &found, const QString &trouble)
+{
+    for (auto table = expected.begin(); table != expected.end(); ++table) {
+        if (found.value(table.key()) != table.value())
+            throw EArchiveError(trouble.arg(table.key()));
+    }
+    if (expected.size() != found.size())
+        throw EArchiveError(trouble.arg(u"…"_s));
+}
+
+void refuseDamage(TDatabase &copy, const QString &name)
+{
+    if (copy.engine() != Engine::Sqlite)
+        return;
+    const QStringList answers = columnOf(copy, u"pragma integrity_check(1)"_s);
+    if (answers != QStringList{u"ok"_s})
+        throw EArchiveError(u"Duomenų bazės „%1“ kopija pažeista: %2"_s.arg(name, answers.join(u' ')));
+}
+
+void refuseNewerProgram(TDatabase &db)
+{
+    if (revisionOf(db) > latestRevision())
+        throw EArchiveError(
+            u"Atsarginė kopija padaryta naujesne programa (redakcija %1, o ši programa žino %2). "
+            "Atnaujinkite programą."_s.arg(revisionOf(db))
+                .arg(latestRevision()));
+}
+
+// What the main database says of whose books these are and how far they have come.
+void describe(TDatabase &fin, TArchive &archive)
+{
+    archive.revision = revisionOf(fin);
+    if (archive.revision == 0)
+        return;
+    archive.institution = columnOf(fin, u"select org_pavad from bd_org"_s).value(0).trimmed();
+    eachRow(fin,
+            u"select per_metai, per_ketv, per_menuo from bd_period where per_menuo > 0 order by per_id"_s,
+            [&archive](const QSqlQuery &row) {
+                archive.month =
+                    u"%1-%2"_s.arg(row.value(0).toInt())
+                        .arg((row.value(1).toInt() - 1) * 3 + row.value(2).toInt(), 2, 10, QLatin1Char('0'));
+            });
+}
+
+// Copies both databases into files of the folder and compares each copy, as it can be read, with what was
+// copied. What is to be said of them; their names are added to files.
+TArchive copyBooks(TStore &store, const QTemporaryDir &folder, QStringList &files, const TProgress &progress)
+{
+    TArchive archive{.engine = engineName(store.books()),
+                     .createdAt = QDateTime::currentDateTime().toString(Qt::ISODate)};
+    // The embedded engine reads the copy where it is.
+    const TRoomAside room(store, store.books().fin.engine != Engine::Sqlite);
+    for (const TPartPlan &part : partsOf(store)) {
+        progress(u"Kopijuojama duomenų bazė %1…"_s.arg(part.name));
+        files.append(folder.filePath(part.name));
+        const QJsonObject totals = store.dump(part.source, files.constLast());
+        progress(u"Tikrinama kopija…"_s);
+        const std::unique_ptr<TDatabase> copy = openCopy(store, part.aside, files.constLast());
+        refuseDamage(*copy, part.name);
+        archive.parts.append({part.name, 0, 0, {}, controlTotals(*copy)});
+        refuseDifference(totals, archive.parts.constLast().totals,
+                         u"%1: lentelės „%2“ kopija nesutampa su pačia lentele."_s.arg(part.name, u"%1"_s));
+        if (archive.parts.size() == 1)
+            describe(*copy, archive);
+    }
+    return archive;
+}
+
+// Loads a backup aside and compares it with the control totals that it brings.
+void buildFrom(TStore &store, const QString &file, const TArchive &archive, const TProgress &progress)
+{
+    const QTemporaryDir folder = partsFolder(partsPlace(store));
+    const QList<TPartPlan> plans = partsOf(store);
+    for (qsizetype i = 0; i < plans.size(); ++i) {
+        progress(u"Atkuriama duomenų bazė %1…"_s.arg(plans.at(i).name));
+        const QString part = folder.filePath(plans.at(i).name);
+        extractPart(file, archive.parts.at(i), part);
+        store.load(part, plans.at(i).aside);
+        TDatabase db(plans.at(i).aside);
+        db.Open();
+        refuseDamage(db, plans.at(i).name);
+        refuseNewerProgram(db);
+        refuseDifference(archive.parts.at(i).totals, controlTotals(db),
+                         u"%1: atkurta lentelė „%2“ nesutampa su atsarginės kopijos kontrolinėmis "
+                         "sumomis."_s.arg(plans.at(i).name, u"%1"_s));
+    }
+    progress(u"Tikrinamos atkurtos duomenų bazės…"_s);
+    TOpenBooks books(store.aside());
+    for (const QString &problem : findProblems(books.fin, books.ravl, [](const QString &) {}))
+        progress(u"Pastaba: "_s + problem);
+}
+
+TArchive readFitting(const TStore &store, const QString &file, const TProgress &progress)
+{
+    progress(u"Tikrinama atsarginė kopija „%1“…"_s.arg(file));
+    TArchive archive = readArchive(file);
+    refuseOtherEngine(archive, store);
+    return archive;
+}
+
+// What a run that was killed left in the folder of backups. Who holds its lock works there alone.
+void removeLeftovers(const QString &place)
+{
+    const QDir folder(place);
+    for (const QString &name : folder.entryList({u"*-*-*-*.velmora.dalinis"_s}, QDir::Files))
+        QFile::remove(folder.filePath(name));
+    for (const QString &name : folder.entryList({u"velmora-??????"_s}, QDir::Dirs))
+        QDir(folder.filePath(name)).removeRecursively();
+}
+
+void removeSurplus(const QString &folder, const TProgress &progress)
+{
+    for (const TBackup &old : surplusOf(backupsIn(folder), QDateTime::currentDateTime())) {
+        QFile file(old.file);
+        progress(file.remove()
+                     ? u"Pašalinta sena kopija „%1“."_s.arg(old.file)
+                     : u"Nepavyko pašalinti senos kopijos „%1“: %2."_s.arg(old.file, fileTrouble(file)));
+    }
+}
+
+// A name that no other backup has: made one after the other, two of a second are told apart by the next one.
+QString freeName(const QString &folder, BackupKind kind, const QString &month)
+{
+    QDateTime moment = QDateTime::currentDateTime();
+    for (;; moment = moment.addSecs(1)) {
+        QString file = QDir(folder).filePath(backupName(kind, moment, month));
+        if (!QFileInfo::exists(file))
+            return file;
+    }
+}
+
+QString todaysBackup(const QString &folder)
+{
+    for (const TBackup &backup : backupsIn(folder))
+        if (backup.kind == BackupKind::Day && backup.sound() && backup.made.date() == QDate::currentDate())
+            return backup.file;
+    return {};
+}
+
+} // namespace
+
+void backUpBooks(TStore &store, const QString &file, const TProgress &progress)
+{
+    store.refuseWhenMissing();
+    refuseExisting(file);
+    const QTemporaryDir folder = partsFolder(QFileInfo(file).absolutePath());
+    QStringList files;
+    const TArchive archive = copyBooks(store, folder, files, progress);
+    progress(u"Rašomas failas „%1“…"_s.arg(file));
+    writeArchive(file, archive, files);
+}
+
+QString keepBackup(TStore &store, BackupKind kind, const QString &folder, const TProgress &progress)
+{
+    store.refuseWhenMissing();
+    if (!makePrivateFolder(folder))
+        throw EFileError(u"Nepavyko sukurti katalogo „%1“."_s.arg(folder));
+    QLockFile lock(QDir(folder).filePath(u"velmora.lock"_s));
+    lock.setStaleLockTime(0);
+    if (!lock.tryLock(waitForOthersMs))
+        throw EFileError(
+            u"Į katalogą „%1“ negalima rašyti, arba jame kopiją vis dar daro kita programa."_s.arg(folder));
+    removeLeftovers(folder);
+    if (const QString made = kind == BackupKind::Day ? todaysBackup(folder) : QString(); !made.isEmpty()) {
+        progress(u"Šios dienos atsarginė kopija jau padaryta."_s);
+        return made;
+    }
+    const QTemporaryDir parts = partsFolder(folder);
+    QStringList files;
+    const TArchive archive = copyBooks(store, parts, files, progress);
+    const QString file = freeName(folder, kind, archive.month);
+    progress(u"Rašomas failas „%1“…"_s.arg(file));
+    writeArchive(file, archive, files);
+    removeSurplus(folder, progress);
+    return file;
+}
+
+void verifyBackup(TStore &store, const QString &file, const TProgress &progress)
+{
+    const TArchive archive = readFitting(store, file, progress);
+    const TRoomAside room(store, true);
+    buildFrom(store, file, archive, progress);
+}
+
+QStringList restoreBooks(TStore &store, const QString &file, const TProgress &progress)
+{
+    const TArchive archive = readFitting(store, file, progress);
+    return buildAside(store, [&] { buildFrom(store, file, archive, progress); });
+}
