@@ -68,12 +68,13 @@ TFingerprint &TFingerprint::operator+=(const TFingerprint &other)
 {
     values += other.values;
     keyed += other.keyed;
+    placed += other.placed;
     return *this;
 }
 
 TFingerprint TFingerprint::operator-(const TFingerprint &other) const
 {
-    return {values - other.values, keyed - other.keyed};
+    return {values - other.values, keyed - other.keyed, placed - other.placed};
 }
 
 void add(TTableFingerprint &to, const TTableFingerprint &more)
@@ -100,7 +101,7 @@ QJsonObject toJson(const TTableFingerprint &prints)
 {
     QJsonObject json;
     for (const auto &[column, print] : prints.asKeyValueRange())
-        json.insert(column, QJsonArray{textOf(print.values), textOf(print.keyed)});
+        json.insert(column, QJsonArray{textOf(print.values), textOf(print.keyed), textOf(print.placed)});
     return json;
 }
 
@@ -116,8 +117,9 @@ TTableFingerprint tableFingerprint(const QJsonObject &json)
 {
     TTableFingerprint prints;
     for (auto column = json.begin(); column != json.end(); ++column) {
-        const QJsonArray pair = column.value().toArray();
-        prints.insert(column.key(), {sumOf(pair.at(0).toString()), sumOf(pair.at(1).toString())});
+        const QJsonArray sums = column.value().toArray();
+        prints.insert(column.key(), {sumOf(sums.at(0).toString()), sumOf(sums.at(1).toString()),
+                                     sumOf(sums.at(2).toString())});
     }
     return prints;
 }

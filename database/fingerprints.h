@@ -7,23 +7,25 @@
 
 // Fingerprints of tables that add: what a change does to them follows from the record that it leaves in the
 // history, so the contents of a book can be held against an earlier state and the records since. Where one
-// row was changed past the history, the differences of the two sums tell its key: their quotient.
+// row was changed past the history, the differences of the first two sums tell its key: their quotient. The
+// third one shows values that only changed places.
 
 // An exact sum.
 __extension__ typedef __int128 TWideSum;
 
-// Of one column over all rows: the sum of the fingerprints of its values, and the same with each multiplied
-// by the number of its row (value_prints.h).
+// Of one column over all rows: the sum of the fingerprints of its values, the same with each multiplied by
+// the number of its row, and the sum of the fingerprints of value and row together (value_prints.h).
 struct TFingerprint {
     TWideSum values = 0;
     TWideSum keyed = 0;
+    TWideSum placed = 0;
 
     TFingerprint &operator+=(const TFingerprint &other);
     TFingerprint operator-(const TFingerprint &other) const;
     bool operator==(const TFingerprint &) const = default;
 };
 
-// By column, without those of the key; the empty name has the number of rows and the sum of their numbers.
+// By column, without those of the key; the empty name has that of the value 1 in every row.
 using TTableFingerprint = QMap<QString, TFingerprint>;
 // By table.
 using TBookFingerprint = QMap<QString, TTableFingerprint>;

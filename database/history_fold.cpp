@@ -44,7 +44,7 @@ public:
 
 private:
     // A record that shows the key moved the row from one key to the other.
-    TWideSum rowOf(const QJsonObject &side, const THistoryRecord &record) const
+    quint32 rowOf(const QJsonObject &side, const THistoryRecord &record) const
     {
         QByteArrayList parts;
         for (const QString &column : key.columns) {
@@ -59,18 +59,24 @@ private:
     {
         if (record.operation == (sign < 0 ? "I" : "D"))
             return;
-        const TWideSum row = rowOf(side, record);
-        changes[QString()] += {sign, sign * row};
+        const quint32 row = rowOf(side, record);
+        addPrint({}, 1, row, sign);
         for (auto value = side.begin(); value != side.end(); ++value) {
             const auto printer = printers.constFind(value.key());
             if (printer == printers.cend())
                 continue;
-            const TWideSum print =
-                value.key() == secretColumn
-                    ? TWideSum(secrets.value(secretColumn).toArray().at(secretSide).toInteger())
-                    : TWideSum(printer->of(value.value()));
-            changes[value.key()] += {sign * print, sign * row * print};
+            addPrint(value.key(),
+                     value.key() == secretColumn
+                         ? quint32(secrets.value(secretColumn).toArray().at(secretSide).toInteger())
+                         : printer->of(value.value()),
+                     row, sign);
         }
+    }
+
+    void addPrint(const QString &column, quint32 print, quint32 row, int sign)
+    {
+        const TWideSum value = sign * TWideSum(print);
+        changes[column] += {value, value * row, sign * TWideSum(placedPrint(print, row))};
     }
 
     TTableKey key;

@@ -18,6 +18,16 @@ QByteArray bytesOf(const TStatement &statement, int column)
     return bytes.isNull() ? QByteArray("") : bytes;
 }
 
+THistoryRecord recordIn(const TStatement &statement)
+{
+    THistoryRecord record{statement.integer(0)};
+    int column = 0;
+    for (QByteArray *part : {&record.moment, &record.login, &record.station, &record.table, &record.key,
+                             &record.operation, &record.before, &record.after, &record.prints})
+        *part = bytesOf(statement, ++column);
+    return record;
+}
+
 } // namespace
 
 QByteArray THistoryRecord::wording() const
@@ -30,19 +40,25 @@ QByteArray THistoryRecord::wording() const
     return text;
 }
 
+// In pieces: a server hands over the whole result of a statement at once.
 void eachRecord(TDatabase &db, const QString &condition,
                 const std::function<void(const THistoryRecord &)> &consumer)
 {
+    constexpr int piece = 5000;
     TranslatedSql sql;
-    sql.text = u"select ist_id, %1 from bd_istorija where %2 order by ist_id"_s.arg(recordColumns, condition);
-    const auto statement = db.prepareNative(sql);
-    for (statement->exec(); statement->next();) {
-        THistoryRecord record{statement->integer(0)};
-        int column = 0;
-        for (QByteArray *part : {&record.moment, &record.login, &record.station, &record.table, &record.key,
-                                 &record.operation, &record.before, &record.after, &record.prints})
-            *part = bytesOf(*statement, ++column);
-        consumer(record);
+    qlonglong last = 0;
+    for (int read = piece; read == piece;) {
+        sql.text = u"select ist_id, %1 from bd_istorija where (%2) and ist_id > %3 order by ist_id limit %4"_s
+                       .arg(recordColumns, condition)
+                       .arg(last)
+                       .arg(piece);
+        const auto statement = db.prepareNative(sql);
+        read = 0;
+        for (statement->exec(); statement->next(); ++read) {
+            const THistoryRecord record = recordIn(*statement);
+            last = record.id;
+            consumer(record);
+        }
     }
 }
 
@@ -88,11 +104,6 @@ bool TNumbers::contains(qlonglong number) const
 {
     const auto next = endByStart.upperBound(number);
     return next != endByStart.begin() && number <= std::prev(next).value();
-}
-
-qlonglong TNumbers::firstMissing() const
-{
-    return endByStart.isEmpty() || endByStart.firstKey() > 1 ? 1 : endByStart.first() + 1;
 }
 
 TNumbers TNumbers::missing(qlonglong from, qlonglong to) const

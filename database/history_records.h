@@ -38,8 +38,6 @@ public:
     // Of numbers that are not empty.
     qlonglong first() const { return endByStart.firstKey(); }
     qlonglong last() const { return endByStart.last(); }
-    // The lowest number from 1 on that is not among them.
-    qlonglong firstMissing() const;
     // Those from one number to another that are not among them.
     TNumbers missing(qlonglong from, qlonglong to) const;
 

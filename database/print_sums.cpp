@@ -29,17 +29,18 @@ TTableFingerprint fingerprintIn(const QByteArray &text)
 struct ColumnSums {
     explicit ColumnSums(const QByteArray &aName) : name(aName), printer(aName) {}
 
-    void add(quint64 print, quint64 row)
+    void add(quint32 print, quint64 row)
     {
         const quint64 product = print * row;
         values += print;
+        placed += placedPrint(print, row);
         keyedLow += product & 0xffffffff;
         keyedHigh += product >> 32;
     }
 
     TFingerprint whole() const
     {
-        return {TWideSum(values), (TWideSum(keyedHigh) << 32) + TWideSum(keyedLow)};
+        return {TWideSum(values), (TWideSum(keyedHigh) << 32) + TWideSum(keyedLow), TWideSum(placed)};
     }
 
     QByteArray name;
@@ -47,6 +48,7 @@ struct ColumnSums {
     quint64 values = 0;
     quint64 keyedHigh = 0;
     quint64 keyedLow = 0;
+    quint64 placed = 0;
 };
 
 struct TableSums {
@@ -60,15 +62,14 @@ struct TableSums {
 
     TTableFingerprint whole() const
     {
-        TTableFingerprint all{{QString(), {TWideSum(rows), TWideSum(rowNumbers)}}};
+        TTableFingerprint all{{QString(), rows.whole()}};
         for (const ColumnSums &column : columns)
             all.insert(QString::fromUtf8(column.name), column.whole());
         return all;
     }
 
     std::vector<ColumnSums> columns;
-    quint64 rows = 0;
-    quint64 rowNumbers = 0;
+    ColumnSums rows{QByteArray()};
 };
 
 TableSums *&sumsOf(sqlite3_context *context)
@@ -90,8 +91,7 @@ void step(sqlite3_context *context, int count, sqlite3_value **values)
         return;
     }
     const quint64 row = rowNumber(values[1]);
-    ++sums->rows;
-    sums->rowNumbers += row;
+    sums->rows.add(1, row);
     for (size_t i = 0; i < sums->columns.size(); ++i) {
         ColumnSums &column = sums->columns[i];
         column.add(column.printer.of(values[i + 2]), row);

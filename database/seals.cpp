@@ -76,10 +76,18 @@ void lockForSeal(TDatabase &db, TSealEvent event)
 // those that an earlier seal covers.
 void addUncovered(TDatabase &db, const TNumbers &covered, TCoveredRecords &to)
 {
-    eachRecord(db, u"ist_id >= %1"_s.arg(covered.firstMissing()), [&](const THistoryRecord &record) {
-        if (!covered.contains(record.id))
-            to.add(record);
-    });
+    const qlonglong last = covered.isEmpty() ? 0 : covered.last();
+    QStringList late;
+    for (const auto &[from, until] : covered.missing(1, last).runs().asKeyValueRange()) {
+        for (qlonglong number = from; number <= until; ++number)
+            late.append(QString::number(number));
+    }
+    const auto addThose = [&](const QString &condition) {
+        eachRecord(db, condition, [&to](const THistoryRecord &record) { to.add(record); });
+    };
+    if (!late.isEmpty())
+        addThose(u"ist_id in (%1)"_s.arg(late.join(u", ")));
+    addThose(u"ist_id > %1"_s.arg(last));
 }
 
 QByteArray stateAfter(TDatabase &db, TSealEvent event, const QByteArray &before, const TNumbers &records)

@@ -41,9 +41,17 @@ QByteArrayView textOf(sqlite3_value *value)
     return {text, sqlite3_value_bytes(value)};
 }
 
-QByteArray checksum(QByteArrayView bytes)
+// What a record of history says of a picture.
+QByteArray checksumAndSize(QByteArrayView bytes)
 {
-    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex() +
+           QByteArray::number(bytes.size());
+}
+
+QByteArray checksumAndSize(const QJsonObject &picture)
+{
+    return picture.value(u"sha256").toString().toLatin1() +
+           QByteArray::number(picture.value(u"baitai").toInteger());
 }
 
 // Eight bits (CRC-8), so that a former password cannot be told from its fingerprint; a flipped bit always
@@ -70,7 +78,7 @@ quint32 ValuePrinter::ofWhole(qint64 value) const
 
 quint32 ValuePrinter::ofNumber(double value) const
 {
-    constexpr double largestWhole = 9007199254740992.0;
+    constexpr double largestWhole = 9.2e18;
     if (value == std::floor(value) && std::fabs(value) < largestWhole)
         return ofWhole(qint64(value));
     return upper31(mixed(seed ^ mixed(std::bit_cast<quint64>(value) ^ (quint64(Real) << 60))));
@@ -96,9 +104,9 @@ quint32 ValuePrinter::of(sqlite3_value *value) const
     case SQLITE_TEXT:
         return ofText(textOf(value));
     case SQLITE_BLOB:
-        return upper31(hashOf(
-            checksum({static_cast<const char *>(sqlite3_value_blob(value)), sqlite3_value_bytes(value)}),
-            seed + Bytes));
+        return upper31(hashOf(checksumAndSize({static_cast<const char *>(sqlite3_value_blob(value)),
+                                               sqlite3_value_bytes(value)}),
+                              seed + Bytes));
     default:
         return ofNull();
     }
@@ -115,7 +123,7 @@ quint32 ValuePrinter::of(const QJsonValue &value) const
     case QJsonValue::String:
         return ofText(value.toString().toUtf8());
     case QJsonValue::Object:
-        return upper31(hashOf(value.toObject().value(u"sha256").toString().toLatin1(), seed + Bytes));
+        return upper31(hashOf(checksumAndSize(value.toObject()), seed + Bytes));
     default:
         return ofNull();
     }
@@ -138,6 +146,11 @@ quint32 rowNumber(sqlite3_value *key)
             return quint32(number);
     }
     return rowNumber(textOf(key), false);
+}
+
+quint32 placedPrint(quint32 print, quint64 row)
+{
+    return print == 0 ? 0 : upper31(mixed(print ^ (row << 31)));
 }
 
 quint32 textPrint(QByteArrayView text)

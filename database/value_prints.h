@@ -36,5 +36,8 @@ quint32 rowNumber(sqlite3_value *key);
 // The same of a key in words; isWhole: the key is one column of whole numbers.
 quint32 rowNumber(QByteArrayView key, bool isWhole);
 
+// 31 bits of a hash of a fingerprint in a row; 0 for the fingerprint 0.
+quint32 placedPrint(quint32 print, quint64 row);
+
 // 31 bits of the hash of a text.
 quint32 textPrint(QByteArrayView text);

@@ -12,12 +12,12 @@ create table bd_istorija (
     ist_laikas   varchar(23) not null,
     ist_login    varchar(30),
     ist_stotis   varchar(64),
-    ist_lentele  varchar(40) not null,
+    ist_lentele  varchar(40) not null check (ist_lentele ~ '^[a-z0-9_]+$'),
     ist_raktas   varchar(200) not null,
     ist_veiksmas varchar(1) not null check (ist_veiksmas in ('I', 'U', 'D', 'R')),
-    ist_buvo     text,
-    ist_yra      text,
-    ist_pedsakas text
+    ist_buvo     text check (jsonb_typeof(ist_buvo::jsonb) = 'object'),
+    ist_yra      text check (jsonb_typeof(ist_yra::jsonb) = 'object'),
+    ist_pedsakas text check (jsonb_typeof(ist_pedsakas::jsonb) = 'object')
 );
 
 create index ix_bd_istorija_laikas on bd_istorija (ist_laikas, ist_id);

@@ -49,7 +49,7 @@ as $$
                                    when 'numeric' then 'hash_numeric_extended((%s)::numeric, %s)'
                                    when 'double precision' then 'hashfloat8extended((%s)::double precision, %s)'
                                    when 'date' then 'hashint8extended(((%s)::date - ''2000-01-01''::date)::bigint, %s)'
-                                   when 'bytea' then 'hashtextextended(encode(sha256(%s), ''hex''), %s)'
+                                   when 'bytea' then 'hashtextextended(encode(sha256(%1$s), ''hex'') || length(%1$s), %2$s)'
                                    else 'hashtextextended((%s)::text, %s)'
                                    end, reiksme, druska),
                             hashtextextended('null', druska) & 2147483647)
@@ -102,9 +102,16 @@ as $$
           where indrelid = lentele::regclass and indisprimary) raktas
 $$;
 
+-- The fingerprint of a value's fingerprint in a row; 0 for the fingerprint 0.
+create function sys_vietos_pedsakas(pedsakas bigint, nr bigint) returns bigint
+language sql immutable parallel safe
+as $$
+    select case when pedsakas = 0 then 0 else hashint8extended(pedsakas # (nr << 31), 0) & 2147483647 end
+$$;
+
 -- The fingerprints of the rows of a table that the condition chooses: for each column the sum of the values'
--- fingerprints, and the same sum with each multiplied by its row's number; under the empty name the number of
--- rows and the sum of their numbers.
+-- fingerprints, the same sum with each multiplied by its row's number, and the sum of the fingerprints of both
+-- together; under the empty name those of the value 1 in every row.
 create function sys_pedsakai(lentele text, salyga text) returns jsonb
 language plpgsql stable
 as $$
@@ -116,10 +123,13 @@ begin
     select coalesce(string_agg(format(', %s as p%s', sys_pedsako_israiska(quote_ident(stulpelis), tipas, stulpelis),
                                       nr), ''), ''),
            coalesce(string_agg(format(', %L, jsonb_build_array(coalesce(sum(p%2$s), 0)::text, '
-                                      'coalesce(sum(nr * p%2$s), 0)::text)', stulpelis, nr), ''), '')
+                                      'coalesce(sum(nr * p%2$s), 0)::text, '
+                                      'coalesce(sum(sys_vietos_pedsakas(p%2$s, nr)), 0)::text)', stulpelis, nr),
+                               ''), '')
     into israiskos, poros
     from (select *, row_number() over () as nr from sys_pedsako_stulpeliai(lentele)) s;
-    execute format('select jsonb_build_object('''', jsonb_build_array(count(*)::text, coalesce(sum(nr), 0)::text) %s) '
+    execute format('select jsonb_build_object('''', jsonb_build_array(count(*)::text, coalesce(sum(nr), 0)::text, '
+                   'coalesce(sum(sys_vietos_pedsakas(1, nr)), 0)::text) %s) '
                    'from (select %s as nr %s from %I where %s) eilutes',
                    poros, sys_rakto_israiska(lentele), israiskos, lentele, salyga)
     into rezultatas;
@@ -131,7 +141,8 @@ create function sys_pedsaku_skirtumas(buvo jsonb, yra jsonb) returns jsonb
 language sql immutable parallel safe
 as $$
     select jsonb_object_agg(key, jsonb_build_array(((y.value ->> 0)::numeric - (b.value ->> 0)::numeric)::text,
-                                                   ((y.value ->> 1)::numeric - (b.value ->> 1)::numeric)::text))
+                                                   ((y.value ->> 1)::numeric - (b.value ->> 1)::numeric)::text,
+                                                   ((y.value ->> 2)::numeric - (b.value ->> 2)::numeric)::text))
     from jsonb_each(yra) y
     join jsonb_each(buvo) b using (key)
 $$;
@@ -146,8 +157,9 @@ as $$
                             case puse when 'buvo' then 0 else 1 end)
                 else format('case when %1$s ? %2$L then %3$s else 0 end', puse, stulpelis,
                             case tipas
-                            when 'bytea' then sys_pedsako_israiska(format('%s -> %L ->> ''sha256''', puse, stulpelis),
-                                                                   'text', stulpelis)
+                            when 'bytea' then sys_pedsako_israiska(format('(%1$s -> %2$L ->> ''sha256'') || '
+                                                                          '(%1$s -> %2$L ->> ''baitai'')',
+                                                                          puse, stulpelis), 'text', stulpelis)
                             else sys_pedsako_israiska(format('%s ->> %L', puse, stulpelis), tipas, stulpelis)
                             end)
            end
@@ -172,13 +184,16 @@ begin
     select coalesce(string_agg(format(', %s as b%s, %s as y%2$s', sys_iraso_israiska('buvo', stulpelis, tipas), nr,
                                       sys_iraso_israiska('yra', stulpelis, tipas)), ''), ''),
            coalesce(string_agg(format(', %L, jsonb_build_array(coalesce(sum(y%2$s - b%2$s), 0)::text, '
-                                      'coalesce(sum(yra_nr * y%2$s - buvo_nr * b%2$s), 0)::text)',
+                                      'coalesce(sum(yra_nr * y%2$s - buvo_nr * b%2$s), 0)::text, '
+                                      'coalesce(sum(sys_vietos_pedsakas(y%2$s, yra_nr) - '
+                                      'sys_vietos_pedsakas(b%2$s, buvo_nr)), 0)::text)',
                                       stulpelis, nr), ''), '')
     into israiskos, poros
     from (select *, row_number() over () as nr from sys_pedsako_stulpeliai(lentele)) s;
     execute format(
         'select jsonb_build_object('''', jsonb_build_array(coalesce(sum(yra_kiek - buvo_kiek), 0)::text, '
-        'coalesce(sum(yra_nr * yra_kiek - buvo_nr * buvo_kiek), 0)::text) %1$s) '
+        'coalesce(sum(yra_nr * yra_kiek - buvo_nr * buvo_kiek), 0)::text, '
+        'coalesce(sum(sys_vietos_pedsakas(yra_kiek, yra_nr) - sys_vietos_pedsakas(buvo_kiek, buvo_nr)), 0)::text) %1$s) '
         'from (select (veiksmas <> ''I'')::int as buvo_kiek, (veiksmas <> ''D'')::int as yra_kiek, '
         'sys_eilutes_nr(coalesce(nullif(concat_ws(''|'', %2$s), ''''), raktas), %4$L) as buvo_nr, '
         'sys_eilutes_nr(coalesce(nullif(concat_ws(''|'', %3$s), ''''), raktas), %4$L) as yra_nr %5$s '

@@ -12,12 +12,12 @@ create table bd_istorija (
     ist_laikas   varchar(23) not null check (length(ist_laikas) = 23),
     ist_login    varchar(30) check (length(ist_login) <= 30),
     ist_stotis   varchar(64) check (length(ist_stotis) <= 64),
-    ist_lentele  varchar(40) not null check (length(ist_lentele) <= 40),
+    ist_lentele  varchar(40) not null check (length(ist_lentele) <= 40 and ist_lentele not glob '*[^a-z0-9_]*'),
     ist_raktas   varchar(200) not null check (length(ist_raktas) <= 200),
     ist_veiksmas varchar(1) not null check (ist_veiksmas in ('I', 'U', 'D', 'R')),
-    ist_buvo     text,
-    ist_yra      text,
-    ist_pedsakas text
+    ist_buvo     text check (json_valid(ist_buvo)),
+    ist_yra      text check (json_valid(ist_yra)),
+    ist_pedsakas text check (json_valid(ist_pedsakas))
 );
 
 create index ix_bd_istorija_laikas on bd_istorija (ist_laikas, ist_id);

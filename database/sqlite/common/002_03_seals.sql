@@ -21,6 +21,13 @@ begin
     select raise(abort, 'Antspaudai nekeičiami.');
 end;
 
+-- An "insert or replace" would delete without asking the trigger below.
+create trigger tr_bd_antspaudai_pakeisti before insert on bd_antspaudai
+when exists (select 1 from bd_antspaudai where ant_id = new.ant_id)
+begin
+    select raise(abort, 'Antspaudai nekeičiami.');
+end;
+
 create trigger tr_bd_antspaudai_trinti before delete on bd_antspaudai
 begin
     select raise(abort, 'Antspaudai netrinami.');

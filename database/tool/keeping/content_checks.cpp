@@ -39,8 +39,10 @@ public:
 
     void tell()
     {
-        if (rows.values == 0 && rows.keyed == 0)
+        if (rows == TFingerprint())
             tellColumns();
+        else if (rows.values == 0 && rows.keyed == 0)
+            add(u"eilučių raktai pakeisti"_s);
         else if (rows.values == 0)
             tellMoved();
         else
@@ -119,8 +121,9 @@ private:
         QString text = u"%1: stulpelis „%2“ pakeistas"_s.arg(rowTitle(rowKey), column);
         if (isShown(column)) {
             const QString before = recorded(rowKey, column);
-            text += before.isNull() ? u" (yra %1)"_s.arg(present(rowKey, column))
-                                    : u" (buvo %1, yra %2)"_s.arg(before, present(rowKey, column));
+            const QString now = present(rowKey, column);
+            text += before.isNull() || before == now ? u" (yra %1)"_s.arg(now)
+                                                     : u" (buvo %1, yra %2)"_s.arg(before, now);
         }
         add(text);
     }
@@ -152,11 +155,13 @@ private:
         add(u"keliose eilutėse stulpelis „%1“ pakeistas"_s.arg(column));
         if (!isShown(column))
             return;
-        for (const auto &[rowKey, value] : last.asKeyValueRange()) {
-            const QString now = present(rowKey, column);
-            if (!now.isNull() && now != value && !isSameAmount(now, value))
-                tellColumn(rowKey, column);
-        }
+        eachRow(db, u"select %1, cast(%2 as varchar(2000)) from %3"_s.arg(keyExpression(), column, table),
+                [&](const QSqlQuery &row) {
+                    const QString rowKey = row.value(0).toString(), now = row.value(1).toString();
+                    const auto value = last.constFind(rowKey);
+                    if (value != last.cend() && now != *value && !isSameAmount(now, *value))
+                        tellColumn(rowKey, column);
+                });
     }
 
     static bool isSameAmount(const QString &one, const QString &other)

@@ -38,9 +38,29 @@ void checkChain(const QList<TSeal> &seals, const QString &title, QStringList &fo
     }
 }
 
+// Stations that write at the same moment may number their records in another order than they date them.
+bool isSetBack(const QByteArray &before, const QByteArray &after)
+{
+    constexpr qint64 patience = 120;
+    const auto moment = [](const QByteArray &text) {
+        return QDateTime::fromString(QString::fromLatin1(text), u"yyyy-MM-dd hh:mm:ss.zzz"_s);
+    };
+    return after < before && moment(after).secsTo(moment(before)) > patience;
+}
+
 bool isJson(const QByteArray &text)
 {
     return text.isNull() || QJsonDocument::fromJson(text).isObject();
+}
+
+// Of a password a record never says more than that it changed.
+bool tellsPassword(const THistoryRecord &record)
+{
+    const auto isOpen = [](const QJsonValue &password) {
+        return !password.isUndefined() && password.toString() != u"pakeista";
+    };
+    return record.table == "bd_usr" && (isOpen(objectOf(record.before).value(u"usr_pasw")) ||
+                                        isOpen(objectOf(record.after).value(u"usr_pasw")));
 }
 
 // What another program changed, as people read it.
@@ -52,6 +72,9 @@ QString toldOf(const THistoryRecord &record)
         return u"įrašė "_s + row;
     if (record.operation == "D")
         return u"ištrynė "_s + row;
+    if (record.operation == "R")
+        return u"perkėlė lentelės „%1“ likučius (periodas %2)"_s.arg(QString::fromUtf8(record.table),
+                                                                     QString::fromUtf8(record.key));
     const QJsonObject before = objectOf(record.before), after = objectOf(record.after);
     QStringList columns;
     for (auto value = after.begin(); value != after.end(); ++value)
@@ -100,13 +123,16 @@ private:
         if (!isSealed && !(isJson(record.before) && isJson(record.after) && isJson(record.prints)))
             findings.add(
                 u"%1: neperskaitomas pakeitimų istorijos įrašas Nr. %2."_s.arg(title).arg(record.id));
+        if (!isSealed && tellsPassword(record))
+            findings.add(u"%1: pakeitimų istorijos įrašas Nr. %2 pakeistas ne per programą."_s.arg(title).arg(
+                record.id));
         if (record.login.isEmpty() && !accepted.contains(record.id) && record.table != "bd_antspaudai")
             findings.add(
                 u"%1: %2 kita programa %3."_s.arg(title, QString::fromUtf8(record.moment), toldOf(record)));
-        if (record.moment < momentBefore)
+        if (isSetBack(momentBefore, record.moment))
             remarks.append(
                 u"%1: pakeitimų istorijos įrašo Nr. %2 laikas (%3) ankstesnis už prieš jį buvusio (%4): buvo "
-                "atsuktas laikrodis."_s.arg(title)
+                "atsuktas laikrodis arba įvestas žiemos laikas."_s.arg(title)
                     .arg(record.id)
                     .arg(QString::fromUtf8(record.moment), QString::fromUtf8(momentBefore)));
         momentBefore = record.moment;
@@ -196,15 +222,23 @@ private:
     size_t lastSeal = 0;
 };
 
-// A seal leaves a record that tells its number, so the last one cannot go unnoticed.
-void checkLastSeal(TDatabase &db, const TSealCheck &check, const QString &title, QStringList &found)
+// A seal leaves a record of itself, so neither the last seal nor its record can change unnoticed.
+void checkSealRecords(TDatabase &db, const TSealCheck &check, const QString &title, QStringList &found)
 {
-    const QString last =
-        columnOf(db, u"select coalesce(max(cast(ist_raktas as bigint)), 0) from bd_istorija where "
-                     "ist_lentele = 'bd_antspaudai'"_s)
-            .constFirst();
-    if (!check.seals.isEmpty() && check.seals.constLast().id < last.toLongLong())
-        found.append(u"%1: dingo antspaudas Nr. %2."_s.arg(title, last));
+    TFindings findings(found);
+    eachRecord(db, u"ist_lentele = 'bd_antspaudai'"_s, [&](const THistoryRecord &record) {
+        const qlonglong number = record.key.toLongLong();
+        const auto seal = std::ranges::find(check.seals, number, &TSeal::id);
+        const QJsonObject told = objectOf(record.after);
+        if (seal == check.seals.end() && (check.seals.isEmpty() || number > check.seals.constLast().id))
+            findings.add(u"%1: dingo antspaudas Nr. %2."_s.arg(title).arg(number));
+        else if (seal != check.seals.end() &&
+                 (told.value(u"ant_antspaudas").toString().toLatin1() != seal->hash ||
+                  told.value(u"ant_ivykis").toString().toUtf8() != seal->event))
+            findings.add(
+                u"%1: pakeitimų istorijos įrašas Nr. %2 ir %3 nesutampa."_s.arg(title).arg(record.id).arg(
+                    titleOf(*seal)));
+    });
 }
 
 // Seals that tell of months closed and not rolled back since.
@@ -216,7 +250,7 @@ QMap<qlonglong, TSeal> closedMonths(const QList<TSeal> &seals)
             closed.insert(seal.period.toLongLong(), seal);
         else if (seal.event == eventText(TSealEvent::RollBack).toUtf8())
             closed.remove(objectOf(seal.totals).value(u"einamasis").toInteger());
-        else
+        else if (seal.event != eventText(TSealEvent::SetUp).toUtf8())
             closed.clear();
     }
     return closed;
@@ -247,7 +281,7 @@ TSealCheck checkSeals(TDatabase &db, const QString &title, QStringList &found, c
     TSealCheck check{readSeals(db)};
     checkChain(check.seals, title, found);
     TRecordCheck(check, title, found, progress).run(db);
-    checkLastSeal(db, check, title, found);
+    checkSealRecords(db, check, title, found);
     return check;
 }
 

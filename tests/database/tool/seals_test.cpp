@@ -218,11 +218,65 @@ TEST_P(Seals, AChangedAndARemovedRecordOfHistoryAreNamed)
               QStringList{u"velmora_fin: dingo pakeitimų istorijos įrašas Nr. %1."_s.arg(number)});
 }
 
+TEST_P(Seals, ARecordOfASealThatSaysSomethingElseIsNamed)
+{
+    logIn();
+    TTransaction undone(fin.get());
+    closeMonth();
+    disarmHistory();
+    const QString number =
+        value(*fin, u"select max(ist_id) from bd_istorija where ist_lentele = 'bd_antspaudai'"_s);
+    fin->nativeExec(u"update bd_istorija set ist_yra = replace(ist_yra, 'ant_ivykis', 'ant_ivykas') "
+                    "where ist_id = "_s +
+                    number);
+    EXPECT_TRUE(
+        findings().join(u'\n').contains(u"pakeitimų istorijos įrašas Nr. %1 ir antspaudas"_s.arg(number)))
+        << findings().join(u'\n').toStdString();
+}
+
+// Neither the sum of the values nor the sum by rows changes when the middle ones trade places with the
+// others.
+TEST_P(Seals, ValuesThatOnlyChangePlacesAreFound)
+{
+    logIn();
+    TTransaction undone(fin.get());
+    fin->ExecSQL(u"insert into du_veikl (vkl_id, vkl_kodas, vkl_pavad) values (901, 1, 'Aa')"_s);
+    fin->ExecSQL(u"insert into du_veikl (vkl_id, vkl_kodas, vkl_pavad) values (902, 2, 'Bb')"_s);
+    fin->ExecSQL(u"insert into du_veikl (vkl_id, vkl_kodas, vkl_pavad) values (903, 3, 'Bb')"_s);
+    fin->ExecSQL(u"insert into du_veikl (vkl_id, vkl_kodas, vkl_pavad) values (904, 4, 'Aa')"_s);
+    ASSERT_EQ(findings(), QStringList());
+    fin->nativeExec(embedded() ? u"drop trigger temp.ist_du_veikl_u"_s
+                               : u"set local velmora.rutina = 'pildymas'"_s);
+    fin->nativeExec(u"update du_veikl set vkl_pavad = case vkl_pavad when 'Aa' then 'Bb' else 'Aa' end "
+                    "where vkl_id > 900"_s);
+    const QStringList found = findings();
+    EXPECT_TRUE(found.join(u'\n').contains(u"lentelės „du_veikl“ keliose eilutėse stulpelis „vkl_pavad“"_s));
+    for (const int id : {901, 902, 903, 904})
+        EXPECT_TRUE(found.join(u'\n').contains(u"eilutė vkl_id = %1: stulpelis „vkl_pavad“"_s.arg(id))) << id;
+}
+
+// What cannot be read back would keep every later seal from being made.
+TEST_P(Seals, ARecordThatIsNoJsonIsRefused)
+{
+    TTransaction undone(fin.get());
+    for (const QString &row : {u"'bd_kasos', 'ne JSON'"_s, u"'Ne lentelė;', '{}'"_s}) {
+        fin->nativeExec(u"savepoint bandymas"_s);
+        EXPECT_THROW(fin->nativeExec(
+                         u"insert into bd_istorija (ist_laikas, ist_raktas, ist_veiksmas, "
+                         "ist_lentele, ist_yra) values ('2026-01-01 00:00:00.000', '1', 'I', %1)"_s.arg(row)),
+                     EDatabaseError)
+            << row.toStdString();
+        fin->nativeExec(u"rollback to bandymas"_s);
+    }
+}
+
 TEST_P(Seals, SealsAreNeitherChangedNorDeleted)
 {
     TTransaction undone(fin.get());
     for (const QString &sql :
-         {u"update bd_antspaudai set ant_login = 'x'"_s, u"delete from bd_antspaudai"_s}) {
+         {u"update bd_antspaudai set ant_login = 'x'"_s, u"delete from bd_antspaudai"_s,
+          embedded() ? u"insert or replace into bd_antspaudai select * from bd_antspaudai where ant_id = 1"_s
+                     : u"truncate bd_antspaudai"_s}) {
         fin->nativeExec(u"savepoint bandymas"_s);
         EXPECT_THROW(fin->nativeExec(sql), EDatabaseError) << sql.toStdString();
         fin->nativeExec(u"rollback to bandymas"_s);
