@@ -9,6 +9,7 @@
 #include "host/app/catalogues/savivaldybes.h"
 #include "host/app/close_check/close_check_frm.h"
 #include "host/app/close_check/roll_back_frm.h"
+#include "host/app/history/history_frm.h"
 
 using namespace Qt::StringLiterals;
 
@@ -32,9 +33,16 @@ template<class Form> TPackageEntry listScreen(const QStringList &menu, const QSt
 
 } // namespace
 
+const QString &programMenu()
+{
+    static const QString caption = u"Pr&ograma"_s;
+    return caption;
+}
+
 const TPackageEntries &hostEntries()
 {
     static const TPackageEntries entries{
+        listScreen<THistoryFrm>({programMenu()}, u"Pakeitimų &istorija…"_s, 126),
         listScreen<TCloseCheckFrm>({periods}, u"&Tikrinimas prieš uždarymą…"_s, 128),
         listScreen<TRollBackFrm>({periods}, u"&Kas bus ištrinta atšaukus…"_s, 128),
         listScreen<TIrasaiFrm>({periods}, u"&Mėnesio įrašai…"_s, 128),

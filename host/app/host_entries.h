@@ -2,6 +2,9 @@
 
 #include "host/common/package.h"
 
+// The menu of what belongs to the program itself.
+const QString &programMenu();
+
 // What the host itself lets open: the catalogues that the package only reads.
 const TPackageEntries &hostEntries();
 

@@ -3,6 +3,7 @@
 #include "host/accounts/form_check.h"
 #include "host/app/about.h"
 #include "host/app/close_check/close_check_frm.h"
+#include "host/app/history/history_frm.h"
 #include "host/app/home/home_page.h"
 #include "host/app/home/screen_use.h"
 #include "host/app/host_entries.h"
@@ -84,6 +85,7 @@ TMainWindow::TMainWindow(TLoadedPackage &loaded)
     auto *style = new TMenuBarStyle;
     style->setParent(this);
     menuBar()->setStyle(style);
+    setRowHistoryOpener(showHistoryOfRow);
     addEntryMenus();
     addWindowMenu();
     addHelpMenu();
@@ -112,7 +114,7 @@ void TMainWindow::followPeriod()
 
 void TMainWindow::addEntryMenus()
 {
-    QMenu *program = menuBar()->addMenu("Pr&ograma");
+    QMenu *program = menus[{programMenu()}] = menuBar()->addMenu(programMenu());
     QAction *other = program->addAction("&Kita įstaiga…");
     other->setObjectName("acOtherInstitution");
     connectGuarded(other, &QAction::triggered, this, [this] { openOtherWindow(this); });
@@ -122,11 +124,6 @@ void TMainWindow::addEntryMenus()
     setUp = program->addAction("Įstaigos &parengimas…");
     setUp->setObjectName("acSetUp");
     connectGuarded(setUp, &QAction::triggered, this, [this] { setUpOpenBooks(this); });
-    program->addSeparator();
-    QAction *leave = program->addAction("&Baigti");
-    leave->setShortcut(QKeySequence("Alt+F4"));
-    connectGuarded(leave, &QAction::triggered, this, [this] { close(); });
-
     for (const TPackageEntry &entry : entries) {
         if (entry.menu.isEmpty())
             continue;
@@ -134,6 +131,10 @@ void TMainWindow::addEntryMenus()
         action->setObjectName(entry.name);
         connectGuarded(action, &QAction::triggered, this, [this, name = entry.name] { openEntry(name); });
     }
+    program->addSeparator();
+    QAction *leave = program->addAction("&Baigti");
+    leave->setShortcut(QKeySequence("Alt+F4"));
+    connectGuarded(leave, &QAction::triggered, this, [this] { close(); });
 }
 
 // The menu at the end of the path, which is laid where it does not lead yet.
@@ -224,7 +225,7 @@ void TMainWindow::setLoggedIn(bool on)
     setUp->setEnabled(on && !CurrentUser().viewOnly);
     for (const TPackageEntry &entry : entries)
         if (auto *action = findChild<QAction *>(entry.name))
-            action->setEnabled(!entry.writes || !CurrentUser().viewOnly);
+            action->setEnabled(on && (!entry.writes || !CurrentUser().viewOnly));
     showStatus();
     showHome(on);
 }

@@ -48,6 +48,7 @@ QString tableName(const QString &table)
         {u"bd_kdv"_s, u"Darbo vietos"_s},
         {u"bd_usr"_s, u"Vartotojai"_s},
         {u"bd_usrkdv"_s, u"Vartotojų teisės"_s},
+        {u"bd_antspaudai"_s, u"Antspaudai"_s},
     };
     return names.value(table, table);
 }

@@ -1,4 +1,5 @@
 #include "host/controls/browse_private.h"
+#include "host/controls/row_history.h"
 #include "toolkit/widgets/db_grid.h"
 #include "toolkit/widgets/guard.h"
 
@@ -117,6 +118,21 @@ const std::vector<Described> &everyAction()
     };
     return table;
 }
+
+// The key of the current row as the history has it. Raises where the list does not hold all of it.
+QString historyKey(TQuery &query, const QString &table)
+{
+    QStringList values;
+    for (const QString &column : query.Database()->keyOf(table)) {
+        const TField *field = query.FindField(column);
+        if (!field || field->IsNull())
+            throw Exception(u"Sąraše nėra viso šios eilutės rakto, todėl jos pakeitimai neatskiriami."_s);
+        const bool whole =
+            field->DataType() == TFieldType::ftInteger || field->DataType() == TFieldType::ftFloat;
+        values.append(whole ? QString::number(field->AsFloat(), 'f', 0) : field->AsString());
+    }
+    return values.join(u'|');
+}
 } // namespace
 
 void TBrowseFrm::addActions()
@@ -131,11 +147,24 @@ void TBrowseFrm::addActions()
                                             .place = TActionPlace::KeyOnly,
                                             .keysIn = each.onGridOnly ? d->grid : nullptr});
     acOrder->setVisible(description.titleOrder);
+    const auto showHistory = [this] {
+        const QString table = description.table.toLower();
+        rowHistoryOpener()({description.session, table, historyKey(d->query, table), windowTitle()});
+    };
+    QAction *history =
+        addFormAction({.name = u"acHistory"_s,
+                       .text = u"Pak&eitimų istorija"_s,
+                       .keys = {Qt::CTRL | Qt::Key_H},
+                       .handler = showHistory,
+                       .enabled = [this] { return acFirst->isEnabled(); },
+                       .visible = [this] { return rowHistoryOpener() && !description.table.isEmpty(); },
+                       .place = TActionPlace::KeyOnly});
     addButtonGroup({acNew, acEdit, acDelete});
     d->afterEditing = addButtonGroup({acFirst, acPrev, acNext, acLast});
     addButtonGroup({acRefresh, acFind, acPrint});
     addMenuGroup({acNew, acEdit, acDelete});
     addMenuGroup({acRefresh, acFind, acFindNext, acOrder, acCopy, acPrint});
+    addMenuGroup({history});
     addSubmenu(u"Ei&ti į įrašą"_s, {acFirst, acPrev, acNext, acLast});
     offerMenu(d->grid);
 }

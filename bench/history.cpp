@@ -1,0 +1,122 @@
+// A save with its record in the history against the same save without one, on the same books in turns; and
+// the first page of the history among many records, whole and narrowed.
+//
+//   bench_history [--saves N] [--records N] [--engine sqlite|postgresql]
+
+#include "database/history.h"
+#include "bench/bench_main.h"
+#include "bench/party_books.h"
+#include "toolkit/data/statement.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+
+#include <algorithm>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int parties = 1000;
+constexpr int turns = 5;
+constexpr int page = 100;
+
+double millisecondsOf(const std::function<void()> &action)
+{
+    QElapsedTimer time;
+    time.start();
+    action();
+    return double(time.nsecsElapsed()) / 1e6;
+}
+
+// Three columns of a counterparty, as its editor writes them.
+double saveAll(TDatabase &db, int saves)
+{
+    static int number = 0;
+    return millisecondsOf([&] {
+        for (int i = 0; i < saves; ++i) {
+            TTransaction tran(&db);
+            db.ExecSQL(u"update bd_dbkrasm set dka_adr = :adr, dka_tel = :tel, dka_pavad = :pavad "
+                       "where dka_id = :id"_s,
+                       {{u"adr"_s, u"Gatvė %1"_s.arg(++number)},
+                        {u"tel"_s, QString::number(number)},
+                        {u"pavad"_s, u"Įmonė „%1“"_s.arg(number)},
+                        {u"id"_s, 1 + number % parties}});
+            tran.commit();
+        }
+    });
+}
+
+std::unique_ptr<TDatabase> opened(const TSessionSettings &settings)
+{
+    auto db = std::make_unique<TDatabase>(settings);
+    db->Open();
+    return db;
+}
+
+void measureSaves(const TSessionSettings &settings, Engine engine, int saves)
+{
+    const auto kept = opened(settings);
+    keepHistory(*kept, {u"ona"_s, u"stotis1"_s});
+    const auto plain = opened(settings);
+    const THistoryPause pause(*plain);
+    QList<double> with, without;
+    for (int turn = 0; turn < turns; ++turn) {
+        with.append(saveAll(*kept, saves) / saves);
+        without.append(saveAll(*plain, saves) / saves);
+    }
+    std::ranges::sort(with);
+    std::ranges::sort(without);
+    std::printf("%s: a save with history %.3f ms, without %.3f ms, ratio %.2f\n", nameOf(engine),
+                with.at(turns / 2), without.at(turns / 2), with.at(turns / 2) / without.at(turns / 2));
+}
+
+void measurePage(TDatabase &db, const char *what, const QString &condition)
+{
+    const double time = millisecondsOf([&] {
+        const auto list =
+            db.prepare(u"select * from bd_istorija %1 order by ist_laikas desc, ist_id desc"_s.arg(condition),
+                       TDatabase::Connection::Reading);
+        list->exec();
+        for (int i = 0; i < page && list->next(); ++i)
+            list->value(0);
+    });
+    std::printf("  the first %d of %-24s %.1f ms\n", page, what, time);
+}
+
+void fillHistory(TDatabase &db, int records)
+{
+    const QString day = db.engine() == Engine::Sqlite ? u"printf('%02d', 1 + i * 28 / (%1 + 1))"_s
+                                                      : u"to_char(1 + i::bigint * 28 / (%1 + 1), 'FM00')"_s;
+    db.nativeExec(
+        u"with recursive eile (i) as (select 1 union all select i + 1 from eile where i < %1) "
+        "insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas, "
+        "ist_buvo, ist_yra) select '2026-01-' || %2 || ' 08:00:00.000', 'v' || i % 20, 'stotis', "
+        "'bd_' || i % 40, i % 5000, 'U', '{\"a\": 1}', '{\"a\": 2}' from eile"_s.arg(records)
+            .arg(day.arg(records)));
+}
+
+void measure(Engine engine, const QList<int> &numbers)
+{
+    const PartyBooks books(engine, parties);
+    measureSaves(books.books().fin, engine, numbers.at(0));
+    const auto db = opened(books.books().fin);
+    fillHistory(*db, numbers.at(1));
+    measurePage(*db, "all records", {});
+    measurePage(*db, "a person and a table", u"where ist_login = 'v7' and ist_lentele = 'bd_7'"_s);
+    measurePage(*db, "one row", u"where ist_lentele = 'bd_7' and ist_raktas = '7'"_s);
+    measurePage(*db, "two days of a person",
+                u"where ist_login = 'v7' and ist_laikas >= '2026-01-10' and ist_laikas < '2026-01-12'"_s);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    needNoScreen();
+    const QApplication application(argc, argv);
+    return benchMain(
+        {{u"saves"_s, u"saves in each turn"_s, 200}, {u"records"_s, u"records of the history"_s, 1'000'000}},
+        measure);
+}
