@@ -1,10 +1,12 @@
 #include "host/app/login.h"
 
+#include "host/app/backups/making.h"
 #include "host/app/institutions.h"
 #include "host/app/login_dialog.h"
 #include "host/app/main_window.h"
 #include "host/app/setup/setup_dialog.h"
 #include "host/common/msgbox.h"
+#include "host/data/backups.h"
 #include "host/data/organisation.h"
 #include "toolkit/widgets/guard.h"
 
@@ -14,8 +16,10 @@ namespace {
 void keepOnList(TMainWindow &window, const TBooksSettings &books)
 {
     runGuarded(&window, [&] { rememberInstitution(books); });
-    connectGuarded(&organisationNotifier(), &TOrganisationNotifier::organisationChanged, &window,
-                   [books] { rememberInstitution(books); });
+    static QMetaObject::Connection renaming;
+    QObject::disconnect(renaming); // other books may have been open before
+    renaming = connectGuarded(&organisationNotifier(), &TOrganisationNotifier::organisationChanged, &window,
+                              [books] { rememberInstitution(books); });
 }
 
 } // namespace
@@ -32,26 +36,32 @@ TLoginEnd logInAt(TMainWindow &window, const QString &name)
         StdMsgBox(mkInformation,
                   "Jums leista duomenis tik peržiūrėti: nė viename lange nieko pakeisti negalėsite.");
     }
+    setBackupMaker(backUpOrAsk);
     window.setLoggedIn(true);
     return TLoginEnd::LoggedIn;
 }
 
-bool enterBooks(TMainWindow &window, const TOptions &options)
+bool enterOpenBooks(TMainWindow &window, TBooksSettings books, const QString &user)
 {
-    std::optional<TBooksSettings> books = openFirstBooks(options, &window);
-    while (books) {
+    for (;;) {
         if (!haveUsers() && !setUpOpenBooks(&window))
             return false;
-        switch (logInAt(window, options.user)) {
+        switch (logInAt(window, user)) {
         case TLoginEnd::LoggedIn:
-            keepOnList(window, *books);
+            keepOnList(window, books);
+            startDailyBackup(&window);
             return true;
         case TLoginEnd::GivenUp:
             return false;
         case TLoginEnd::OtherBooks:
             if (const auto others = openOtherBooks(&window))
-                books = others;
+                books = *others;
         }
     }
-    return false;
+}
+
+bool enterBooks(TMainWindow &window, const TOptions &options)
+{
+    const std::optional<TBooksSettings> books = openFirstBooks(options, &window);
+    return books && enterOpenBooks(window, *books, options.user);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/app/options.h"
+#include "host/data/connections.h"
 
 class TMainWindow;
 
@@ -10,8 +11,11 @@ class TMainWindow;
 enum class TLoginEnd { LoggedIn, GivenUp, OtherBooks };
 TLoginEnd logInAt(TMainWindow &window, const QString &name);
 
-// The way in: opens the books that the program begins with and asks for name and password, and leads from
-// there to other institutions until the user is in; the institution then stands first on the workstation's
-// list, under the name that its books have. False when the user gave up. Raises EDatabaseError and
-// EConvertError.
+// The way in to books that are open: asks for name and password, and leads from there to other institutions
+// until the user is in; the institution then stands first on the workstation's list, under the name that its
+// books have, and its books have today's backup made. False when the user gave up.
+bool enterOpenBooks(TMainWindow &window, TBooksSettings books, const QString &user);
+
+// The way in: opens the books that the program begins with and leads into them. False when the user gave
+// up. Raises EDatabaseError and EConvertError.
 bool enterBooks(TMainWindow &window, const TOptions &options);

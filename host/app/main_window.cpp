@@ -2,6 +2,7 @@
 
 #include "host/accounts/form_check.h"
 #include "host/app/about.h"
+#include "host/app/backups/restoring.h"
 #include "host/app/close_check/close_check_frm.h"
 #include "host/app/history/history_frm.h"
 #include "host/app/home/home_page.h"
@@ -124,6 +125,9 @@ void TMainWindow::addEntryMenus()
     setUp = program->addAction("Įstaigos &parengimas…");
     setUp->setObjectName("acSetUp");
     connectGuarded(setUp, &QAction::triggered, this, [this] { setUpOpenBooks(this); });
+    backups = program->addAction("&Atsarginės kopijos…");
+    backups->setObjectName("acBackups");
+    connectGuarded(backups, &QAction::triggered, this, [this] { showBackups(*this); });
     for (const TPackageEntry &entry : entries) {
         if (entry.menu.isEmpty())
             continue;
@@ -222,6 +226,7 @@ void TMainWindow::setLoggedIn(bool on)
     for (QMenu *menu : std::as_const(entryMenus))
         menu->setEnabled(on);
     formCheck->setEnabled(on);
+    backups->setEnabled(on);
     setUp->setEnabled(on && !CurrentUser().viewOnly);
     for (const TPackageEntry &entry : entries)
         if (auto *action = findChild<QAction *>(entry.name))

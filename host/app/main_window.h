@@ -57,6 +57,7 @@ private:
     QList<QMenu *> entryMenus;         // those in the menu bar
     QAction *formCheck = nullptr;
     QAction *setUp = nullptr;
+    QAction *backups = nullptr;
     QLabel *institution;
     QLabel *user;
     QLabel *period;

@@ -1,14 +1,11 @@
 #include "host/app/start_of_work.h"
 
-#include "host/common/forms.h"
+#include "host/app/backups/making.h"
 #include "host/common/msgbox.h"
+#include "host/data/backups.h"
 #include "host/data/main_datas.h"
 
-#include <QCoreApplication>
-#include <QDateTime>
 #include <QDir>
-#include <QFileInfo>
-#include <QProcess>
 
 namespace {
 
@@ -58,23 +55,6 @@ std::optional<TLostMonths> agreed(const TLostMonths &lost, const QString &backup
     return StdMsgBox(mkQuestion, question(lost, backup)) == mrYes ? std::optional(lost) : std::nullopt;
 }
 
-// The same program that makes backups by hand, so that its files are restored the same way.
-void backUp(const QString &folder, const QString &file)
-{
-    QProcess tool;
-    tool.start(QCoreApplication::applicationDirPath() + "/velmora-db", {"backup", file, "--data", folder});
-    const QString progress = "Daroma atsarginė kopija…";
-    EnableAnimation(TCommonAVI::aviCopyFiles, progress, false, 0);
-    while (tool.state() != QProcess::NotRunning && !tool.waitForFinished(40))
-        paintWhileBusy();
-    DisableAnimation(progress);
-    if (tool.error() == QProcess::FailedToStart || tool.exitStatus() != QProcess::NormalExit ||
-        tool.exitCode() != 0)
-        throw Exception(QString("Atsarginės kopijos padaryti nepavyko, todėl darbo pradžios periodas "
-                                "nekeičiamas.\n\n%1")
-                            .arg(QString::fromUtf8(tool.readAllStandardError()).trimmed()));
-}
-
 } // namespace
 
 bool setsStartOfWork(const TPackageEntry &entry)
@@ -87,18 +67,13 @@ std::optional<TLostMonths> agreedLoss()
     const TLostMonths lost = lostNow();
     if (lost.months == 0)
         return lost;
-    const TSessionSettings &books = MainDatas()->mnFin_Db()->settings();
-    if (books.engine != Engine::Sqlite)
-        return agreed(lost, "Prieš tai pasidarykite serverio duomenų bazių atsarginę kopiją (velmora-db "
-                            "backup): čia ji nedaroma.");
-    const QDir folder = QFileInfo(books.file).dir();
-    const QString file = folder.filePath(
-        QString("atsarga-%1.velmora").arg(QDateTime::currentDateTime().toString("yyyyMMdd-HHmmss")));
-    const auto answer =
-        agreed(lost, "Prieš tai bus padaryta atsarginė kopija:\n" + QDir::toNativeSeparators(file));
-    if (answer)
-        backUp(folder.absolutePath(), file);
-    return answer;
+    const QString folder = backupFolder();
+    const auto answer = agreed(
+        lost, folder.isEmpty()
+                  ? QString("Prieš tai pasidarykite serverio duomenų bazių atsarginę kopiją "
+                            "(velmora-db backup): čia ji nedaroma.")
+                  : "Prieš tai bus padaryta atsarginė kopija aplanke\n" + QDir::toNativeSeparators(folder));
+    return answer && backUpOrAsk(BackupKind::StartOfWork) ? answer : std::nullopt;
 }
 
 void loseNoMore(TDialog &dialog, const TLostMonths &agreed)

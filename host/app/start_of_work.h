@@ -16,9 +16,9 @@ struct TLostMonths {
 bool setsStartOfWork(const TPackageEntry &entry);
 
 // Setting the start of work anew takes their period from the balances, entries and estimates of all months
-// since. While there are any, the user is asked, with their numbers, and embedded books are backed up beside
-// themselves; on a server the user is told to do that. What the user agreed to lose; nothing when he refused.
-// Raises Exception when there is no backup.
+// since. While there are any, the user is asked, with their numbers, and the books are backed up; on a server
+// without a folder for backups the user is told to do that. What the user agreed to lose; nothing when he
+// refused, or refused to go on without a backup.
 std::optional<TLostMonths> agreedLoss();
 // The dialog refuses to save when more would be lost by then than was agreed to.
 void loseNoMore(TDialog &dialog, const TLostMonths &agreed);

@@ -23,6 +23,7 @@
 
 // HostData
 #include "host/data/account_row.h"
+#include "host/data/backups.h"
 #include "host/data/catalogue_row.h"
 #include "host/data/main_datas.h"
 #include "host/data/month_seals.h"

@@ -105,6 +105,8 @@ bool TPerCloseDlg::balancesAgree()
 
 void TPerCloseDlg::StartBtnClick()
 {
+    if (!backedUpBefore(BackupKind::Close))
+        return;
     if (!closeShown()) {
         tellMonthPassed(month, this);
         QDialog::reject();

@@ -64,7 +64,8 @@ void PeriodBack()
         return;
     }
     if (StdMsgBox(mkQuestion, "Atsukant periodą bus ištrinti paskutinio periodo likučiai!") == mrYes &&
-        StdMsgBox(mkQuestion, "Ar visos lentelės uždarytos?") == mrYes)
+        StdMsgBox(mkQuestion, "Ar visos lentelės uždarytos?") == mrYes &&
+        backedUpBefore(BackupKind::RollBack))
         rollBackAndTell(current);
 }
 
