@@ -15,9 +15,9 @@ create table bd_istorija (
     ist_lentele  varchar(40) not null check (length(ist_lentele) <= 40 and ist_lentele not glob '*[^a-z0-9_]*'),
     ist_raktas   varchar(200) not null check (length(ist_raktas) <= 200),
     ist_veiksmas varchar(1) not null check (ist_veiksmas in ('I', 'U', 'D', 'R')),
-    ist_buvo     text check (json_valid(ist_buvo)),
-    ist_yra      text check (json_valid(ist_yra)),
-    ist_pedsakas text check (json_valid(ist_pedsakas))
+    ist_buvo     text check (ist_buvo is null or json_valid(ist_buvo)),
+    ist_yra      text check (ist_yra is null or json_valid(ist_yra)),
+    ist_pedsakas text check (ist_pedsakas is null or json_valid(ist_pedsakas))
 );
 
 create index ix_bd_istorija_laikas on bd_istorija (ist_laikas, ist_id);
