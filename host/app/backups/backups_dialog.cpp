@@ -102,7 +102,7 @@ void TBackupsDlg::readFolder()
         auto *row =
             new QTreeWidgetItem({momentOf(backup), reasonOf(backup), backup.holds.institution,
                                  backup.holds.month, sizeOf(backup), verdicts.value(backup.file, state)});
-        row->setTextAlignment(4, int(Qt::AlignRight | Qt::AlignVCenter));
+        row->setTextAlignment(4, Qt::AlignRight | Qt::AlignVCenter);
         row->setToolTip(5, row->text(5).toHtmlEscaped());
         if (!backup.sound())
             row->setIcon(5, QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning));
