@@ -25,7 +25,7 @@ QString stateText(const TCheckOutcome &outcome)
     case State::Clear:
         return u"Tvarkoje"_s;
     case State::Found:
-        return u"Rasta: %1"_s.arg(outcome.findings.size());
+        return u"Rasta: %1"_s.arg(countOf(outcome.findings));
     case State::NotChecked:
         return u"Nepatikrinta"_s;
     }

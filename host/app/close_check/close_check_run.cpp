@@ -78,10 +78,10 @@ void TCloseCheckRun::begin()
 
 int TCloseCheckRun::findings() const
 {
-    std::size_t count = 0;
+    int count = 0;
     for (const TCheckOutcome &outcome : outcomes)
-        count += outcome.findings.size();
-    return int(count);
+        count += countOf(outcome.findings);
+    return count;
 }
 
 bool TCloseCheckRun::anyChecked() const

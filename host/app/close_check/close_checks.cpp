@@ -12,6 +12,14 @@ TCloseCheck statement(const QString &name, const TCheckStatement &described)
 
 } // namespace
 
+int countOf(const std::vector<TCloseFinding> &findings)
+{
+    int count = 0;
+    for (const TCloseFinding &finding : findings)
+        count += finding.count;
+    return count;
+}
+
 const std::vector<TCloseCheck> &closeChecks()
 {
     static const std::vector<TCloseCheck> checks{

@@ -12,9 +12,12 @@ struct TCloseFinding {
     QString about; // an account, a document, a node …
     QString text;  // what is the matter, as a sentence
     TPlace place;  // where it is put right
+    int count = 1; // more where one line stands for many
 
     bool operator==(const TCloseFinding &) const = default;
 };
+
+int countOf(const std::vector<TCloseFinding> &findings);
 
 // The month to be closed and the books that it is in.
 struct TClosing {

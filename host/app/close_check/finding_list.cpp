@@ -19,7 +19,8 @@ std::vector<TCloseFinding> TFindingList::all() const
     if (count > toldOneByOne)
         whole.push_back({.about = u"…"_s,
                          .text = u"Ir dar tokių pat: %1."_s.arg(count - toldOneByOne),
-                         .place = {.screen = told.back().place.screen}});
+                         .place = {.screen = told.back().place.screen},
+                         .count = count - toldOneByOne});
     return whole;
 }
 

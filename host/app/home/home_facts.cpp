@@ -12,6 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qlonglong linesCheckedUnasked = 200'000;
 constexpr int recordsRead = 100; // one save often makes many
 constexpr int moment = 16;       // of the characters of a stored moment, to the minute
 
@@ -82,6 +83,16 @@ QList<THomeLine> lastSealed(TDatabase &fin, const QList<TBookMonth> &months)
 }
 
 } // namespace
+
+bool checksTakeLong(TDatabase &fin, qlonglong period)
+{
+    qlonglong lines = 0;
+    for (const char16_t *counted : {u"select count(*) from bd_irasai where irs_perid = :perid",
+                                    u"select count(*) from bd_dbkrlik where dkl_perid = :perid",
+                                    u"select count(*) from bd_saslik where ssl_perid = :perid"})
+        lines += fin.fieldResult(QString::fromUtf16(counted), {{u"perid"_s, period}}).toLongLong();
+    return lines > linesCheckedUnasked;
+}
 
 QList<THomeLine> lastCloseAndBackup(TDatabase &fin)
 {

@@ -1,6 +1,7 @@
 #include "host/app/home/home_page.h"
 
 #include "host/app/home/home_facts.h"
+#include "host/app/home/link.h"
 #include "host/app/home/screen_use.h"
 #include "host/common/months.h"
 #include "host/data/main_datas.h"
@@ -53,7 +54,7 @@ QList<THomeLine> orInWords(const std::function<QList<THomeLine>()> &read)
 QString told(const std::vector<TCloseFinding> &findings)
 {
     const bool ofWhole = findings.size() == 1 && !findings.front().place.isSomewhere();
-    return ofWhole ? findings.front().text : QString::number(findings.size());
+    return ofWhole ? findings.front().text : QString::number(countOf(findings));
 }
 
 bool sessionAtWork()
@@ -107,13 +108,13 @@ THomePage::THomePage(const TPackageEntries &all, QWidget *parent)
     });
     connectGuarded(&organisationNotifier(), &TOrganisationNotifier::organisationChanged, this,
                    [this] { readAnew(); });
-    const auto lines = [](THomeSection *shown, std::function<QList<THomeLine>()> read) {
-        return [shown, read = std::move(read)] { shown->show(orInWords(read)); };
+    const auto lines = [this](THomeSection *shown, std::function<QList<THomeLine>()> read) {
+        return [this, shown, read = std::move(read)] { show(*shown, orInWords(read)); };
     };
     parts = {[this] { showHeading(); }, [this] { showUsed(); },
              lines(closed, [] { return lastCloseAndBackup(*MainDatas()->mnFin_Db()); }),
              lines(changes, [] { return lastChanges(*MainDatas()->mnFin_Db(), changesShown); }),
-             [this] { std::exchange(wholeRun, false) ? run->start() : run->startQuick(); }};
+             [this] { check(); }};
 }
 
 THomeSection *THomePage::section(const QString &name, const QString &heading)
@@ -141,6 +142,20 @@ void THomePage::hideEvent(QHideEvent *event)
     QScrollArea::hideEvent(event);
     pause.stop();
     run->pause();
+}
+
+// Links come into being in the order of the reading; the keyboard goes through them in that of the page.
+void THomePage::show(THomeSection &section, const QList<THomeLine> &lines)
+{
+    section.show(lines);
+    QWidget *before = nullptr;
+    for (const THomeSection *each : {checks, used, closed, changes})
+        for (auto *link : each->findChildren<TLink *>())
+            if (!link->isHidden()) {
+                if (before)
+                    setTabOrder(before, link);
+                before = link;
+            }
 }
 
 // What is painted already comes first.
@@ -181,7 +196,26 @@ void THomePage::showUsed()
                                .place = {.screen = entry.name}};
     if (lines.isEmpty())
         lines << THomeLine{.text = u"Čia rasite langus, kuriuos atveriate dažniausiai."_s};
-    used->show(lines);
+    show(*used, lines);
+}
+
+void THomePage::check()
+{
+    try {
+        if (checksTakeLong(*MainDatas()->mnFin_Db(), qRound64(EinPer_Id()))) {
+            show(*checks,
+                 {{.text = u"Šį mėnesį įrašų ir likučių labai daug, todėl nepaprašius netikrinama."_s},
+                  {.text = u"Visas tikrinimas"_s, .place = {.screen = checkScreen}}});
+            return;
+        }
+    } catch (const Exception &error) {
+        show(*checks, {{.text = error.message()}});
+        return;
+    }
+    if (std::exchange(wholeRun, false))
+        run->start();
+    else
+        run->startQuick();
 }
 
 void THomePage::showChecks()
@@ -204,5 +238,5 @@ void THomePage::showChecks()
         lines << THomeLine{.text = u"Niekas netrukdo uždaryti."_s};
     if (EinPer_Id() > 0)
         lines << THomeLine{.text = u"Visas tikrinimas"_s, .place = {.screen = checkScreen}};
-    checks->show(lines);
+    show(*checks, lines);
 }

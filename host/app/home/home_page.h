@@ -22,6 +22,7 @@ public:
 
     // The books are open and somebody is logged in.
     void begin();
+    using QWidget::show;
 
 signals:
     void chosen(const THomeLine &line);
@@ -32,10 +33,12 @@ protected:
 
 private:
     THomeSection *section(const QString &name, const QString &heading);
+    void show(THomeSection &section, const QList<THomeLine> &lines);
     void readAnew();
     void readNext();
     void showHeading();
     void showUsed();
+    void check();
     void showChecks();
 
     const TPackageEntries &entries;

@@ -146,6 +146,7 @@ public:
         TTourHands::chooseFromMenu(window, "StartPerClose");
         hands.nothingLeft();
         require(EinPer_Id() > before, "Periodas nebuvo uždarytas");
+        QTest::qWait(readInParts);
         report.step("Pagrindinis langas", "Būsenos juostoje – naujas mėnuo.", books(), lastPeriods);
     }
 

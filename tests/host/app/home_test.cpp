@@ -1,3 +1,4 @@
+#include "database/history.h"
 #include "host/app/close_check/close_check_frm.h"
 #include "host/app/close_check/roll_back_frm.h"
 #include "host/app/home/home_page.h"
@@ -7,6 +8,7 @@
 #include "tests/host/app/main_window.h"
 #include "tests/host/books.h"
 #include "tests/support/message_box.h"
+#include "tests/support/unguarded.h"
 #include "toolkit/report/preview.h"
 
 #include <QMdiSubWindow>
@@ -98,6 +100,31 @@ TEST_F(Home, TellsInstitutionMonthAndWhatTheCheckFound)
     EXPECT_TRUE(lines("homeClosed").contains("Paskutinis uždarytas mėnuo: 2026 m. sausis"));
 }
 
+TEST_F(Home, CountsFindingsThatAreNotToldOneByOneToo)
+{
+    for (int id = 1; id <= 60; ++id)
+        entry(id, 5, 0);
+    start();
+    EXPECT_TRUE(comes("homeChecks", "Mėnesio įrašai: 60"));
+}
+
+TEST_F(Home, TheKeyboardGoesThroughThePageInItsOrder)
+{
+    countUse(books(), *findEntry(window->allEntries(), "TDbKrFrm"));
+    entry(1, 5, 0);
+    start();
+    ASSERT_TRUE(comes("homeChecks", "Mėnesio įrašai: 1"));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !lines("homeChecks").contains("Tikrinama…"); }));
+    QStringList way;
+    for (int step = 0; step < 4; ++step) {
+        press(step < 2 ? Qt::Key_Tab : Qt::Key_Down);
+        const auto *link = qobject_cast<TLink *>(QApplication::focusWidget());
+        way << (link ? link->text() : QString());
+    }
+    EXPECT_EQ(way, (QStringList{"Mėnesio įrašai: 1", "Atsarginė kopija: Nėra nė vienos atsarginės kopijos.",
+                                "Visas tikrinimas", "Debitoriai ir kreditoriai"}));
+}
+
 TEST_F(Home, ReadsNothingBeforeItIsSeen)
 {
     window->setLoggedIn(true);
@@ -138,6 +165,7 @@ TEST_F(Home, ALinkLeadsByKeyToTheCheckAndEnterToTheEntry)
 
 TEST_F(Home, EnterOnAMiscarriedBalanceStandsOnItsRow)
 {
+    takeGuardsAway(books());
     books().ExecSQL("insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid, ssl_sum_db, ssl_sum_kr) values "
                     "(1, 1, 6, 5, 0), (2, 2, 6, 0, 5), (3, 1, 7, 5, 0), (4, 2, 7, 0, 5.01)");
     start();
@@ -200,6 +228,34 @@ TEST_F(Home, ChecksAndRollBackArePrintedAsTheyAreShown)
     window->openEntry("TRollBackFrm");
     const QString rolledBack = printed(*window->findChild<TRollBackFrm *>());
     EXPECT_TRUE(rolledBack.contains("Sąskaitų likučiai")) << qPrintable(rolledBack);
+}
+
+TEST_F(Home, VeryLargeBooksAreNotCheckedUnasked)
+{
+    entry(1, 5, 0);
+    books().nativeExec("insert into bd_dbkrlik (dkl_id, dkl_perid, dkl_pavad, dkl_sum_db, dkl_sum_kr) "
+                       "with recursive n (i) as (select 1 union all select i + 1 from n where i < 200000) "
+                       "select i, 7, 'Ežeras', 0, 0 from n");
+    start();
+    EXPECT_TRUE(comes("homeChecks", "Šį mėnesį įrašų ir likučių labai daug, todėl nepaprašius netikrinama."));
+    QTest::qWait(300);
+    EXPECT_FALSE(lines("homeChecks").contains("Mėnesio įrašai: 1"));
+    follow("Visas tikrinimas");
+    EXPECT_EQ(active(), "TCloseCheckFrm");
+}
+
+TEST_F(Home, TheLastChangesAreToldAsPeopleReadThem)
+{
+    keepHistory(books(), {"ona", "stotis"});
+    books().ExecSQL("update bd_org set org_adr = 'Ežero g. 1'");
+    for (int id : {1, 2, 3})
+        entry(id, 1, 1);
+    start();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return lines("homeChanges").size() > 2; }));
+    const QStringList told = lines("homeChanges");
+    ASSERT_EQ(told.size(), 3) << "what is alike stands there once";
+    EXPECT_TRUE(told.at(1).endsWith("  ona: Įrašai – įrašyta")) << qPrintable(told.at(1));
+    EXPECT_TRUE(told.at(2).endsWith("  ona: Organizacijos atributai – pakeista")) << qPrintable(told.at(2));
 }
 
 TEST_F(Home, TheScreensOpenedMostStandFirst)
