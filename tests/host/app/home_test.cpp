@@ -1,4 +1,5 @@
 #include "database/history.h"
+#include "database/seals.h"
 #include "host/app/close_check/close_check_frm.h"
 #include "host/app/close_check/roll_back_frm.h"
 #include "host/app/home/home_page.h"
@@ -228,6 +229,17 @@ TEST_F(Home, ChecksAndRollBackArePrintedAsTheyAreShown)
     window->openEntry("TRollBackFrm");
     const QString rolledBack = printed(*window->findChild<TRollBackFrm *>());
     EXPECT_TRUE(rolledBack.contains("Sąskaitų likučiai")) << qPrintable(rolledBack);
+}
+
+TEST_F(Home, TheLastSealSaysWhoClosedAndWhen)
+{
+    keepHistory(books(), {"ona", "stotis"});
+    appendSeal(books(), TSealEvent::Close, 6);
+    start();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return lines("homeClosed").size() > 3; }));
+    const QString told = lines("homeClosed").at(2);
+    EXPECT_TRUE(told.startsWith("Paskutinis įvykis: uždarymas (2026 m. sausis), ") && told.endsWith(", ona"))
+        << qPrintable(told);
 }
 
 TEST_F(Home, VeryLargeBooksAreNotCheckedUnasked)
