@@ -115,7 +115,7 @@ QList<THomeLine> lastChanges(TDatabase &fin, int atMost)
         return lines;
     eachYoungest(fin,
                  u"select ist_laikas, ist_login, ist_lentele, ist_veiksmas from bd_istorija "
-                 "order by ist_id desc"_s,
+                 "where ist_lentele <> 'bd_antspaudai' order by ist_id desc"_s,
                  recordsRead, [&](const TStatement &row) {
                      const THomeLine line{.text = u"%1  %2: %3 – %4"_s.arg(
                                               momentText(row.value(0).toString()), who(row.value(1)),
