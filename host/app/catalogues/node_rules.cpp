@@ -1,6 +1,7 @@
 #include "host/app/catalogues/node_rules.h"
 
 #include "host/app/catalogues/branch_use.h"
+#include "host/app/catalogues/table_lock.h"
 #include "host/classifier/book_data.h"
 #include "host/controls/session.h"
 #include "toolkit/data/dataset.h"
@@ -50,6 +51,7 @@ void makeHeading(double node)
     const auto parent = findNode(books, node);
     if (!parent || !parent->carriesData)
         return;
+    lockRow(books, u"bd_jve"_s, u"jve_id"_s, node);
     if (branchIsUsed(books, u"bd_jve"_s, u"jve_id"_s, {node}))
         throw Exception(
             u"Kodas „%1“ jau turi sumų (sąmatą, likučių ar įrašų): kitų kodų po juo dėti negalima"_s.arg(

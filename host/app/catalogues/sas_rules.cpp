@@ -1,5 +1,6 @@
 #include "host/app/catalogues/sas_rules.h"
 
+#include "host/app/catalogues/table_lock.h"
 #include "host/controls/session.h"
 #include "host/data/main_datas.h"
 #include "toolkit/data/dataset.h"
@@ -28,6 +29,7 @@ bool hasAccountsBelow(double id)
 
 bool isUsed(double id)
 {
+    lockRow(books(), u"bd_sasplan"_s, u"sas_id"_s, id);
     return any(u"select f_CheckUsed('bd_sasplan', 'sas_id', '%1') from dummy"_s.arg(qRound64(id)), {});
 }
 

@@ -223,6 +223,23 @@ TEST_P(Nodes, WithAmountsTakeNoneBelowThem)
               QStringList("1"));
 }
 
+TEST_P(Nodes, ThatAnotherStationIsGivingAmountsTakeNoneBelowThem)
+{
+    choose("2.2");
+    TDatabase &other = *secondFin();
+    other.StartTransaction();
+    other.ExecSQL(u"insert into bd_isllik (sml_id, sml_perid, sml_jveid) values (1, 6, 4)"_s);
+    TDatabase::setBusyHook([&other] { other.Commit(); });
+    add([](TMazgasDlg &dialog) {
+        fill(dialog, u"2.2.1"_s, u"Maistas"_s);
+        EXPECT_TRUE(refusal(dialog).contains(u"jau turi sumų"_s));
+        leaveUnsaved(dialog);
+    });
+    TDatabase::setBusyHook({});
+    other.Commit();
+    EXPECT_EQ(value(*fin, u"select jve_duom from bd_jve where jve_id = 4"_s), "1");
+}
+
 TEST_P(Nodes, ABookAddedElsewhereIsOfferedAfterARefreshAndTheChosenOneStays)
 {
     auto *books = screen->findChild<QComboBox *>("BookBox");

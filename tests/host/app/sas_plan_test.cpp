@@ -354,6 +354,20 @@ TEST_P(ChartOfAccounts, AParentDeletedMeanwhileIsTold)
     EXPECT_EQ(stored(u"241"_s), QString());
 }
 
+TEST_P(ChartOfAccounts, AnAccountThatAnotherStationIsPuttingToUseTakesNoneBelowIt)
+{
+    choose("24");
+    const UnderWay use(*secondFin(), u"insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid, ssl_sum_db) "
+                                     "select 1, sas_id, 6, 5 from bd_sasplan where sas_sasnr = '24'"_s);
+    add([](TSasPlanDlg &dialog) {
+        fill(dialog, u"241"_s, u"Kasa"_s);
+        EXPECT_TRUE(refusal(dialog).contains(u"yra naudojama (likučiai, įrašai ar kiti duomenys)"_s));
+        leaveUnsaved(dialog);
+    });
+    EXPECT_EQ(stored(u"241"_s), QString());
+    EXPECT_EQ(value(*fin, u"select sas_tip from bd_sasplan where sas_sasnr = '24'"_s), "D");
+}
+
 TEST_P(ChartOfAccounts, WhoMayOnlyLookMovesNothing)
 {
     CurrentUser().viewOnly = true;
