@@ -2,21 +2,20 @@
 
 #include "host/data/sas_edit.h"
 #include "tests/src/open_books.h"
-#include "tests/support/message_box.h"
+#include "tests/support/editor_hands.h"
 #include "toolkit/widgets/db_grid.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
-#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
 
 // A catalogue as its user has it: the list, and the editor that opens from it, both named by their exported
 // globals.
-template<auto &listGlobal, auto &dialogGlobal> class OnCatalogue : public OnOpenBooks {
+template<auto &listGlobal, auto &dialogGlobal> class OnCatalogue : public OnOpenBooks, protected EditorHands {
 protected:
     using List = std::remove_pointer_t<std::remove_reference_t<decltype(listGlobal)>>;
     using Dialog = std::remove_pointer_t<std::remove_reference_t<decltype(dialogGlobal)>>;
@@ -90,12 +89,6 @@ protected:
             user(dialog);
         };
     }
-    static QLineEdit *edit(QWidget &dialog, const char *column)
-    {
-        auto *found = dialog.findChild<QWidget *>(column);
-        auto *line = qobject_cast<QLineEdit *>(found);
-        return line ? line : found->findChild<QLineEdit *>();
-    }
     static QComboBox *box(QWidget &dialog, const char *column)
     {
         return dialog.findChild<QComboBox *>(column);
@@ -125,16 +118,6 @@ protected:
         line->paste();
     }
     static QPushButton *saver(QWidget &dialog) { return dialog.findChild<QPushButton *>("Išsaugoti"); }
-    static void save(QWidget &dialog) { pressButton(dialog, "Išsaugoti"); }
-    static void leaveUnsaved(QDialog &dialog) { dialog.reject(); }
-    // Saves and expects to be refused; the dialog stays open.
-    static QString refusal(QWidget &dialog)
-    {
-        NextBoxes told{QMessageBox::Ok};
-        save(dialog);
-        EXPECT_TRUE(dialog.isVisible());
-        return told.at(0).text;
-    }
 
     // --- the other station
     // Runs once, inside the save, when the key of the new row is drawn.

@@ -3,18 +3,16 @@
 #include "host/app/catalogues/move_tree.h"
 #include "host/app/catalogues/tree_frm.h"
 #include "tests/host/books.h"
-#include "tests/support/message_box.h"
+#include "tests/support/editor_hands.h"
 #include "toolkit/widgets/db_grid.h"
 
 #include <QAction>
 #include <QDropEvent>
-#include <QLineEdit>
 #include <QMimeData>
-#include <QPushButton>
 #include <QTest>
 
 // A catalogue with a tree as its user has it, on books of both engines.
-template<class Form, class Dialog> class OnTreeScreen : public WithMainDatas {
+template<class Form, class Dialog> class OnTreeScreen : public WithMainDatas, protected EditorHands {
 protected:
     void TearDown() override
     {
@@ -101,21 +99,6 @@ protected:
         QDropEvent dropped(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(tree().viewport(), &dropped);
         return enter.isAccepted();
-    }
-
-    static QLineEdit *edit(QWidget &dialog, const char *column)
-    {
-        return dialog.findChild<QLineEdit *>(column);
-    }
-    static void save(QWidget &dialog) { pressButton(dialog, "Išsaugoti"); }
-    static void leaveUnsaved(QDialog &dialog) { dialog.reject(); }
-    // Saves and expects to be refused; the dialog stays open.
-    static QString refusal(QWidget &dialog)
-    {
-        NextBoxes told{QMessageBox::Ok};
-        save(dialog);
-        EXPECT_TRUE(dialog.isVisible());
-        return told.at(0).text;
     }
 
     // As somebody else's program may leave the books: references are not looked after.
