@@ -14,3 +14,4 @@ select rys_stulpelis, rys_i_lentele, rys_i_stulpelis from sys_rysiai
 -- screen: THistoryFrm, session: mnFin_Db
 -- param id = 1
 select sas_sasnr + ' ' + sas_pavad from bd_sasplan where sas_id = :id
+;;
