@@ -44,7 +44,7 @@ const TPackageEntries &hostEntries()
     static const TPackageEntries entries{
         listScreen<THistoryFrm>({programMenu()}, u"Pakeitimų &istorija…"_s, 126),
         listScreen<TCloseCheckFrm>({periods}, u"&Tikrinimas prieš uždarymą…"_s, 128),
-        listScreen<TRollBackFrm>({periods}, u"&Kas bus ištrinta atšaukus…"_s, 128),
+        listScreen<TRollBackFrm>({periods}, u"&Kas bus ištrinta atsukus periodą…"_s, 128),
         listScreen<TIrasaiFrm>({periods}, u"&Mėnesio įrašai…"_s, 128),
         listScreen<TSasPlanFrm>({catalogues}, u"&Sąskaitų planas…"_s, 121),
         listScreen<TKnygosFrm>(classification, u"&Knygos…"_s, 122),

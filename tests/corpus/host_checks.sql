@@ -62,13 +62,13 @@ select dka_pavad from bd_dbkrasm where dka_id = :raktas
 ;;
 -- screen: TCloseCheckFrm, session: mnFin_Db
 -- param raktas = 1
--- param perid = 6
-select min(dkl_id) from bd_dbkrlik where dkl_perid = :perid and dkl_dkaid = :raktas
+select pad_pavad from bd_pad where pad_id = :raktas
 ;;
 -- screen: TCloseCheckFrm, session: mnFin_Db
--- param raktas = 'Ąžuolas'
+-- param dkl_dkaid = 1
+-- param dkl_padid = 1
 -- param perid = 6
-select min(dkl_id) from bd_dbkrlik where dkl_perid = :perid and dkl_dkaid is null and dkl_pavad = :raktas
+select min(dkl_id) from bd_dbkrlik where dkl_perid = :perid and dkl_dkaid = :dkl_dkaid and dkl_sasid is null and dkl_i_kod is null and dkl_pavad is null and dkl_padid = :dkl_padid
 ;;
 -- screen: TRollBackFrm, session: mnFin_Db
 -- param perid = 6

@@ -20,8 +20,8 @@ TIrasaiFrm::TIrasaiFrm(QWidget *owner)
                        {u"IRS_DOK"_s, u"Dokumentas"_s, 100},
                        {u"SAS_SASNR"_s, u"Sąskaita"_s, 80},
                        {u"SAS_PAVAD"_s, u"Pavadinimas"_s, 180},
-                       {.field = u"IRS_SUM_DB"_s, .title = u"Debetas"_s, .width = 90, .format = u"0.00"_s},
-                       {.field = u"IRS_SUM_KR"_s, .title = u"Kreditas"_s, .width = 90, .format = u"0.00"_s},
+                       {.field = u"IRS_SUM_DB"_s, .title = u"Debetas"_s, .width = 90, .format = u"0.00##"_s},
+                       {.field = u"IRS_SUM_KR"_s, .title = u"Kreditas"_s, .width = 90, .format = u"0.00##"_s},
                        {u"DKA_PAVAD"_s, u"Debitorius ar kreditorius"_s, 170}},
            .editing = TEditing::Never},
           owner)

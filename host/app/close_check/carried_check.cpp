@@ -43,21 +43,35 @@ TCloseFinding nodeFound(const TClosing &closing, const TMiscarried &balance)
             .place = {u"TIslFrm"_s, node.toDouble()}};
 }
 
+// The row of all that tells one balance from another; null is like null.
+double partyRow(const TClosing &closing, const QVariantList &key)
+{
+    const QStringList columns{u"dkl_dkaid"_s, u"dkl_sasid"_s, u"dkl_i_kod"_s, u"dkl_pavad"_s, u"dkl_padid"_s};
+    QString sql = u"select min(dkl_id) from bd_dbkrlik where dkl_perid = :perid"_s;
+    QVariantMap parameters;
+    for (qsizetype i = 0; i < columns.size(); ++i) {
+        if (key.at(i).isNull()) {
+            sql += u" and %1 is null"_s.arg(columns.at(i));
+            continue;
+        }
+        sql += u" and %1 = :%1"_s.arg(columns.at(i));
+        parameters.insert(columns.at(i), key.at(i));
+    }
+    return keyOf(closing, sql, parameters);
+}
+
 TCloseFinding partyFound(const TClosing &closing, const TMiscarried &balance)
 {
-    const QVariant party = balance.key.at(0), typedName = balance.key.at(3);
-    const bool isFree = party.isNull();
-    return {.about =
-                isFree ? typedName.toString()
-                       : nameOf(closing, u"select dka_pavad from bd_dbkrasm where dka_id = :raktas"_s, party),
+    const QVariant party = balance.key.at(0), typedName = balance.key.at(3), department = balance.key.at(4);
+    QStringList about{
+        party.isNull()
+            ? typedName.toString()
+            : nameOf(closing, u"select dka_pavad from bd_dbkrasm where dka_id = :raktas"_s, party)};
+    if (!department.isNull())
+        about << nameOf(closing, u"select pad_pavad from bd_pad where pad_id = :raktas"_s, department);
+    return {.about = about.join(u", "_s),
             .text = u"Debitoriaus ar kreditoriaus"_s,
-            .place = {u"TDKALikFrm"_s,
-                      keyOf(closing,
-                            isFree ? u"select min(dkl_id) from bd_dbkrlik where dkl_perid = :perid "
-                                     "and dkl_dkaid is null and dkl_pavad = :raktas"_s
-                                   : u"select min(dkl_id) from bd_dbkrlik where dkl_perid = :perid "
-                                     "and dkl_dkaid = :raktas"_s,
-                            {{u"raktas"_s, isFree ? typedName : party}})}};
+            .place = {u"TDKALikFrm"_s, partyRow(closing, balance.key)}};
 }
 
 TCloseFinding found(const TClosing &closing, const TMiscarried &balance)

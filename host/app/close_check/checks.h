@@ -18,7 +18,8 @@ std::vector<TCloseFinding> estimatesOverrun(const TClosing &closing);
 // Balances of the month that are not those of the month before with its entries.
 std::vector<TCloseFinding> balancesMiscarried(const TClosing &closing);
 
-// Other stations that have changed something and not yet saved it.
+// Other stations in the middle of a save. What is typed in an editor there and not saved yet is known to that
+// station alone.
 std::vector<TCloseFinding> stationsAtWork(const TClosing &closing);
 
 // A last backup that is not from today or yesterday.

@@ -56,6 +56,8 @@ TCloseCheckFrm::TCloseCheckFrm(QWidget *owner)
 
 void TCloseCheckFrm::Read()
 {
+    if (const QTreeWidgetItem *current = lines()->currentItem(); current)
+        wanted = (current->parent() ? current->parent() : current)->text(0);
     lines()->clear();
     for (const TCloseCheck &check : closeChecks())
         addLine(lines(), {check.name, stateText({})});
@@ -80,8 +82,10 @@ void TCloseCheckFrm::showOutcome(int check)
     bold.setBold(outcome.state == State::Found);
     for (const int column : {0, 1})
         head->setFont(column, bold);
-    if (head->text(0) == wanted)
+    if (head->text(0) == wanted) {
         standOnWanted();
+        wanted.clear();
+    }
     showSummary();
 }
 
@@ -96,7 +100,7 @@ void TCloseCheckFrm::showSummary()
         told += u"rasta, kas trukdo uždaryti: %1."_s.arg(found);
     else if (run->running())
         told += u"tikrinama…"_s;
-    else if (unchecked < int(run->all().size()))
+    else if (run->failures() == 0)
         told += u"Niekas netrukdo uždaryti."_s;
     if (unchecked > 0 && !run->running())
         told += u" Nepatikrinta: %1."_s.arg(unchecked);

@@ -19,12 +19,6 @@ constexpr auto breath = 5ms;     // between two checks, for keys and painting
 constexpr auto patience = 100ms; // while the session is at work
 constexpr auto unnoticed = 200ms;
 
-bool sessionAtWork()
-{
-    return BusyBeat::isBeating() || MainDatas()->mnFin_Db()->InTransaction() ||
-           MainDatas()->mnRavl()->InTransaction();
-}
-
 TCheckOutcome outcomeOf(const TCloseCheck &check)
 {
     const TClosing closing{*MainDatas()->mnFin_Db(), *MainDatas()->mnRavl(), qRound64(EinPer_Id()),
@@ -40,12 +34,19 @@ TCheckOutcome outcomeOf(const TCloseCheck &check)
     } catch (const Exception &error) {
         outcome.state = State::NotChecked;
         outcome.why = error.message();
+        outcome.failed = dynamic_cast<const ENotChecked *>(&error) == nullptr;
     }
     outcome.took = std::chrono::milliseconds(clock.elapsed());
     return outcome;
 }
 
 } // namespace
+
+bool booksAtWork()
+{
+    return BusyBeat::isBeating() || MainDatas()->mnFin_Db()->InTransaction() ||
+           MainDatas()->mnRavl()->InTransaction();
+}
 
 TCloseCheckRun::TCloseCheckRun(QObject *owner) : QObject(owner)
 {
@@ -84,17 +85,15 @@ int TCloseCheckRun::findings() const
     return count;
 }
 
-bool TCloseCheckRun::anyChecked() const
+int TCloseCheckRun::failures() const
 {
-    return std::ranges::any_of(outcomes, [](const TCheckOutcome &outcome) {
-        return outcome.state == State::Clear || outcome.state == State::Found;
-    });
+    return int(std::ranges::count(outcomes, true, &TCheckOutcome::failed));
 }
 
 void TCloseCheckRun::leaveRest(const QString &why)
 {
     for (; running(); ++at) {
-        outcomes[std::size_t(at)] = {.state = State::NotChecked, .findings = {}, .why = why};
+        outcomes[std::size_t(at)] = {.state = State::NotChecked, .findings = {}, .why = why, .failed = true};
         emit checked(at);
     }
     emit finished();
@@ -108,7 +107,7 @@ void TCloseCheckRun::step()
         leaveRest(u"Darbo pradžios periodas nenustatytas."_s);
         return;
     }
-    if (sessionAtWork()) {
+    if (booksAtWork()) {
         next.start(patience);
         return;
     }

@@ -7,12 +7,16 @@
 
 #include <chrono>
 
+// Whether a transaction or a statement is under way in one of the open books: nothing is read then.
+bool booksAtWork();
+
 // What a check came to.
 struct TCheckOutcome {
     enum class State { Waiting, Clear, Found, NotChecked };
     State state = State::Waiting;
     std::vector<TCloseFinding> findings;
-    QString why; // it was not checked
+    QString why;         // it was not checked
+    bool failed = false; // it could have been checked, but that did not succeed
     std::chrono::milliseconds took{};
 };
 
@@ -34,7 +38,7 @@ public:
     bool running() const { return at < int(outcomes.size()); }
     const std::vector<TCheckOutcome> &all() const { return outcomes; } // in the order of closeChecks()
     int findings() const;                                              // of all checks so far
-    bool anyChecked() const; // a check came to an end with or without findings
+    int failures() const;                                              // checks that did not succeed
 
 signals:
     void checked(int check);

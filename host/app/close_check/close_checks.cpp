@@ -42,7 +42,7 @@ const std::vector<TCloseCheck> &closeChecks()
         {u"Biudžeto balanso forma"_s, accountsInNoBudgetForm},
         {u"Sąmatos"_s, estimatesOverrun},
         {u"Kontrolinės sumos"_s, balancesMiscarried},
-        {u"Kitos darbo vietos"_s, stationsAtWork},
+        {u"Kitų darbo vietų įrašymai"_s, stationsAtWork},
         {u"Atsarginė kopija"_s, backupTooOld},
     };
     return checks;

@@ -81,8 +81,10 @@ std::vector<TCloseFinding> partiesAgainstAccounts(const TClosing &closing)
     for (const TGroup &group : std::as_const(groups))
         if (group.ofAccounts != group.ofParties)
             found.add({group.names.join(u", "_s),
-                       u"Debitorių ir kreditorių likučių suma %1, o sąskaitos likutis %2."_s.arg(
-                           amountText(group.ofParties), amountText(group.ofAccounts)),
+                       u"Debitorių ir kreditorių likučių suma %1, o %2 %3."_s.arg(
+                           amountText(group.ofParties),
+                           group.names.size() > 1 ? u"sąskaitų likučių suma"_s : u"sąskaitos likutis"_s,
+                           amountText(group.ofAccounts)),
                        {.screen = u"TDKALikFrm"_s}});
     return found.all();
 }

@@ -84,7 +84,7 @@ std::vector<TRolledBack> rolledBack(TDatabase &fin)
 }
 
 TRollBackFrm::TRollBackFrm(QWidget *owner)
-    : TSheetFrm({.name = u"TRollBackFrm"_s, .caption = u"Kas bus ištrinta atšaukus"_s, .help = 128},
+    : TSheetFrm({.name = u"TRollBackFrm"_s, .caption = u"Kas bus ištrinta atsukus periodą"_s, .help = 128},
                 {{u"Kas trinama"_s},
                  {u"Eilučių"_s, 12, Qt::AlignRight},
                  {u"Debetas"_s, 20, Qt::AlignRight},
@@ -101,8 +101,8 @@ void TRollBackFrm::Read()
     for (const TRolledBack &each : told)
         addLine(lines(), {each.what, QString::number(each.rows), shown(each.debit), shown(each.credit)});
     if (told.empty())
-        setHeadline(u"Atšaukti nėra ko: darbo pradžios periodas neatsukamas."_s);
+        setHeadline(u"Atsukti nėra ko: darbo pradžios periodas neatsukamas."_s);
     else
-        setHeadline(u"Atsukus %1, einamuoju vėl taps %2. Mėnesio įrašai nebus trinami."_s.arg(
+        setHeadline(u"Atsukus periodą „%1“, einamuoju vėl taps „%2“. Mėnesio įrašai nebus trinami."_s.arg(
             PeriodText(EinPer_Date()), PeriodText(GoMonth(EinPer_Date(), -1))));
 }

@@ -18,7 +18,7 @@ struct TRolledBack {
 // EDatabaseError.
 std::vector<TRolledBack> rolledBack(TDatabase &fin);
 
-// "Kas bus ištrinta atšaukus": the same as a window.
+// "Kas bus ištrinta atsukus periodą": the same as a window.
 class TRollBackFrm : public TSheetFrm {
     Q_OBJECT
 public:

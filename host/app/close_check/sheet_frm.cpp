@@ -97,7 +97,7 @@ TSheetFrm::TSheetFrm(const TDocumentDescription &described, const std::vector<TS
                                .text = u"&Atnaujinti"_s,
                                .picture = TIcon::Refresh,
                                .keys = {Qt::Key_F5},
-                               .handler = [this] { Read(); }});
+                               .handler = [this] { readAnew(); }});
     acPrint = addFormAction({.name = u"acPrint"_s,
                              .text = u"&Spausdinti"_s,
                              .picture = TIcon::Print,
@@ -148,6 +148,15 @@ void TSheetFrm::FormCreate()
 void TSheetFrm::PeriodChanged()
 {
     Read();
+}
+
+// Another station may have closed the month meanwhile. Following it reads by itself when it has.
+void TSheetFrm::readAnew()
+{
+    const double period = EinPer_Id();
+    FollowPeriod();
+    if (EinPer_Id() == period)
+        Read();
 }
 
 QString TSheetFrm::headline() const

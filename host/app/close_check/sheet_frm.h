@@ -41,6 +41,7 @@ protected:
     static QTreeWidgetItem *addLine(QTreeWidgetItem *under, const QStringList &texts);
 
 private:
+    void readAnew();
     QWidget *body(const std::vector<TSheetColumn> &columns);
 
     QLabel *headLabel;

@@ -5,13 +5,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int patienceMs = 200;
+constexpr int patienceMs = 50;
 
 // Sessions of this database that hold a lock which only writing takes. Half-read lists, ours and theirs, are
-// inside a transaction as well, but change nothing.
+// inside a transaction as well, but change nothing. Who a session belongs to is told to everybody, its kind
+// is not; processes of the server itself have no user.
 constexpr char16_t writersSql[] =
-    u"select usename::text, coalesce(host(client_addr), ''), to_char(xact_start, 'HH24:MI') "
-    "from pg_stat_activity a where datname = current_database() and backend_type = 'client backend' "
+    u"select usename::text, coalesce(host(client_addr), ''), coalesce(to_char(xact_start, 'HH24:MI'), '?') "
+    "from pg_stat_activity a where datname = current_database() and usename is not null "
     "and pid <> pg_backend_pid() and exists (select from pg_locks l join pg_database d on d.oid = l.database "
     "where l.pid = a.pid and l.granted and l.locktype = 'relation' and d.datname = current_database() "
     "and l.mode in ('RowExclusiveLock', 'ShareLock', 'ShareRowExclusiveLock', 'ExclusiveLock', "
@@ -23,8 +24,9 @@ std::vector<TCloseFinding> writersOnServer(TDatabase &fin)
     const auto rows = fin.prepareNative({SqlKind::Select, QString::fromUtf16(writersSql)});
     for (rows->exec(); rows->next();) {
         const QString user = rows->value(0).toString(), address = rows->value(1).toString();
-        found.push_back({.about = address.isEmpty() ? user : user + u", "_s + address,
-                         .text = u"Turi neįrašytų pakeitimų nuo %1."_s.arg(rows->value(2).toString())});
+        found.push_back(
+            {.about = address.isEmpty() ? user : user + u", "_s + address,
+             .text = u"Nuo %1 įrašo pakeitimus ir dar nebaigė."_s.arg(rows->value(2).toString())});
     }
     return found;
 }

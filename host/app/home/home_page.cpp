@@ -6,7 +6,6 @@
 #include "host/common/months.h"
 #include "host/data/main_datas.h"
 #include "host/data/organisation.h"
-#include "toolkit/data/connection.h"
 #include "toolkit/widgets/guard.h"
 #include "toolkit/widgets/lithuanian.h"
 
@@ -21,6 +20,7 @@ namespace {
 using State = TCheckOutcome::State;
 
 constexpr auto breath = 10ms;
+constexpr auto patience = 100ms; // while the books are at work
 constexpr int screensShown = 8;
 constexpr int changesShown = 6;
 constexpr int widestInCharacters = 130;
@@ -44,7 +44,9 @@ QList<THomeLine> orInWords(const std::function<QList<THomeLine>()> &read)
 {
     try {
         const QList<THomeLine> lines = read();
-        return lines.isEmpty() ? QList<THomeLine>{{.text = u"Kol kas nieko."_s}} : lines;
+        return lines.isEmpty() ? QList<THomeLine>{{.text = u"Pakeitimų dar nėra."_s}} : lines;
+    } catch (const EConnectionLost &) {
+        throw;
     } catch (const Exception &error) {
         return {{.text = error.message()}};
     }
@@ -55,11 +57,6 @@ QString told(const std::vector<TCloseFinding> &findings)
 {
     const bool ofWhole = findings.size() == 1 && !findings.front().place.isSomewhere();
     return ofWhole ? findings.front().text : QString::number(countOf(findings));
-}
-
-bool sessionAtWork()
-{
-    return BusyBeat::isBeating() || MainDatas()->mnFin_Db()->InTransaction();
 }
 
 } // namespace
@@ -97,6 +94,9 @@ THomePage::THomePage(const TPackageEntries &all, QWidget *parent)
     setAlignment(Qt::AlignHCenter);
     setWidget(page);
     hide();
+
+    for (THomeSection *each : {checks, used, closed, changes})
+        each->show({{.text = u"Skaitoma…"_s}});
 
     pause.setSingleShot(true);
     connectGuarded(&pause, &QTimer::timeout, this, [this] { readNext(); });
@@ -166,12 +166,21 @@ void THomePage::readAnew()
         pause.start(breath);
 }
 
+// A server that is lost is asked nothing more until the page is seen again.
 void THomePage::readNext()
 {
-    if (!MainDatas())
+    if (!MainDatas() || nextPart >= parts.size())
         return;
-    if (!sessionAtWork() && nextPart < parts.size())
+    if (booksAtWork()) {
+        pause.start(patience);
+        return;
+    }
+    try {
         parts[nextPart++]();
+    } catch (const EConnectionLost &error) {
+        nextPart = parts.size();
+        show(*checks, {{.text = error.message()}});
+    }
     if (nextPart < parts.size())
         pause.start(breath);
 }
@@ -180,6 +189,8 @@ void THomePage::showHeading()
 {
     try {
         institution->setText(organisationName());
+    } catch (const EConnectionLost &) {
+        throw;
     } catch (const Exception &error) {
         institution->setText(error.message());
     }
@@ -208,6 +219,8 @@ void THomePage::check()
                   {.text = u"Visas tikrinimas"_s, .place = {.screen = checkScreen}}});
             return;
         }
+    } catch (const EConnectionLost &) {
+        throw;
     } catch (const Exception &error) {
         show(*checks, {{.text = error.message()}});
         return;
@@ -227,13 +240,15 @@ void THomePage::showChecks()
         const QString &name = closeChecks()[i].name;
         if (outcome.state == State::Found)
             lines << THomeLine{name + u": "_s + told(outcome.findings), {.screen = checkScreen}, name};
-        else if (outcome.state == State::NotChecked)
+        else if (outcome.failed)
             whyNot = outcome.why;
     }
     if (run->running())
         lines << THomeLine{.text = u"Tikrinama…"_s};
-    else if (lines.isEmpty() && !run->anyChecked())
-        lines << THomeLine{.text = whyNot};
+    else if (run->failures() > 0)
+        lines << THomeLine{.text = whyNot}
+              << THomeLine{.text = u"Nepatikrinta: %1"_s.arg(run->failures()),
+                           .place = {.screen = checkScreen}};
     else if (lines.isEmpty())
         lines << THomeLine{.text = u"Niekas netrukdo uždaryti."_s};
     if (EinPer_Id() > 0)
