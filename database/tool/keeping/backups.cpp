@@ -9,6 +9,7 @@
 #include <QDateTime>
 #include <QFileInfo>
 #include <QLockFile>
+#include <QSet>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
@@ -219,15 +220,16 @@ void removeSurplus(const QString &folder, const TProgress &progress)
     }
 }
 
-// A name that no other backup has: made one after the other, two of a second are told apart by the next one.
+// A name of a moment that no other backup has: two of one second would not sort as they were made.
 QString freeName(const QString &folder, BackupKind kind, const QString &month)
 {
-    QDateTime moment = QDateTime::currentDateTime();
-    for (;; moment = moment.addSecs(1)) {
-        QString file = QDir(folder).filePath(backupName(kind, moment, month));
-        if (!QFileInfo::exists(file))
-            return file;
-    }
+    QSet<QDateTime> taken;
+    for (const TBackup &backup : backupsIn(folder))
+        taken.insert(backup.made);
+    QDateTime moment = QDateTime::fromSecsSinceEpoch(QDateTime::currentSecsSinceEpoch());
+    while (taken.contains(moment))
+        moment = moment.addSecs(1);
+    return QDir(folder).filePath(backupName(kind, moment, month));
 }
 
 QString todaysBackup(const QString &folder)

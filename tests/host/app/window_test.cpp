@@ -32,7 +32,7 @@ void closeMonths(TDatabase &books)
 
 QStringList backupsIn(const QString &folder)
 {
-    return QDir(folder).entryList({"atsarga-*"}, QDir::Files);
+    return QDir(folder + "/atsargines").entryList({"*-pradzia.velmora"}, QDir::Files);
 }
 
 } // namespace
@@ -74,8 +74,9 @@ TEST_F(MainWindow, BeforeTheStartOfWorkIsSetAnewTheBooksAreBackedUp)
     window->openEntry("TPeriodDlg");
     const QStringList backups = backupsIn(root.filePath("knygos"));
     ASSERT_EQ(backups.size(), 1);
-    EXPECT_TRUE(asked.at(0).text.contains(backups.first()));
-    EXPECT_TRUE(contentOf(root.filePath("knygos/") + backups.first()).startsWith("VELMORA-ATSARGA"));
+    EXPECT_TRUE(asked.at(0).text.contains(root.filePath("knygos/atsargines")));
+    EXPECT_TRUE(
+        contentOf(root.filePath("knygos/atsargines/") + backups.first()).startsWith("VELMORA-ATSARGA"));
     EXPECT_EQ(EinPer_Id(), 8);
 }
 
@@ -84,8 +85,9 @@ TEST_F(MainWindow, WithoutABackupTheStartOfWorkIsNotTouched)
     closeMonths(books());
     // Where the copy is to stand there is no room for it.
     QDir().rename(root.filePath("knygos"), root.filePath("dingo"));
-    NextBoxes asked{QMessageBox::Yes};
-    EXPECT_THROW(window->openEntry("TPeriodDlg"), Exception);
+    NextBoxes asked{QMessageBox::Yes, QMessageBox::No};
+    window->openEntry("TPeriodDlg");
+    EXPECT_TRUE(asked.at(1).text.contains("kopijos padaryti nepavyko")) << qPrintable(asked.at(1).text);
     EXPECT_EQ(EinPer_Id(), 8);
 }
 
