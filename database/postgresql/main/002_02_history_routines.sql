@@ -32,7 +32,8 @@ begin
 end $$;
 
 -- A routine begins to move balances of the period: what the tables hold of it, by their names. Null when no
--- record is wanted.
+-- record is wanted. What other stations are writing comes wholly before it or after; balances of accounts wait
+-- for the month itself.
 create function sys_rutina_prasideda(perid bigint, variadic lenteles text[]) returns jsonb
 language plpgsql
 as $$
@@ -41,6 +42,8 @@ begin
         return null;
     end if;
     perform set_config('velmora.rutina', 'taip', true);
+    execute (select format('lock table %s in share row exclusive mode', string_agg(quote_ident(lentele), ', '))
+             from unnest(lenteles) lentele where lentele <> 'bd_saslik');
     return (select jsonb_object_agg(lentele, jsonb_build_object('sumos', sys_suvestine(lentele, perid),
                                                                 'pedsakai', sys_periodo_pedsakai(lentele, perid)))
             from unnest(lenteles) lentele);

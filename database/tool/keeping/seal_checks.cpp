@@ -53,14 +53,18 @@ bool isJson(const QByteArray &text)
     return text.isNull() || QJsonDocument::fromJson(text).isObject();
 }
 
-// Of a password a record never says more than that it changed.
-bool tellsPassword(const THistoryRecord &record)
+// Of a password a record says one word, whatever the password is.
+bool isWordOfPassword(const QByteArray &side)
 {
-    const auto isOpen = [](const QJsonValue &password) {
-        return !password.isUndefined() && password.toString() != u"pakeista";
-    };
-    return record.table == "bd_usr" && (isOpen(objectOf(record.before).value(u"usr_pasw")) ||
-                                        isOpen(objectOf(record.after).value(u"usr_pasw")));
+    const QJsonValue word = objectOf(side).value(u"usr_pasw");
+    return word.isUndefined() || word == u"pakeista"_s;
+}
+
+// Whether all of a record that no seal covers yet can be what the program wrote.
+bool isWhole(const THistoryRecord &record)
+{
+    return isJson(record.before) && isJson(record.after) && isJson(record.prints) &&
+           isWordOfPassword(record.before) && isWordOfPassword(record.after);
 }
 
 // What another program changed, as people read it.
@@ -120,12 +124,9 @@ private:
             covered[sealOf(record.id)].add(record);
         else
             check.unsealed.add(record.id);
-        if (!isSealed && !(isJson(record.before) && isJson(record.after) && isJson(record.prints)))
+        if (!isSealed && !isWhole(record))
             findings.add(
                 u"%1: neperskaitomas pakeitimų istorijos įrašas Nr. %2."_s.arg(title).arg(record.id));
-        if (!isSealed && tellsPassword(record))
-            findings.add(u"%1: pakeitimų istorijos įrašas Nr. %2 pakeistas ne per programą."_s.arg(title).arg(
-                record.id));
         if (record.login.isEmpty() && !accepted.contains(record.id) && record.table != "bd_antspaudai")
             findings.add(
                 u"%1: %2 kita programa %3."_s.arg(title, QString::fromUtf8(record.moment), toldOf(record)));

@@ -6,7 +6,9 @@
 // "klaida: …" and ends with 3. The environment can take things away beforehand: VELMORA_UID names the user to
 // become, VELMORA_FILE_LIMIT the largest file that may be written, in bytes.
 
+#include "database/history.h"
 #include "database/schema.h"
+#include "database/seals.h"
 #include "tests/faults/victim/new_books.h"
 #include "toolkit/data/database.h"
 
@@ -58,10 +60,14 @@ TSessionSettings settingsOf(const QString &engine, const QString &place)
     return settings;
 }
 
+// As the program closes: under history, with a seal.
 void close(TDatabase &db)
 {
+    keepHistory(db, {u"ona"_s, u"stotis1"_s});
     TTransaction tran(&db);
+    const qlonglong month = db.fieldResult(u"select get_last_per_id() from dummy"_s).toLongLong();
     db.ExecSQL(u"call Close_Per()"_s);
+    appendSeal(db, TSealEvent::Close, month);
     tran.commit();
 }
 
