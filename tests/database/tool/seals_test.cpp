@@ -343,8 +343,9 @@ TEST_P(SealsOfStations, ARoutineWaitsForBalancesThatAnotherStationIsWriting)
     keepHistory(*mnFin_Db, {u"ona"_s, u"stotis1"_s});
     keepHistory(*other, {u"petras"_s, u"stotis2"_s});
     TTransaction writing(other);
-    other->ExecSQL(u"insert into bd_dbkrlik (dkl_perid, dkl_pavad, dkl_sum_db) values (1, 'Rašoma', 5)"_s);
-    TTransaction routine(mnFin_Db.get());
+    other->ExecSQL(u"insert into bd_dbkrlik (dkl_id, dkl_perid, dkl_pavad, dkl_sum_db, dkl_sum_kr) "
+                   "values (1, 1, 'Rašoma', 5, 0)"_s);
+    TTransaction routine(mnFin_Db);
     mnFin_Db->nativeExec(u"set local lock_timeout = 100"_s);
     EXPECT_THROW(mnFin_Db->nativeExec(u"select sys_rutina_prasideda(1, 'bd_dbkrlik')"_s), EDatabaseError);
 }
