@@ -77,8 +77,9 @@ void lockForSeal(TDatabase &db, TSealEvent event)
 void addUncovered(TDatabase &db, const TNumbers &covered, TCoveredRecords &to)
 {
     const qlonglong last = covered.isEmpty() ? 0 : covered.last();
+    const TNumbers gaps = covered.missing(1, last);
     QStringList late;
-    for (const auto &[from, until] : covered.missing(1, last).runs().asKeyValueRange()) {
+    for (const auto &[from, until] : gaps.runs().asKeyValueRange()) {
         for (qlonglong number = from; number <= until; ++number)
             late.append(QString::number(number));
     }
