@@ -14,8 +14,8 @@ QString personScript(const TDatabase &db, const TPerson &person)
     const QString station = TDatabase::quoted(person.station.left(longestStation));
     if (db.engine() == Engine::Sqlite)
         return u"select sys_asmuo(%1, %2);"_s.arg(login, station);
-    return u"select set_config('velmora.login', %1, false), set_config('velmora.stotis', %2, false)"_s.arg(
-        login, station);
+    return u"select set_config('velmora.login', %1, false), set_config('velmora.stotis', %2, false), "
+           "set_config('velmora.rutina', '', false)"_s.arg(login, station);
 }
 
 void switchServer(TDatabase &db, const QString &state)

@@ -155,13 +155,16 @@ private:
         add(u"keliose eilutėse stulpelis „%1“ pakeistas"_s.arg(column));
         if (!isShown(column))
             return;
+        QStringList changed; // told when the rows are read: a connection answers one question at a time
         eachRow(db, u"select %1, cast(%2 as varchar(2000)) from %3"_s.arg(keyExpression(), column, table),
                 [&](const QSqlQuery &row) {
                     const QString rowKey = row.value(0).toString(), now = row.value(1).toString();
                     const auto value = last.constFind(rowKey);
                     if (value != last.cend() && now != *value && !isSameAmount(now, *value))
-                        tellColumn(rowKey, column);
+                        changed.append(rowKey);
                 });
+        for (const QString &rowKey : std::as_const(changed))
+            tellColumn(rowKey, column);
     }
 
     static bool isSameAmount(const QString &one, const QString &other)

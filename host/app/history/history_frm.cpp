@@ -94,7 +94,7 @@ void THistoryFrm::addChoices()
     books = addChoice(u"BookBox"_s, u"Kn&ygos:"_s);
     books->addItem(u"Apskaitos"_s);
     books->addItem(u"Biudžeto"_s);
-    tables = addChoice(u"TableBox"_s, u"Są&rašas:"_s);
+    tables = addChoice(u"TableBox"_s, u"Sąra&šas:"_s);
     tables->setMaximumWidth(190);
     persons = addChoice(u"PersonBox"_s, u"As&muo:"_s);
     const QDate today = Date().date();

@@ -108,6 +108,10 @@ void OnDemoBooks::SetUp()
 {
     fin = place().fin();
     ravl = place().ravl();
+    for (TDatabase *db : {fin.get(), ravl.get()}) {
+        if (GetParam() == Engine::PostgreSql)
+            db->nativeExec(u"set velmora.rutina = ''"_s);
+    }
 }
 
 void OnDemoBooks::TearDown()
