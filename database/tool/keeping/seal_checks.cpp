@@ -235,7 +235,10 @@ void checkSealRecords(TDatabase &db, const TSealCheck &check, const QString &tit
             findings.add(u"%1: dingo antspaudas Nr. %2."_s.arg(title).arg(number));
         else if (seal != check.seals.end() &&
                  (told.value(u"ant_antspaudas").toString().toLatin1() != seal->hash ||
-                  told.value(u"ant_ivykis").toString().toUtf8() != seal->event))
+                  told.value(u"ant_ivykis").toString().toUtf8() != seal->event ||
+                  record.moment != seal->moment || record.login != seal->login ||
+                  record.station != seal->station || record.operation != "I" || !record.before.isNull() ||
+                  !record.prints.isNull()))
             findings.add(
                 u"%1: pakeitimų istorijos įrašas Nr. %2 ir %3 nesutampa."_s.arg(title).arg(record.id).arg(
                     titleOf(*seal)));

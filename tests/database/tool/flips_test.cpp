@@ -31,7 +31,8 @@ quint32 seed()
 
 const auto silent = [](const QString &) {};
 
-// Books that were worked in: sealed changes, and changes since.
+// Books that were worked in, and sealed. A record that no seal covers yet can be damaged unseen where it says
+// who and when.
 class Flips : public testing::Test {
 protected:
     void SetUp() override
@@ -46,6 +47,8 @@ protected:
         appendSeal(*fin, TSealEvent::Close, month);
         work(*fin);
         ravl->ExecSQL(u"update bd_usr set usr_pasw = 'naujas' where usr_id = 1"_s);
+        for (TDatabase *db : {fin.get(), ravl.get()})
+            appendSeal(*db, TSealEvent::SetUp);
     }
 
     static void work(TDatabase &fin)
