@@ -8,6 +8,7 @@
 #include "database/tool/keeping/native_query.h"
 #include "database/tool/keeping/server_console.h"
 #include "tests/support/postgres.h"
+#include "tests/support/unguarded.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -173,8 +174,25 @@ double CloseBooks::closeWithSeal()
     return spent;
 }
 
+void CloseBooks::rollBack()
+{
+    for (const TSessionSettings &settings : {d->store->books().fin, d->sealed}) {
+        TDatabase fin(settings);
+        fin.Open();
+        fin.ExecSQL(u"call Back_Per()"_s);
+        if (fin.engine() == Engine::PostgreSql)
+            fin.nativeExec(u"vacuum analyze bd_saslik"_s);
+    }
+}
+
+// The guards of closed months look at what is written by hand; the routine does not ask them.
 double CloseBooks::closeByShell()
 {
+    {
+        TDatabase copy(d->copy);
+        copy.Open();
+        takeGuardsAway(copy);
+    }
     if (d->embedded())
         return runChild(u"sqlite3"_s, {u"-bail"_s, d->copy.file}, sqliteShell);
     return runChild(u"psql"_s, {u"-qX"_s, u"-v"_s, u"ON_ERROR_STOP=1"_s, d->copy.connInfo}, serverShell);

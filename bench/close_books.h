@@ -15,6 +15,8 @@ public:
     double closeByRoutine();
     // The same under history and with the seal of the month, on a copy of the same books.
     double closeWithSeal();
+    // Takes both closes back.
+    void rollBack();
     // Milliseconds that the best single statement written by hand takes in the engine's own shell.
     double closeByShell();
     // Ends the program unless both made the same balances.

@@ -92,8 +92,8 @@ void fillHistory(TDatabase &db, int records)
     db.nativeExec(
         u"with recursive eile (i) as (select 1 union all select i + 1 from eile where i < %1) "
         "insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas, "
-        "ist_buvo, ist_yra) select '2026-01-' || %2 || ' 08:00:00.000', 'v' || i % 20, 'stotis', "
-        "'bd_' || i % 40, i % 5000, 'U', '{\"a\": 1}', '{\"a\": 2}' from eile"_s.arg(records)
+        "ist_buvo, ist_yra, ist_suma) select '2026-01-' || %2 || ' 08:00:00.000', 'v' || i % 20, 'stotis', "
+        "'bd_' || i % 40, i % 5000, 'U', '{\"a\": 1}', '{\"a\": 2}', 0 from eile"_s.arg(records)
             .arg(day.arg(records)));
 }
 

@@ -97,6 +97,16 @@ TTableFingerprint differencesOf(const TTableFingerprint &now, const TTableFinger
     return differences;
 }
 
+void addDifference(TBookFingerprint &to, const TBookFingerprint &now, const TBookFingerprint &before)
+{
+    for (const auto &[table, prints] : now.asKeyValueRange())
+        add(to[table], differencesOf(prints, before.value(table)));
+    for (const auto &[table, prints] : before.asKeyValueRange()) {
+        if (!now.contains(table))
+            add(to[table], differencesOf({}, prints));
+    }
+}
+
 QJsonObject toJson(const TTableFingerprint &prints)
 {
     QJsonObject json;

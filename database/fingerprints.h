@@ -32,6 +32,8 @@ using TBookFingerprint = QMap<QString, TTableFingerprint>;
 
 void add(TTableFingerprint &to, const TTableFingerprint &more);
 void add(TBookFingerprint &to, const TBookFingerprint &more);
+// Adds what leads from the second to the first.
+void addDifference(TBookFingerprint &to, const TBookFingerprint &now, const TBookFingerprint &before);
 
 // What leads from the second to the first; a table without rows has no columns in its fingerprint.
 TTableFingerprint differencesOf(const TTableFingerprint &now, const TTableFingerprint &before);

@@ -1,6 +1,7 @@
 #include "database/history_functions.h"
 
 #include "database/history_json.h"
+#include "database/history_records.h"
 #include "database/nested.h"
 #include "toolkit/text/datetime.h"
 
@@ -76,6 +77,20 @@ void changedAsJson(RoutineCall &call)
     call.give(json.finish());
 }
 
+// sys_iraso_suma(moment, login, station, table, key, operation, before, after, fingerprints)
+void recordSum(RoutineCall &call)
+{
+    THistoryRecord record;
+    int argument = 0;
+    for (QByteArray *part : {&record.moment, &record.login, &record.station, &record.table, &record.key,
+                             &record.operation, &record.before, &record.after, &record.prints}) {
+        if (!call.isNull(argument))
+            *part = call.text(argument);
+        ++argument;
+    }
+    call.give(record.checkSum());
+}
+
 struct Entry {
     const char *name;
     int arguments;
@@ -87,6 +102,7 @@ constexpr Entry entries[] = {
     {"sys_yra_asmuo", 0, guarded<isPersonKnown>}, {"sys_login", 0, guarded<loginName>},
     {"sys_stotis", 0, guarded<stationName>},      {"sys_dabar", 0, guarded<moment>},
     {"sys_json", -1, guarded<rowAsJson>},         {"sys_json_keista", -1, guarded<changedAsJson>},
+    {"sys_iraso_suma", 9, guarded<recordSum>},
 };
 
 // No trigger or view of a strange file may call them; temporary ones may.

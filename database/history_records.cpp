@@ -1,5 +1,6 @@
 #include "database/history_records.h"
 
+#include "database/value_prints.h"
 #include "toolkit/data/statement.h"
 
 using namespace Qt::StringLiterals;
@@ -9,6 +10,12 @@ namespace {
 constexpr auto recordColumns =
     "ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas, ist_buvo, "
     "ist_yra, ist_pedsakas"_L1;
+
+void addPart(QByteArray &text, const QByteArray &part)
+{
+    text += part.isNull() ? "|-" : '|' + QByteArray::number(part.size()) + ':';
+    text += part;
+}
 
 QByteArray bytesOf(const TStatement &statement, int column)
 {
@@ -23,7 +30,7 @@ THistoryRecord recordIn(const TStatement &statement)
     THistoryRecord record{statement.integer(0)};
     int column = 0;
     for (QByteArray *part : {&record.moment, &record.login, &record.station, &record.table, &record.key,
-                             &record.operation, &record.before, &record.after, &record.prints})
+                             &record.operation, &record.before, &record.after, &record.prints, &record.sum})
         *part = bytesOf(statement, ++column);
     return record;
 }
@@ -33,11 +40,28 @@ THistoryRecord recordIn(const TStatement &statement)
 QByteArray THistoryRecord::wording() const
 {
     QByteArray text = QByteArray::number(id);
-    for (const QByteArray &part : {moment, login, station, table, key, operation, before, after, prints}) {
-        text += part.isNull() ? "|-" : '|' + QByteArray::number(part.size()) + ':';
-        text += part;
-    }
+    for (const QByteArray &part : {moment, login, station, table, key, operation, before, after, prints, sum})
+        addPart(text, part);
     return text;
+}
+
+qint64 THistoryRecord::checkSum() const
+{
+    QByteArray text;
+    for (const QByteArray &part : {moment, login, station, table, key, operation, before, after, prints})
+        addPart(text, part);
+    return textPrint(text);
+}
+
+// A subquery without a table is evaluated once, so the sum is that of the values that are stored.
+QString TRecordSql::text() const
+{
+    return u"insert into bd_istorija (%1, ist_suma) select laikas, login, stotis, lentele, raktas, veiksmas, "
+           "buvo, yra, pedsakas, sys_iraso_suma(laikas, login, stotis, lentele, raktas, veiksmas, buvo, yra, "
+           "pedsakas) from (select %2 as laikas, %3 as login, %4 as stotis, %5 as lentele, %6 as raktas, "
+           "%7 as veiksmas, %8 as buvo, %9 as yra, "_s.arg(recordColumns, moment, login, station, table, key,
+                                                           operation, before, after) +
+           prints + u" as pedsakas)"_s;
 }
 
 // In pieces: a server hands over the whole result of a statement at once.
@@ -48,10 +72,11 @@ void eachRecord(TDatabase &db, const QString &condition,
     TranslatedSql sql;
     qlonglong last = 0;
     for (int read = piece; read == piece;) {
-        sql.text = u"select ist_id, %1 from bd_istorija where (%2) and ist_id > %3 order by ist_id limit %4"_s
-                       .arg(recordColumns, condition)
-                       .arg(last)
-                       .arg(piece);
+        sql.text =
+            u"select ist_id, %1, cast(ist_suma as varchar(20)) from bd_istorija where (%2) and ist_id > %3 order by ist_id limit %4"_s
+                .arg(recordColumns, condition)
+                .arg(last)
+                .arg(piece);
         const auto statement = db.prepareNative(sql);
         read = 0;
         for (statement->exec(); statement->next(); ++read) {
@@ -60,6 +85,18 @@ void eachRecord(TDatabase &db, const QString &condition,
             consumer(record);
         }
     }
+}
+
+QList<qlonglong> damagedRecords(TDatabase &db)
+{
+    TranslatedSql sql;
+    sql.text = u"select ist_id from bd_istorija where ist_suma is distinct from sys_iraso_suma(%1) "
+               "order by ist_id"_s.arg(recordColumns);
+    const auto statement = db.prepareNative(sql);
+    QList<qlonglong> numbers;
+    for (statement->exec(); statement->next();)
+        numbers.append(statement->integer(0));
+    return numbers;
 }
 
 void TNumbers::add(qlonglong number)

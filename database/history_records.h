@@ -18,14 +18,35 @@ struct THistoryRecord {
     QByteArray before;
     QByteArray after;
     QByteArray prints;
+    QByteArray sum; // the check sum as it stands in the record
 
     // All of it, so that two records share it only when they are the same.
     QByteArray wording() const;
+    // What the check sum of a record of a file must be.
+    qint64 checkSum() const;
+};
+
+// The statement that writes a record into a file, with its check sum; each part is an expression.
+struct TRecordSql {
+    QString moment = QStringLiteral("sys_dabar()");
+    QString login = QStringLiteral("sys_login()");
+    QString station = QStringLiteral("sys_stotis()");
+    QString table;
+    QString key;
+    QString operation;
+    QString before = QStringLiteral("null");
+    QString after = QStringLiteral("null");
+    QString prints = QStringLiteral("null");
+
+    QString text() const;
 };
 
 // The records that the condition chooses, in the order of their numbers.
 void eachRecord(TDatabase &db, const QString &condition,
                 const std::function<void(const THistoryRecord &)> &consumer);
+
+// The numbers of the records whose check sum is not that of what they say.
+QList<qlonglong> damagedRecords(TDatabase &db);
 
 // Numbers of records. On a server a number that is missing may belong to a record that is not committed yet.
 class TNumbers {

@@ -1,16 +1,10 @@
 #include "database/history_routines.h"
 
+#include "database/history_records.h"
 #include "database/nested.h"
 #include "database/print_sums.h"
 
-namespace {
-
-constexpr char recordSql[] =
-    "insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas,"
-    "                         ist_buvo, ist_yra, ist_pedsakas) "
-    "values (sys_dabar(), sys_login(), sys_stotis(), ?1, ?2, 'R', ?3, ?4, ?5)";
-
-} // namespace
+using namespace Qt::StringLiterals;
 
 BalancesMoved::BalancesMoved(sqlite3 *theDb, qint64 thePeriod, const QList<QByteArray> &tables)
     : db(theDb),
@@ -31,11 +25,19 @@ BalancesMoved::~BalancesMoved()
 
 void BalancesMoved::record()
 {
+    const QByteArray sql = TRecordSql{.table = u"?1"_s,
+                                      .key = u"?2"_s,
+                                      .operation = u"'R'"_s,
+                                      .before = u"?3"_s,
+                                      .after = u"?4"_s,
+                                      .prints = u"?5"_s}
+                               .text()
+                               .toUtf8();
     const QByteArray key = QByteArray::number(period);
     for (const Table &table : std::as_const(moved)) {
         const QByteArray after = balanceTotals(db, table.name, period);
         const QByteArray prints = printsDifference(table.printsBefore, monthPrints(db, table.name, period));
-        Nested(db, recordSql)
+        Nested(db, sql)
             .bind(1, table.name)
             .bind(2, key)
             .bind(3, table.before)

@@ -1,5 +1,6 @@
 #include "database/history_triggers.h"
 
+#include "database/history_records.h"
 #include "toolkit/data/statement.h"
 
 using namespace Qt::StringLiterals;
@@ -51,10 +52,13 @@ QString Table::trigger(const QString &event, QChar letter, const QString &when, 
 {
     const QString head = u"create temp trigger if not exists ist_%1_%2 after %3 on main.%1 when "
                          "sys_istorija()%4 begin "_s.arg(name, letter.toLower(), event, when);
-    const QString body = u"insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, "
-                         "ist_raktas, ist_veiksmas, ist_buvo, ist_yra, ist_pedsakas) values (sys_dabar(), "
-                         "sys_login(), sys_stotis(), '%1', %2, '%3', %4, %5, %6); end;\n"_s;
-    return head + body.arg(name, rowKey, letter, before, after, secretPrints(letter));
+    const TRecordSql record{.table = TDatabase::quoted(name),
+                            .key = rowKey,
+                            .operation = TDatabase::quoted(letter),
+                            .before = before,
+                            .after = after,
+                            .prints = secretPrints(letter)};
+    return head + record.text() + u"; end;\n"_s;
 }
 
 // A record does not tell a password, but its fingerprints before and after.

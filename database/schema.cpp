@@ -98,6 +98,20 @@ void writeRevision(TDatabase &db, Book book, int before, int number)
     db.nativeExec(sql);
 }
 
+bool hasSeals(TDatabase &db)
+{
+    return !db.columnsOf(u"bd_antspaudai"_s).isEmpty();
+}
+
+// The rows that a revision changes leave no records: the seal after it tells of them.
+void runScripts(TDatabase &db, const QStringList &scripts)
+{
+    if (db.engine() == Engine::PostgreSql)
+        db.nativeExec(u"set local velmora.rutina = 'redakcija'"_s);
+    for (const QString &script : scripts)
+        db.nativeExec(script);
+}
+
 // Another station may have applied it while this one waited for the lock.
 void apply(TDatabase &db, Book book, const TRevision &revision)
 {
@@ -105,13 +119,16 @@ void apply(TDatabase &db, Book book, const TRevision &revision)
     lock(db);
     const int before = revisionOf(db);
     if (before < revision.number) {
+        const bool wasSealed = hasSeals(db);
+        const TBookFingerprint contents = wasSealed ? contentsBeforeUpgrade(db) : TBookFingerprint();
         if (before == 0)
             db.nativeExec(versionTable(db.engine()));
-        for (const QString &script : revision.scripts)
-            db.nativeExec(script);
+        runScripts(db, revision.scripts);
         coverByHistory(db);
         writeRevision(db, book, before, revision.number);
-        if (!db.columnsOf(u"bd_antspaudai"_s).isEmpty())
+        if (wasSealed)
+            sealUpgrade(db, contents);
+        else if (hasSeals(db))
             appendSeal(db, TSealEvent::Beginning);
     }
     tran.commit();

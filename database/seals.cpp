@@ -61,14 +61,19 @@ void signSeal(TDatabase &db, TSeal &seal)
     seal.station = bytesOf(*signer, 2);
 }
 
-// Another station's seal comes wholly before or after; for a beginning nobody may write at all, as the
-// contents are read table by table. A file has one writer anyway.
+bool takesContents(TSealEvent event)
+{
+    return event == TSealEvent::Beginning || event == TSealEvent::Accepted;
+}
+
+// Another station's seal comes wholly before or after; where the contents are read table by table nobody may
+// write at all. A file has one writer anyway.
 void lockForSeal(TDatabase &db, TSealEvent event)
 {
     if (db.engine() == Engine::Sqlite)
         return;
     db.nativeExec(u"lock table bd_antspaudai in share row exclusive mode"_s);
-    if (event == TSealEvent::Beginning)
+    if (takesContents(event) || event == TSealEvent::Upgrade)
         db.nativeExec(u"lock table %1 in share mode"_s.arg(fingerprintedTables(db).join(u", ")));
 }
 
@@ -91,30 +96,9 @@ void addUncovered(TDatabase &db, const TNumbers &covered, TCoveredRecords &to)
     addThose(u"ist_id > %1"_s.arg(last));
 }
 
-QByteArray stateAfter(TDatabase &db, TSealEvent event, const QByteArray &before, const TNumbers &records)
-{
-    if (event == TSealEvent::Beginning)
-        return compact(toJson(fingerprintOf(db)));
-    TBookFingerprint state = bookFingerprint(objectOf(before));
-    add(state, changedByHistory(db, records));
-    return compact(toJson(state));
-}
-
 bool hasMonths(TDatabase &db)
 {
     return !db.columnsOf(u"bd_period"_s).isEmpty();
-}
-
-// The current month is told, so that a month closed without a seal shows.
-QByteArray totalsOf(TDatabase &db, TSealEvent event, std::optional<qlonglong> period)
-{
-    if (!hasMonths(db))
-        return "{}";
-    const Variant current = db.fieldResult(u"select get_last_per_id() from dummy"_s);
-    QJsonObject totals{{u"einamasis"_s, current.isNull() ? QJsonValue() : QJsonValue(current.toLongLong())}};
-    if (event == TSealEvent::Close && period)
-        totals.insert(u"uzdarytas"_s, monthTotals(db, *period));
-    return compact(totals);
 }
 
 void store(TDatabase &db, const TSeal &seal)
@@ -135,19 +119,86 @@ void store(TDatabase &db, const TSeal &seal)
          {u"antspaudas"_s, orNull(seal.hash)}});
 }
 
-// A record of history tells of the seal, so that the last one cannot be removed unseen.
+QString quotedOrNull(const QByteArray &text)
+{
+    return text.isNull() ? u"null"_s : TDatabase::quoted(QString::fromUtf8(text));
+}
+
+// A record of history tells of the seal, so that the last one cannot be removed unseen. On a server a trigger
+// writes it.
 void record(TDatabase &db, const TSeal &seal)
 {
+    if (db.engine() != Engine::Sqlite)
+        return;
     const QJsonObject told{{u"ant_ivykis"_s, QString::fromUtf8(seal.event)},
                            {u"ant_antspaudas"_s, QString::fromUtf8(seal.hash)}};
-    db.ExecSQL(
-        u"insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas, "
-        "ist_yra) values (:laikas, :login, :stotis, 'bd_antspaudai', :raktas, 'I', :yra)"_s,
-        {{u"laikas"_s, orNull(seal.moment)},
-         {u"login"_s, orNull(seal.login)},
-         {u"stotis"_s, orNull(seal.station)},
-         {u"raktas"_s, QString::number(seal.id)},
-         {u"yra"_s, orNull(compact(told))}});
+    db.nativeExec(TRecordSql{.moment = quotedOrNull(seal.moment),
+                             .login = quotedOrNull(seal.login),
+                             .station = quotedOrNull(seal.station),
+                             .table = u"'bd_antspaudai'"_s,
+                             .key = TDatabase::quoted(QString::number(seal.id)),
+                             .operation = u"'I'"_s,
+                             .after = quotedOrNull(compact(told))}
+                      .text());
+}
+
+// What a seal is made for.
+struct TCause {
+    TSealEvent event;
+    std::optional<qlonglong> period = {};
+    QString reason = {};
+    TBookFingerprint before = {}; // of an upgrade
+};
+
+// The current month is told, so that a month closed without a seal shows.
+QByteArray totalsOf(TDatabase &db, const TCause &cause)
+{
+    QJsonObject totals;
+    if (!cause.reason.isEmpty())
+        totals.insert(u"priezastis"_s, cause.reason);
+    if (hasMonths(db)) {
+        const Variant current = db.fieldResult(u"select get_last_per_id() from dummy"_s);
+        totals.insert(u"einamasis"_s, current.isNull() ? QJsonValue() : QJsonValue(current.toLongLong()));
+        if (cause.event == TSealEvent::Close && cause.period)
+            totals.insert(u"uzdarytas"_s, monthTotals(db, *cause.period));
+    }
+    return compact(totals);
+}
+
+QByteArray stateAfter(TDatabase &db, const TCause &cause, const QByteArray &before, const TNumbers &records)
+{
+    if (takesContents(cause.event))
+        return compact(toJson(fingerprintOf(db)));
+    TBookFingerprint state = bookFingerprint(objectOf(before));
+    add(state, changedByHistory(db, records));
+    if (cause.event == TSealEvent::Upgrade)
+        addDifference(state, fingerprintOf(db), cause.before);
+    return compact(toJson(state));
+}
+
+void append(TDatabase &db, const TCause &cause)
+{
+    TTransaction transaction(&db);
+    lockForSeal(db, cause.event);
+    const QList<TSeal> before = readSeals(db);
+    const TSeal last = before.isEmpty() ? TSeal() : before.constLast();
+    TNumbers covered;
+    for (const TSeal &seal : before)
+        covered.add(TSealedRecords(seal.records).numbers);
+    TCoveredRecords records;
+    addUncovered(db, covered, records);
+
+    TSeal seal{last.id + 1};
+    signSeal(db, seal);
+    seal.event = eventText(cause.event).toUtf8();
+    seal.period = cause.period ? QByteArray::number(*cause.period) : QByteArray();
+    seal.records = records.toJson();
+    seal.totals = totalsOf(db, cause);
+    seal.state = stateAfter(db, cause, last.state, records.numbers);
+    seal.hash = seal.expectedHash(last.hash);
+    store(db, seal);
+    record(db, seal);
+    transaction.commit();
 }
 
 } // namespace
@@ -157,6 +208,10 @@ QString eventText(TSealEvent event)
     switch (event) {
     case TSealEvent::Beginning:
         return u"pradinis"_s;
+    case TSealEvent::Accepted:
+        return u"priimta"_s;
+    case TSealEvent::Upgrade:
+        return u"atnaujinimas"_s;
     case TSealEvent::Close:
         return u"uždarymas"_s;
     case TSealEvent::RollBack:
@@ -176,6 +231,12 @@ QByteArray TSeal::expectedHash(const QByteArray &hashBefore) const
          {hashBefore, QByteArray::number(id), moment, login, station, event, period, records, totals, state})
         addPart(hashing, part);
     return hashing.result().toHex();
+}
+
+bool TSeal::accepts() const
+{
+    return event == eventText(TSealEvent::Beginning).toUtf8() ||
+           event == eventText(TSealEvent::Accepted).toUtf8();
 }
 
 QList<TSeal> readSeals(TDatabase &db)
@@ -256,25 +317,21 @@ bool leavesRecords(TDatabase &db)
 
 void appendSeal(TDatabase &db, TSealEvent event, std::optional<qlonglong> period)
 {
-    TTransaction transaction(&db);
-    lockForSeal(db, event);
-    const QList<TSeal> before = readSeals(db);
-    const TSeal last = before.isEmpty() ? TSeal() : before.constLast();
-    TNumbers covered;
-    for (const TSeal &seal : before)
-        covered.add(TSealedRecords(seal.records).numbers);
-    TCoveredRecords records;
-    addUncovered(db, covered, records);
+    append(db, {event, period});
+}
 
-    TSeal seal{last.id + 1};
-    signSeal(db, seal);
-    seal.event = eventText(event).toUtf8();
-    seal.period = period ? QByteArray::number(*period) : QByteArray();
-    seal.records = records.toJson();
-    seal.totals = totalsOf(db, event, period);
-    seal.state = stateAfter(db, event, last.state, records.numbers);
-    seal.hash = seal.expectedHash(last.hash);
-    store(db, seal);
-    record(db, seal);
-    transaction.commit();
+void acceptContents(TDatabase &db, const QString &reason)
+{
+    append(db, {.event = TSealEvent::Accepted, .reason = reason});
+}
+
+TBookFingerprint contentsBeforeUpgrade(TDatabase &db)
+{
+    lockForSeal(db, TSealEvent::Upgrade);
+    return fingerprintOf(db);
+}
+
+void sealUpgrade(TDatabase &db, const TBookFingerprint &before)
+{
+    append(db, {.event = TSealEvent::Upgrade, .before = before});
 }

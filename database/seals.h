@@ -11,7 +11,9 @@
 // tables were; so contents, history and seals vouch for each other.
 
 enum class TSealEvent {
-    Beginning,   // the contents as they are, whatever the history says: new, filled or upgraded books
+    Beginning,   // the contents as they are, whatever the history says: new or filled books
+    Accepted,    // likewise, of books in which something was found
+    Upgrade,     // of the schema
     Close,       // of a month
     RollBack,    // of a month
     StartOfWork, // was set
@@ -26,12 +28,14 @@ struct TSeal {
     QByteArray event;   // in words
     QByteArray period;  // the month that was closed or rolled back; null for other events
     QByteArray records; // JSON: which records it covers, their fingerprint and checksum
-    QByteArray totals;  // JSON: the current month afterwards, and what the closed month held
+    QByteArray totals;  // JSON: the current month afterwards, what the closed month held, why it was accepted
     QByteArray state;   // JSON: the fingerprints of all tables
     QByteArray hash;
 
     // What the hash must be after the seal before.
     QByteArray expectedHash(const QByteArray &hashBefore) const;
+    // Whether it takes the contents as they are.
+    bool accepts() const;
 };
 
 // How an event is worded in a seal and for people.
@@ -71,3 +75,12 @@ bool leavesRecords(TDatabase &db);
 // was closed or rolled back. The book must be at the latest revision and may be either; of the budget book no
 // totals are taken. Raises EDatabaseError; with the caller's transaction rolled back nothing was done.
 void appendSeal(TDatabase &db, TSealEvent event, std::optional<qlonglong> period = {});
+
+// Takes the contents as they are from here on, whatever the check found in them; reason: why, in words.
+void acceptContents(TDatabase &db, const QString &reason);
+
+// What the tables hold before a revision changes them; nobody writes until the end of the transaction.
+TBookFingerprint contentsBeforeUpgrade(TDatabase &db);
+// Seals what a revision did to the contents, and nothing else that may have become of them. The rows that it
+// changed have left no records.
+void sealUpgrade(TDatabase &db, const TBookFingerprint &before);

@@ -8,8 +8,8 @@ namespace {
 
 constexpr int largestSize = 10000;
 
-const QStringList commands{u"create"_s, u"upgrade"_s, u"demo"_s,    u"check"_s, u"backup"_s,
-                           u"keep"_s,   u"verify"_s,  u"restore"_s, u"export"_s};
+const QStringList commands{u"create"_s, u"upgrade"_s, u"demo"_s,    u"check"_s,  u"backup"_s,
+                           u"keep"_s,   u"verify"_s,  u"restore"_s, u"export"_s, u"accept"_s};
 
 // What the user is told of the words that follow the command; empty when none do.
 QString wordsOf(const QString &command)
@@ -18,6 +18,8 @@ QString wordsOf(const QString &command)
         return u"lentelės ir failo vardų"_s;
     if (command == u"keep")
         return u"priežasties (diena, menuo, atsukimas, pradzia arba ranka)"_s;
+    if (command == u"accept")
+        return u"priežasties"_s;
     return command == u"backup" || command == u"verify" || command == u"restore" ? u"failo vardo"_s
                                                                                  : QString();
 }
@@ -51,7 +53,7 @@ void readCommand(const QStringList &words, TCommandLine &line)
     if (words.size() > expected)
         throw EUsage(u"Nereikalingas žodis „%1“."_s.arg(words.at(expected)));
     line.table = isExport ? words.at(1) : QString();
-    line.file = expected > 1 ? words.last() : QString();
+    (line.command == u"accept" ? line.reason : line.file) = expected > 1 ? words.last() : QString();
 }
 
 // A switch that only one command has.
@@ -163,6 +165,9 @@ Komandos
   demo             sukuria abi duomenų bazes su parodomaisiais mokyklos duomenimis; esamų neliečia
   upgrade          atnaujina esamas duomenų bazes iki šios programos redakcijos
   check            patikrina failus, nuorodas, periodus ir kontrolines sumas; nieko nekeičia
+  accept PRIEŽASTIS
+                   priima duomenis tokius, kokie yra: tai, ką „check“ rado ir kas jau išsiaiškinta,
+                   toliau neberodoma; priežastis lieka antspaude
   backup FAILAS    įrašo abi duomenų bazes į vieną atsarginės kopijos failą
   keep PRIEŽASTIS  padaro atsarginę kopiją kopijų kataloge ir pašalina nebereikalingas dienos kopijas:
                    lieka dvylika naujausių ir visos kitos; priežastis – diena (viena per dieną), menuo,

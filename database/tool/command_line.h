@@ -19,10 +19,11 @@ private:
 
 // What the program was asked to do.
 struct TCommandLine {
-    QString command; // "create", "upgrade", "demo", "check", "backup", "keep", "verify", "restore", "export";
-                     // empty when only help is asked for
+    QString command; // "create", "upgrade", "demo", "check", "backup", "keep", "verify", "restore", "export",
+                     // "accept"; empty when only help is asked for
     QString folder;  // of --data; exactly one of the two is given
     QString connInfo;                     // of --server
+    QString reason;                       // of accept
     QString file;                         // of backup, verify, restore and export
     BackupKind kind = BackupKind::ByHand; // of keep
     QString into;                         // of keep: the folder; empty: the usual one of embedded books

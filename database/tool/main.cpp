@@ -89,6 +89,8 @@ ExitCode run(const TCommandLine &line)
         createDemoBooks(*store, line.size, say);
     else if (line.command == u"verify")
         verifyBackup(*store, line.file, say);
+    else if (line.command == u"accept")
+        acceptBooks(*store, line.reason, say);
     else if (line.command == u"upgrade")
         upgradeBooks(*store, say);
     else

@@ -7,6 +7,7 @@
 -- object of its size and checksum, a password the text "pakeista". Of a routine they are the number of rows and
 -- the sums of the amounts.
 -- ist_login: null for a change by a program that no person has logged in to.
+-- ist_suma: the check sum of all columns but the number.
 create table bd_istorija (
     ist_id       bigint generated always as identity primary key,
     ist_laikas   varchar(23) not null,
@@ -17,7 +18,8 @@ create table bd_istorija (
     ist_veiksmas varchar(1) not null check (ist_veiksmas in ('I', 'U', 'D', 'R')),
     ist_buvo     text check (jsonb_typeof(ist_buvo::jsonb) = 'object'),
     ist_yra      text check (jsonb_typeof(ist_yra::jsonb) = 'object'),
-    ist_pedsakas text check (jsonb_typeof(ist_pedsakas::jsonb) = 'object')
+    ist_pedsakas text check (jsonb_typeof(ist_pedsakas::jsonb) = 'object'),
+    ist_suma     bigint not null
 );
 
 create index ix_bd_istorija_laikas on bd_istorija (ist_laikas, ist_id);
@@ -42,32 +44,51 @@ for each row execute function tr_istorijos_apsauga();
 create trigger tr_bd_istorija_trinta before truncate on bd_istorija
 for each statement execute function tr_istorijos_apsauga();
 
--- A record in the name of the session's person.
-create function sys_irasyti_istorija(lentele text, raktas text, veiksmas text, buvo jsonb, yra jsonb,
-                                     pedsakas jsonb default null) returns void
-language sql
+-- The check sum of a record: what changes in it past the program shows, even before a seal covers it.
+create function sys_iraso_suma(laikas text, login text, stotis text, lentele text, raktas text, veiksmas text,
+                               buvo text, yra text, pedsakas text) returns bigint
+language sql immutable parallel safe
 as $$
-    insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas, ist_buvo,
-                             ist_yra, ist_pedsakas)
-    values (to_char(clock_timestamp(), 'YYYY-MM-DD HH24:MI:SS.MS'),
-            nullif(current_setting('velmora.login', true), ''),
-            nullif(current_setting('velmora.stotis', true), ''), lentele, raktas, veiksmas, buvo, yra, pedsakas)
+    select hashtextextended(quote_nullable(laikas) || quote_nullable(login) || quote_nullable(stotis)
+                            || quote_nullable(lentele) || quote_nullable(raktas) || quote_nullable(veiksmas)
+                            || quote_nullable(buvo) || quote_nullable(yra) || quote_nullable(pedsakas), 0)
+$$;
+
+-- Every record gets its sum, whoever writes it; one that is restored from a backup has it.
+create function tr_istorijos_suma() returns trigger
+language plpgsql
+as $$
+begin
+    new.ist_suma := sys_iraso_suma(new.ist_laikas, new.ist_login, new.ist_stotis, new.ist_lentele, new.ist_raktas,
+                                   new.ist_veiksmas, new.ist_buvo, new.ist_yra, new.ist_pedsakas);
+    return new;
+end $$;
+
+create trigger tr_bd_istorija_suma before insert on bd_istorija
+for each row when (new.ist_suma is null) execute function tr_istorijos_suma();
+
+-- Who changes rows and when, as a record says it.
+create function sys_kas_keicia(out laikas text, out login text, out stotis text)
+language sql volatile
+as $$
+    select to_char(clock_timestamp(), 'YYYY-MM-DD HH24:MI:SS.MS'),
+           nullif(current_setting('velmora.login', true), ''),
+           nullif(current_setting('velmora.stotis', true), '')
 $$;
 
 -- A row without what has no place in a record: of pictures stand size and checksum, of passwords that there is
--- one.
-create function sys_istorijos_eilute(eilute jsonb, paveikslai text[]) returns jsonb
+-- one. slepiami: the columns of both.
+create function sys_istorijos_eilute(eilute jsonb, slepiami text[]) returns jsonb
 language plpgsql stable
 as $$
 declare
     stulpelis text;
     turinys bytea;
 begin
-    if eilute ? 'usr_pasw' then
-        eilute := eilute || '{"usr_pasw": "pakeista"}';
-    end if;
-    foreach stulpelis in array paveikslai loop
-        if eilute ->> stulpelis is not null then
+    foreach stulpelis in array slepiami loop
+        if stulpelis = 'usr_pasw' and eilute ? stulpelis then
+            eilute := eilute || '{"usr_pasw": "pakeista"}';
+        elsif eilute ->> stulpelis is not null then
             turinys := (eilute ->> stulpelis)::bytea;
             eilute := jsonb_set(eilute, array[stulpelis],
                                 jsonb_build_object('baitai', length(turinys),
@@ -77,52 +98,93 @@ begin
     return eilute;
 end $$;
 
--- The record of one row. Arguments of the trigger: the columns of the key and those of pictures, each list with
--- commas between. It has the rights of the table's owner, so that no other role needs any on the history.
+-- The values of a row's key joined with '|'; a key has four columns at most.
+create function sys_eilutes_raktas(eilute jsonb, raktai text[]) returns text
+language sql immutable parallel safe
+as $$
+    select concat_ws('|', eilute ->> raktai[1], eilute ->> raktai[2], eilute ->> raktai[3], eilute ->> raktai[4])
+$$;
+
+-- Eight bits of a password, so that a former one cannot be told from its fingerprint.
+create function sys_slaptazodzio_pedsakas(slaptazodis text) returns bigint
+language sql immutable parallel safe
+as $$
+    select coalesce(hashtextextended(slaptazodis, 0) & 255, 0)
+$$;
+
+-- What the history keeps of a password beside its record; null for a row without one.
+create function sys_slaptazodziu_pedsakai(buvo jsonb, yra jsonb) returns jsonb
+language sql stable
+as $$
+    select case when coalesce(buvo, yra) ? 'usr_pasw'
+                then jsonb_build_object('usr_pasw', jsonb_build_array(
+                         case when buvo is null then 0 else sys_slaptazodzio_pedsakas(buvo ->> 'usr_pasw') end,
+                         case when yra is null then 0 else sys_slaptazodzio_pedsakas(yra ->> 'usr_pasw') end))
+           end
+$$;
+
+-- The records of a statement's rows. Arguments of the trigger: the columns of the key and those that a record does
+-- not show, each list with commas between. It has the rights of the table's owner, so that no other role needs
+-- any on the history. Each row is made JSON once: hence the materialized parts.
+-- The engine keeps the rows before and the rows after of an update in the order in which it changed them: that is
+-- how they find each other, as their keys may have changed.
 create function tr_istorija() returns trigger
 language plpgsql security definer
 set search_path from current
+set jit = off
 as $$
 declare
-    paveikslai constant text[] := string_to_array(tg_argv[1], ',');
-    eilute constant jsonb := case tg_op when 'DELETE' then to_jsonb(old) else to_jsonb(new) end;
-    raktas text;
-    senas_raktas text;
-    buvo jsonb;
-    yra jsonb;
-    pedsakas jsonb;
+    raktai constant text[] := string_to_array(tg_argv[0], ',');
+    slepiami constant text[] := string_to_array(tg_argv[1], ',');
+    kas constant record := sys_kas_keicia();
 begin
-    select string_agg(eilute ->> stulpelis, '|' order by nr), string_agg(to_jsonb(old) ->> stulpelis, '|' order by nr)
-    into raktas, senas_raktas
-    from unnest(string_to_array(tg_argv[0], ',')) with ordinality as r (stulpelis, nr);
-    if tg_op = 'UPDATE' then
-        -- Where the key changed the record shows the whole row: the history of the old key ends with it.
-        select jsonb_object_agg(key, b.value), jsonb_object_agg(key, n.value) into buvo, yra
-        from jsonb_each(to_jsonb(old)) b join jsonb_each(eilute) n using (key)
-        where b.value is distinct from n.value or raktas <> senas_raktas;
-    elsif tg_op = 'INSERT' then
-        yra := eilute;
+    if tg_op = 'INSERT' then
+        insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas, ist_yra,
+                                 ist_pedsakas)
+        with eilutes as materialized (select to_jsonb(yra) as n from yra)
+        select kas.laikas, kas.login, kas.stotis, tg_table_name, sys_eilutes_raktas(n, raktai), 'I',
+               case slepiami when '{}' then n else sys_istorijos_eilute(n, slepiami) end,
+               case slepiami when '{}' then null else sys_slaptazodziu_pedsakai(null, n) end
+        from eilutes;
+    elsif tg_op = 'DELETE' then
+        insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas, ist_buvo,
+                                 ist_pedsakas)
+        with eilutes as materialized (select to_jsonb(buvo) as s from buvo)
+        select kas.laikas, kas.login, kas.stotis, tg_table_name, sys_eilutes_raktas(s, raktai), 'D',
+               case slepiami when '{}' then s else sys_istorijos_eilute(s, slepiami) end,
+               case slepiami when '{}' then null else sys_slaptazodziu_pedsakai(s, null) end
+        from eilutes;
     else
-        buvo := eilute;
+        insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas, ist_buvo,
+                                 ist_yra, ist_pedsakas)
+        with senos as materialized (select row_number() over () as nr, to_jsonb(buvo) as s from buvo),
+             naujos as materialized (select row_number() over () as nr, to_jsonb(yra) as n from yra),
+             keistos as materialized (select nr, s, n, sys_eilutes_raktas(n, raktai) as raktas,
+                                             sys_eilutes_raktas(s, raktai) as senas_raktas
+                                      from senos join naujos using (nr)
+                                      where s <> n)
+        select kas.laikas, kas.login, kas.stotis, tg_table_name, raktas, 'U',
+               case slepiami when '{}' then d.buvo else sys_istorijos_eilute(d.buvo, slepiami) end,
+               case slepiami when '{}' then d.yra else sys_istorijos_eilute(d.yra, slepiami) end,
+               case slepiami when '{}' then null else sys_slaptazodziu_pedsakai(s, n) end
+        from keistos
+        -- Where the key changed all columns are shown: the history of the old key ends with the record.
+        cross join lateral (select jsonb_object_agg(key, value) as buvo, jsonb_object_agg(key, n -> key) as yra
+                            from jsonb_each(s)
+                            where value is distinct from n -> key or raktas <> senas_raktas) d
+        order by nr;
     end if;
-    if eilute ? 'usr_pasw' then
-        pedsakas := jsonb_build_object('usr_pasw', jsonb_build_array(
-            case when tg_op = 'INSERT' then 0 else sys_slaptazodzio_pedsakas(to_jsonb(old) ->> 'usr_pasw') end,
-            case when tg_op = 'DELETE' then 0 else sys_slaptazodzio_pedsakas(to_jsonb(new) ->> 'usr_pasw') end));
-    end if;
-    perform sys_irasyti_istorija(tg_table_name::text, raktas, left(tg_op, 1),
-                                 sys_istorijos_eilute(buvo, paveikslai),
-                                 sys_istorijos_eilute(yra, paveikslai), pedsakas);
     return null;
 end $$;
 
--- The columns of a table that stand at these places, or are of this type, with commas between.
-create function sys_stulpeliai(lentele oid, vietos smallint[], tipas regtype) returns text
-language sql stable
+-- A record in the name of the session's person.
+create function sys_irasyti_istorija(lentele text, raktas text, veiksmas text, buvo jsonb, yra jsonb,
+                                     pedsakas jsonb) returns void
+language sql
 as $$
-    select coalesce(string_agg(attname, ',' order by array_position(vietos, attnum), attnum), '')
-    from pg_attribute
-    where attrelid = lentele and attnum > 0 and not attisdropped and (attnum = any (vietos) or atttypid = tipas)
+    insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas, ist_buvo,
+                             ist_yra, ist_pedsakas)
+    select laikas, login, stotis, lentele, raktas, veiksmas, buvo, yra, pedsakas from sys_kas_keicia()
 $$;
 
 -- Puts every table with a key under history. While a routine is under way, or new books are filled, the setting
@@ -132,20 +194,26 @@ language plpgsql
 as $$
 declare
     l record;
-    kada constant text := 'when (coalesce(current_setting(''velmora.rutina'', true), '''') = ''''%s) '
-        'execute function tr_istorija(%L, %L)';
 begin
     for l in
-        select relname, sys_stulpeliai(c.oid, indkey::smallint[], null) as raktas,
-               sys_stulpeliai(c.oid, null, 'bytea') as paveikslai
+        select relname,
+               (select string_agg(attname, ',' order by array_position(indkey::smallint[], attnum))
+                from pg_attribute where attrelid = c.oid and attnum = any (indkey)) as raktai,
+               (select coalesce(string_agg(attname, ','), '')
+                from pg_attribute
+                where attrelid = c.oid and (atttypid = 'bytea'::regtype or attname = 'usr_pasw')) as slepiami
         from pg_class c join pg_index on indrelid = c.oid and indisprimary
         where relkind = 'r' and relnamespace = current_schema()::regnamespace and relname not like 'sys\_%'
           and relname not in ('bd_versija', 'bd_istorija', 'bd_antspaudai')
     loop
-        execute format('create or replace trigger tr_istorija_eilutes after insert or delete on %I for each row '
-                       || kada, l.relname, '', l.raktas, l.paveikslai);
-        execute format('create or replace trigger tr_istorija_keista after update on %I for each row '
-                       || kada, l.relname, ' and old.* is distinct from new.*', l.raktas, l.paveikslai);
+        execute (select string_agg(format('create or replace trigger tr_istorija_%s after %s on %I referencing %s '
+                                          'for each statement '
+                                          'when (coalesce(current_setting(''velmora.rutina'', true), '''') = '''') '
+                                          'execute function tr_istorija(%L, %L);',
+                                          pavadinimas, veiksmas, l.relname, eilutes, l.raktai, l.slepiami), ' ')
+                 from (values ('nauja', 'insert', 'new table as yra'),
+                              ('keista', 'update', 'old table as buvo new table as yra'),
+                              ('trinta', 'delete', 'old table as buvo')) v (pavadinimas, veiksmas, eilutes));
     end loop;
 end $$;
 

@@ -26,12 +26,21 @@ end $$;
 create trigger tr_bd_antspaudai before update or delete or truncate on bd_antspaudai
 for each statement execute function tr_antspaudai();
 
--- Eight bits of a password, so that a former one cannot be told from its fingerprint.
-create function sys_slaptazodzio_pedsakas(slaptazodis text) returns bigint
-language sql immutable parallel safe
+-- A record of history tells of each seal, so that the last one cannot be removed unseen. It has the rights of the
+-- table's owner, so that no other role needs any on the history.
+create function tr_antspaudo_irasas() returns trigger
+language plpgsql security definer
+set search_path from current
 as $$
-    select coalesce(hashtextextended(slaptazodis, 0) & 255, 0)
-$$;
+begin
+    insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas, ist_yra)
+    values (new.ant_laikas, new.ant_login, new.ant_stotis, 'bd_antspaudai', new.ant_id, 'I',
+            jsonb_build_object('ant_ivykis', new.ant_ivykis, 'ant_antspaudas', new.ant_antspaudas));
+    return null;
+end $$;
+
+create trigger tr_bd_antspaudai_irasas after insert on bd_antspaudai
+for each row execute function tr_antspaudo_irasas();
 
 -- A fingerprint of a value is 31 bits of a hash that the server keeps the same in all its versions, seeded by the
 -- column's name; a null has one of its own.

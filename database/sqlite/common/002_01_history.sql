@@ -7,6 +7,7 @@
 -- object of its size and checksum, a password the text "pakeista". Of a routine they are the number of rows and
 -- the sums of the amounts.
 -- ist_login: null for a change by a program that no person has logged in to.
+-- ist_suma: the check sum of all columns but the number.
 create table bd_istorija (
     ist_id       integer primary key autoincrement,
     ist_laikas   varchar(23) not null check (length(ist_laikas) = 23),
@@ -17,7 +18,8 @@ create table bd_istorija (
     ist_veiksmas varchar(1) not null check (ist_veiksmas in ('I', 'U', 'D', 'R')),
     ist_buvo     text check (ist_buvo is null or json_valid(ist_buvo)),
     ist_yra      text check (ist_yra is null or json_valid(ist_yra)),
-    ist_pedsakas text check (ist_pedsakas is null or json_valid(ist_pedsakas))
+    ist_pedsakas text check (ist_pedsakas is null or json_valid(ist_pedsakas)),
+    ist_suma     integer not null
 );
 
 create index ix_bd_istorija_laikas on bd_istorija (ist_laikas, ist_id);

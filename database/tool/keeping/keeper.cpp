@@ -3,6 +3,7 @@
 #include "database/demo/demo.h"
 #include "database/history.h"
 #include "database/schema.h"
+#include "database/seals.h"
 #include "database/tool/keeping/new_books.h"
 #include "toolkit/data/statement.h"
 #include "toolkit/export/table_export.h"
@@ -89,6 +90,17 @@ QStringList checkBooks(TStore &store, const TProgress &progress)
     store.refuseWhenMissing();
     TOpenBooks books(readOnly(store.books()));
     return findProblems(books.fin, books.ravl, progress);
+}
+
+void acceptBooks(TStore &store, const QString &reason, const TProgress &progress)
+{
+    if (reason.trimmed().isEmpty())
+        throw Exception(u"Parašykite, kodėl duomenys priimami tokie, kokie yra."_s);
+    for (const QString &finding : checkBooks(store, progress))
+        progress(u"Rasta: "_s + finding);
+    TOpenBooks books(store.books());
+    for (TDatabase *db : {&books.fin, &books.ravl})
+        acceptContents(*db, reason.trimmed());
 }
 
 qlonglong exportTableOf(TStore &store, const TTableChoice &choice, const QString &file,

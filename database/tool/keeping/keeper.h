@@ -23,6 +23,10 @@ void upgradeBooks(TStore &store, const TProgress &progress);
 // The findings of the check, each in words.
 QStringList checkBooks(TStore &store, const TProgress &progress);
 
+// Takes the contents of both databases as they are: what the check finds of changes past the program is told
+// once more and not again afterwards. The reason stays in the seals. Refuses when there is none.
+void acceptBooks(TStore &store, const QString &reason, const TProgress &progress);
+
 // Writes both databases, each as it is at one moment, into one file. Refuses when the file exists. Each copy
 // is loaded or read as a whole and compared with what was copied, and every byte read again before the file
 // gets its name.

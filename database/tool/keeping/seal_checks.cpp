@@ -48,25 +48,6 @@ bool isSetBack(const QByteArray &before, const QByteArray &after)
     return after < before && moment(after).secsTo(moment(before)) > patience;
 }
 
-bool isJson(const QByteArray &text)
-{
-    return text.isNull() || QJsonDocument::fromJson(text).isObject();
-}
-
-// Of a password a record says one word, whatever the password is.
-bool isWordOfPassword(const QByteArray &side)
-{
-    const QJsonValue word = objectOf(side).value(u"usr_pasw");
-    return word.isUndefined() || word == u"pakeista"_s;
-}
-
-// Whether all of a record that no seal covers yet can be what the program wrote.
-bool isWhole(const THistoryRecord &record)
-{
-    return isJson(record.before) && isJson(record.after) && isJson(record.prints) &&
-           isWordOfPassword(record.before) && isWordOfPassword(record.after);
-}
-
 // What another program changed, as people read it.
 QString toldOf(const THistoryRecord &record)
 {
@@ -101,22 +82,45 @@ public:
         for (const TSeal &seal : check.seals) {
             sealed.push_back(TSealedRecords(seal.records));
             check.sealed.add(sealed.back().numbers);
-            if (seal.event == eventText(TSealEvent::Beginning).toUtf8())
-                accepted.add(sealed.back().numbers);
+            if (seal.accepts())
+                accept(seal);
         }
     }
 
     void run(TDatabase &db)
     {
         eachRecord(db, u"true"_s, [this](const THistoryRecord &record) { look(record); });
-        for (size_t i = 0; i < sealed.size(); ++i)
-            checkCovered(check.seals.at(qsizetype(i)), sealed[i], covered[i]);
+        TNumbers told;
+        for (size_t i = 0; i < sealed.size(); ++i) {
+            if (!checkCovered(check.seals.at(qsizetype(i)), sealed[i], covered[i]))
+                told.add(sealed[i].numbers);
+        }
+        checkSums(db, told);
         if (db.engine() == Engine::Sqlite)
             checkNumbers(db);
         tellRemarks();
     }
 
 private:
+    // A record that came before is taken as it is.
+    void accept(const TSeal &seal)
+    {
+        accepted.add(sealed.back().numbers);
+        const QString reason = objectOf(seal.totals).value(u"priezastis").toString();
+        if (!reason.isEmpty())
+            remarks.append(u"%1: %2 duomenys priimti tokie, kokie buvo: %3."_s.arg(
+                title, QString::fromUtf8(seal.moment), reason));
+    }
+
+    // Records that a seal told of already are left out.
+    void checkSums(TDatabase &db, const TNumbers &told)
+    {
+        for (const qlonglong number : damagedRecords(db)) {
+            if (!accepted.contains(number) && !told.contains(number))
+                findings.add(u"%1: pakeistas pakeitimų istorijos įrašas Nr. %2."_s.arg(title).arg(number));
+        }
+    }
+
     void look(const THistoryRecord &record)
     {
         const bool isSealed = check.sealed.contains(record.id);
@@ -124,9 +128,6 @@ private:
             covered[sealOf(record.id)].add(record);
         else
             check.unsealed.add(record.id);
-        if (!isSealed && !isWhole(record))
-            findings.add(
-                u"%1: neperskaitomas pakeitimų istorijos įrašas Nr. %2."_s.arg(title).arg(record.id));
         if (record.login.isEmpty() && !accepted.contains(record.id) && record.table != "bd_antspaudai")
             findings.add(
                 u"%1: %2 kita programa %3."_s.arg(title, QString::fromUtf8(record.moment), toldOf(record)));
@@ -162,16 +163,17 @@ private:
             progress(u"Pastaba: "_s + remark);
     }
 
-    // The quotient of the two differences is the number of the one record that was changed.
-    void checkCovered(const TSeal &seal, const TSealedRecords &expected, const TCoveredRecords &present)
+    // Whether the records are those that the seal covers. The quotient of the two differences is the number
+    // of the one record that was changed.
+    bool checkCovered(const TSeal &seal, const TSealedRecords &expected, const TCoveredRecords &present)
     {
         if (present.toJson() == seal.records)
-            return;
+            return true;
         bool allThere = true;
         for (const auto &[from, to] : expected.numbers.runs().asKeyValueRange())
             allThere = !tellMissing(present.numbers.missing(from, to)) && allThere;
         if (!allThere)
-            return;
+            return false;
         const TFingerprint difference = present.print - expected.print;
         const TWideSum number = difference.values != 0 ? difference.keyed / difference.values : 0;
         if (number > 0 && number * difference.values == difference.keyed &&
@@ -182,6 +184,7 @@ private:
         else
             findings.add(
                 u"%1: pakeisti pakeitimų istorijos įrašai, kuriuos saugo %2."_s.arg(title, titleOf(seal)));
+        return false;
     }
 
     bool tellMissing(const TNumbers &numbers)
@@ -254,7 +257,7 @@ QMap<qlonglong, TSeal> closedMonths(const QList<TSeal> &seals)
             closed.insert(seal.period.toLongLong(), seal);
         else if (seal.event == eventText(TSealEvent::RollBack).toUtf8())
             closed.remove(objectOf(seal.totals).value(u"einamasis").toInteger());
-        else if (seal.event != eventText(TSealEvent::SetUp).toUtf8())
+        else if (seal.accepts() || seal.event == eventText(TSealEvent::StartOfWork).toUtf8())
             closed.clear();
     }
     return closed;

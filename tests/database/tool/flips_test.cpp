@@ -31,8 +31,7 @@ quint32 seed()
 
 const auto silent = [](const QString &) {};
 
-// Books that were worked in, and sealed. A record that no seal covers yet can be damaged unseen where it says
-// who and when.
+// Books that were worked in, with records that a seal covers and records that none does.
 class Flips : public testing::Test {
 protected:
     void SetUp() override
@@ -47,8 +46,7 @@ protected:
         appendSeal(*fin, TSealEvent::Close, month);
         work(*fin);
         ravl->ExecSQL(u"update bd_usr set usr_pasw = 'naujas' where usr_id = 1"_s);
-        for (TDatabase *db : {fin.get(), ravl.get()})
-            appendSeal(*db, TSealEvent::SetUp);
+        work(*fin);
     }
 
     static void work(TDatabase &fin)
@@ -57,7 +55,9 @@ protected:
         fin.ExecSQL(u"insert into bd_dbkrsut (dks_dkaid, dks_nr, dks_suma) values (1, 'S-1', 12.5)"_s);
     }
 
-    // What the tables hold, read as the engine finds it; empty when it cannot be read at all.
+    // What the tables hold, read as the engine finds it; empty when it cannot be read at all. Passwords are
+    // left out: the guards keep eight bits of them and no more, so that nobody can guess a former one from
+    // the history.
     static QByteArray contents(const TSessionSettings &settings)
     {
         QCryptographicHash hash(QCryptographicHash::Sha256);
@@ -70,8 +70,9 @@ protected:
                  columnOf(db, u"select name from sqlite_schema where type = 'table'"_s)) {
                 hash.addData(table.toUtf8());
                 QStringList values;
-                for (const QString &column :
-                     columnOf(db, u"select name from pragma_table_info('%1')"_s.arg(table)))
+                for (const QString &column : columnOf(
+                         db,
+                         u"select name from pragma_table_info('%1') where name <> 'usr_pasw'"_s.arg(table)))
                     values.append(u"quote(\"%1\")"_s.arg(column));
                 eachRow(db, u"select %1 from \"%2\" not indexed"_s.arg(values.join(u" || ',' || "_s), table),
                         [&hash](const QSqlQuery &row) { hash.addData(row.value(0).toByteArray() + '\n'); });

@@ -1,4 +1,5 @@
 #include "database/history.h"
+#include "database/schema.h"
 #include "database/seals.h"
 #include "tests/database/tool/demo_store.h"
 
@@ -24,15 +25,23 @@ protected:
     {
         for (const QString &trigger : triggers)
             fin->nativeExec(embedded() ? u"drop trigger "_s + trigger
-                                       : u"alter table %1 disable trigger user"_s.arg(table));
+                                       : u"alter table %1 disable trigger %2"_s.arg(table, trigger));
     }
     void disarmSeals()
     {
-        disarm(u"bd_antspaudai"_s, {u"tr_bd_antspaudai_keisti"_s, u"tr_bd_antspaudai_trinti"_s});
+        disarm(u"bd_antspaudai"_s,
+               embedded() ? QStringList{u"tr_bd_antspaudai_keisti"_s, u"tr_bd_antspaudai_trinti"_s}
+                          : QStringList{u"tr_bd_antspaudai"_s});
     }
     void disarmHistory()
     {
         disarm(u"bd_istorija"_s, {u"tr_bd_istorija_keista"_s, u"tr_bd_istorija_trinta"_s});
+    }
+    // What is changed in the table from here on leaves no record.
+    void forget(const QString &table)
+    {
+        fin->nativeExec(embedded() ? u"drop trigger temp.ist_%1_u"_s.arg(table)
+                                   : u"set local velmora.rutina = 'pildymas'"_s);
     }
 
     void expectTold(const QStringList &findings, const QString &onFile, const QString &onServer)
@@ -216,6 +225,77 @@ TEST_P(Seals, AChangedAndARemovedRecordOfHistoryAreNamed)
               QStringList{u"velmora_fin: dingo pakeitimų istorijos įrašas Nr. %1."_s.arg(number)});
 }
 
+// Neither its moment nor its person nor its password's fingerprint shows in what the tables hold.
+TEST_P(Seals, ARecordThatNoSealCoversYetIsNamedWhateverChangedInIt)
+{
+    logIn();
+    for (const QString &change :
+         {u"ist_laikas = '2026-01-01 00:00:00.000'"_s, u"ist_login = 'petras'"_s, u"ist_stotis = null"_s,
+          u"ist_lentele = 'bd_pad'"_s, u"ist_raktas = '2'"_s, u"ist_veiksmas = 'D'"_s, u"ist_buvo = '{}'"_s,
+          u"ist_yra = null"_s, u"ist_pedsakas = '{}'"_s, u"ist_suma = 5"_s}) {
+        TTransaction undone(fin.get());
+        fin->ExecSQL(u"update bd_kasos set kas_pavad = 'Kita' where kas_id = 1"_s);
+        ASSERT_EQ(findings(), QStringList());
+        disarmHistory();
+        const QString number = value(*fin, u"select max(ist_id) from bd_istorija"_s);
+        fin->nativeExec(u"update bd_istorija set %1 where ist_id = %2"_s.arg(change, number));
+        EXPECT_TRUE(
+            findings().contains(u"velmora_fin: pakeistas pakeitimų istorijos įrašas Nr. %1."_s.arg(number)))
+            << change.toStdString() << '\n'
+            << findings().join(u'\n').toStdString();
+    }
+}
+
+TEST_P(Seals, ADamagedRecordIsNotHiddenByTheNextSeal)
+{
+    logIn();
+    TTransaction undone(fin.get());
+    fin->ExecSQL(u"update bd_kasos set kas_pavad = 'Kita' where kas_id = 1"_s);
+    disarmHistory();
+    const QString number = value(*fin, u"select max(ist_id) from bd_istorija"_s);
+    fin->nativeExec(u"update bd_istorija set ist_login = 'petras' where ist_id = "_s + number);
+    closeMonth();
+    EXPECT_EQ(findings(),
+              QStringList{u"velmora_fin: pakeistas pakeitimų istorijos įrašas Nr. %1."_s.arg(number)});
+}
+
+TEST_P(Seals, WhatIsAcceptedIsToldNoMoreAndTheReasonStays)
+{
+    logIn();
+    TTransaction undone(fin.get());
+    fin->ExecSQL(u"update bd_kasos set kas_pavad = 'Kita' where kas_id = 1"_s);
+    disarmHistory();
+    fin->nativeExec(u"update bd_istorija set ist_stotis = 'svetima' where ist_id = (select max(ist_id) from "
+                    "bd_istorija)"_s);
+    forget(u"bd_kasos"_s);
+    fin->nativeExec(u"update bd_kasos set kas_pavad = 'Ne per programą' where kas_id = 1"_s);
+    ASSERT_EQ(findings().size(), 2);
+    acceptContents(*fin, u"atkurta iš popierių"_s);
+    QStringList told;
+    EXPECT_EQ(findProblems(*fin, *ravl, [&told](const QString &text) { told.append(text); }), QStringList());
+    EXPECT_TRUE(told.join(u'\n').contains(u"duomenys priimti tokie, kokie buvo: atkurta iš popierių."_s))
+        << told.join(u'\n').toStdString();
+    fin->nativeExec(u"update bd_kasos set kas_pavad = 'Ir vėl' where kas_id = 1"_s);
+    EXPECT_EQ(findings().size(), 1);
+}
+
+// A revision seals what it did itself; what another program did before stays a finding.
+TEST_P(Seals, AnUpgradeHidesNothing)
+{
+    QList<TRevision> list = revisions(GetParam(), Book::Main);
+    list.append({latestRevision() + 1,
+                 {u"alter table bd_kasos add column kas_nauja varchar(5);"
+                  "update bd_kasos set kas_nauja = 'N', kas_pavad = kas_pavad || '!';"_s}});
+    TTransaction undone(fin.get());
+    disarmHistory();
+    fin->nativeExec(u"update du_veikl set vkl_pavad = 'Svetima' where vkl_id = 1"_s);
+    const QStringList before = findings();
+    ASSERT_NE(before, QStringList());
+    upgrade(*fin, Book::Main, list);
+    fin->nativeExec(u"update bd_versija set ver_numeris = %1"_s.arg(latestRevision()));
+    EXPECT_EQ(findings(), before);
+}
+
 TEST_P(Seals, ARecordOfASealThatSaysSomethingElseIsNamed)
 {
     logIn();
@@ -243,8 +323,7 @@ TEST_P(Seals, ValuesThatOnlyChangePlacesAreFound)
     fin->ExecSQL(u"insert into du_veikl (vkl_id, vkl_kodas, vkl_pavad) values (903, 3, 'Bb')"_s);
     fin->ExecSQL(u"insert into du_veikl (vkl_id, vkl_kodas, vkl_pavad) values (904, 4, 'Aa')"_s);
     ASSERT_EQ(findings(), QStringList());
-    fin->nativeExec(embedded() ? u"drop trigger temp.ist_du_veikl_u"_s
-                               : u"set local velmora.rutina = 'pildymas'"_s);
+    forget(u"du_veikl"_s);
     fin->nativeExec(u"update du_veikl set vkl_pavad = case vkl_pavad when 'Aa' then 'Bb' else 'Aa' end "
                     "where vkl_id > 900"_s);
     const QStringList found = findings();
@@ -287,11 +366,36 @@ TEST_P(Seals, AClockSetBackIsARemarkAndNoFinding)
     TTransaction undone(fin.get());
     fin->ExecSQL(u"update bd_kasos set kas_pavad = 'Kasa' where kas_id = 1"_s);
     fin->nativeExec(
-        u"insert into bd_istorija (ist_laikas, ist_login, ist_lentele, ist_raktas, ist_veiksmas, ist_buvo, "
-        "ist_yra) values ('2020-01-01 00:00:00.000', 'ona', 'bd_kasos', '1', 'U', '{}', '{}')"_s);
+        embedded()
+            ? TRecordSql{.moment = u"'2020-01-01 00:00:00.000'"_s,
+                         .table = u"'bd_kasos'"_s,
+                         .key = u"'1'"_s,
+                         .operation = u"'U'"_s,
+                         .before = u"'{}'"_s,
+                         .after = u"'{}'"_s}
+                  .text()
+            : u"insert into bd_istorija (ist_laikas, ist_login, ist_lentele, ist_raktas, ist_veiksmas, "
+              "ist_buvo, ist_yra) values ('2020-01-01 00:00:00.000', 'ona', 'bd_kasos', '1', 'U', '{}', "
+              "'{}')"_s);
     QStringList told;
     EXPECT_EQ(findProblems(*fin, *ravl, [&told](const QString &text) { told.append(text); }), QStringList());
     EXPECT_TRUE(told.join(u'\n').contains(u"buvo atsuktas laikrodis"_s)) << told.join(u'\n').toStdString();
+}
+
+TEST(AcceptedBooks, HaveAReasonInBothSeals)
+{
+    const auto silent = [](const QString &) {};
+    const TestPlace place(Engine::Sqlite);
+    createBooks(*place.store(), silent);
+    const auto last =
+        u"select ant_id || ant_ivykis || ant_sumos from bd_antspaudai where ant_id = (select max(ant_id) from bd_antspaudai)"_s;
+    EXPECT_THROW(acceptBooks(*place.store(), u" "_s, silent), Exception);
+    EXPECT_TRUE(value(*place.fin(), last).startsWith(u"1pradinis"_s));
+    acceptBooks(*place.store(), u"patikrinta ranka "_s, silent);
+    for (const auto &book : {place.fin(), place.ravl()})
+        EXPECT_TRUE(value(*book, last).startsWith(u"2priimta{"_s) &&
+                    value(*book, last).contains(u"\"patikrinta ranka\""_s))
+            << value(*book, last).toStdString();
 }
 
 // Books of the first revision with a row in them.
