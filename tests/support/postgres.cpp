@@ -65,6 +65,14 @@ void postgresExec(const QString &statement)
         qFatal("%s: %s", qPrintable(statement), qPrintable(query.lastError().text()));
 }
 
+QString postgresValue(const QString &query)
+{
+    QSqlQuery answer(administration());
+    if (!answer.exec(query) || !answer.next())
+        qFatal("%s: %s", qPrintable(query), qPrintable(answer.lastError().text()));
+    return answer.value(0).toString();
+}
+
 bool postgresHasDatabase(const QString &database)
 {
     QSqlQuery query(administration());
@@ -73,6 +81,18 @@ bool postgresHasDatabase(const QString &database)
     if (!query.exec())
         qFatal("pg_database: %s", qPrintable(query.lastError().text()));
     return query.next();
+}
+
+void postgresDropRolesOf(const QString &mainDatabase)
+{
+    postgresExec(u"do $$ declare r record; begin "
+                 "for r in select distinct p.rolname from pg_roles g join pg_auth_members on roleid = g.oid "
+                 "join pg_roles p on p.oid = member "
+                 "where g.rolname in ('%1_ziurovai', '%1_buhalteriai', '%1_administratoriai') "
+                 "and p.rolname not like '%1\\_%' and not p.rolcreaterole "
+                 "union all select rolname from pg_roles "
+                 "where rolname in ('%1_ziurovai', '%1_buhalteriai', '%1_administratoriai') "
+                 "loop execute format('drop role %I', r.rolname); end loop; end $$"_s.arg(mainDatabase));
 }
 
 OwnPostgres::OwnPostgres()

@@ -14,7 +14,14 @@ QString postgresConnInfo(const QString &database);
 // Statements for the server itself: creating and dropping databases and roles.
 void postgresExec(const QString &statement);
 
+// The first value that a query of the server gives.
+QString postgresValue(const QString &query);
+
 bool postgresHasDatabase(const QString &database);
+
+// Drops the groups of books whose main database is called so, and the logins of their persons. The databases
+// must be gone.
+void postgresDropRolesOf(const QString &mainDatabase);
 
 // A server of the caller's own, to be crashed and restarted at will; it goes with the object.
 class OwnPostgres {

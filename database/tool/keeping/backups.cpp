@@ -288,5 +288,7 @@ void verifyBackup(TStore &store, const QString &file, const TProgress &progress)
 QStringList restoreBooks(TStore &store, const QString &file, const TProgress &progress)
 {
     const TArchive archive = readFitting(store, file, progress);
-    return buildAside(store, [&] { buildFrom(store, file, archive, progress); });
+    const QStringList kept = buildAside(store, [&] { buildFrom(store, file, archive, progress); });
+    setUpLogins(store, progress);
+    return kept;
 }

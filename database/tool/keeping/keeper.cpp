@@ -52,6 +52,7 @@ void createFilledBooks(TStore &store, const TProgress &progress,
         applySchema(books.ravl, Book::Budget, progress);
         fill(books);
     });
+    setUpLogins(store, progress);
 }
 
 } // namespace
@@ -80,9 +81,12 @@ void createDemoBooks(TStore &store, int size, const TProgress &progress)
 void upgradeBooks(TStore &store, const TProgress &progress)
 {
     store.refuseWhenMissing();
-    TOpenBooks books(store.books());
-    applySchema(books.fin, Book::Main, progress);
-    applySchema(books.ravl, Book::Budget, progress);
+    {
+        TOpenBooks books(store.books());
+        applySchema(books.fin, Book::Main, progress);
+        applySchema(books.ravl, Book::Budget, progress);
+    }
+    setUpLogins(store, progress);
 }
 
 QStringList checkBooks(TStore &store, const TProgress &progress)

@@ -1,5 +1,8 @@
 #include "database/tool/keeping/new_books.h"
 
+#include "database/schema.h"
+#include "database/server_roles.h"
+
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
@@ -20,4 +23,15 @@ QStringList buildAside(TStore &store, const std::function<void()> &build)
         store.discardAside();
         throw;
     }
+}
+
+void setUpLogins(TStore &store, const TProgress &progress)
+{
+    if (store.books().fin.engine != Engine::PostgreSql)
+        return;
+    TOpenBooks books(store.books());
+    if (revisionOf(books.fin) != latestRevision() || revisionOf(books.ravl) != latestRevision())
+        return;
+    for (const QString &remark : setUpServerRoles(books.fin, books.ravl))
+        progress(remark);
 }

@@ -84,8 +84,8 @@ public:
     void load(const QString &file, const TSessionSettings &session) override
     {
         runServerProgram(u"pg_restore"_s,
-                         {u"--exit-on-error"_s, u"--no-owner"_s, u"--single-transaction"_s,
-                          u"--dbname="_s + databaseOf(session.connInfo), file},
+                         {u"--exit-on-error"_s, u"--no-owner"_s, u"--no-privileges"_s,
+                          u"--single-transaction"_s, u"--dbname="_s + databaseOf(session.connInfo), file},
                          session.connInfo);
     }
 

@@ -51,6 +51,7 @@ TestPlace::~TestPlace()
         return;
     for (const QString &name : everything())
         postgresExec(u"drop database %1 with (force)"_s.arg(name));
+    postgresDropRolesOf(prefix + u"fin"_s);
 }
 
 QStringList TestPlace::arguments() const
