@@ -3,6 +3,7 @@
 #include "host/common/msgbox.h"
 #include "host/common/waiting.h"
 #include "host/data/known_books.h"
+#include "host/data/own_login.h"
 #include "toolkit/widgets/guard.h"
 
 #include <QFileDialog>
@@ -11,13 +12,6 @@
 namespace {
 
 constexpr int helpOfInstitutions = 119;
-
-// A value of a connection word: between quotes it may hold any sign.
-QString quotedValue(QString value)
-{
-    value.replace('\\', "\\\\").replace('\'', "\\'");
-    return '\'' + value + '\'';
-}
 
 } // namespace
 
@@ -83,13 +77,15 @@ TBooksSettings TAddInstitutionDlg::typedServer()
     if (words.isEmpty())
         refuse("ServerEdit", "Neįvesti prisijungimo prie serverio žodžiai");
     if (!PassEdit->text().isEmpty())
-        words += " password=" + quotedValue(PassEdit->text());
+        words += " password=" + quotedWord(PassEdit->text());
     TBooksSettings typed = TBooksSettings::server(words);
     try {
         typed.books();
     } catch (const EConvertError &error) {
         refuse("ServerEdit", error.message());
     }
+    if (haveOwnLogins(typed) && !PassEdit->text().isEmpty())
+        refuse("PassEdit", "Be user= kiekvienas jungiasi savo vardu ir slaptažodžiu: čia jo nerašykite");
     return typed;
 }
 
@@ -107,7 +103,7 @@ void TAddInstitutionDlg::Validate()
 {
     place = FolderRadio->isChecked() ? typedFolder() : typedServer();
     fresh = booksAreToBeMade();
-    if (fresh)
+    if (fresh || haveOwnLogins(place))
         return;
     const TWaiting waiting;
     institution = nameInBooks(place);

@@ -7,8 +7,8 @@
 #include <QRadioButton>
 
 // Asks where the books of an institution are: in a folder, or on a server. They are looked into before the
-// dialog closes, so it closes only with books that can be opened; a folder without books is taken when the
-// user wants them made there.
+// dialog closes, so it closes only with books that can be opened; those that each person opens with a login
+// of his own are taken as they are. A folder without books is taken when the user wants them made there.
 class TAddInstitutionDlg : public TDialog {
     Q_OBJECT
 public:

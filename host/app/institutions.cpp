@@ -119,6 +119,15 @@ void rememberInstitution(const TBooksSettings &books)
     rememberBooks(institutionsFile(), {.name = organisationName(), .books = books});
 }
 
+QString institutionAt(const TBooksSettings &books)
+{
+    const QString place = placeOf(books);
+    for (const TKnownBooks &each : readKnownBooks(institutionsFile()))
+        if (each.readable() && placeOf(each.books) == place && !each.name.isEmpty())
+            return each.name;
+    return place;
+}
+
 QStringList argumentsToOpen(const TBooksSettings &books)
 {
     if (books.isEmbedded())

@@ -29,6 +29,9 @@ void openOtherWindow(QWidget *owner);
 // Puts the open books on the list, under the name that they have, as the institution opened last.
 void rememberInstitution(const TBooksSettings &books);
 
+// What an institution is called on the list, or where its books are while it has no name there.
+QString institutionAt(const TBooksSettings &books);
+
 // What is said to a program that is to open these books. A password is never among it: books of a server
 // are to be found in the list of institutions.
 QStringList argumentsToOpen(const TBooksSettings &books);

@@ -8,6 +8,7 @@
 #include "host/common/msgbox.h"
 #include "host/data/backups.h"
 #include "host/data/organisation.h"
+#include "host/data/own_login.h"
 #include "toolkit/widgets/guard.h"
 
 namespace {
@@ -22,12 +23,8 @@ void keepOnList(TMainWindow &window, const TBooksSettings &books)
                               [books] { rememberInstitution(books); });
 }
 
-} // namespace
-
-TLoginEnd logInAt(TMainWindow &window, const QString &name)
+TLoginEnd runLogin(TMainWindow &window, TLoginDlg &dialog)
 {
-    window.setLoggedIn(false); // title and status bar tell which books these are
-    TLoginDlg dialog(*MainDatas(), name, &window);
     const int end = dialog.exec();
     if (end != QDialog::Accepted)
         return end == TLoginDlg::OtherBooks ? TLoginEnd::OtherBooks : TLoginEnd::GivenUp;
@@ -41,12 +38,30 @@ TLoginEnd logInAt(TMainWindow &window, const QString &name)
     return TLoginEnd::LoggedIn;
 }
 
+} // namespace
+
+TLoginEnd logInAt(TMainWindow &window, const QString &name)
+{
+    window.setLoggedIn(false); // title and status bar tell which books these are
+    TLoginDlg dialog(*MainDatas(), name, &window);
+    return runLogin(window, dialog);
+}
+
+TLoginEnd logInAt(TMainWindow &window, const TBooksSettings &books, const QString &name)
+{
+    if (!haveOwnLogins(books))
+        return logInAt(window, name);
+    window.setLoggedIn(false);
+    TLoginDlg dialog(books, institutionAt(books), name, &window);
+    return runLogin(window, dialog);
+}
+
 bool enterOpenBooks(TMainWindow &window, TBooksSettings books, const QString &user)
 {
     for (;;) {
-        if (!haveUsers() && !setUpOpenBooks(&window))
+        if (!haveOwnLogins(books) && !haveUsers() && !setUpOpenBooks(&window))
             return false;
-        switch (logInAt(window, user)) {
+        switch (logInAt(window, books, user)) {
         case TLoginEnd::LoggedIn:
             keepOnList(window, books);
             startDailyBackup(&window);

@@ -10,6 +10,8 @@ class TMainWindow;
 // another institution.
 enum class TLoginEnd { LoggedIn, GivenUp, OtherBooks };
 TLoginEnd logInAt(TMainWindow &window, const QString &name);
+// The same for the given books, which are opened by the login where each person has one of his own.
+TLoginEnd logInAt(TMainWindow &window, const TBooksSettings &books, const QString &name);
 
 // The way in to books that are open: asks for name and password, and leads from there to other institutions
 // until the user is in; the institution then stands first on the workstation's list, under the name that its

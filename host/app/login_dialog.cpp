@@ -1,5 +1,6 @@
 #include "host/app/login_dialog.h"
 
+#include "host/common/waiting.h"
 #include "host/data/login.h"
 #include "toolkit/widgets/guard.h"
 
@@ -21,9 +22,30 @@ int waitAfter(int refusals)
 
 } // namespace
 
-TLoginDlg::TLoginDlg(TMainDatas &books, const QString &name, QWidget *owner)
+TLoginDlg::TLoginDlg(TMainDatas &datas, const QString &name, QWidget *owner)
+    : TLoginDlg(
+          [&datas](const QString &login, const QString &password) { return logIn(datas, login, password); },
+          "Neteisingas vardas arba slaptažodis.", organisationName(), name, owner)
+{
+}
+
+TLoginDlg::TLoginDlg(const TBooksSettings &books, const QString &institution, const QString &name,
+                     QWidget *owner)
+    : TLoginDlg(
+          [books](const QString &login, const QString &password) {
+              const TWaiting waiting;
+              return logIn(books, login, password);
+          },
+          "Neteisingas vardas arba slaptažodis, arba slaptažodžio galiojimo laikas baigėsi.", institution,
+          name, owner)
+{
+}
+
+TLoginDlg::TLoginDlg(TLogIn logIn, const QString &wrongText, const QString &institution, const QString &name,
+                     QWidget *owner)
     : TDialog(owner),
-      datas(books),
+      letIn(std::move(logIn)),
+      wrong(wrongText),
       refusal(new QLabel(this))
 {
     setObjectName("TLoginDlg");
@@ -38,7 +60,7 @@ TLoginDlg::TLoginDlg(TMainDatas &books, const QString &name, QWidget *owner)
     PassEdit = control<QLineEdit>("PassEdit");
     NameEdit->setText(name);
     saveButton()->setIcon({}); // nothing is saved here
-    if (const QString institution = organisationName(); !institution.isEmpty())
+    if (!institution.isEmpty())
         bodyLayout()->insertWidget(0,
                                    new QLabel(QString("<b>%1</b>").arg(institution.toHtmlEscaped()), this));
     refusal->setObjectName("refusal");
@@ -69,7 +91,7 @@ void TLoginDlg::Validate()
 {
     if (secondsLeft > 0)
         throw EAbort();
-    if (logIn(datas, NameEdit->text(), PassEdit->text()))
+    if (letIn(NameEdit->text(), PassEdit->text()))
         return;
     secondsLeft = waitAfter(++refusals);
     eachSecond.start();
@@ -81,7 +103,6 @@ void TLoginDlg::Validate()
 
 void TLoginDlg::showRefusal()
 {
-    const QString wrong = "Neteisingas vardas arba slaptažodis.";
     refusal->setText(secondsLeft > 0
                          ? QString("%1\nKitą kartą bandyti galima po %2 s.").arg(wrong).arg(secondsLeft)
                          : wrong);

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "host/data/connections.h"
 #include "host/data/main_datas.h"
 #include "toolkit/widgets/dialog.h"
 
 #include <QLabel>
 #include <QLineEdit>
 #include <QTimer>
+
+#include <functional>
 
 // Asks for name and password until they are right or the user gives up. After a refusal the next try waits, a
 // little longer each time; the dialog says how long, and everything in it but the button stays usable.
@@ -17,15 +20,22 @@ public:
 
     // name fills in the login name.
     TLoginDlg(TMainDatas &datas, const QString &name, QWidget *owner);
+    // The same for books that each person opens with a login of his own; institution: their name, if known.
+    TLoginDlg(const TBooksSettings &books, const QString &institution, const QString &name, QWidget *owner);
 
 protected:
     void Validate() override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    using TLogIn = std::function<bool(const QString &name, const QString &password)>;
+    TLoginDlg(TLogIn logIn, const QString &wrong, const QString &institution, const QString &name,
+              QWidget *owner);
+
     void showRefusal();
 
-    TMainDatas &datas;
+    TLogIn letIn;
+    QString wrong; // what a refusal is told with
     QLineEdit *NameEdit;
     QLineEdit *PassEdit;
     QLabel *refusal;

@@ -208,8 +208,12 @@ void TMainWindow::addStatusBar()
 
 void TMainWindow::showStatus()
 {
-    if (!MainDatas())
+    if (!MainDatas()) {
+        setWindowTitle("Velmora");
+        for (QLabel *panel : {institution, user, period, engine})
+            panel->clear();
         return;
+    }
     const QString name = organisationName();
     setWindowTitle(name.isEmpty() ? "Velmora" : name + " – Velmora");
     institution->setText(name);

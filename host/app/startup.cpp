@@ -7,6 +7,7 @@
 #include "host/app/setup/setup_dialog.h"
 #include "host/common/waiting.h"
 #include "host/data/main_datas.h"
+#include "host/data/own_login.h"
 
 #include <QApplication>
 #include <QDir>
@@ -99,7 +100,10 @@ bool openBooks(const TBooksSettings &settings, QWidget *owner)
     if (settings.isEmbedded() && !embeddedBooksExist(settings.folder) &&
         !createFirstBooks(settings.folder, owner))
         return false;
-    open(settings);
+    if (haveOwnLogins(settings))
+        setMainDatas(nullptr);
+    else
+        open(settings);
     return true;
 }
 

@@ -8,9 +8,10 @@ class QWidget;
 // The user wants none of the new books that he is offered, but books that are somewhere already.
 class EOtherBooksWanted : public EAbort {};
 
-// Opens the books as MainDatas. Embedded books that are not there yet are created after asking. False when
-// the user gave up there. Raises EDatabaseError, EConvertError and EOtherBooksWanted; the books that were
-// open stay then.
+// Opens the books as MainDatas; those that each person opens with a login of his own wait for him, and there
+// is no MainDatas meanwhile. Embedded books that are not there yet are created after asking. False when the
+// user gave up there. Raises EDatabaseError, EConvertError and EOtherBooksWanted; the books that were open
+// stay then.
 bool openBooks(const TBooksSettings &settings, QWidget *owner);
 
 // Creates embedded books in the folder and fills them with the demonstration data.

@@ -38,6 +38,8 @@ QString reasonOf(const QString &text)
 {
     if (text.contains(u"password"_s))
         return u"Serveris nepriėmė naudotojo vardo arba slaptažodžio."_s;
+    if (text.contains(u"permission denied"_s))
+        return u"Šiam naudotojui ši duomenų bazė neprieinama."_s;
     if (text.contains(u"does not exist"_s))
         return u"Serveryje nėra tokios duomenų bazės arba tokio naudotojo."_s;
     return u"Serveris nepasiekiamas: patikrinkite jo vardą ir ar jis veikia."_s;

@@ -5,6 +5,7 @@
 #include "host/common/msgbox.h"
 #include "host/data/backups.h"
 #include "host/data/main_datas.h"
+#include "host/data/own_login.h"
 #include "toolkit/widgets/guard.h"
 
 #include <QPointer>
@@ -23,9 +24,10 @@ QStringList keepWords(BackupKind what)
     return {"keep", wordOf(what), "--into", backupFolder()};
 }
 
+// A person's own login may not copy the books of a server; those are kept by whoever keeps the server.
 bool makesBackups()
 {
-    return MainDatas() && !CurrentUser().viewOnly && !backupFolder().isEmpty();
+    return MainDatas() && !CurrentUser().viewOnly && !hasOwnLogin() && !backupFolder().isEmpty();
 }
 
 // The daily backup under way. It keeps itself behind the work of the user.
