@@ -114,15 +114,20 @@ void TEditUserDlg::readWorkPlaces()
 // A user without rights gives no row here, and loads with empty fields.
 void TEditUserDlg::readUser()
 {
+    const bool withPassword = mayChange() || !personsHaveLogins();
     TQuery qryUser(Database(),
-                   "SELECT *\nFROM bd_usr, bd_usrkdv\nWHERE\n  usr_id=:id AND\n  udv_usrid=usr_id");
+                   QString("SELECT %1\nFROM bd_usr, bd_usrkdv\nWHERE\n  usr_id=:id AND\n  udv_usrid=usr_id")
+                       .arg(withPassword ? "*"
+                                         : "usr_name, usr_vardas, usr_pavarde, usr_perziurai, "
+                                           "usr_user_admin, udv_finid, udv_kdv"));
     qryUser.setParam("id", Usr_Id);
     qryUser.Open();
     for (qryUser.First(); !qryUser.Eof(); qryUser.Next()) {
         LogNameEdit->setText(qryUser.FieldByName("usr_name")->AsString());
         NameEdit->setText(qryUser.FieldByName("usr_vardas")->AsString());
         PavardeEdit->setText(qryUser.FieldByName("usr_pavarde")->AsString());
-        PassEdit->setText(qryUser.FieldByName("usr_pasw")->AsString());
+        if (withPassword)
+            PassEdit->setText(qryUser.FieldByName("usr_pasw")->AsString());
         cb_tikPerz->setChecked(qryUser.FieldByName("usr_perziurai")->AsInteger() == 1);
         cb_userAdmin->setChecked(qryUser.FieldByName("usr_user_admin")->AsInteger() == 1);
         const int source = IndexOfObject(FinList->model(), qryUser.FieldByName("udv_finid")->AsInteger());
@@ -258,10 +263,30 @@ void TEditUserDlg::requireSources()
     }
 }
 
-// Each post is committed by the database as it runs.
+// Each post is committed by the database as it runs. Where a login of the server goes with the row, all of it
+// comes about or nothing.
 void TEditUserDlg::saveInTransaction(const std::function<void()> &step)
 {
-    step();
+    if (!personsHaveLogins()) {
+        step();
+        return;
+    }
+    const bool wasThere = exists;
+    try {
+        TTransaction transaction(Database());
+        step();
+        transaction.commit();
+    } catch (...) {
+        exists = wasThere;
+        isHalfWritten = false;
+        rightsWritten.reset();
+        throw;
+    }
+}
+
+bool TEditUserDlg::personsHaveLogins() const
+{
+    return Database()->isRoutine("tr_usr_prisijungimas");
 }
 
 // A failure is told together with what is written already.
@@ -271,6 +296,8 @@ void TEditUserDlg::Save()
     try {
         writeRights();
     } catch (const Exception &error) {
+        if (Database()->InTransaction())
+            throw;
         const auto *refused = dynamic_cast<const EDatabaseError *>(&error);
         throw EDatabaseError(QString("%1\n\n%2 Išsaugokite dar kartą.").arg(error.message(), storedByHalf()),
                              refused ? refused->serverText : QString(),

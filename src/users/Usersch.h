@@ -68,6 +68,7 @@ private:
     bool rightsKey(QObject *watched, int key);
 
     // Saving.
+    bool personsHaveLogins() const;
     void requireAdministrator();
     void requireOwnLogin();
     void confirmPassword();

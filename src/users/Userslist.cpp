@@ -13,6 +13,13 @@ namespace {
 
 constexpr int fewestToDelete = 2;
 
+// On a server where persons have their own logins, passwords are for administrators' eyes.
+QString columnsToRead()
+{
+    const bool all = CurrentUser().userAdmin || !MainDatas()->mnRavl()->isRoutine("tr_usr_prisijungimas");
+    return all ? "*" : "usr_id, usr_vardas, usr_pavarde, usr_name";
+}
+
 TBrowseDescription described()
 {
     return {
@@ -22,7 +29,7 @@ TBrowseDescription described()
         .session = TSession::Budget,
         .keyColumn = "usr_id",
         .table = "bd_usr",
-        .sql = "select *\nfrom bd_usr",
+        .sql = QString("select %1\nfrom bd_usr").arg(columnsToRead()),
         .columns = {{"usr_vardas", "Vardas", 200},
                     {"usr_pavarde", "Pavardė", 200},
                     {"usr_name", "Prisijungimo vardas", 160}},
