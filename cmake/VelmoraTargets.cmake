@@ -123,7 +123,7 @@ function(velmora_test name)
   target_compile_options(${name} PRIVATE ${VELMORA_TEST_OPTIONS})
   target_precompile_headers(${name} REUSE_FROM pch_test)
   if(NOT A_TIMEOUT)
-    set(A_TIMEOUT 300)
+    set(A_TIMEOUT 600)
   endif()
   add_test(NAME ${name} COMMAND ${name})
   # The sanitizer guesses at thread-local storage of libraries loaded at run time, and falls over its own guess.
