@@ -3,6 +3,10 @@ select *
 from bd_usr
 ;;
 -- screen: TUsersFrm, session: mnRavl
+select usr_id, usr_vardas, usr_pavarde, usr_name
+from bd_usr
+;;
+-- screen: TUsersFrm, session: mnRavl
 select IsNull(max(usr_id)+1,1) from bd_usr
 ;;
 -- screen: TUsersFrm, session: mnRavl
@@ -29,6 +33,14 @@ WHERE
 -- screen: TEditUserDlg, session: mnRavl
 -- param id = 1
 SELECT *
+FROM bd_usr, bd_usrkdv
+WHERE
+  usr_id=:id AND
+  udv_usrid=usr_id
+;;
+-- screen: TEditUserDlg, session: mnRavl
+-- param id = 1
+SELECT usr_name, usr_vardas, usr_pavarde, usr_perziurai, usr_user_admin, udv_finid, udv_kdv
 FROM bd_usr, bd_usrkdv
 WHERE
   usr_id=:id AND

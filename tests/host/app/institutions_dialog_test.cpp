@@ -210,6 +210,24 @@ TEST_F(Institutions, ServerWordsThatAreNoneAreRefusedAndStay)
     EXPECT_EQ(edit->text(), "host=/nera port=1 user=x");
 }
 
+TEST_F(Institutions, ServerWordsWithoutAUserAreTakenAsTheyAreAndWithoutAPassword)
+{
+    TAddInstitutionDlg dialogOfOne(nullptr);
+    dialogOfOne.show();
+    dialogOfOne.findChild<QRadioButton *>("ServerRadio")->setChecked(true);
+    dialogOfOne.findChild<QLineEdit *>("ServerEdit")->setText("host=/nera port=1");
+    dialogOfOne.findChild<QLineEdit *>("PassEdit")->setText("slapta");
+    {
+        NextBoxes told{QMessageBox::Ok};
+        pressButton(dialogOfOne, "&Pridėti");
+        EXPECT_TRUE(told.at(0).text.contains("kiekvienas jungiasi savo vardu ir slaptažodžiu"));
+    }
+    dialogOfOne.findChild<QLineEdit *>("PassEdit")->clear();
+    pressButton(dialogOfOne, "&Pridėti");
+    EXPECT_EQ(dialogOfOne.result(), QDialog::Accepted);
+    EXPECT_EQ(dialogOfOne.books().connection, "host=/nera port=1");
+}
+
 TEST_P(AddedInstitution, HasTheNameThatTheBooksHave)
 {
     TAddInstitutionDlg dialog(nullptr);
