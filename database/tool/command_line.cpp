@@ -163,7 +163,8 @@ Naudojimas: velmora-db KOMANDA (--data KATALOGAS | --server ŽODŽIAI) [parinkty
 Komandos
   create           sukuria abi duomenų bazes su tuščiomis lentelėmis; esamų neliečia
   demo             sukuria abi duomenų bazes su parodomaisiais mokyklos duomenimis; esamų neliečia
-  upgrade          atnaujina esamas duomenų bazes iki šios programos redakcijos
+  upgrade          atnaujina esamas duomenų bazes iki šios programos redakcijos; serveryje iš naujo suteikia
+                   naudotojų grupių teises ir sukuria trūkstamus vartotojų prisijungimus
   check            patikrina failus, nuorodas, periodus ir kontrolines sumas; nieko nekeičia
   accept PRIEŽASTIS
                    priima duomenis tokius, kokie yra: tai, ką „check“ rado ir kas jau išsiaiškinta,
