@@ -88,8 +88,9 @@ TEST_F(FirstBooks, TheCommandLineAndTheSettingsFileGoFirst)
 TEST_F(FirstBooks, ASingleOneThatDoesNotOpenIsToldAndNoOtherTakesItsPlace)
 {
     const QByteArray gone = R"({"name":"Mokykla","folder":")" + folder("nera").toUtf8() + "\"}\n";
-    for (const QByteArray &line : {gone, QByteArray(R"({"name":"Mokykla","server":"host=/nera port=1"})"),
-                                   QByteArray(R"({"name":"Mokykla","folder":"/kny)")}) {
+    for (const QByteArray &line :
+         {gone, QByteArray(R"({"name":"Mokykla","server":"host=/nera port=1 user=x"})"),
+          QByteArray(R"({"name":"Mokykla","folder":"/kny)")}) {
         QDir().mkpath(QFileInfo(institutionsFile()).path());
         writeFile(institutionsFile(), line);
         NextBoxes told{QMessageBox::Ok};
