@@ -1,5 +1,7 @@
 #include "database/backups/backup_folder.h"
 
+#include "database/backups/unfinished.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -13,6 +15,7 @@ namespace {
 
 constexpr int dailyKept = 12;
 const QString momentForm = u"yyyy-MM-dd-HHmmss"_s;
+const QString unfinishedEnding = u".dalinis"_s;
 
 constexpr std::array<std::pair<BackupKind, const char *>, 5> words{{{BackupKind::Day, "diena"},
                                                                     {BackupKind::Close, "menuo"},
@@ -79,6 +82,16 @@ QList<TBackup> backupsIn(const QString &folder)
         backups.prepend(*backup);
     }
     return backups;
+}
+
+QStringList unfinishedIn(const QString &folder)
+{
+    QStringList files;
+    for (const QFileInfo &file :
+         QDir(folder).entryInfoList({u'*' + unfinishedEnding}, QDir::Files | QDir::NoSymLinks))
+        if (named(QFileInfo(file.absoluteFilePath().chopped(unfinishedEnding.size()))))
+            files.append(file.absoluteFilePath());
+    return files;
 }
 
 QList<TBackup> surplusOf(const QList<TBackup> &newestFirst, const QDateTime &now)

@@ -82,11 +82,13 @@ void removeJournal(const QString &folder)
     syncFolder(folder);
 }
 
-void carryOut(const QString &folder, const QList<TReplaced> &both)
+QStringList keptOf(const QList<TReplaced> &both)
 {
+    QStringList kept;
     for (const TReplaced &database : both)
-        replace(database, folder);
-    removeJournal(folder);
+        if (QFileInfo::exists(database.kept))
+            kept.append(database.kept);
+    return kept;
 }
 
 QString stampOf(const QString &folder)
@@ -112,13 +114,17 @@ const QStringList &databaseCompanions()
     return companions;
 }
 
-QStringList replaceBooks(const QString &folder)
+QStringList replaceBooks(const QString &folder, const std::function<void(const QString &)> &checkKept)
 {
     const QString stamp = QDateTime::currentDateTime().toString(u"yyyyMMddTHHmmsszzz"_s);
     const QList<TReplaced> both = bothDatabases(folder, stamp);
     try {
         writeJournal(folder, stamp);
-        carryOut(folder, both);
+        for (const TReplaced &database : both)
+            replace(database, folder);
+        for (const QString &kept : keptOf(both))
+            checkKept(kept);
+        removeJournal(folder);
     } catch (const Exception &) {
         for (const TReplaced &database : both)
             putBack(database);
@@ -126,17 +132,16 @@ QStringList replaceBooks(const QString &folder)
             removeJournal(folder);
         throw;
     }
-    QStringList kept;
-    for (const TReplaced &database : both)
-        if (QFileInfo::exists(database.kept))
-            kept.append(database.kept);
-    return kept;
+    return keptOf(both);
 }
 
 void finishReplacementLocked(const QString &folder)
 {
-    if (replacementUnderWay(folder))
-        carryOut(folder, bothDatabases(folder, stampOf(folder)));
+    if (!replacementUnderWay(folder))
+        return;
+    for (const TReplaced &database : bothDatabases(folder, stampOf(folder)))
+        replace(database, folder);
+    removeJournal(folder);
 }
 
 void finishReplacement(const QString &folder)

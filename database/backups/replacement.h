@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+#include <functional>
+
 // Two renames are not one step: a program that is killed between them would leave books of two kinds. So both
 // embedded databases of a folder are replaced by way of a journal. Before it stands nothing was changed; from
 // then on the replacement is decided, and whoever opens the books next finishes it first.
@@ -14,10 +16,12 @@ inline constexpr char newEnding[] = ".nauja";
 const QStringList &databaseCompanions();
 
 // Gives both new databases of the folder their final names. They must be whole, on the disk and open nowhere,
-// as must be those that they replace. Those are kept under the names returned. The caller holds the folder's
-// lock (booksLock). Raises EFileError: everything is as before then, or, where that failed too, finished by
-// the next one who opens the books.
-QStringList replaceBooks(const QString &folder);
+// as must be those that they replace. Those are kept under the names returned. checkKept is asked of each of
+// these when all is done but decided: a program may have opened the old one at the last moment, and what it
+// writes goes with the file. Whatever that raises has everything put back. The caller holds the folder's lock
+// (booksLock). Raises EFileError: everything is as before then, or, where that failed too, finished by the
+// next one who opens the books.
+QStringList replaceBooks(const QString &folder, const std::function<void(const QString &kept)> &checkKept);
 
 // To be called before embedded books are opened or looked for: finishes what a killed program has decided.
 // Costs a look for one file where there is nothing to do. Raises EFileError when it cannot be finished; the

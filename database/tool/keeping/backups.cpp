@@ -1,6 +1,7 @@
 #include "database/backups/backup_folder.h"
 #include "database/private_place.h"
 #include "database/schema.h"
+#include "database/tool/keeping/backup_place.h"
 #include "database/tool/keeping/keeper.h"
 #include "database/tool/keeping/native_query.h"
 #include "database/tool/keeping/new_books.h"
@@ -8,28 +9,18 @@
 
 #include <QDateTime>
 #include <QFileInfo>
-#include <QLockFile>
 #include <QSet>
-#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int waitForOthersMs = 300'000;
+// A change that somebody makes at the very moment of a copy of the embedded engine may be in it or not.
+constexpr int copyAttempts = 5;
 
 QString engineName(const TBooks &books)
 {
     return books.fin.engine == Engine::Sqlite ? u"sqlite"_s : u"postgresql"_s;
-}
-
-// A folder for the parts, in the given one.
-QTemporaryDir partsFolder(const QString &place)
-{
-    QTemporaryDir folder(place + u"/velmora-XXXXXX"_s);
-    if (!folder.isValid())
-        throw EFileError(u"Nepavyko rašyti į katalogą „%1“: %2."_s.arg(place, folder.errorString()));
-    return folder;
 }
 
 // The copy, open to be read. The copy's own file is the engine's: on the embedded engine it can be opened, on
@@ -69,13 +60,6 @@ private:
     TStore &store;
     bool needed;
 };
-
-// Where the parts of a backup are unpacked: beside the embedded books, which they become by a rename.
-QString partsPlace(const TStore &store)
-{
-    return store.books().fin.engine == Engine::Sqlite ? QFileInfo(store.books().fin.file).absolutePath()
-                                                      : QDir::tempPath();
-}
 
 struct TPartPlan {
     QString name;
@@ -144,24 +128,39 @@ void describe(TDatabase &fin, TArchive &archive)
             });
 }
 
+// Copies one database into a file and adds what is to be said of it to the archive. The copy, open to be
+// read.
+std::unique_ptr<TDatabase> copyDatabase(TStore &store, const TPartPlan &part, const QString &file,
+                                        TArchive &archive, const TProgress &progress)
+{
+    const int attempts = store.books().fin.engine == Engine::Sqlite ? copyAttempts : 1;
+    for (int attempt = 1;; ++attempt) {
+        progress(u"Kopijuojama duomenų bazė %1…"_s.arg(part.name));
+        const QJsonObject totals = store.dump(part.source, file);
+        progress(u"Tikrinama kopija…"_s);
+        std::unique_ptr<TDatabase> copy = openCopy(store, part.aside, file);
+        refuseDamage(*copy, part.name);
+        const QJsonObject copied = controlTotals(*copy);
+        if (copied != totals && attempt < attempts)
+            continue;
+        refuseDifference(totals, copied,
+                         u"%1: lentelės „%2“ kopija nesutampa su pačia lentele."_s.arg(part.name, u"%1"_s));
+        archive.parts.append({part.name, 0, 0, {}, copied});
+        return copy;
+    }
+}
+
 // Copies both databases into files of the folder and compares each copy, as it can be read, with what was
 // copied. What is to be said of them; their names are added to files.
-TArchive copyBooks(TStore &store, const QTemporaryDir &folder, QStringList &files, const TProgress &progress)
+TArchive copyBooks(TStore &store, const TBackupPlace &folder, QStringList &files, const TProgress &progress)
 {
     TArchive archive{.engine = engineName(store.books()),
                      .createdAt = QDateTime::currentDateTime().toString(Qt::ISODate)};
     // The embedded engine reads the copy where it is.
     const TRoomAside room(store, store.books().fin.engine != Engine::Sqlite);
     for (const TPartPlan &part : partsOf(store)) {
-        progress(u"Kopijuojama duomenų bazė %1…"_s.arg(part.name));
-        files.append(folder.filePath(part.name));
-        const QJsonObject totals = store.dump(part.source, files.constLast());
-        progress(u"Tikrinama kopija…"_s);
-        const std::unique_ptr<TDatabase> copy = openCopy(store, part.aside, files.constLast());
-        refuseDamage(*copy, part.name);
-        archive.parts.append({part.name, 0, 0, {}, controlTotals(*copy)});
-        refuseDifference(totals, archive.parts.constLast().totals,
-                         u"%1: lentelės „%2“ kopija nesutampa su pačia lentele."_s.arg(part.name, u"%1"_s));
+        files.append(folder.part(part.name));
+        const auto copy = copyDatabase(store, part, files.constLast(), archive, progress);
         if (archive.parts.size() == 1)
             describe(*copy, archive);
     }
@@ -171,7 +170,7 @@ TArchive copyBooks(TStore &store, const QTemporaryDir &folder, QStringList &file
 // Loads a backup aside and compares it with the control totals that it brings.
 void buildFrom(TStore &store, const QString &file, const TArchive &archive, const TProgress &progress)
 {
-    const QTemporaryDir folder = partsFolder(partsPlace(store));
+    const TPartsFolder folder(store.partsFolder());
     const QList<TPartPlan> plans = partsOf(store);
     for (qsizetype i = 0; i < plans.size(); ++i) {
         progress(u"Atkuriama duomenų bazė %1…"_s.arg(plans.at(i).name));
@@ -198,16 +197,6 @@ TArchive readFitting(const TStore &store, const QString &file, const TProgress &
     TArchive archive = readArchive(file);
     refuseOtherEngine(archive, store);
     return archive;
-}
-
-// What a run that was killed left in the folder of backups. Who holds its lock works there alone.
-void removeLeftovers(const QString &place)
-{
-    const QDir folder(place);
-    for (const QString &name : folder.entryList({u"*-*-*-*.velmora.dalinis"_s}, QDir::Files))
-        QFile::remove(folder.filePath(name));
-    for (const QString &name : folder.entryList({u"velmora-??????"_s}, QDir::Dirs))
-        QDir(folder.filePath(name)).removeRecursively();
 }
 
 void removeSurplus(const QString &folder, const TProgress &progress)
@@ -245,8 +234,8 @@ QString todaysBackup(const QString &folder)
 void backUpBooks(TStore &store, const QString &file, const TProgress &progress)
 {
     store.refuseWhenMissing();
+    const TBackupPlace folder(QFileInfo(file).absolutePath());
     refuseExisting(file);
-    const QTemporaryDir folder = partsFolder(QFileInfo(file).absolutePath());
     QStringList files;
     const TArchive archive = copyBooks(store, folder, files, progress);
     progress(u"Rašomas failas „%1“…"_s.arg(file));
@@ -257,20 +246,14 @@ QString keepBackup(TStore &store, BackupKind kind, const QString &folder, const 
 {
     store.refuseWhenMissing();
     if (!makePrivateFolder(folder))
-        throw EFileError(u"Nepavyko sukurti katalogo „%1“."_s.arg(folder));
-    QLockFile lock(QDir(folder).filePath(u"velmora.lock"_s));
-    lock.setStaleLockTime(0);
-    if (!lock.tryLock(waitForOthersMs))
-        throw EFileError(
-            u"Į katalogą „%1“ negalima rašyti, arba jame kopiją vis dar daro kita programa."_s.arg(folder));
-    removeLeftovers(folder);
+        throw EFileError(u"Nepavyko sukurti aplanko „%1“."_s.arg(folder));
+    const TBackupPlace place(folder);
     if (const QString made = kind == BackupKind::Day ? todaysBackup(folder) : QString(); !made.isEmpty()) {
         progress(u"Šios dienos atsarginė kopija jau padaryta."_s);
         return made;
     }
-    const QTemporaryDir parts = partsFolder(folder);
     QStringList files;
-    const TArchive archive = copyBooks(store, parts, files, progress);
+    const TArchive archive = copyBooks(store, place, files, progress);
     const QString file = freeName(folder, kind, archive.month);
     progress(u"Rašomas failas „%1“…"_s.arg(file));
     writeArchive(file, archive, files);

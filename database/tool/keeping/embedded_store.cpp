@@ -1,6 +1,8 @@
 #include "database/backups/replacement.h"
+#include "database/backups/unfinished.h"
 #include "database/backups/whole_file.h"
 #include "database/private_place.h"
+#include "database/tool/keeping/backup_place.h"
 #include "database/tool/keeping/native_query.h"
 #include "database/tool/keeping/store.h"
 #include "database/tool/keeping/totals.h"
@@ -8,15 +10,13 @@
 #include <QFileInfo>
 #include <QLockFile>
 
+#include <cerrno>
+
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int copyAttempts = 5;
-// Another number after each change that another connection has committed.
-const QString changesOfOthers = u"pragma data_version"_s;
 
 void removeDatabase(const QString &file)
 {
@@ -25,9 +25,9 @@ void removeDatabase(const QString &file)
         QFile::remove(file + companion);
 }
 
-// Makes sure that no other program has the file open, and brings its write-ahead log into it. A file that is
-// no database, or a damaged one, is nobody's and passes: it may be the very reason of a restore.
-void closeForOthers(const QString &file)
+// Brings the write-ahead log of the file into it. Succeeds only when no other program has it open. Returns
+// the engine's answer.
+int foldAlone(const QString &file)
 {
     sqlite3 *db = nullptr;
     int result = sqlite3_open_v2(file.toUtf8().constData(), &db, SQLITE_OPEN_READWRITE, nullptr);
@@ -39,6 +39,24 @@ void closeForOthers(const QString &file)
     run("begin exclusive");
     run("commit");
     sqlite3_close(db);
+    return result;
+}
+
+// The new file must be whole without what stands beside it.
+void finishNew(const QString &file)
+{
+    const int result = foldAlone(file);
+    if (result != SQLITE_OK)
+        throw EFileError(u"Nepavyko įrašyti naujos duomenų bazės „%1“: %2."_s.arg(
+            file, result == SQLITE_FULL ? systemTrouble(ENOSPC) : QString::fromUtf8(sqlite3_errstr(result))));
+    syncFile(file);
+}
+
+// A file that is no database, or a damaged one, is nobody's and passes: it may be the very reason of a
+// restore.
+void closeForOthers(const QString &file)
+{
+    const int result = foldAlone(file);
     if (result == SQLITE_BUSY || result == SQLITE_LOCKED)
         throw Exception(
             u"Duomenų bazę „%1“ naudoja kita programa. Uždarykite ją ir bandykite dar kartą."_s.arg(file));
@@ -64,6 +82,7 @@ public:
         asidePlace = place;
         asidePlace.fin.file += QLatin1String(newEnding);
         asidePlace.ravl.file += QLatin1String(newEnding);
+        parts = QDir(folder).filePath(QLatin1String(partsName));
     }
 
     int present() override
@@ -77,11 +96,11 @@ public:
     void prepareAside() override
     {
         if (!makePrivateFolder(folder))
-            throw EFileError(u"Nepavyko sukurti katalogo „%1“."_s.arg(folder));
+            throw EFileError(u"Nepavyko sukurti aplanko „%1“."_s.arg(folder));
         lock.setStaleLockTime(0);
         if (!lock.tryLock(0))
             throw EFileError(
-                u"Kataloge „%1“ duomenų bazes jau kuria kita programa arba į jį negalima rašyti."_s.arg(
+                u"Aplanke „%1“ duomenų bazes jau kuria kita programa arba į jį negalima rašyti."_s.arg(
                     folder));
         finishReplacementLocked(folder);
         discardAside();
@@ -95,17 +114,17 @@ public:
             return;
         removeDatabase(asidePlace.fin.file);
         removeDatabase(asidePlace.ravl.file);
+        TPartsFolder::remove(parts);
     }
 
     QStringList adoptAside() override
     {
-        for (const QString &file : {place.fin.file, place.ravl.file}) {
-            closeForOthers(file + QLatin1String(newEnding));
-            syncFile(file + QLatin1String(newEnding));
+        for (const QString &file : {asidePlace.fin.file, asidePlace.ravl.file})
+            finishNew(file);
+        for (const QString &file : {place.fin.file, place.ravl.file})
             if (QFileInfo::exists(file))
                 closeForOthers(file);
-        }
-        return replaceBooks(folder);
+        return replaceBooks(folder, closeForOthers);
     }
 
     QJsonObject dump(const TSessionSettings &session, const QString &file) override
@@ -113,17 +132,16 @@ public:
         TSessionSettings reading = session;
         reading.readOnly = true;
         TDatabase db(reading);
+        TDatabase copied(reading);
         db.Open();
-        for (int attempt = 0; attempt < copyAttempts; ++attempt) {
-            QFile::remove(file);
-            const QStringList before = columnOf(db, changesOfOthers);
-            db.nativeExec(u"vacuum into "_s + TDatabase::quoted(file));
-            const QJsonObject totals = controlTotals(db);
-            if (columnOf(db, changesOfOthers) == before)
-                return totals;
-        }
-        throw Exception(u"Kol buvo daroma kopija, kita programa vis keitė duomenų bazę „%1“. Bandykite dar "
-                        "kartą."_s.arg(session.file));
+        copied.Open();
+        QFile::remove(file);
+        db.nativeExec(u"begin"_s);
+        columnOf(db, u"select count(*) from sqlite_master"_s); // its moment is this one
+        copied.nativeExec(u"vacuum into "_s + TDatabase::quoted(file));
+        const QJsonObject totals = controlTotals(db);
+        db.nativeExec(u"commit"_s);
+        return totals;
     }
 
     void load(const QString &file, const TSessionSettings &session) override

@@ -95,6 +95,6 @@ void runServerProgram(const QString &program, const QStringList &arguments, cons
     process.waitForFinished(-1);
     if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
         const QString said = QString::fromUtf8(process.readAllStandardError()).trimmed();
-        throw Exception(u"Serverio programa „%1“ nepavyko: %2"_s.arg(program, said));
+        throw Exception(u"Serverio programos „%1“ įvykdyti nepavyko: %2"_s.arg(program, said));
     }
 }

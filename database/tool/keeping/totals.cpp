@@ -49,9 +49,12 @@ QByteArray rowChecksum(const QSqlQuery &row, int columns)
 QJsonObject totalsOf(TDatabase &db, const QString &table)
 {
     qlonglong count = 0;
+    int columns = 0;
     quint64 sums[4] = {};
     eachRow(db, u"select * from "_s + table, [&](const QSqlQuery &row) {
-        const QByteArray checksum = rowChecksum(row, row.record().count());
+        if (count == 0)
+            columns = row.record().count();
+        const QByteArray checksum = rowChecksum(row, columns);
         for (qsizetype i = 0; i < 4; ++i) {
             quint64 part = 0;
             memcpy(&part, checksum.constData() + i * 8, 8);

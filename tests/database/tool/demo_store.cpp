@@ -84,7 +84,7 @@ QStringList TestPlace::everything() const
 {
     if (engine == Engine::Sqlite)
         return QDir(folder.filePath(u"knygos"_s))
-            .entryList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name);
+            .entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden, QDir::Name);
     TServerConsole console(postgresConnInfo(u"postgres"_s));
     return console.run(
         u"select datname from pg_database where starts_with(datname, '%1') order by 1"_s.arg(prefix));

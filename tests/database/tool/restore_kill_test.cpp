@@ -3,6 +3,7 @@
 #include "tests/support/files.h"
 
 #include <QRandomGenerator>
+#include <QRegularExpression>
 
 #include <iostream>
 
@@ -37,6 +38,16 @@ QString markIn(TDatabase &db, const QString &sql)
     } catch (const Exception &) {
         return u"nėra"_s;
     }
+}
+
+// What stands there beside the books and those that were replaced.
+QStringList strangersIn(const TestPlace &place)
+{
+    static const QRegularExpression ofBooks(
+        u"^(velmora_fin\\.db|velmora_ravl\\.db|d\\d+_\\d+_(fin|ravl))([._]sena[-_]\\w+)?$"_s);
+    QStringList names = place.everything();
+    names.removeIf([](const QString &name) { return ofBooks.match(name).hasMatch(); });
+    return names;
 }
 
 } // namespace
@@ -88,6 +99,7 @@ TEST_P(KilledRestore, LeavesTheOldBooksOrTheNewOnes)
         const Found books = found(place);
         EXPECT_NE(books, Found::Damaged) << "killed before step " << step;
         EXPECT_EQ(velmoraDb(QStringList{u"restore"_s, file} + place.arguments()).code, 0) << step;
+        EXPECT_EQ(strangersIn(place), QStringList()) << step;
         ++left[int(books)];
     }
     std::cout << engineName(GetParam()).toStdString() << ": up to step " << step << ": "

@@ -75,6 +75,16 @@ TEST(ToolCommandLine, ServerWordsMustBeWords)
     }
 }
 
+TEST(ToolCommandLine, TooLongNamesOfDatabasesAreRefused)
+{
+    const QString longest(40, u'f');
+    const TResult refused = velmoraDb({u"check"_s, u"--server"_s, u"host=/nera fin=%1g"_s.arg(longest)});
+    EXPECT_EQ(refused.code, 3);
+    EXPECT_TRUE(refused.err.contains(u"per ilgas"_s)) << refused.err.toStdString();
+    const TResult taken = velmoraDb({u"check"_s, u"--server"_s, u"host=/nera fin="_s + longest});
+    EXPECT_TRUE(taken.err.contains(u"prisijungti"_s)) << taken.err.toStdString();
+}
+
 class Tool : public testing::TestWithParam<Engine> {
 protected:
     TestPlace place{GetParam()};
