@@ -29,6 +29,25 @@ void syncPath(const QString &path, int flags)
         failWriting(path, systemTrouble(failed));
 }
 
+void refuseExisting(const QString &name)
+{
+    if (QFileInfo::exists(name))
+        throw EFileError(u"Failas „%1“ jau yra."_s.arg(name));
+}
+
+// Renames to a name that nobody has. Some file systems only replace.
+void renameToFree(const QString &from, const QString &to)
+{
+    if (::renameat2(AT_FDCWD, QFile::encodeName(from).constData(), AT_FDCWD,
+                    QFile::encodeName(to).constData(), RENAME_NOREPLACE) == 0)
+        return;
+    const int failed = errno;
+    refuseExisting(to);
+    if (failed != EINVAL && failed != ENOSYS)
+        failWriting(to, systemTrouble(failed));
+    renameOver(from, to);
+}
+
 } // namespace
 
 QString fileTrouble(const QFileDevice &file)
@@ -38,8 +57,7 @@ QString fileTrouble(const QFileDevice &file)
 
 TWholeFile::TWholeFile(const QString &name) : target(name), file(name + u".dalinis"_s)
 {
-    if (QFileInfo::exists(target))
-        throw EFileError(u"Failas „%1“ jau yra."_s.arg(target));
+    refuseExisting(target);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered) ||
         !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner))
         failWriting(file.fileName(), fileTrouble(file));
@@ -89,7 +107,7 @@ QString TWholeFile::finish()
 
 void TWholeFile::publish()
 {
-    renameOver(finish(), target);
+    renameToFree(finish(), target);
     published = true;
     syncFolder(QFileInfo(target).absolutePath());
 }

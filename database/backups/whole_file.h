@@ -24,6 +24,7 @@ public:
     void append(const QString &source);
     // Brings everything to the disk and closes; the temporary file can then be read for verification.
     QString finish();
+    // Raises EFileError when somebody has made such a file meanwhile; that one stays.
     void publish();
 
 private:

@@ -27,7 +27,7 @@ QString wordsOf(const QString &command)
 void readPlace(const QCommandLineParser &parser, TCommandLine &line)
 {
     if (parser.isSet(u"data"_s) == parser.isSet(u"server"_s))
-        throw EUsage(u"Nurodykite vieną iš dviejų: --data KATALOGAS arba --server ŽODŽIAI."_s);
+        throw EUsage(u"Nurodykite vieną iš dviejų: --data APLANKAS arba --server ŽODŽIAI."_s);
     line.folder = parser.value(u"data"_s);
     line.connInfo = parser.value(u"server"_s);
     if (line.connInfo == u"-") // words with a password do not stand in the list of processes
@@ -35,7 +35,7 @@ void readPlace(const QCommandLineParser &parser, TCommandLine &line)
     if (parser.isSet(u"server"_s) && line.connInfo.isEmpty())
         throw EUsage(u"Po --server reikia prisijungimo žodžių."_s);
     if (parser.isSet(u"data"_s) && line.folder.isEmpty())
-        throw EUsage(u"Po --data reikia katalogo."_s);
+        throw EUsage(u"Po --data reikia aplanko."_s);
 }
 
 void readCommand(const QStringList &words, TCommandLine &line)
@@ -95,7 +95,7 @@ void readStandard(const QCommandLineParser &parser, TCommandLine &line)
 void readKeeping(const QCommandLineParser &parser, TCommandLine &line)
 {
     if (readSwitch(parser, line, u"into"_s, u"keep"_s) && parser.value(u"into"_s).isEmpty())
-        throw EUsage(u"Po --into reikia katalogo."_s);
+        throw EUsage(u"Po --into reikia aplanko."_s);
     line.into = parser.value(u"into"_s);
     if (line.command != u"keep")
         return;
@@ -104,7 +104,7 @@ void readKeeping(const QCommandLineParser &parser, TCommandLine &line)
         throw EUsage(u"Nežinoma priežastis „%1“."_s.arg(line.file));
     line.kind = *kind;
     if (line.into.isEmpty() && line.folder.isEmpty())
-        throw EUsage(u"Serverio kopijoms reikia --into KATALOGAS."_s);
+        throw EUsage(u"Serverio kopijoms reikia --into APLANKAS."_s);
 }
 
 void readSize(const QCommandLineParser &parser, TCommandLine &line)
@@ -158,7 +158,7 @@ QString helpText()
 {
     return uR"(Duomenų bazių priežiūra
 
-Naudojimas: velmora-db KOMANDA (--data KATALOGAS | --server ŽODŽIAI) [parinktys]
+Naudojimas: velmora-db KOMANDA (--data APLANKAS | --server ŽODŽIAI) [parinktys]
 
 Komandos
   create           sukuria abi duomenų bazes su tuščiomis lentelėmis; esamų neliečia
@@ -170,7 +170,7 @@ Komandos
                    priima duomenis tokius, kokie yra: tai, ką „check“ rado ir kas jau išsiaiškinta,
                    toliau neberodoma; priežastis lieka antspaude
   backup FAILAS    įrašo abi duomenų bazes į vieną atsarginės kopijos failą
-  keep PRIEŽASTIS  padaro atsarginę kopiją kopijų kataloge ir pašalina nebereikalingas dienos kopijas:
+  keep PRIEŽASTIS  padaro atsarginę kopiją kopijų aplanke ir pašalina nebereikalingas dienos kopijas:
                    lieka dvylika naujausių ir visos kitos; priežastis – diena (viena per dieną), menuo,
                    atsukimas, pradzia arba ranka
   verify FAILAS    patikrina, ar iš atsarginės kopijos galima atkurti; knygų neliečia
@@ -180,7 +180,7 @@ Komandos
                    kokį rašo programos langas; esamo failo neliečia
 
 Duomenų vieta
-  --data KATALOGAS   katalogo failai velmora_fin.db ir velmora_ravl.db
+  --data APLANKAS    aplanko failai velmora_fin.db ir velmora_ravl.db
   --server ŽODŽIAI   PostgreSQL serverio žodžiai, pvz. "host=serveris user=buhalterija";
                      duomenų bazės velmora_fin ir velmora_ravl, arba kitos, jei nurodyta fin= ir ravl=;
                      vietoj žodžių parašius „-“, jie imami iš aplinkos kintamojo VELMORA_SERVER
@@ -198,7 +198,7 @@ Naujos įstaigos duomenys (komandos „create“ parinktys)
                      iš standartinės įvesties; be šios parinkties prisijungti nebus kam
 
 Kitos parinktys
-  --into KATALOGAS komandos „keep“ kopijų katalogas; be jo – „atsargines“ šalia knygų
+  --into APLANKAS  komandos „keep“ kopijų aplankas; be jo – „atsargines“ šalia knygų
   --size N           parodomųjų duomenų kiekis: N kartų po 300 debitorių ir kreditorių (1–10000)
   --escaped          eksportuojant: kabutės dvigubinamos, tuščia reikšmė – NULL, koduotė UTF-8;
                      failą įvykdžius to paties variklio duomenų bazėje, lentelėje lygiai tie patys duomenys

@@ -5,6 +5,7 @@
 #include "host/data/main_datas.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -29,6 +30,15 @@ QString databaseIn(const QStringList &words)
     return {};
 }
 
+// A folder inside the one that was chosen: books of two institutions in one folder would count each other's
+// backups as theirs.
+QString nameOfItsOwn(const TBooksSettings &books)
+{
+    static const QRegularExpression unfit(u"[^\\w-]"_s, QRegularExpression::UseUnicodePropertiesOption);
+    const QString database = databaseIn(connectionWords(books.books().fin.connInfo));
+    return QString(database).remove(unfit) + u'-' + keyOf(books);
+}
+
 } // namespace
 
 TBooksSettings openBooksSettings()
@@ -46,7 +56,10 @@ TBooksSettings openBooksSettings()
 QString backupFolder()
 {
     const TBooksSettings books = openBooksSettings();
-    return books.isEmbedded() ? backupFolderOf(books.folder) : settingsStore().value(folderKey()).toString();
+    if (books.isEmbedded())
+        return backupFolderOf(books.folder);
+    const QString chosen = settingsStore().value(folderKey()).toString();
+    return chosen.isEmpty() ? chosen : QDir(chosen).filePath(nameOfItsOwn(books));
 }
 
 void setBackupFolder(const QString &folder)

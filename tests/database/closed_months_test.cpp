@@ -164,6 +164,20 @@ TEST_P(ClosedMonthsOnSqlite, LoseNoRowToAnotherThatTakesItsKey)
     expectRefused(u"update or replace bd_irasai set rowid = 1 where irs_id = 3"_s);
 }
 
+TEST_P(ClosedMonthsOnSqlite, ARefusedStatementInsideATransactionLosesNoRowOfTheOpenOne)
+{
+    run(u"insert into bd_irasai (irs_id, irs_perid, irs_sasid, irs_sum_db) values (-1, 7, 1, 1)"_s);
+    run(u"insert into bd_saslik values (-1, 1, 7, 1, 0)"_s);
+    const QStringList before = dump(*mnFin_Db);
+    for (const QString &table : {u"bd_irasai"_s, u"bd_saslik"_s}) {
+        shell(u"begin; delete from %1; commit"_s.arg(table));
+        mnFin_Db->nativeExec(u"begin"_s);
+        EXPECT_EQ(errorOf(u"delete from "_s + table), marchIsClosed);
+        mnFin_Db->nativeExec(u"commit"_s);
+        EXPECT_EQ(dump(*mnFin_Db), before) << table.toStdString();
+    }
+}
+
 TEST_P(ClosedMonthsOnServer, AreNotEmptiedAtOnce)
 {
     expectRefused(u"truncate bd_saslik"_s);
@@ -180,6 +194,21 @@ TEST_P(ClosedMonthsOnServer, AWriterWaitsForTheCloseThatIsUnderWay)
     mnFin_Db->Commit();
     other->wait();
     EXPECT_EQ(failure, u"2025 m. balandžio mėnuo uždarytas: jo įrašai ir sąskaitų likučiai nekeičiami.");
+}
+
+TEST_P(ClosedMonthsOnServer, AWriterWithAnOlderViewOfTheBooksIsRefused)
+{
+    const auto other = open(finSettings());
+    for (const QString &level : {u"repeatable read"_s, u"serializable"_s}) {
+        other->nativeExec(u"begin isolation level "_s + level);
+        value(*other, u"select count(*) from bd_period"_s);
+        close();
+        EXPECT_THROW(
+            other->nativeExec(u"insert into bd_saslik select 90, 1, max(per_id), 1, 0 from bd_period"_s),
+            EDatabaseError);
+        other->nativeExec(u"rollback"_s);
+    }
+    EXPECT_EQ(one(u"select count(*) from bd_saslik where ssl_id = 90"_s), u"0");
 }
 
 TEST_P(ClosedMonthsOnServer, ACloseWaitsForTheWriterAndCarriesWhatHeWrote)
@@ -269,14 +298,43 @@ TEST_P(ClosedMonths, LetNoOtherPersonIntoTheirLines)
               (QStringList{u"3"_s, u"5"_s}));
 }
 
+TEST_P(ClosedMonthsOnSqlite, TellPersonsApartWhoseLettersTheEngineDoesNotKnow)
+{
+    const QStringList names{u"'Jürgen'"_s, u"'JÜRGEN'"_s,  u"'Jörgen'"_s, u"'Жанна'"_s, u"'Борис'"_s,
+                            u"'жАННА '"_s, u"'Jürgens'"_s, u"null"_s,     u"'ü'"_s};
+    for (qsizetype i = 0; i < names.size(); ++i)
+        run(u"insert into bd_matasm (mat_id, mat_pavad, mat_prgid) values (%1, %2, 1)"_s.arg(i + 10).arg(
+            names.at(i)));
+    EXPECT_EQ(select(u"select tpa_lieka, tpa_senas from sys_tie_patys_asmenys where tpa_lieka >= 10 "
+                     "order by 1, 2"_s),
+              (QStringList{u"10|11"_s, u"13|15"_s}));
+}
+
 TEST_P(ClosedMonths, LetAPersonMoveWithNothingElse)
 {
     run(u"insert into bd_matasm (mat_id, mat_pavad, mat_prgid) values (3, 'Jonas', 1)"_s);
     run(u"insert into bd_matasm (mat_id, mat_pavad, mat_prgid) values (4, 'Jonas', 1)"_s);
     run(u"insert into bd_irasai (irs_id, irs_perid, irs_matid) values (90, 7, 4)"_s);
+    const QStringList columns =
+        select(u"select column_name from syscolumn join systable on syscolumn.table_id = systable.table_id "
+               "where table_name = 'bd_irasai' and column_name <> 'irs_matid'"_s);
+    ASSERT_GT(columns.size(), 15);
+    for (
+        const QString &row :
+        {u"bd_sasplan values (8, '8', 'Kita', 'D', NULL)"_s,
+         u"bd_jve values (8, 1, NULL, '2.3', 'Kita', 1)"_s,
+         u"bd_dbkrasm (dka_id, dka_kod, dka_pavad, dka_sasid, dka_sasid_2) values (8, 'B1', 'Kitas', 2, 3)"_s,
+         u"bd_pad (pad_id, pad_pavad) values (8, 'Kitas')"_s, u"bd_atsasm (ats_id) values (8)"_s,
+         u"bd_kasos values (8, 1, 'Kita')"_s, u"bd_einsas (ein_id) values (8)"_s})
+        run(u"insert into "_s + row);
     close();
-    EXPECT_EQ(errorOf(u"update bd_irasai set irs_matid = 3, irs_sum_db = 1 where irs_id = 90"_s),
-              u"2025 m. balandžio mėnuo uždarytas: jo įrašai ir sąskaitų likučiai nekeičiami.");
+    for (const QString &column : columns) {
+        const QString other = column == u"irs_data" ? u"'2025-04-05'"_s : u"8"_s;
+        EXPECT_EQ(
+            errorOf(u"update bd_irasai set irs_matid = 3, %1 = %2 where irs_id = 90"_s.arg(column, other)),
+            u"2025 m. balandžio mėnuo uždarytas: jo įrašai ir sąskaitų likučiai nekeičiami.")
+            << column.toStdString();
+    }
     run(u"update bd_irasai set irs_matid = 3 where irs_id = 90"_s);
 }
 

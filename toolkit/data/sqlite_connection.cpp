@@ -46,9 +46,9 @@ void SqliteConnection::checkPlace() const
     if (settings.file.isEmpty())
         throw EDatabaseError(u"Nenurodytas duomenų bazės failas."_s);
     if (!file.dir().exists())
-        throw EDatabaseError(u"Nerastas duomenų bazės katalogas „%1“."_s.arg(file.absolutePath()));
+        throw EDatabaseError(u"Nerastas duomenų bazės aplankas „%1“."_s.arg(file.absolutePath()));
     if (file.isDir())
-        throw EDatabaseError(u"„%1“ yra katalogas, o ne duomenų bazės failas."_s.arg(settings.file));
+        throw EDatabaseError(u"„%1“ yra aplankas, o ne duomenų bazės failas."_s.arg(settings.file));
     if (!file.exists() && (settings.readOnly || reading()))
         throw EDatabaseError(u"Nerastas duomenų bazės failas „%1“."_s.arg(settings.file));
 }

@@ -20,9 +20,9 @@ constexpr TTrouble troubles[] = {
     {EROFS, u"diskas skirtas tik skaityti"},
     {EBUSY, u"failą naudoja kita programa"},
     {ETXTBSY, u"failą naudoja kita programa"},
-    {ENOENT, u"tokio katalogo nėra"},
-    {ENOTDIR, u"tokio katalogo nėra"},
-    {EISDIR, u"tai katalogas, o ne failas"},
+    {ENOENT, u"tokio aplanko nėra"},
+    {ENOTDIR, u"tokio aplanko nėra"},
+    {EISDIR, u"tai aplankas, o ne failas"},
     {ENAMETOOLONG, u"per ilgas pavadinimas"},
     {EIO, u"disko klaida"},
 };

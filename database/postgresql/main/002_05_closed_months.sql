@@ -28,13 +28,20 @@ where m.per_menuo > 0
                 and (v.per_metai, v.per_ketv, v.per_menuo) > (m.per_metai, m.per_ketv, m.per_menuo));
 
 -- Refuses when one of the months is closed. A close that is under way holds the row of its month: whoever
--- writes into that month waits for it here, and the close for him.
+-- writes into that month waits for it here, and the close for him. Who goes on seeing the books as they were
+-- when his transaction began would not see what he waited for.
 create function sys_saugoti_menesius(perids bigint[]) returns void
 language plpgsql
 as $$
 declare
     refusal text;
+    isolation text := current_setting('transaction_isolation');
 begin
+    if isolation <> 'read committed' then
+        raise exception using message = format(
+            'Įrašai ir sąskaitų likučiai keičiami tik „read committed“ lygio transakcijoje, o ši yra „%s“ lygio.',
+            isolation);
+    end if;
     perform from bd_period where per_id = any(perids) and per_menuo > 0 order by per_id for key share;
     select uzm_pranesimas into refusal
     from sys_uzdaryti_menesiai

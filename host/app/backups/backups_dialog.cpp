@@ -50,7 +50,7 @@ QString sizeOf(const TBackup &backup)
 QString onServer(const QString &words)
 {
     return QString("Šios knygos yra serveryje. Jų kopijas daro ir atkuria serverio administratorius:\n"
-                   "velmora-db keep diena --into KATALOGAS --server \"%1\"\n"
+                   "velmora-db keep diena --into APLANKAS --server \"%1\"\n"
                    "velmora-db restore FAILAS --server \"%1\"\n"
                    "Jei kopijas turi daryti ir ši darbo vieta, parinkite joms aplanką.")
         .arg(words);
@@ -76,9 +76,12 @@ TBackupsDlg::TBackupsDlg(QWidget *owner)
         {"&Rodyti aplanką", TDialogButton::Action, false, [this] { showFolder(); }, "FolderBtn"},
         {"&Uždaryti", TDialogButton::Cancel, false, {}, "CloseBtn"},
         {"Pa&galba", TDialogButton::Help, false, {}, {}}};
-    if (!openBooksSettings().isEmbedded())
+    if (!openBooksSettings().isEmbedded()) {
         buttons.insert(
-            4, {"&Parinkti aplanką…", TDialogButton::Action, false, [this] { chooseFolder(); }, "ChooseBtn"});
+            4, {"Parinkti apl&anką…", TDialogButton::Action, false, [this] { chooseFolder(); }, "ChooseBtn"});
+        buttons.insert(
+            5, {"&Nedaryti čia", TDialogButton::Action, false, [this] { forgetFolder(); }, "ForgetBtn"});
+    }
     describe("Atsarginės kopijos", {TFieldRow::custom("Ko&pijos:", "List", List)}, nullptr, buttons);
     Place->setObjectName("Place");
     Place->setTextFormat(Qt::PlainText);
@@ -145,6 +148,10 @@ void TBackupsDlg::enableButtons()
         ->setEnabled(current() && current()->sound() && writes && openBooksSettings().isEmbedded());
     button("VerifyBtn")->setEnabled(current() && writes);
     button("FolderBtn")->setEnabled(hasFolder);
+    if (openBooksSettings().isEmbedded())
+        return;
+    button("ChooseBtn")->setEnabled(writes);
+    button("ForgetBtn")->setEnabled(hasFolder && writes);
 }
 
 const TBackup *TBackupsDlg::current() const
@@ -171,6 +178,10 @@ void TBackupsDlg::verify()
     readFolder();
     if (!end.done())
         throw Exception(QString("Ši atsarginė kopija atkurti netinka.\n\n%1").arg(end.trouble));
+    if (const QString notes = notesOf(end); !notes.isEmpty())
+        StdMsgBox(
+            mkInformation,
+            QString("Atsarginė kopija tinka atkurti, bet jos knygose yra neatitikimų:\n\n%1").arg(notes));
 }
 
 void TBackupsDlg::restore()
@@ -205,10 +216,16 @@ void TBackupsDlg::showFolder()
 
 void TBackupsDlg::chooseFolder()
 {
-    const QString folder =
-        QFileDialog::getExistingDirectory(this, "Serverio knygų kopijų aplankas", backupFolder());
+    const QString aboveIt = backupFolder().isEmpty() ? QString() : QFileInfo(backupFolder()).absolutePath();
+    const QString folder = QFileDialog::getExistingDirectory(this, "Serverio knygų kopijų aplankas", aboveIt);
     if (folder.isEmpty())
         return;
     setBackupFolder(folder);
+    readFolder();
+}
+
+void TBackupsDlg::forgetFolder()
+{
+    setBackupFolder({});
     readFolder();
 }

@@ -27,6 +27,7 @@ private:
     void verify();
     void showFolder();
     void chooseFolder();
+    void forgetFolder();
 
     QLabel *Place;
     QTreeWidget *List;

@@ -8,6 +8,8 @@
 namespace {
 
 constexpr int paintingMs = 40;
+constexpr qsizetype notesShown = 10;
+const QString noteBeginning = "Pastaba: ";
 
 QString &otherProgram()
 {
@@ -47,6 +49,18 @@ TToolEnd toolEnd(QProcess &tool)
     if (end.trouble.isEmpty() && tool.exitCode() != 0)
         end.trouble = "Programa klaidos nepaaiškino.";
     return end;
+}
+
+QString notesOf(const TToolEnd &end)
+{
+    QStringList notes;
+    for (const QString &line : end.said.split('\n'))
+        if (line.startsWith(noteBeginning))
+            notes.append(line.sliced(noteBeginning.size()));
+    const qsizetype more = notes.size() - notesShown;
+    if (more > 0)
+        notes = notes.first(notesShown) << QString("… ir dar %1.").arg(more);
+    return notes.join('\n');
 }
 
 TToolEnd runTool(QProcess &tool, const QString &progress)

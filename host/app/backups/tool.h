@@ -12,6 +12,9 @@ struct TToolEnd {
     bool done() const { return trouble.isEmpty(); }
 };
 
+// What a restored or verified copy was found to hold that does not fit together, a line each; empty: nothing.
+QString notesOf(const TToolEnd &end);
+
 // Makes a process of it that works on the open books; words are the command and what belongs to it.
 void prepareTool(QProcess &tool, const QStringList &words);
 // How it ended, of a process that runs no longer.

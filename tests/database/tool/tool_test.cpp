@@ -6,6 +6,7 @@
 #include "tests/support/unguarded.h"
 
 #include <QLockFile>
+#include <QProcess>
 #include <QtEndian>
 
 #include <bit>
@@ -37,7 +38,7 @@ TEST(ToolCommandLine, WrongWordsAreRefused)
         {{u"create"_s}, u"Nurodykite vieną iš dviejų"_s},
         {{u"create"_s, u"--data"_s, place, u"--server"_s, u"host=x"_s}, u"Nurodykite vieną iš dviejų"_s},
         {{u"create"_s, u"--data"_s}, u"Parinkčiai trūksta reikšmės."_s},
-        {{u"create"_s, u"--data="_s}, u"Po --data reikia katalogo."_s},
+        {{u"create"_s, u"--data="_s}, u"Po --data reikia aplanko."_s},
         {{u"create"_s, u"--datos"_s, place}, u"Nežinoma parinktis „datos“."_s},
         {{u"create"_s, u"dar"_s, u"--data"_s, place}, u"Nereikalingas žodis „dar“."_s},
         {{u"backup"_s, u"--data"_s, place}, u"Komandai „backup“ reikia failo vardo."_s},
@@ -214,6 +215,25 @@ TEST_P(Backup, IsNeverOverwritten)
     EXPECT_EQ(contentOf(file), before);
 }
 
+TEST_P(Backup, OfTwoProgramsWithOneNameOneIsRefused)
+{
+    const QString name = place.file(u"bendra"_s);
+    QProcess programs[2];
+    for (QProcess &program : programs)
+        program.start(buildFolder() + u"/bin/velmora-db"_s,
+                      QStringList{u"backup"_s, name} + place.arguments());
+    QString complaints;
+    int refused = 0;
+    for (QProcess &program : programs) {
+        ASSERT_TRUE(program.waitForFinished(120'000));
+        refused += program.exitCode() == 3;
+        complaints += QString::fromUtf8(program.readAllStandardError());
+    }
+    EXPECT_EQ(refused, 1) << complaints.toStdString();
+    EXPECT_TRUE(complaints.contains(u"jau yra"_s)) << complaints.toStdString();
+    EXPECT_EQ(run({u"verify"_s, name}).code, 0);
+}
+
 TEST_P(Backup, KeepsTheBooksThatARestoreReplaces)
 {
     place.ravl()->nativeExec(u"update bd_usr set usr_vardas = 'Vėlesnė' where usr_id = 1"_s);
@@ -329,6 +349,20 @@ TEST(WholeFile, ReportsAFullDiskAndLeavesNothing)
         EXPECT_TRUE(error.message().contains(u"diske nebeliko vietos"_s)) << error.what();
     }
     EXPECT_TRUE(QDir(folder.path()).isEmpty());
+}
+
+TEST(WholeFile, TakesNobodysName)
+{
+    QTemporaryDir folder;
+    const QString target = folder.filePath(u"kopija"_s);
+    {
+        TWholeFile file(target);
+        file.write("mano");
+        writeFile(target, "kito");
+        EXPECT_THROW(file.publish(), EFileError);
+    }
+    EXPECT_EQ(contentOf(target), "kito");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{u"kopija"_s});
 }
 
 } // namespace

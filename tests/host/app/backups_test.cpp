@@ -198,6 +198,67 @@ TEST_F(Backups, BooksThatSomebodyElseHasOpenAreNotReplaced)
     EXPECT_FALSE(window->isVisible());
 }
 
+namespace {
+
+// A program that says or does something else in the tool's place.
+void takeForTool(const QString &file, const QByteArray &script)
+{
+    writeFile(file, "#!/bin/sh\n" + script);
+    ASSERT_TRUE(QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    setToolProgram(file);
+}
+
+} // namespace
+
+TEST_F(Backups, ARestoreKilledOnceItWasDecidedIsToldAsDone)
+{
+    ASSERT_TRUE(backUpOrAsk(BackupKind::ByHand));
+    const QString folder = root.filePath("knygos");
+    const TSessionSettings fin = MainDatas()->mnFin_Db()->settings();
+    books().nativeExec("vacuum into " + TDatabase::quoted(root.filePath("velmora_fin.db")));
+    MainDatas()->mnRavl()->nativeExec("vacuum into " + TDatabase::quoted(root.filePath("velmora_ravl.db")));
+    books().ExecSQL("update bd_org set org_adr = 'Vėlesnė g. 1'");
+    takeForTool(root.filePath("irankis"),
+                QString("cd '%1'\ncp ../velmora_fin.db velmora_fin.db.nauja\n"
+                        "cp ../velmora_ravl.db velmora_ravl.db.nauja\n"
+                        "echo 'VELMORA-KEITIMAS 1 20261122T101500000' > velmora.keitimas\nkill -9 $$\n")
+                    .arg(folder)
+                    .toUtf8());
+    NextBoxes boxes{QMessageBox::Yes, QMessageBox::Ok};
+    OnNextDialog<TBackupsDlg> chooses([](TBackupsDlg &dialog) { pressButton(dialog, "A&tkurti…"); });
+    OnNextDialog<TLoginDlg> givesUp([](TLoginDlg &login) { login.reject(); });
+    action("acBackups")->trigger();
+    EXPECT_TRUE(boxes.at(1).text.contains("Knygos atkurtos")) << qPrintable(boxes.at(1).text);
+    TDatabase restored(fin);
+    restored.Open();
+    EXPECT_NE(restored.fieldResult("select org_adr from bd_org").toString(), "Vėlesnė g. 1");
+}
+
+TEST_F(Backups, ARestoreThatNobodyCanFinishIsToldAsUnfinished)
+{
+    ASSERT_TRUE(backUpOrAsk(BackupKind::ByHand));
+    takeForTool(root.filePath("irankis"), QString("echo sugadintas > '%1/velmora.keitimas'\nkill -9 $$\n")
+                                              .arg(root.filePath("knygos"))
+                                              .toUtf8());
+    NextBoxes boxes{QMessageBox::Yes, QMessageBox::Ok, QMessageBox::Ok};
+    OnNextDialog<TBackupsDlg> chooses([](TBackupsDlg &dialog) { pressButton(dialog, "A&tkurti…"); });
+    action("acBackups")->trigger();
+    EXPECT_TRUE(boxes.at(1).text.contains("nebaigtas")) << qPrintable(boxes.at(1).text);
+    EXPECT_TRUE(boxes.at(2).text.contains("sugadintas")) << qPrintable(boxes.at(2).text);
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(Backups, WhatIsWrongWithTheBooksOfASoundCopyIsTold)
+{
+    ASSERT_TRUE(backUpOrAsk(BackupKind::ByHand));
+    takeForTool(root.filePath("irankis"), "echo 'Tikrinama…'; echo 'Pastaba: debetas nelygus kreditui'\n");
+    TBackupsDlg dialog(nullptr);
+    NextBoxes told{QMessageBox::Ok};
+    pressButton(dialog, "T&ikrinti");
+    EXPECT_TRUE(told.at(0).text.contains("\n\ndebetas nelygus kreditui")) << qPrintable(told.at(0).text);
+    EXPECT_FALSE(told.at(0).text.contains("Tikrinama"));
+}
+
 // A server's books have backups here only in a folder that was chosen for them.
 class ServerBackups : public WithMainDatas {
 protected:
@@ -226,4 +287,31 @@ TEST_P(ServerBackups, InTheChosenFolderTheyAreMade)
     const TBackupsDlg dialog(nullptr);
     EXPECT_FALSE(dialog.findChild<QPushButton *>("RestoreBtn")->isEnabled());
     EXPECT_TRUE(dialog.findChild<QPushButton *>("VerifyBtn")->isEnabled());
+}
+
+TEST_P(ServerBackups, BooksOfTwoInstitutionsShareAChosenFolderWithoutMeeting)
+{
+    setBackupFolder(place.path());
+    const QString ofThese = backupFolder();
+    EXPECT_TRUE(ofThese.startsWith(place.path() + "/")) << qPrintable(ofThese);
+    setMainDatas(std::make_unique<TMainDatas>(ravlSettings(), finSettings()));
+    setBackupFolder(place.path());
+    EXPECT_TRUE(backupFolder().startsWith(place.path() + "/")) << qPrintable(backupFolder());
+    EXPECT_NE(backupFolder(), ofThese);
+}
+
+TEST_P(ServerBackups, TheChosenFolderCanBeTakenBackByWhoMayWrite)
+{
+    setBackupFolder(place.path());
+    {
+        TBackupsDlg dialog(nullptr);
+        pressButton(dialog, "&Nedaryti čia");
+        EXPECT_FALSE(dialog.findChild<QPushButton *>("ForgetBtn")->isEnabled());
+        EXPECT_EQ(backupFolder(), QString());
+    }
+    setBackupFolder(place.path());
+    CurrentUser().viewOnly = true;
+    const TBackupsDlg dialog(nullptr);
+    for (const char *name : {"ChooseBtn", "ForgetBtn"})
+        EXPECT_FALSE(dialog.findChild<QPushButton *>(name)->isEnabled()) << name;
 }

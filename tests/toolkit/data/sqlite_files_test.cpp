@@ -42,7 +42,7 @@ TEST_F(SqliteFiles, AMissingFolderIsNamed)
 
 TEST_F(SqliteFiles, AFolderIsNoDatabase)
 {
-    EXPECT_ERROR(EDatabaseError, TDatabase(at(u"."_s)).Open(), u"yra katalogas"_s);
+    EXPECT_ERROR(EDatabaseError, TDatabase(at(u"."_s)).Open(), u"yra aplankas"_s);
 }
 
 TEST_F(SqliteFiles, AForeignFileIsRefusedAndStaysAsItWas)

@@ -155,12 +155,12 @@ TEST_F(ExportFile, TellsAFileInUse)
 TEST_F(ExportFile, TellsAFolderThatIsNotThere)
 {
     name = folder.filePath(u"nėra/lentelė.sql"_s);
-    EXPECT_ERROR(EFileError, write(5), u"tokio katalogo nėra."_s);
+    EXPECT_ERROR(EFileError, write(5), u"tokio aplanko nėra."_s);
 }
 
 TEST_F(ExportFile, TellsThatTheNameIsAFolders)
 {
-    EXPECT_ERROR(EFileError, TExportFile(folder.path()), u"tai katalogas, o ne failas."_s);
+    EXPECT_ERROR(EFileError, TExportFile(folder.path()), u"tai aplankas, o ne failas."_s);
 }
 
 } // namespace

@@ -40,6 +40,13 @@ int rename(const char *from, const char *to) noexcept
     return original(from, to);
 }
 
+int renameat2(int fromFolder, const char *from, int toFolder, const char *to, unsigned flags) noexcept
+{
+    step();
+    static auto *const original = next<int(int, const char *, int, const char *, unsigned)>("renameat2");
+    return original(fromFolder, from, toFolder, to, flags);
+}
+
 int unlink(const char *file) noexcept
 {
     step();
