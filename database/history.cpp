@@ -1,6 +1,7 @@
 #include "database/history.h"
 
 #include "database/history_triggers.h"
+#include "toolkit/data/server_link.h"
 
 using namespace Qt::StringLiterals;
 
@@ -34,6 +35,8 @@ void keepHistory(TDatabase &db, const TPerson &person)
     if (db.engine() == Engine::Sqlite)
         script += historyTriggers(db);
     db.setOpeningScript(script);
+    if (db.engine() == Engine::PostgreSql)
+        setCommitWitness(db, u"select sys_ar_irasyta('%1'::xid8)"_s);
 }
 
 THistoryPause::THistoryPause(TDatabase &aDb) : db(aDb)

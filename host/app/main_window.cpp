@@ -9,6 +9,7 @@
 #include "host/app/home/screen_use.h"
 #include "host/app/host_entries.h"
 #include "host/app/institutions.h"
+#include "host/app/server_panel.h"
 #include "host/app/setup/setup_dialog.h"
 #include "host/app/stand_on.h"
 #include "host/app/start_of_work.h"
@@ -58,11 +59,6 @@ public:
                                                    : QProxyStyle::styleHint(hint, option, widget, returned);
     }
 };
-
-QString engineName(Engine engine)
-{
-    return engine == Engine::Sqlite ? "Įterptinė duomenų bazė" : "Duomenų bazės serveris";
-}
 
 QString userText()
 {
@@ -203,15 +199,17 @@ void TMainWindow::addStatusBar()
     institution = panel("institution", "Įstaiga");
     user = panel("user", "Naudotojas");
     period = panel("period", "Einamasis periodas");
-    engine = panel("engine", "Duomenų bazė");
+    server = new TServerPanel(this);
+    statusBar()->addWidget(server);
 }
 
 void TMainWindow::showStatus()
 {
     if (!MainDatas()) {
         setWindowTitle("Velmora");
-        for (QLabel *panel : {institution, user, period, engine})
+        for (QLabel *panel : {institution, user, period})
             panel->clear();
+        server->showBooks();
         return;
     }
     const QString name = organisationName();
@@ -222,7 +220,7 @@ void TMainWindow::showStatus()
     user->setVisible(!user->text().isEmpty());
     period->setText(EinPer_Id() > 0 ? QString("Periodas: %1").arg(PeriodText(EinPer_Date()))
                                     : QString("Darbo pradžios periodas nenustatytas"));
-    engine->setText(engineName(MainDatas()->mnFin_Db()->engine()));
+    server->showBooks();
 }
 
 void TMainWindow::setLoggedIn(bool on)

@@ -7,10 +7,12 @@
 #include <QLabel>
 #include <QMainWindow>
 
+class TServerPanel;
+
 // The main window: a menu for everything that package and host offer, document windows, and a status bar that
-// tells institution, user, current period and engine. It stands before the books are opened. Whenever a
-// window of the program becomes active, the current period is read anew: another station may have closed a
-// month.
+// tells institution, user, current period and where the books are. It stands before the books are opened.
+// Whenever a window of the program becomes active, the current period is read anew: another station may have
+// closed a month.
 //
 // F1 shows the help of what is in front, F10 or Alt alone lead to the menu bar.
 class TMainWindow : public QMainWindow {
@@ -61,5 +63,5 @@ private:
     QLabel *institution;
     QLabel *user;
     QLabel *period;
-    QLabel *engine;
+    TServerPanel *server;
 };

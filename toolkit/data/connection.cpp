@@ -95,8 +95,8 @@ void EngineConnection::checkPermitted() const
 
 void EngineConnection::runOpeningScript()
 {
-    if (!openingScript.isEmpty())
-        run(openingScript);
+    if (!firstScript.isEmpty())
+        run(firstScript);
 }
 
 void *EngineConnection::nativeHandle() const

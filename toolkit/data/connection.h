@@ -1,6 +1,7 @@
 #pragma once
 
 #include "toolkit/data/database.h"
+#include "toolkit/data/server_link.h"
 #include "toolkit/data/statement.h"
 
 #include <QElapsedTimer>
@@ -59,24 +60,41 @@ public:
     virtual void rollback() = 0;
     virtual bool inTransaction() const = 0;
 
+    // --- what only a server has
+
+    virtual std::optional<TServerLink> link() const { return {}; }
+    // A step towards a server that is lost, without waiting; true when it was reached.
+    virtual bool seek() { return true; }
+    // The server's own number of the transaction that was begun last.
+    virtual QByteArray transactionId() const { return {}; }
+    // Seeks the server for that long and asks what became of that transaction. The witness is a question in
+    // the server's own wording; what is said to be written is believed when it answers true, or is empty.
+    virtual TCommitFate fateOf(const QByteArray & /*id*/, const QByteArray & /*witness*/, int /*seekMs*/)
+    {
+        return TCommitFate::NotToBeFound;
+    }
+
     // Another connection of the session lost its server: an idle connection is not trusted any more.
     virtual void mistrust() {}
     // Prepared statements that are kept for later are thrown away.
     virtual void forgetPrepared() = 0;
 
     // Run first on every connection that is made from now on.
-    void setOpeningScript(const QByteArray &script) { openingScript = script; }
+    void setOpeningScript(const QByteArray &script) { firstScript = script; }
 
     QSqlDatabase &handle() { return database; }
 
     // Called when the server is found lost.
     std::function<void()> onLost;
+    // Called when it was connected.
+    std::function<void()> onFound;
 
 protected:
     EngineConnection(TSessionSettings settings, TDatabase::Connection use);
 
     bool reading() const { return use == TDatabase::Connection::Reading; }
     void checkPermitted() const;
+    const QByteArray &openingScript() const { return firstScript; }
     void runOpeningScript();
     // The driver's own connection object behind Qt's.
     void *nativeHandle() const;
@@ -90,7 +108,7 @@ protected:
 
 private:
     bool permitted = false;
-    QByteArray openingScript;
+    QByteArray firstScript;
 };
 
 // Refuses what no engine may be given: a NUL inside a text, a number that is not finite.

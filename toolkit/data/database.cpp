@@ -1,17 +1,18 @@
 #include "toolkit/data/database.h"
 
 #include "toolkit/data/catalogue.h"
+#include "toolkit/data/commit_fates.h"
 #include "toolkit/data/sqlite_connection.h"
 
 using namespace Qt::StringLiterals;
 
-struct TDatabase::Private {
-    Private(TSessionSettings theSettings, const SqlCatalog &catalog)
-        : settings(std::move(theSettings)),
-          editing(EngineConnection::create(settings, Connection::Editing)),
+struct TDatabase::Private : ServerSession {
+    Private(TSessionSettings theSettings, const TDatabase &session)
+        : ServerSession(session),
+          settings(std::move(theSettings)),
           translator(settings.engine == Engine::Sqlite ? SqlDialect::Sqlite : SqlDialect::PostgreSql,
-                     catalog),
-          catalogue(editing, settings.engine)
+                     session),
+          catalogue(editing = EngineConnection::create(settings, Connection::Editing), settings.engine)
     {
         watch(editing);
     }
@@ -24,11 +25,9 @@ struct TDatabase::Private {
 
     const TSessionSettings settings;
     bool opened = false;
-    std::shared_ptr<EngineConnection> editing;
-    std::vector<std::shared_ptr<EngineConnection>> reading;
     SqlTranslator translator;
     Catalogue catalogue;
-    qlonglong transactions = 0; // how many were begun; tells one from the next
+    qlonglong transaction = 0; // the number of the last one begun
 };
 
 // One loss is reported once: the other connections of the session connect anew before their next use.
@@ -38,7 +37,9 @@ void TDatabase::Private::watch(const std::shared_ptr<EngineConnection> &connecti
         editing->mistrust();
         for (const std::shared_ptr<EngineConnection> &each : reading)
             each->mistrust();
+        tellLinkEvent(TLinkEvent::Lost);
     };
+    connection->onFound = [] { tellLinkEvent(TLinkEvent::Found); };
 }
 
 std::shared_ptr<EngineConnection> TDatabase::Private::anotherReading()
@@ -135,14 +136,21 @@ void TDatabase::StartTransaction()
     d->checkOpened();
     if (InTransaction())
         return;
+    d->fates.settle(*d->editing);
     d->editing->begin();
-    ++d->transactions;
+    static qlonglong transactions = 0;
+    d->transaction = ++transactions;
 }
 
 void TDatabase::Commit()
 {
-    if (InTransaction())
+    if (!InTransaction())
+        return;
+    try {
         d->editing->commit();
+    } catch (const EConnectionLost &loss) {
+        d->fates.answerLost(*d->editing, d->transaction, loss.serverText);
+    }
 }
 
 void TDatabase::Rollback()
@@ -158,7 +166,7 @@ bool TDatabase::InTransaction() const
 
 qlonglong TDatabase::transactionNumber() const
 {
-    return InTransaction() ? d->transactions : 0;
+    return InTransaction() ? d->transaction : 0;
 }
 
 std::unique_ptr<TStatement> TDatabase::prepare(const QString &statement, Connection on)

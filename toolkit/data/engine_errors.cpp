@@ -10,6 +10,8 @@ const auto busyText = u"Duomenų bazę užrakino kita programa arba kita darbo v
 const auto referenceText =
     u"Įrašas susietas su kitais įrašais: nurodytas įrašas neegzistuoja arba jis naudojamas."_s;
 const auto readOnlyText = u"Duomenų bazė atverta tik skaitymui, keisti negalima."_s;
+const auto standbyText =
+    u"Prisijungta prie atsarginio serverio: jame duomenis galima tik peržiūrėti. Prisijunkite prie pagrindinio."_s;
 const auto diskFullText = u"Diske nebeliko vietos, duomenys neįrašyti."_s;
 
 const auto duplicateText = u"Toks įrašas jau yra."_s;
@@ -142,7 +144,7 @@ void raiseServerError(const ServerFailure &failure, const QString &statement)
     if (state == u"55P03" || state == u"40P01" || state == u"40001")
         throw EDatabaseBusy(busyText, text, statement);
     if (state == u"25006")
-        throw EDatabaseError(readOnlyText, text, statement);
+        throw EDatabaseError(failure.atStandby ? standbyText : readOnlyText, text, statement);
     if (state == u"25P02")
         throw EDatabaseError(u"Ankstesnis operacijos veiksmas nepavyko, operaciją reikia atšaukti."_s, text,
                              statement);

@@ -19,6 +19,7 @@ struct ServerFailure {
     QString detail;
     QString column;
     QString constraint;
+    bool atStandby = false; // of a server that only follows another one
 };
 [[noreturn]] void raiseServerError(const ServerFailure &failure, const QString &statement);
 [[noreturn]] void raiseConnectionLost(const QString &serverText, const QString &statement);

@@ -1,8 +1,12 @@
 #include "toolkit/postgresql/postgresql_connection.h"
 
 #include "toolkit/data/engine_errors.h"
+#include "toolkit/postgresql/commit_question.h"
 #include "toolkit/postgresql/server_types.h"
 #include "toolkit/postgresql/statement_postgresql.h"
+
+#include <QDeadlineTimer>
+#include <QThread>
 
 #include <array>
 #include <cerrno>
@@ -15,74 +19,10 @@ namespace {
 constexpr int pollMs = 40;
 constexpr qsizetype preparedLimit = 200;
 
-struct ConnectionWord {
-    const char *name;
-    const char *value;
-};
-
-// Given unless the settings word them themselves: a station must notice a server that froze.
-constexpr ConnectionWord defaultWords[] = {
-    {"connect_timeout", "10"}, {"keepalives_idle", "10"},     {"keepalives_interval", "5"},
-    {"keepalives_count", "3"}, {"tcp_user_timeout", "30000"},
-};
-
 QByteArray quotedWord(const QByteArray &value)
 {
     QByteArray text = value;
     return '\'' + text.replace('\\', "\\\\").replace('\'', "\\'") + '\'';
-}
-
-// What the user can do about a refused connection. The refusal has no code, only the server's words; these
-// stay in the error's details.
-QString reasonOf(const QString &text)
-{
-    if (text.contains(u"password"_s))
-        return u"Serveris nepriėmė naudotojo vardo arba slaptažodžio."_s;
-    if (text.contains(u"permission denied"_s))
-        return u"Šiam naudotojui ši duomenų bazė neprieinama."_s;
-    if (text.contains(u"does not exist"_s))
-        return u"Serveryje nėra tokios duomenų bazės arba tokio naudotojo."_s;
-    return u"Serveris nepasiekiamas: patikrinkite jo vardą ir ar jis veikia."_s;
-}
-
-struct FreeOptions {
-    void operator()(PQconninfoOption *options) const { PQconninfoFree(options); }
-};
-
-// The words of the connection text, completed with the default ones and, for reading only, with the server's
-// own switch. The driver takes a ';' in its options for a blank, so what may hold one goes through the
-// setters.
-struct ServerWords {
-    QByteArray options;
-    QString database;
-    QString password;
-};
-
-ServerWords completed(const QString &connInfo, bool readOnly)
-{
-    char *problem = nullptr;
-    const std::unique_ptr<PQconninfoOption, FreeOptions> parsed(
-        PQconninfoParse(connInfo.toUtf8().constData(), &problem));
-    if (!parsed) {
-        const QString text = QString::fromUtf8(problem).trimmed();
-        PQfreemem(problem);
-        throw EDatabaseError(u"Neteisingi prisijungimo prie serverio nustatymai: %1"_s.arg(text), text);
-    }
-    QMap<QByteArray, QByteArray> words;
-    for (const ConnectionWord &word : defaultWords)
-        words.insert(word.name, word.value);
-    for (const PQconninfoOption *option = parsed.get(); option->keyword; ++option) {
-        if (option->val)
-            words.insert(option->keyword, option->val);
-    }
-    if (readOnly)
-        words["options"] += " -c default_transaction_read_only=on";
-    ServerWords result;
-    result.database = QString::fromUtf8(words.take("dbname"));
-    result.password = QString::fromUtf8(words.take("password"));
-    for (auto word = words.cbegin(); word != words.cend(); ++word)
-        result.options += word.key() + '=' + quotedWord(word.value()) + ' ';
-    return result;
 }
 
 bool isFailure(const PGresult *result)
@@ -126,15 +66,19 @@ void PostgresConnection::open()
 
 void PostgresConnection::connectServer()
 {
-    const ServerWords words = completed(settings.connInfo, settings.readOnly || reading());
+    // The driver takes a ';' in its options for a blank, so what may hold one goes through the setters.
+    ServerWords words = serverWords(settings.connInfo, settings.readOnly || reading());
     addDatabase(u"QPSQL"_s);
-    database.setConnectOptions(QString::fromUtf8(words.options));
-    database.setDatabaseName(words.database);
-    database.setPassword(words.password);
+    database.setDatabaseName(QString::fromUtf8(words.take("dbname")));
+    database.setPassword(QString::fromUtf8(words.take("password")));
+    QByteArray options;
+    for (auto word = words.cbegin(); word != words.cend(); ++word)
+        options += word.key() + '=' + quotedWord(word.value()) + ' ';
+    database.setConnectOptions(QString::fromUtf8(options));
     if (!database.open()) {
         const QString text = database.lastError().databaseText().trimmed();
         removeDatabase();
-        throw EConnectionLost(u"Nepavyko prisijungti prie duomenų bazės serverio. "_s + reasonOf(text), text);
+        raiseRefusedConnection(text);
     }
     conn = static_cast<PGconn *>(nativeHandle());
     Q_ASSERT(conn);
@@ -151,6 +95,9 @@ void PostgresConnection::setUp()
         "set standard_conforming_strings to on; set client_min_messages to error; set lock_timeout to " +
         QByteArray::number(settings.busyTimeoutMs));
     runOpeningScript();
+    seeker.reset();
+    if (onFound)
+        onFound();
 }
 
 void PostgresConnection::close()
@@ -191,6 +138,7 @@ void PostgresConnection::raise(const PGresult *result, const QByteArray &text)
     failure.constraint = field(result, PG_DIAG_CONSTRAINT_NAME);
     if (failure.message.isEmpty())
         failure.message = QString::fromUtf8(PQresultErrorMessage(result)).trimmed();
+    failure.atStandby = qstrcmp(PQparameterStatus(conn, "in_hot_standby"), "on") == 0;
     if (PQstatus(conn) == CONNECTION_BAD || meansConnectionLost(failure.state))
         serverLost(failure.message, text);
     if (failure.state == u"0A000" ||
@@ -335,9 +283,24 @@ void PostgresConnection::run(const QByteArray &script)
     query(script);
 }
 
+// The number is known before anything can be lost, and costs no message of its own. It also makes a standby
+// refuse at once.
 void PostgresConnection::begin()
 {
-    run("begin");
+    number.clear();
+    if (settings.readOnly) {
+        run("begin");
+        return;
+    }
+    open();
+    try {
+        number = PQgetvalue(query("begin; select pg_current_xact_id()").get(), 0, 0);
+    } catch (const EConnectionLost &) {
+        throw;
+    } catch (const EDatabaseError &) {
+        query("rollback");
+        throw;
+    }
 }
 
 // The server answers the commit of a failed transaction with a roll-back; that is a failure.
@@ -352,6 +315,44 @@ void PostgresConnection::commit()
 void PostgresConnection::rollback()
 {
     query("rollback");
+}
+
+std::optional<TServerLink> PostgresConnection::link() const
+{
+    return isOpen() ? std::optional(linkOf(conn)) : std::nullopt;
+}
+
+ServerSeeker &PostgresConnection::theSeeker()
+{
+    if (!seeker)
+        seeker = std::make_unique<ServerSeeker>(serverWords(settings.connInfo, settings.readOnly));
+    return *seeker;
+}
+
+bool PostgresConnection::seek()
+{
+    if (!isOpen() && !theSeeker().step())
+        return false;
+    seeker.reset();
+    return true;
+}
+
+TCommitFate PostgresConnection::fateOf(const QByteArray &id, const QByteArray &witness, int seekMs)
+{
+    if (id.isEmpty()) // of a session that cannot write
+        return TCommitFate::NotWritten;
+    const QDeadlineTimer patience(seekMs);
+    const CommitQuestion question{openingScript(), id, witness};
+    busy.start();
+    TCommitFate fate = TCommitFate::NotKnownYet;
+    while (fate == TCommitFate::NotKnownYet && !patience.hasExpired()) {
+        if (theSeeker().step())
+            fate = question.ask(*theSeeker().take());
+        QThread::msleep(pollMs);
+        busy.beat();
+    }
+    seeker.reset();
+    return fate;
 }
 
 bool PostgresConnection::inTransaction() const

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "toolkit/data/connection.h"
+#include "toolkit/postgresql/server_seeker.h"
 
 #include <QHash>
-
-#include <libpq-fe.h>
 
 struct FreeServerResult {
     void operator()(PGresult *result) const { PQclear(result); }
@@ -36,6 +35,10 @@ public:
     void commit() override;
     void rollback() override;
     bool inTransaction() const override;
+    std::optional<TServerLink> link() const override;
+    bool seek() override;
+    QByteArray transactionId() const override { return number; }
+    TCommitFate fateOf(const QByteArray &id, const QByteArray &witness, int seekMs) override;
     void mistrust() override { trusted = false; }
     void forgetPrepared() override;
 
@@ -65,6 +68,7 @@ private:
     [[noreturn]] void serverLost(const QString &serverText, const QByteArray &text);
     [[noreturn]] void raise(const PGresult *result, const QByteArray &text);
     QList<TResultColumn> describe(const PGresult *result) const;
+    ServerSeeker &theSeeker();
 
     PGconn *conn = nullptr;
     bool lost = false;
@@ -73,5 +77,7 @@ private:
     int connections = 0;
     int cursors = 0;
     qlonglong names = 0;
+    QByteArray number; // the server's, of the transaction begun last
+    std::unique_ptr<ServerSeeker> seeker;
     QHash<QByteArray, ServerPrepared> byText;
 };

@@ -1,6 +1,7 @@
 #include "toolkit/widgets/dialog.h"
 
 #include "toolkit/data/query.h"
+#include "toolkit/data/server_link.h"
 #include "toolkit/widgets/accelerators.h"
 #include "toolkit/widgets/accessible_combo.h"
 #include "toolkit/widgets/dialog_body.h"
@@ -23,6 +24,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr char closesDialog[] = "closesDialog"; // a property of the buttons that save and cancel
+constexpr char unknownSave[] = "unknownSave";   // a property of a dialog whose last save is not known of
 
 std::function<void(int)> &helpDisplay()
 {
@@ -67,6 +69,19 @@ int widthForTitle(const QWidget *window)
     constexpr int iconsOfFrame = 4;
     const int icon = window->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, window);
     return QFontMetrics(font).horizontalAdvance(window->windowTitle()) + iconsOfFrame * icon;
+}
+
+// Whether the last save of the dialog, whose answer was lost, was found written meanwhile: what was typed
+// must not be written twice. Raises ECommitUnknown as long as that cannot be told.
+bool wasWrittenBefore(const QDialog *dialog)
+{
+    const qlonglong number = dialog->property(unknownSave).toLongLong();
+    if (number == 0)
+        return false;
+    const TCommitFate fate = commitFate(number);
+    if (fate == TCommitFate::NotKnownYet)
+        throw ECommitUnknown(fate, number, {});
+    return fate == TCommitFate::Written;
 }
 
 void moveIntoScreen(QWidget *window)
@@ -230,6 +245,8 @@ bool TDialog::saveAndStay()
         return false;
     const QScopedValueRollback<bool> running(isSaving, true);
     try {
+        if (wasWrittenBefore(this))
+            return true;
         for (TDBControl *control : TDBControl::allIn(this))
             control->commit();
         ownFields->requireOwnFilled();
@@ -239,6 +256,10 @@ bool TDialog::saveAndStay()
                 saveCondition();
             Save();
         });
+    } catch (const ECommitUnknown &error) {
+        setProperty(unknownSave, error.number);
+        showCurrentException(this);
+        return false;
     } catch (const Exception &error) {
         focusRefused(error);
         showCurrentException(this);

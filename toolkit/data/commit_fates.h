@@ -1,0 +1,42 @@
+#pragma once
+
+#include "toolkit/data/connection.h"
+
+// The commits of a session whose answer was lost, and what became of them. At most one at a time is not known
+// of: no transaction begins before.
+class CommitFates {
+public:
+    // The answer to the commit of this transaction is lost. Returns when it is found to be written, else
+    // raises ECommitUnknown.
+    void answerLost(EngineConnection &connection, qlonglong number, const QString &serverText);
+
+    // Asks for what is not known yet; raises ECommitUnknown when it stays so.
+    void settle(EngineConnection &connection);
+
+    // A question in the engine's own wording, %1 stands for the server's number of the transaction; it
+    // answers a truth.
+    QString witness;
+
+private:
+    friend TCommitFate commitFate(qlonglong number);
+    TCommitFate ask(EngineConnection &connection);
+
+    qlonglong open = 0; // the transaction that is not known of; 0: none
+    QByteArray openId;  // the server's number of it
+};
+
+// What a session has to do with its server.
+struct ServerSession {
+    explicit ServerSession(const TDatabase &session);
+    ~ServerSession();
+    ServerSession(const ServerSession &) = delete;
+    ServerSession &operator=(const ServerSession &) = delete;
+
+    static ServerSession &of(const TDatabase &session);
+
+    std::shared_ptr<EngineConnection> editing;
+    std::vector<std::shared_ptr<EngineConnection>> reading;
+    CommitFates fates;
+};
+
+void tellLinkEvent(TLinkEvent event);

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "toolkit/text/errors.h"
+
+#include <functional>
+#include <optional>
+
+class TDatabase;
+
+// The way from a session to its server.
+struct TServerLink {
+    QString server;             // the name that the connection words have for the one that was reached
+    QString encryption;         // how the way is encrypted: "TLSv1.3"; empty when it is not
+    bool onThisMachine = false; // over a socket of this machine or its loopback address
+
+    // Others on the network can read along.
+    bool isOpenToOthers() const { return encryption.isEmpty() && !onThisMachine; }
+};
+
+// How the session reaches its server; nothing while that is lost, and for a file.
+std::optional<TServerLink> serverLink(const TDatabase &session);
+
+// Makes a step towards a server that is lost, without waiting; true when it was reached. The session itself
+// connects at its next use.
+bool seekServer(TDatabase &session);
+
+// A commit whose answer is lost with the server is looked up before TDatabase::Commit() returns: it returns
+// when the changes were written, and raises ECommitUnknown when they were not or that cannot be told. As long
+// as it cannot be told yet the next transaction of the session asks first, and does not begin before it is
+// known.
+
+// What became of a commit whose answer was lost.
+enum class TCommitFate {
+    Written,
+    NotWritten,
+    NotKnownYet, // the server has not been reached since, or has not decided
+    NotToBeFound // the server was asked and cannot tell any more
+};
+
+// The server went away while it was committing, and the changes are not known to be written. The message
+// tells what is known.
+class ECommitUnknown : public EConnectionLost {
+public:
+    ECommitUnknown(TCommitFate knownFate, qlonglong itsNumber, const QString &server);
+
+    const TCommitFate fate; // never Written
+    const qlonglong number; // the transaction's, for commitFate()
+};
+
+// What became of the transaction with this number (TDatabase::transactionNumber()), whose commit raised
+// ECommitUnknown. As long as that is not known the server is asked. NotToBeFound also for a transaction of a
+// session that is no more.
+TCommitFate commitFate(qlonglong number);
+
+// A server that was not stopped in order may give the number of a transaction that was lost to another one.
+// The question, in the server's own wording and with %1 for that number, is whether the transaction was the
+// session's; it answers a truth. Without a question that is taken for granted.
+void setCommitWitness(TDatabase &session, const QString &question);
+
+// How many milliseconds a server is sought each time that one must know; a minute at first. Returns the
+// former.
+int setSeekPatience(int milliseconds);
+
+// What the user is told of it.
+QString toldFate(TCommitFate fate);
+
+// What happens to the sessions with a server.
+enum class TLinkEvent {
+    Lost,       // a server is gone; it is sought at the next use, or by seekServer()
+    AnswerLost, // it went while it was committing: it is sought, and asked what became of the changes
+    Found,      // a session has its server again
+    Written,    // changes whose answer was lost were found written; who saved them goes on as after any save
+};
+
+// Called at each of them, on the same thread, also in the middle of a save: the hook may change what is
+// shown; it must neither ask the user nor run a statement. Returns the previous hook.
+using TLinkHook = std::function<void(TLinkEvent)>;
+TLinkHook setLinkHook(TLinkHook hook);

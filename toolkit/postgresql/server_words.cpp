@@ -1,0 +1,128 @@
+#include "toolkit/postgresql/server_words.h"
+
+#include "toolkit/text/errors.h"
+
+#include <libpq-fe.h>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct ConnectionWord {
+    const char *name;
+    const char *value;
+};
+
+// Given unless the settings word them themselves: a station must notice a server that froze.
+constexpr ConnectionWord defaultWords[] = {
+    {"connect_timeout", "10"}, {"keepalives_idle", "10"},     {"keepalives_interval", "5"},
+    {"keepalives_count", "3"}, {"tcp_user_timeout", "30000"},
+};
+
+struct FreeOptions {
+    void operator()(PQconninfoOption *options) const { PQconninfoFree(options); }
+};
+
+struct Refusal {
+    QLatin1StringView words; // as server and client word it
+    const char16_t *told;
+};
+
+// The first that fits is told, so the narrower words stand before the wider ones.
+constexpr Refusal refusals[] = {
+    {"does not match host name"_L1,
+     u"Serverio liudijimas išduotas ne šiam serverio vardui: patikrinkite vardą "
+     "prisijungimo nustatymuose."},
+    {"could not get server's host name from server certificate"_L1,
+     u"Serverio liudijime nėra serverio vardo."},
+    {"certificate verify failed"_L1,
+     u"Serverio liudijimas nepatikimas: jo neišdavė nurodyta įstaiga, arba jis nebegalioja."},
+    {"root certificate file"_L1,
+     u"Nėra arba netinka failas su liudijimais, kuriais tikrinamas serveris (sslrootcert)."},
+    {"does not support SSL"_L1, u"Serveris nešifruoja ryšio, o nustatymai to reikalauja (sslmode)."},
+    {"SSL encryption"_L1, u"Serveris neleidžia jungtis iš šios darbo vietos arba šiam naudotojui."},
+    {"no encryption"_L1, u"Serveris neleidžia jungtis nešifruotu ryšiu (sslmode) arba iš šios darbo vietos."},
+    {"valid client certificate"_L1, u"Serveris reikalauja šios darbo vietos liudijimo (sslcert ir sslkey)."},
+    {"private key"_L1, u"Netinka šios darbo vietos raktas (sslkey): jį turi galėti skaityti tik savininkas."},
+    {"certificate authentication failed"_L1, u"Serveris nepriėmė šios darbo vietos liudijimo (sslcert)."},
+    {"unknown ca"_L1, u"Serveris nepriėmė šios darbo vietos liudijimo (sslcert)."},
+    {"SSL error"_L1, u"Nepavyko su serveriu susitarti dėl ryšio šifravimo."},
+    {"certificate file"_L1, u"Netinka šios darbo vietos liudijimo failas (sslcert)."},
+    {"pg_hba.conf"_L1, u"Serveris neleidžia jungtis iš šios darbo vietos arba šiam naudotojui."},
+    {"too many"_L1, u"Prie serverio jau prisijungta tiek kartų, kiek jis leidžia. Palaukite, kol kas nors "
+                    "baigs darbą."},
+    {"connection slots are reserved"_L1,
+     u"Prie serverio jau prisijungta tiek kartų, kiek jis leidžia. Palaukite, kol kas nors baigs darbą."},
+    {"password"_L1, u"Serveris nepriėmė naudotojo vardo arba slaptažodžio, arba slaptažodis nebegalioja."},
+    {"not permitted to log in"_L1, u"Šiam serverio naudotojui jungtis neleista."},
+    {"permission denied"_L1, u"Šiam naudotojui ši duomenų bazė neprieinama."},
+    {"session is read-only"_L1,
+     u"Pasiektas tik atsarginis serveris, kuriame duomenų keisti negalima: pagrindinis neveikia."},
+    {"hot standby"_L1,
+     u"Pasiektas tik atsarginis serveris, kuriame duomenų keisti negalima: pagrindinis neveikia."},
+    {"starting up"_L1, u"Serveris dar tik pradeda darbą. Palaukite ir pabandykite dar kartą."},
+    {"not yet accepting"_L1, u"Serveris dar tik pradeda darbą. Palaukite ir pabandykite dar kartą."},
+    {"in recovery mode"_L1, u"Serveris atsigauna po gedimo. Palaukite ir pabandykite dar kartą."},
+    {"shutting down"_L1, u"Serveris baigia darbą."},
+    {"does not exist"_L1, u"Serveryje nėra tokios duomenų bazės arba tokio naudotojo."},
+    {"translate host name"_L1, u"Tokio serverio tinkle nėra: patikrinkite jo vardą."},
+};
+
+QByteArray partOf(const QByteArray &list, qsizetype index)
+{
+    const QList<QByteArray> parts = list.split(',');
+    return parts.at(parts.size() == 1 ? 0 : std::min(index, parts.size() - 1));
+}
+
+} // namespace
+
+ServerWords serverWords(const QString &connInfo, bool readOnly)
+{
+    char *problem = nullptr;
+    const std::unique_ptr<PQconninfoOption, FreeOptions> parsed(
+        PQconninfoParse(connInfo.toUtf8().constData(), &problem));
+    if (!parsed) {
+        const QString text = QString::fromUtf8(problem).trimmed();
+        PQfreemem(problem);
+        throw EDatabaseError(u"Neteisingi prisijungimo prie serverio nustatymai: %1"_s.arg(text), text);
+    }
+    ServerWords words;
+    for (const ConnectionWord &word : defaultWords)
+        words.insert(word.name, word.value);
+    for (const PQconninfoOption *option = parsed.get(); option->keyword; ++option) {
+        if (option->val)
+            words.insert(option->keyword, option->val);
+    }
+    if (readOnly)
+        words["options"] += " -c default_transaction_read_only=on";
+    return words;
+}
+
+QList<ServerWords> wordsOfEachServer(const ServerWords &words)
+{
+    const QByteArray names = words.value(words.contains("hostaddr") ? "hostaddr" : "host");
+    QList<ServerWords> each;
+    for (qsizetype i = 0; i <= names.count(','); ++i) {
+        ServerWords own = words;
+        for (const char *word : {"host", "hostaddr", "port"}) {
+            if (words.contains(word))
+                own[word] = partOf(words.value(word), i);
+        }
+        each.append(own);
+    }
+    return each;
+}
+
+void raiseRefusedConnection(const QString &serverText)
+{
+    QString told = u"Serveris nepasiekiamas: patikrinkite jo vardą ir ar jis veikia."_s;
+    for (const Refusal &refusal : refusals) {
+        if (serverText.contains(refusal.words)) {
+            told = QString::fromUtf16(refusal.told);
+            break;
+        }
+    }
+    throw EConnectionLost(u"Nepavyko prisijungti prie duomenų bazės serverio. "_s + told, serverText);
+}
