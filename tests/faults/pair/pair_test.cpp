@@ -164,9 +164,11 @@ TEST_F(PairOfServers, HasEveryAcknowledgedSaveAfterItsLeaderWasKilled)
 {
     start(u"operations"_s, u"pirma"_s);
     start(u"operations"_s, u"antra"_s);
-    start(u"parties"_s, u"rasa"_s);
-    start(u"close"_s, u"ketvirta"_s);
     const int kills = numberOf("VELMORA_LEADER_KILLS", 2);
+    if (kills > 2) { // the long run has closes and an editor as well
+        start(u"parties"_s, u"rasa"_s);
+        start(u"close"_s, u"ketvirta"_s);
+    }
     QStringList missing;
     for (int i = 0; i < kills && !HasFailure(); ++i) {
         pair->up();
@@ -189,7 +191,8 @@ TEST_F(PairOfServers, HasEveryAcknowledgedSaveAfterItsLeaderWasKilled)
     }
     tellGaps("kills of the leader", kills);
     std::cout << missing.size() << " acknowledged saves lost\n";
-    EXPECT_TRUE(stations.at(2)->keptWhatWasTyped());
+    for (const auto &station : stations)
+        EXPECT_TRUE(station->keptWhatWasTyped());
     stations.clear();
     const auto store = serverStore(pair->wordsOfLeader());
     EXPECT_EQ(checkBooks(*store, [](const QString &) {}), QStringList());
