@@ -245,6 +245,10 @@ void TMainWindow::showHome(bool on)
     if (!home)
         return;
     connectGuarded(home, &THomePage::chosen, this, [this](const THomeLine &line) {
+        if (line.row) {
+            showHistoryOfRow(*line.row);
+            return;
+        }
         openAt(line.place);
         if (auto *checks = qobject_cast<TCloseCheckFrm *>(area->document(line.place.screen)))
             checks->showCheck(line.check);

@@ -12,6 +12,8 @@ struct TRowOfHistory {
     QString table;   // small letters
     QString key;     // the values of its key joined with '|', as the history has them
     QString caption; // of the list
+
+    bool operator==(const TRowOfHistory &) const = default;
 };
 
 // The program that shows the history of a row says how, once at its start; until then no list offers it.

@@ -3,6 +3,7 @@
 #include "host/common/settings_store.h"
 #include "host/data/known_books.h"
 #include "host/data/main_datas.h"
+#include "toolkit/text/datetime.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -73,7 +74,7 @@ std::optional<TBackup> lastBackup()
     if (folder.isEmpty())
         return {};
     for (const TBackup &backup : backupsIn(folder))
-        if (backup.sound())
+        if (backup.sound() && backup.made <= Now().dateTime())
             return backup;
     return {};
 }

@@ -17,7 +17,8 @@ QString backupFolder();
 // Chooses it for a server's books; empty: none.
 void setBackupFolder(const QString &folder);
 
-// The newest sound backup of the open books; nothing when there is none.
+// The newest sound backup of the open books; nothing when there is none. Those of days to come, which a clock
+// that was wrong made, do not count.
 std::optional<TBackup> lastBackup();
 
 // Has the open books backed up before something that cannot be taken back. True: it may go on, because there

@@ -1,21 +1,21 @@
 #include "host/app/close_check/checks.h"
-#include "host/app/close_check/last_backup.h"
+#include "host/data/backups.h"
 #include "toolkit/text/format.h"
 
 using namespace Qt::StringLiterals;
 
-std::vector<TCloseFinding> backupTooOld(const TClosing &closing)
+std::vector<TCloseFinding> backupTooOld(const TClosing &)
 {
-    if (closing.fin.engine() == Engine::PostgreSql)
-        throw ENotChecked(u"Serverio duomenų bazių kopijas daro jo prižiūrėtojas."_s);
-    const auto last = lastBackup(closing.fin);
+    if (backupFolder().isEmpty())
+        throw ENotChecked(u"Šių knygų kopijas daro serverio administratorius."_s);
+    const auto last = lastBackup();
     if (!last)
         return {{.about = u"Atsarginės kopijos"_s, .text = u"Nėra nė vienos atsarginės kopijos."_s}};
-    const qint64 days = last->date().daysTo(Date().date());
+    const qint64 days = last->made.date().daysTo(Date().date());
     if (days <= 1)
         return {};
     return {{.about = u"Atsarginės kopijos"_s,
              .text = u"Paskutinė atsarginė kopija padaryta %1, prieš %2 d."_s
-                         .arg(last->toString(u"yyyy.MM.dd HH:mm"_s))
+                         .arg(last->made.toString(u"yyyy.MM.dd HH:mm"_s))
                          .arg(days)}};
 }

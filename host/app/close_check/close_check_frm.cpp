@@ -8,6 +8,8 @@
 #include <QAction>
 #include <QTreeWidget>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -21,7 +23,7 @@ QString stateText(const TCheckOutcome &outcome)
 {
     switch (outcome.state) {
     case State::Waiting:
-        return u"Tikrinama…"_s;
+        return {};
     case State::Clear:
         return u"Tvarkoje"_s;
     case State::Found:
@@ -32,12 +34,28 @@ QString stateText(const TCheckOutcome &outcome)
     Q_UNREACHABLE();
 }
 
+QString stateText(const TCheckOutcome &outcome, bool isDue)
+{
+    const QString known = stateText(outcome);
+    if (!isDue)
+        return known;
+    return known.isEmpty() ? u"Tikrinama…"_s : known + u", tikrinama iš naujo…"_s;
+}
+
+// Stands on a finding of a check, its last one when there are fewer; on the check where it has none, and
+// below 0.
+void standOn(QTreeWidgetItem *head, int finding)
+{
+    const int last = head->childCount() - 1;
+    head->treeWidget()->setCurrentItem(finding < 0 || last < 0 ? head : head->child(qMin(finding, last)));
+}
+
 } // namespace
 
 TCloseCheckFrm::TCloseCheckFrm(QWidget *owner)
     : TSheetFrm({.name = u"TCloseCheckFrm"_s, .caption = u"Tikrinimas prieš uždarymą"_s, .help = 128},
                 {{u"Tikrinama"_s, 44}, {u"Kas rasta"_s}}, owner),
-      run(new TCloseCheckRun(this))
+      run(TCloseCheckRun::ofOpenBooks())
 {
     acOpen = addFormAction(
         {.name = u"acOpen"_s,
@@ -50,50 +68,62 @@ TCloseCheckFrm::TCloseCheckFrm(QWidget *owner)
          .keysIn = lines()});
     connectGuarded(lines(), &QTreeWidget::currentItemChanged, this, [this] { judgeActions(); });
     connectGuarded(lines(), &QTreeWidget::itemDoubleClicked, this, [this] { open(); });
-    connectGuarded(run, &TCloseCheckRun::checked, this, [this](int check) { showOutcome(check); });
-    connectGuarded(run, &TCloseCheckRun::finished, this, [this] { showSummary(); });
+    connectGuarded(run.get(), &TCloseCheckRun::checked, this, [this](int check) { showOutcome(check); });
+    connectGuarded(run.get(), &TCloseCheckRun::finished, this, [this] { showSummary(); });
+    run->setWatched(this, true);
 }
 
+TCloseCheckFrm::~TCloseCheckFrm()
+{
+    run->setWatched(this, false);
+}
+
+// The line that the user stands on stays his.
 void TCloseCheckFrm::Read()
 {
-    if (const QTreeWidgetItem *current = lines()->currentItem(); current)
-        wanted = (current->parent() ? current->parent() : current)->text(0);
-    lines()->clear();
-    for (const TCloseCheck &check : closeChecks())
-        addLine(lines(), {check.name, stateText({})});
+    QTreeWidgetItem *current = lines()->currentItem();
+    QTreeWidgetItem *head = current && current->parent() ? current->parent() : current;
+    const int check = lines()->indexOfTopLevelItem(head);
+    const int finding = head ? head->indexOfChild(current) : -1;
     run->start();
-    showSummary();
+    lines()->clear();
+    for (int i = 0; i < int(closeChecks().size()); ++i) {
+        addLine(lines(), {closeChecks()[std::size_t(i)].name, {}});
+        showOutcome(i);
+    }
+    if (check >= 0)
+        standOn(lines()->topLevelItem(check), finding);
 }
 
+// Who stands on a check that finds something is led to its first finding.
 void TCloseCheckFrm::showOutcome(int check)
 {
     const TCheckOutcome &outcome = run->all().at(std::size_t(check));
     QTreeWidgetItem *head = lines()->topLevelItem(check);
-    head->setText(1, stateText(outcome));
+    const int finding = head->indexOfChild(lines()->currentItem());
+    const bool waitsHere = lines()->currentItem() == head && head->childCount() == 0;
+    qDeleteAll(head->takeChildren());
+    head->setText(1, stateText(outcome, run->isDue(check)));
     if (outcome.state == State::NotChecked)
         addLine(head, {u"–"_s, outcome.why});
-    for (const TCloseFinding &finding : outcome.findings) {
-        QTreeWidgetItem *line = addLine(head, {finding.about, finding.text});
-        line->setData(0, screenRole, finding.place.screen);
-        line->setData(0, keyRole, finding.place.key);
+    for (const TCloseFinding &found : outcome.findings) {
+        QTreeWidgetItem *line = addLine(head, {found.about, found.text});
+        line->setData(0, screenRole, found.place.screen);
+        line->setData(0, keyRole, found.place.key);
     }
     head->setExpanded(true);
     QFont bold = lines()->font();
     bold.setBold(outcome.state == State::Found);
     for (const int column : {0, 1})
         head->setFont(column, bold);
-    if (head->text(0) == wanted) {
-        standOnWanted();
-        wanted.clear();
-    }
+    if (finding >= 0 || waitsHere)
+        standOn(head, qMax(finding, 0));
     showSummary();
 }
 
 void TCloseCheckFrm::showSummary()
 {
-    int unchecked = 0;
-    for (const TCheckOutcome &outcome : run->all())
-        unchecked += outcome.state == State::NotChecked ? 1 : 0;
+    const auto unchecked = std::ranges::count(run->all(), State::NotChecked, &TCheckOutcome::state);
     const int found = run->findings();
     QString told = EinPer_Id() > 0 ? PeriodText(EinPer_Date()) + u": "_s : QString();
     if (found > 0)
@@ -110,17 +140,9 @@ void TCloseCheckFrm::showSummary()
 
 void TCloseCheckFrm::showCheck(const QString &check)
 {
-    wanted = check;
-    standOnWanted();
-}
-
-void TCloseCheckFrm::standOnWanted()
-{
-    for (int i = 0; i < lines()->topLevelItemCount(); ++i) {
-        QTreeWidgetItem *head = lines()->topLevelItem(i);
-        if (head->text(0) == wanted)
-            lines()->setCurrentItem(head->childCount() > 0 ? head->child(0) : head);
-    }
+    for (int i = 0; i < lines()->topLevelItemCount(); ++i)
+        if (lines()->topLevelItem(i)->text(0) == check)
+            standOn(lines()->topLevelItem(i), 0);
 }
 
 void TCloseCheckFrm::open()

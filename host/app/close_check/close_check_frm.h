@@ -3,12 +3,14 @@
 #include "host/app/close_check/close_check_run.h"
 #include "host/app/close_check/sheet_frm.h"
 
-// "Tikrinimas prieš uždarymą": the checks of the current month with what they found, as they are found. Enter
-// and a double click lead to where a finding is put right.
+// "Tikrinimas prieš uždarymą": the checks of the current month with what they found, as they are found; what
+// is known already stands there at once and is checked again. Enter and a double click lead to where a
+// finding is put right.
 class TCloseCheckFrm : public TSheetFrm {
     Q_OBJECT
 public:
     explicit TCloseCheckFrm(QWidget *owner);
+    ~TCloseCheckFrm() override;
 
     // Stands on the first finding of a check, which may still be under way.
     void showCheck(const QString &check);
@@ -21,9 +23,7 @@ protected:
 private:
     void showOutcome(int check);
     void showSummary();
-    void standOnWanted();
     void open();
 
-    TCloseCheckRun *run;
-    QString wanted; // the check to stand on
+    std::shared_ptr<TCloseCheckRun> run;
 };

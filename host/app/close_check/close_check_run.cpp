@@ -6,8 +6,6 @@
 
 #include <QElapsedTimer>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
@@ -36,6 +34,7 @@ TCheckOutcome outcomeOf(const TCloseCheck &check)
         outcome.why = error.message();
         outcome.failed = dynamic_cast<const ENotChecked *>(&error) == nullptr;
     }
+    outcome.made = Now().dateTime();
     outcome.took = std::chrono::milliseconds(clock.elapsed());
     return outcome;
 }
@@ -48,33 +47,59 @@ bool booksAtWork()
            MainDatas()->mnRavl()->InTransaction();
 }
 
-TCloseCheckRun::TCloseCheckRun(QObject *owner) : QObject(owner)
+TCloseCheckRun::TCloseCheckRun()
 {
     next.setSingleShot(true);
     connectGuarded(&next, &QTimer::timeout, this, [this] { step(); });
 }
 
+std::shared_ptr<TCloseCheckRun> TCloseCheckRun::ofOpenBooks()
+{
+    static std::weak_ptr<TCloseCheckRun> one;
+    std::shared_ptr<TCloseCheckRun> run = one.lock();
+    if (!run)
+        one = run = std::make_shared<TCloseCheckRun>();
+    return run;
+}
+
 void TCloseCheckRun::start()
 {
     quickOnly = false;
-    outcomes.assign(closeChecks().size(), {});
     begin();
 }
 
 void TCloseCheckRun::startQuick()
 {
-    if (running() || outcomes.empty()) {
-        start();
+    if (running() && knowsMonth())
         return;
-    }
     quickOnly = true;
     begin();
 }
 
 void TCloseCheckRun::begin()
 {
+    if (!knowsMonth())
+        outcomes.assign(closeChecks().size(), {});
+    month = EinPer_Id();
     at = 0;
     next.start(breath);
+}
+
+void TCloseCheckRun::setWatched(const QObject *by, bool on)
+{
+    if (on)
+        watchers.insert(by);
+    else
+        watchers.remove(by);
+    if (!watchers.isEmpty())
+        return;
+    next.stop();
+    at = int(outcomes.size());
+}
+
+bool TCloseCheckRun::knowsMonth() const
+{
+    return !outcomes.empty() && month == EinPer_Id();
 }
 
 int TCloseCheckRun::findings() const
@@ -87,14 +112,28 @@ int TCloseCheckRun::findings() const
 
 int TCloseCheckRun::failures() const
 {
-    return int(std::ranges::count(outcomes, true, &TCheckOutcome::failed));
+    int count = 0;
+    for (const TCheckOutcome &outcome : outcomes)
+        count += outcome.failed || (outcome.state == State::Waiting && !running()) ? 1 : 0;
+    return count;
+}
+
+QDateTime TCloseCheckRun::madeSince() const
+{
+    QDateTime first;
+    for (const TCheckOutcome &outcome : outcomes) {
+        if (outcome.made.isNull())
+            return {};
+        first = first.isNull() ? outcome.made : qMin(first, outcome.made);
+    }
+    return first;
 }
 
 void TCloseCheckRun::leaveRest(const QString &why)
 {
-    for (; running(); ++at) {
+    while (running()) {
         outcomes[std::size_t(at)] = {.state = State::NotChecked, .findings = {}, .why = why, .failed = true};
-        emit checked(at);
+        emit checked(at++);
     }
     emit finished();
 }
@@ -113,7 +152,7 @@ void TCloseCheckRun::step()
     }
     TCheckOutcome &outcome = outcomes[std::size_t(at)];
     try {
-        if (!quickOnly || outcome.took <= unnoticed)
+        if (!quickOnly || outcome.state == State::Waiting || outcome.took <= unnoticed)
             outcome = outcomeOf(closeChecks()[std::size_t(at)]);
     } catch (const EConnectionLost &error) {
         leaveRest(error.message());

@@ -2,6 +2,7 @@
 
 #include "database/carried_balances.h"
 #include "host/app/close_check/finding_list.h"
+#include "host/app/table_names.h"
 #include "host/common/months.h"
 #include "host/data/main_datas.h"
 #include "toolkit/data/statement.h"
@@ -16,7 +17,8 @@ namespace {
 struct TBalanceTable {
     QString name, period;
     struct TSides {
-        QString what, debit, credit;
+        QString kind; // empty: the table has amounts of one kind
+        QString debit, credit;
     };
     QList<TSides> sides;
 };
@@ -24,15 +26,13 @@ struct TBalanceTable {
 const QList<TBalanceTable> &balanceTables()
 {
     static const QList<TBalanceTable> tables{
-        {u"bd_saslik"_s, u"ssl_perid"_s, {{u"Sąskaitų likučiai"_s, u"ssl_sum_db"_s, u"ssl_sum_kr"_s}}},
+        {u"bd_saslik"_s, u"ssl_perid"_s, {{{}, u"ssl_sum_db"_s, u"ssl_sum_kr"_s}}},
         {u"bd_isllik"_s,
          u"sml_perid"_s,
-         {{u"Išlaidų likučiai: asignavimai"_s, u"sml_asig_db"_s, u"sml_asig_kr"_s},
-          {u"Išlaidų likučiai: kasinės išlaidos"_s, u"sml_kas_db"_s, u"sml_kas_kr"_s},
-          {u"Išlaidų likučiai: faktinės išlaidos"_s, u"sml_fak_db"_s, u"sml_fak_kr"_s}}},
-        {u"bd_dbkrlik"_s,
-         u"dkl_perid"_s,
-         {{u"Debitorių ir kreditorių likučiai"_s, u"dkl_sum_db"_s, u"dkl_sum_kr"_s}}},
+         {{u"asignavimai"_s, u"sml_asig_db"_s, u"sml_asig_kr"_s},
+          {u"kasinės išlaidos"_s, u"sml_kas_db"_s, u"sml_kas_kr"_s},
+          {u"faktinės išlaidos"_s, u"sml_fak_db"_s, u"sml_fak_kr"_s}}},
+        {u"bd_dbkrlik"_s, u"dkl_perid"_s, {{{}, u"dkl_sum_db"_s, u"dkl_sum_kr"_s}}},
     };
     return tables;
 }
@@ -45,8 +45,9 @@ void addBalances(TDatabase &fin, qlonglong period, std::vector<TRolledBack> &tol
                       u"select count(*) as eilutes, sum(%1) as debetas, sum(%2) as kreditas from %3 "
                       "where %4 = :perid"_s.arg(sides.debit, sides.credit, table.name, table.period),
                       {{u"perid"_s, period}}, [&](const TStatement &row) {
-                          told.push_back({sides.what, row.integer(0), tenThousandths(row.number(1)),
-                                          tenThousandths(row.number(2))});
+                          const QString kind = sides.kind.isEmpty() ? QString() : u": "_s + sides.kind;
+                          told.push_back({tableName(table.name) + kind, row.integer(0),
+                                          tenThousandths(row.number(1)), tenThousandths(row.number(2))});
                       });
 }
 
@@ -69,17 +70,19 @@ QString shown(const std::optional<qint64> &amount)
 
 } // namespace
 
-std::vector<TRolledBack> rolledBack(TDatabase &fin)
+std::optional<TRollBack> rollBackOf(TDatabase &fin)
 {
     const QList<TBookMonth> months = monthsOfBooks(fin);
     if (months.size() < 2)
         return {};
     const TBookMonth &last = months.last();
-    std::vector<TRolledBack> told;
-    addBalances(fin, last.id, told);
-    told.push_back({.what = u"Mėnuo: %1"_s.arg(PeriodText(TDateTime(last.firstDay()))), .rows = 1});
+    TRollBack told{.month = TDateTime(last.firstDay()),
+                   .before = TDateTime((months.cend() - 2)->firstDay()),
+                   .deleted = {}};
+    addBalances(fin, last.id, told.deleted);
+    told.deleted.push_back({.what = u"Mėnuo: %1"_s.arg(PeriodText(told.month)), .rows = 1});
     if (const qlonglong rows = yearRowsGone(fin, last))
-        told.push_back({.what = u"Metai %1 ir jų ketvirčiai"_s.arg(last.year()), .rows = rows});
+        told.deleted.push_back({.what = u"Metai %1 ir jų ketvirčiai"_s.arg(last.year()), .rows = rows});
     return told;
 }
 
@@ -97,12 +100,13 @@ TRollBackFrm::TRollBackFrm(QWidget *owner)
 void TRollBackFrm::Read()
 {
     lines()->clear();
-    const auto told = rolledBack(*MainDatas()->mnFin_Db());
-    for (const TRolledBack &each : told)
-        addLine(lines(), {each.what, QString::number(each.rows), shown(each.debit), shown(each.credit)});
-    if (told.empty())
+    const auto rollBack = rollBackOf(*MainDatas()->mnFin_Db());
+    if (!rollBack) {
         setHeadline(u"Atsukti nėra ko: darbo pradžios periodas neatsukamas."_s);
-    else
-        setHeadline(u"Atsukus periodą „%1“, einamuoju vėl taps „%2“. Mėnesio įrašai nebus trinami."_s.arg(
-            PeriodText(EinPer_Date()), PeriodText(GoMonth(EinPer_Date(), -1))));
+        return;
+    }
+    for (const TRolledBack &each : rollBack->deleted)
+        addLine(lines(), {each.what, QString::number(each.rows), shown(each.debit), shown(each.credit)});
+    setHeadline(u"Atsukus periodą „%1“, einamuoju vėl taps „%2“. Mėnesio įrašai nebus trinami."_s.arg(
+        PeriodText(rollBack->month), PeriodText(rollBack->before)));
 }

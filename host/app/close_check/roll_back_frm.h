@@ -2,6 +2,7 @@
 
 #include "host/app/close_check/sheet_frm.h"
 #include "toolkit/data/database.h"
+#include "toolkit/text/datetime.h"
 
 #include <optional>
 
@@ -14,9 +15,14 @@ struct TRolledBack {
     bool operator==(const TRolledBack &) const = default;
 };
 
-// For the last month; nothing when only the start of work is left, which is not taken back. Raises
-// EDatabaseError.
-std::vector<TRolledBack> rolledBack(TDatabase &fin);
+struct TRollBack {
+    TDateTime month;  // the last one of the books
+    TDateTime before; // the one that is current again afterwards
+    std::vector<TRolledBack> deleted;
+};
+
+// Nothing when only the start of work is left, which is not taken back. Raises EDatabaseError.
+std::optional<TRollBack> rollBackOf(TDatabase &fin);
 
 // "Kas bus ištrinta atsukus periodą": the same as a window.
 class TRollBackFrm : public TSheetFrm {

@@ -1,9 +1,10 @@
 #include "host/app/home/home_facts.h"
 
 #include "database/carried_balances.h"
-#include "host/app/close_check/last_backup.h"
+#include "host/app/history/history_words.h"
 #include "host/app/table_names.h"
 #include "host/common/months.h"
+#include "host/data/backups.h"
 #include "toolkit/data/statement.h"
 
 #include <algorithm>
@@ -49,6 +50,55 @@ QString whatWasDone(const QString &letter)
            : letter == u"D" ? u"ištrinta"_s
            : letter == u"R" ? u"perkelti likučiai"_s
                             : u"pakeista"_s;
+}
+
+// A record of the history, the youngest of those that are alike but for their rows.
+struct TChange {
+    QString moment, who, table, key, operation;
+    QSet<QString> keys; // of all of them
+
+    bool isLike(const TChange &other) const
+    {
+        return moment == other.moment && who == other.who && table == other.table &&
+               operation == other.operation;
+    }
+};
+
+QList<TChange> changesRead(TDatabase &fin, int atMost)
+{
+    QList<TChange> changes;
+    eachYoungest(fin,
+                 u"select ist_laikas, ist_login, ist_lentele, ist_raktas, ist_veiksmas from bd_istorija "
+                 "where ist_lentele <> 'bd_antspaudai' order by ist_id desc"_s,
+                 recordsRead, [&](const TStatement &row) {
+                     const QString key = row.value(3).toString();
+                     const TChange change{momentText(row.value(0).toString()),
+                                          who(row.value(1)),
+                                          row.value(2).toString(),
+                                          key,
+                                          row.value(4).toString(),
+                                          {key}};
+                     const auto known = std::ranges::find_if(
+                         changes, [&change](const TChange &other) { return other.isLike(change); });
+                     if (known != changes.end())
+                         known->keys += key;
+                     else if (changes.size() < atMost)
+                         changes << change;
+                 });
+    return changes;
+}
+
+// A routine moves all rows of a month: there is no row to be shown.
+THomeLine lineOf(const TChange &change, THistoryWords &words)
+{
+    const QString head = change.moment + u"  "_s + change.who + u": "_s + tableName(change.table);
+    const QString done = u" – "_s + whatWasDone(change.operation);
+    if (change.operation == u"R")
+        return {.text = head + done, .place = {.screen = u"THistoryFrm"_s}};
+    const qsizetype rows = change.keys.size();
+    const QString others = rows > 1 ? u" ir dar %1"_s.arg(rows - 1) : QString();
+    return {.text = head + u" „"_s + words.row(change.table, change.key) + u"“"_s + others + done,
+            .row = TRowOfHistory{TSession::Main, change.table, change.key, tableName(change.table)}};
 }
 
 // The month that is current no longer because of the last close: by the periods, which know neither moment
@@ -99,30 +149,23 @@ QList<THomeLine> lastCloseAndBackup(TDatabase &fin)
     const QList<TBookMonth> months = monthsOfBooks(fin);
     QList<THomeLine> lines{lastClosedMonth(months)};
     lines << lastSealed(fin, months);
-    if (fin.engine() != Engine::Sqlite)
-        return lines;
-    const auto backup = lastBackup(fin);
+    const auto backup = lastBackup();
     lines << THomeLine{
-        .text = backup ? u"Paskutinė atsarginė kopija: %1"_s.arg(backup->toString(u"yyyy.MM.dd HH:mm"_s))
-                       : u"Atsarginių kopijų dar nėra."_s};
+        .text = backup ? u"Paskutinė atsarginė kopija: %1"_s.arg(backup->made.toString(u"yyyy.MM.dd HH:mm"_s))
+                : backupFolder().isEmpty() ? u"Kopijas daro serverio administratorius."_s
+                                           : u"Atsarginių kopijų dar nėra."_s};
     return lines;
 }
 
 QList<THomeLine> lastChanges(TDatabase &fin, int atMost)
 {
-    QList<THomeLine> lines;
     if (!hasTable(fin, u"bd_istorija"_s))
-        return lines;
-    eachYoungest(fin,
-                 u"select ist_laikas, ist_login, ist_lentele, ist_veiksmas from bd_istorija "
-                 "where ist_lentele <> 'bd_antspaudai' order by ist_id desc"_s,
-                 recordsRead, [&](const TStatement &row) {
-                     const THomeLine line{.text = u"%1  %2: %3 – %4"_s.arg(
-                                              momentText(row.value(0).toString()), who(row.value(1)),
-                                              tableName(row.value(2).toString()),
-                                              whatWasDone(row.value(3).toString()))};
-                     if (lines.size() < atMost && !lines.contains(line))
-                         lines << line;
-                 });
+        return {};
+    THistoryWords words(&fin);
+    QList<THomeLine> lines;
+    for (const TChange &change : changesRead(fin, atMost))
+        lines << lineOf(change, words);
+    if (!lines.isEmpty())
+        lines << THomeLine{.text = u"Visi pakeitimai"_s, .place = {.screen = u"THistoryFrm"_s}};
     return lines;
 }

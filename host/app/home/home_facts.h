@@ -11,5 +11,5 @@ bool checksTakeLong(TDatabase &fin, qlonglong period);
 
 // The last close and roll-back, and the last backup.
 QList<THomeLine> lastCloseAndBackup(TDatabase &fin);
-// The last changes of the main books, the youngest first; none where no history is kept.
+// The last changes of the main books, the youngest first, each with its row; none where no history is kept.
 QList<THomeLine> lastChanges(TDatabase &fin, int atMost);

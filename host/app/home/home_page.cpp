@@ -59,12 +59,17 @@ QString told(const std::vector<TCloseFinding> &findings)
     return ofWhole ? findings.front().text : QString::number(countOf(findings));
 }
 
+QString momentText(const QDateTime &moment)
+{
+    return moment.toString(moment.date() == Date().date() ? u"HH:mm"_s : u"yyyy.MM.dd HH:mm"_s);
+}
+
 } // namespace
 
 THomePage::THomePage(const TPackageEntries &all, QWidget *parent)
     : QScrollArea(parent),
       entries(all),
-      run(new TCloseCheckRun(this))
+      run(TCloseCheckRun::ofOpenBooks())
 {
     setObjectName(u"THomePage"_s);
     setAccessibleName(u"Pradžios puslapis"_s);
@@ -100,12 +105,9 @@ THomePage::THomePage(const TPackageEntries &all, QWidget *parent)
 
     pause.setSingleShot(true);
     connectGuarded(&pause, &QTimer::timeout, this, [this] { readNext(); });
-    connectGuarded(run, &TCloseCheckRun::checked, this, [this] { showChecks(); });
-    connectGuarded(run, &TCloseCheckRun::finished, this, [this] { showChecks(); });
-    connectGuarded(&periodNotifier(), &TPeriodNotifier::periodChanged, this, [this] {
-        wholeRun = true;
-        readAnew();
-    });
+    connectGuarded(run.get(), &TCloseCheckRun::checked, this, [this] { showChecks(); });
+    connectGuarded(run.get(), &TCloseCheckRun::finished, this, [this] { showChecks(); });
+    connectGuarded(&periodNotifier(), &TPeriodNotifier::periodChanged, this, [this] { readAnew(); });
     connectGuarded(&organisationNotifier(), &TOrganisationNotifier::organisationChanged, this,
                    [this] { readAnew(); });
     const auto lines = [this](THomeSection *shown, std::function<QList<THomeLine>()> read) {
@@ -115,6 +117,11 @@ THomePage::THomePage(const TPackageEntries &all, QWidget *parent)
              lines(closed, [] { return lastCloseAndBackup(*MainDatas()->mnFin_Db()); }),
              lines(changes, [] { return lastChanges(*MainDatas()->mnFin_Db(), changesShown); }),
              [this] { check(); }};
+}
+
+THomePage::~THomePage()
+{
+    run->setWatched(this, false);
 }
 
 THomeSection *THomePage::section(const QString &name, const QString &heading)
@@ -127,13 +134,13 @@ THomeSection *THomePage::section(const QString &name, const QString &heading)
 void THomePage::begin()
 {
     entered = true;
-    wholeRun = true;
     readAnew();
 }
 
 void THomePage::showEvent(QShowEvent *event)
 {
     QScrollArea::showEvent(event);
+    run->setWatched(this, true);
     readAnew();
 }
 
@@ -141,7 +148,7 @@ void THomePage::hideEvent(QHideEvent *event)
 {
     QScrollArea::hideEvent(event);
     pause.stop();
-    run->pause();
+    run->setWatched(this, false);
 }
 
 // Links come into being in the order of the reading; the keyboard goes through them in that of the page.
@@ -212,23 +219,22 @@ void THomePage::showUsed()
 
 void THomePage::check()
 {
+    bool takesLong = false;
     try {
-        if (checksTakeLong(*MainDatas()->mnFin_Db(), qRound64(EinPer_Id()))) {
-            show(*checks,
-                 {{.text = u"Šį mėnesį įrašų ir likučių labai daug, todėl nepaprašius netikrinama."_s},
-                  {.text = u"Visas tikrinimas"_s, .place = {.screen = checkScreen}}});
-            return;
-        }
+        takesLong = checksTakeLong(*MainDatas()->mnFin_Db(), qRound64(EinPer_Id()));
     } catch (const EConnectionLost &) {
         throw;
     } catch (const Exception &error) {
         show(*checks, {{.text = error.message()}});
         return;
     }
-    if (std::exchange(wholeRun, false))
-        run->start();
-    else
+    if (!takesLong)
         run->startQuick();
+    else if (run->knowsMonth())
+        showChecks();
+    else
+        show(*checks, {{.text = u"Šį mėnesį įrašų ir likučių labai daug, todėl nepaprašius netikrinama."_s},
+                       {.text = u"Visas tikrinimas"_s, .place = {.screen = checkScreen}}});
 }
 
 void THomePage::showChecks()
@@ -245,12 +251,15 @@ void THomePage::showChecks()
     }
     if (run->running())
         lines << THomeLine{.text = u"Tikrinama…"_s};
-    else if (run->failures() > 0)
-        lines << THomeLine{.text = whyNot}
-              << THomeLine{.text = u"Nepatikrinta: %1"_s.arg(run->failures()),
-                           .place = {.screen = checkScreen}};
-    else if (lines.isEmpty())
+    else if (lines.isEmpty() && run->failures() == 0)
         lines << THomeLine{.text = u"Niekas netrukdo uždaryti."_s};
+    if (!whyNot.isEmpty())
+        lines << THomeLine{.text = whyNot};
+    if (run->failures() > 0)
+        lines << THomeLine{.text = u"Nepatikrinta: %1"_s.arg(run->failures()),
+                           .place = {.screen = checkScreen}};
+    if (const QDateTime since = run->madeSince(); since.isValid() && !run->running())
+        lines << THomeLine{.text = u"Tikrinta %1"_s.arg(momentText(since))};
     if (EinPer_Id() > 0)
         lines << THomeLine{.text = u"Visas tikrinimas"_s, .place = {.screen = checkScreen}};
     show(*checks, lines);

@@ -14,11 +14,12 @@ class QGridLayout;
 //
 // It reads nothing before it is seen, and then one part after another. A part that cannot be read says so in
 // words. Seen again, it reads anew what it read without anybody noticing, and the rest when the period is
-// another one.
+// another one or the window of checks has made them.
 class THomePage : public QScrollArea {
     Q_OBJECT
 public:
     THomePage(const TPackageEntries &entries, QWidget *parent);
+    ~THomePage() override;
 
     // The books are open and somebody is logged in.
     void begin();
@@ -46,10 +47,9 @@ private:
     QLabel *institution;
     QLabel *period;
     THomeSection *checks, *used, *closed, *changes;
-    TCloseCheckRun *run;
+    std::shared_ptr<TCloseCheckRun> run;
     std::vector<std::function<void()>> parts;
     std::size_t nextPart = 0;
     QTimer pause;
     bool entered = false;
-    bool wholeRun = true; // the next run makes all checks
 };

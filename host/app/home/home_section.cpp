@@ -47,7 +47,7 @@ void THomeSection::show(const QList<THomeLine> &lines)
 
 void THomeSection::add(const THomeLine &line)
 {
-    if (line.place.isSomewhere()) {
+    if (line.isLink()) {
         auto *link = new TLink(line.text, this);
         connectGuarded(link, &QAbstractButton::clicked, this, [this, line] { emit chosen(line); });
         widgets << link;

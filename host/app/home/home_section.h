@@ -1,18 +1,23 @@
 #pragma once
 
 #include "host/app/place.h"
+#include "host/controls/row_history.h"
 
 #include <QFrame>
+
+#include <optional>
 
 class QLabel;
 class QVBoxLayout;
 
-// A line of the home page: a text, or a link.
+// A line of the home page: a text, or a link to a place or to the changes of a row.
 struct THomeLine {
     QString text;
-    TPlace place;  // nowhere: no link
+    TPlace place;
     QString check; // the check to stand on in the window of checks
+    std::optional<TRowOfHistory> row;
 
+    bool isLink() const { return place.isSomewhere() || row; }
     bool operator==(const THomeLine &) const = default;
 };
 

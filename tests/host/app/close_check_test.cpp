@@ -1,12 +1,13 @@
 #include "host/app/close_check/close_checks.h"
 #include "host/app/close_check/roll_back_frm.h"
+#include "host/common/months.h"
+#include "host/data/backups.h"
 #include "tests/host/books.h"
 #include "tests/support/clock.h"
 #include "tests/support/unguarded.h"
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -248,6 +249,23 @@ TEST_P(CloseChecks, BalancesFollowFromTheMonthBefore)
                        stored(u"select dkl_id from bd_dbkrlik where dkl_perid = 7"_s))}));
 }
 
+// Balances of one counterparty in two departments are told apart.
+TEST_P(CloseChecks, ABalanceOfACounterpartyIsFoundInItsDepartment)
+{
+    party(1, 3, 3);
+    run(u"insert into bd_pad (pad_id, pad_pavad) values (1, 'Virtuvė'), (2, 'Ūkis')"_s);
+    for (const int period : {6, 7})
+        for (const int department : {1, 2}) {
+            partyBalance(1, period == 7 && department == 2 ? 9 : 10, 0, period);
+            run(u"update bd_dbkrlik set dkl_padid = %1 where dkl_padid is null"_s.arg(department));
+        }
+    EXPECT_EQ(found(u"Kontrolinės sumos"_s),
+              QStringList({u"Šalis 1, Ūkis|Debitoriaus ar kreditoriaus pradžios likutis 9.00, o pagal "
+                           "praėjusį mėnesį ir jo įrašus turi būti 10.00.|TDKALikFrm|%1"_s.arg(
+                               value(*fin, u"select dkl_id from bd_dbkrlik where dkl_perid = 7 and "
+                                           "dkl_padid = 2"_s))}));
+}
+
 TEST_P(CloseChecks, AnotherStationThatWritesIsSeen)
 {
     EXPECT_EQ(found(u"Kitų darbo vietų įrašymai"_s), QStringList());
@@ -272,20 +290,32 @@ TEST_P(CloseChecksOnFile, TheLastBackupIsToBeFromTodayOrYesterday)
     const ClockAt clock(QDateTime({2026, 3, 4}, {10, 0}));
     EXPECT_EQ(found(u"Atsarginė kopija"_s),
               QStringList({u"Atsarginės kopijos|Nėra nė vienos atsarginės kopijos.||0"_s}));
-    const QDir folder(QFileInfo(fin->settings().file).dir().filePath(u"atsargines"_s));
+    const QDir folder(backupFolder());
     ASSERT_TRUE(QDir().mkpath(folder.path()));
-    const auto put = [&folder](const QString &name) {
-        QFile file(folder.filePath(name));
-        EXPECT_TRUE(file.open(QFile::WriteOnly) && file.write("V") == 1);
+    const auto backup = [&folder](const QString &name) {
+        writeArchive(folder.filePath(name), {.engine = u"sqlite"_s, .createdAt = {}, .parts = {}}, {});
     };
-    put(u"2026-03-02-0900-diena.velmora"_s);
-    put(u"zodynas.velmora"_s);
-    put(u"2026-03-05-0900-diena.velmora"_s); // of a clock that was wrong
+    backup(u"2026-03-02-090000-diena.velmora"_s);
+    backup(u"zodynas.velmora"_s);
+    backup(u"2026-03-05-090000-diena.velmora"_s); // of a clock that was wrong
+    QFile empty(folder.filePath(u"2026-03-04-090000-diena.velmora"_s));
+    ASSERT_TRUE(empty.open(QFile::WriteOnly));
     EXPECT_EQ(found(u"Atsarginė kopija"_s),
               QStringList({u"Atsarginės kopijos|Paskutinė atsarginė kopija padaryta 2026.03.02 09:00, prieš "
                            "2 d.||0"_s}));
-    put(u"2026-03-03-0900-diena.velmora"_s);
+    backup(u"2026-03-03-090000-diena.velmora"_s);
     EXPECT_EQ(found(u"Atsarginė kopija"_s), QStringList());
+}
+
+using CloseChecksOnServer = CloseChecks;
+ON_ENGINE(CloseChecksOnServer, Engine::PostgreSql);
+
+TEST_P(CloseChecksOnServer, TheBackupIsCheckedOnlyWhereThereIsAFolderForThem)
+{
+    EXPECT_THROW(found(u"Atsarginė kopija"_s), ENotChecked);
+    setBackupFolder(folder());
+    EXPECT_EQ(found(u"Atsarginė kopija"_s),
+              QStringList({u"Atsarginės kopijos|Nėra nė vienos atsarginės kopijos.||0"_s}));
 }
 
 TEST_P(CloseChecks, ARollBackIsToldByTableBeforeItIsDone)
@@ -295,9 +325,12 @@ TEST_P(CloseChecks, ARollBackIsToldByTableBeforeItIsDone)
     opening(3, 99, 0, 6);
     party(1, 3, 3);
     partyBalance(1, 3, 0);
-    const auto told = rolledBack(*fin);
+    const auto told = rollBackOf(*fin);
+    ASSERT_TRUE(told);
+    EXPECT_EQ(PeriodText(told->month), u"2026 m. vasaris"_s);
+    EXPECT_EQ(PeriodText(told->before), u"2026 m. sausis"_s);
     QStringList lines;
-    for (const TRolledBack &each : told)
+    for (const TRolledBack &each : told->deleted)
         lines << u"%1|%2|%3|%4"_s.arg(each.what)
                      .arg(each.rows)
                      .arg(each.debit.value_or(-1))
@@ -309,7 +342,58 @@ TEST_P(CloseChecks, ARollBackIsToldByTableBeforeItIsDone)
                      u"Išlaidų likučiai: faktinės išlaidos|0|0|0"_s,
                      u"Debitorių ir kreditorių likučiai|1|30000|0"_s, u"Mėnuo: 2026 m. vasaris|1|-1|-1"_s}));
     run(u"delete from bd_period where per_id = 6"_s);
-    EXPECT_TRUE(rolledBack(*fin).empty()) << "the start of work is not taken back";
+    EXPECT_FALSE(rollBackOf(*fin)) << "the start of work is not taken back";
+}
+
+// The sums that are told are what the balances lack after the routine.
+TEST_P(CloseChecks, ARollBackDeletesWhatWasTold)
+{
+    party(1, 3, 3);
+    run(u"insert into bd_asgisl values (1, 'Knyga')"_s);
+    node(10, 100);
+    for (const int period : {6, 7}) {
+        opening(3, 10.1001 * period, 0, period);
+        opening(7, 0, 20.20 * period, period);
+        partyBalance(1, 3.3 * period, 1.1 * period, period);
+        run(u"insert into bd_isllik values (%1, %1, 10, 1.5, %1, 7.0001, 2, %1, 9.9)"_s.arg(period));
+    }
+    const auto amounts = [this] {
+        QStringList lines;
+        for (const char16_t *sql :
+             {u"select count(*), sum(ssl_sum_db) * 10000, sum(ssl_sum_kr) * 10000 from bd_saslik",
+              u"select count(*), sum(sml_asig_db) * 10000, sum(sml_asig_kr) * 10000 from bd_isllik",
+              u"select count(*), sum(sml_kas_db) * 10000, sum(sml_kas_kr) * 10000 from bd_isllik",
+              u"select count(*), sum(sml_fak_db) * 10000, sum(sml_fak_kr) * 10000 from bd_isllik",
+              u"select count(*), sum(dkl_sum_db) * 10000, sum(dkl_sum_kr) * 10000 from bd_dbkrlik"})
+            lines += rows(*fin, QString::fromUtf16(sql));
+        return lines;
+    };
+    const auto told = rollBackOf(*fin);
+    const QStringList before = amounts();
+    run(u"call Back_Per()"_s);
+    const QStringList after = amounts();
+    ASSERT_EQ(before.size(), 5);
+    ASSERT_EQ(after.size(), 5);
+    for (int line = 0; line < 5; ++line) {
+        const TRolledBack &each = told->deleted.at(std::size_t(line));
+        const auto gone = [&](int column) {
+            return qRound64(before.at(line).section(u'|', column, column).toDouble() -
+                            after.at(line).section(u'|', column, column).toDouble());
+        };
+        EXPECT_GT(each.rows, 0) << line;
+        EXPECT_EQ(gone(0), each.rows) << line;
+        EXPECT_EQ(gone(1), each.debit) << line;
+        EXPECT_EQ(gone(2), each.credit) << line;
+    }
+}
+
+// Another station may have closed the month that this one takes for the last.
+TEST_P(CloseChecks, TheHeadlineTellsTheMonthThatTheTableIsOf)
+{
+    run(u"insert into bd_period values (8, 2026, 1, 3)"_s);
+    const std::unique_ptr<TRollBackFrm> frm(createForm<TRollBackFrm>(nullptr));
+    EXPECT_EQ(frm->headline(), u"Atsukus periodą „2026 m. kovas“, einamuoju vėl taps „2026 m. vasaris“. "
+                               "Mėnesio įrašai nebus trinami."_s);
 }
 
 // What is told is what the routine deletes, the year with its quarters included.
@@ -323,7 +407,7 @@ TEST_P(CloseChecks, TheFirstMonthOfAYearTakesItsYearAlong)
     GetPeriod();
     const auto rowsNow = [this] { return value(*fin, u"select count(*) from bd_period"_s).toInt(); };
     qlonglong toldRows = 0;
-    for (const TRolledBack &each : rolledBack(*fin))
+    for (const TRolledBack &each : rollBackOf(*fin)->deleted)
         if (!each.debit)
             toldRows += each.rows;
     const int before = rowsNow();

@@ -1,95 +1,18 @@
+#include "host/app/home/home_page.h"
+
 #include "database/history.h"
 #include "database/seals.h"
-#include "host/app/close_check/close_check_frm.h"
 #include "host/app/close_check/roll_back_frm.h"
-#include "host/app/home/home_page.h"
-#include "host/app/home/link.h"
+#include "host/app/history/history_frm.h"
 #include "host/app/home/screen_use.h"
 #include "host/controls/browse_frm.h"
-#include "tests/host/app/main_window.h"
+#include "tests/host/app/home.h"
 #include "tests/host/books.h"
 #include "tests/support/message_box.h"
-#include "tests/support/unguarded.h"
 #include "toolkit/report/preview.h"
-
-#include <QMdiSubWindow>
-#include <QTreeWidget>
+#include "toolkit/widgets/db_grid.h"
 
 #include <algorithm>
-
-namespace {
-
-// The home page and the windows of checks inside the real main window; February 2026 is to be closed.
-class Home : public MainWindow {
-protected:
-    void SetUp() override
-    {
-        MainWindow::SetUp();
-        for (const char *sql : {"insert into bd_period values (1, 2026, 0, 0), (2, 2026, 1, 0), (6, 2026, 1, "
-                                "1), (7, 2026, 1, 2)",
-                                "insert into bd_sasplan (sas_id, sas_sasnr, sas_pavad, sas_tip) values (1, "
-                                "'24', 'Pinigai', 'D'), "
-                                "(2, '43', 'Skolos', 'D')",
-                                "insert into bd_org (org_pavad) values ('Ežero mokykla')"})
-            books().ExecSQL(sql);
-        GetPeriod();
-    }
-    void entry(int id, double debit, double credit)
-    {
-        books().ExecSQL("insert into bd_irasai (irs_id, irs_perid, irs_data, irs_dok, irs_sasid, irs_sum_db, "
-                        "irs_sum_kr) values (:id, 7, '2026-02-03', :dok, 1, :db, :kr)",
-                        {{"id", id}, {"dok", QString("D-%1").arg(id)}, {"db", debit}, {"kr", credit}});
-    }
-    THomePage *home() const { return window->findChild<THomePage *>(); }
-    THomeSection *section(const QString &name) const { return window->findChild<THomeSection *>(name); }
-    QStringList lines(const QString &name) const
-    {
-        QStringList texts;
-        for (const auto *link : section(name)->findChildren<TLink *>())
-            if (link->isVisible())
-                texts << link->text();
-        for (const auto *label : section(name)->findChildren<QLabel *>())
-            if (label->isVisible())
-                texts << label->text();
-        return texts;
-    }
-    bool comes(const QString &section, const QString &text) const
-    {
-        return QTest::qWaitFor([&] { return lines(section).contains(text); }, 5000);
-    }
-    void follow(const QString &text)
-    {
-        for (auto *link : home()->findChildren<TLink *>())
-            if (link->isVisible() && link->text() == text) {
-                link->setFocus();
-                press(Qt::Key_Return);
-                return;
-            }
-        ADD_FAILURE() << "no link " << qPrintable(text);
-    }
-    QString active() const
-    {
-        const QMdiSubWindow *shown = window->documents()->activeSubWindow();
-        return shown ? shown->objectName() : QString();
-    }
-    // The window of checks, when all are made.
-    TCloseCheckFrm *checked() const
-    {
-        auto *frm = window->findChild<TCloseCheckFrm *>();
-        const auto done = [frm] {
-            return frm->lines()->findItems("Tikrinama…", Qt::MatchExactly, 1).isEmpty();
-        };
-        EXPECT_TRUE(frm && QTest::qWaitFor(done, 5000));
-        return frm;
-    }
-    QString currentLine() const
-    {
-        const QTreeWidgetItem *line = checked()->lines()->currentItem();
-        return line ? line->text(0) : QString();
-    }
-};
-
-} // namespace
 
 TEST_F(Home, TellsInstitutionMonthAndWhatTheCheckFound)
 {
@@ -164,34 +87,6 @@ TEST_F(Home, ALinkLeadsByKeyToTheCheckAndEnterToTheEntry)
     EXPECT_EQ(window->findChild<TBrowseFrm *>("TIrasaiFrm")->currentKey().toInt(), 3);
 }
 
-TEST_F(Home, EnterOnAMiscarriedBalanceStandsOnItsRow)
-{
-    takeGuardsAway(books());
-    books().ExecSQL("insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid, ssl_sum_db, ssl_sum_kr) values "
-                    "(1, 1, 6, 5, 0), (2, 2, 6, 0, 5), (3, 1, 7, 5, 0), (4, 2, 7, 0, 5.01)");
-    start();
-    window->openEntry("TCloseCheckFrm");
-    checked()->showCheck("Kontrolinės sumos");
-    EXPECT_EQ(currentLine(), "43  Skolos");
-    NextBoxes unequal{QMessageBox::Ok, QMessageBox::Ok}; // the list tells it whenever it is read
-    checked()->lines()->setFocus();
-    press(Qt::Key_Return);
-    EXPECT_EQ(active(), "TSasLikFrm");
-    EXPECT_EQ(window->findChild<TBrowseFrm *>("TSasLikFrm")->currentKey().toInt(), 4);
-}
-
-TEST_F(Home, WhatHasNoScreenIsToldWhole)
-{
-    start();
-    window->openEntry("TCloseCheckFrm");
-    EXPECT_EQ(checked()->headline(), "2026 m. vasaris: rasta, kas trukdo uždaryti: 1. Nepatikrinta: 2.");
-    checked()->showCheck("Atsarginė kopija");
-    NextBoxes told{QMessageBox::Ok};
-    checked()->lines()->setFocus();
-    press(Qt::Key_Return);
-    EXPECT_TRUE(told.at(0).text.contains("Nėra nė vienos atsarginės kopijos."));
-}
-
 TEST_F(Home, AUserWhoMayOnlyLookChecksTooAndIsLedToNothingThatWrites)
 {
     entry(1, 5, 0);
@@ -254,6 +149,9 @@ TEST_F(Home, VeryLargeBooksAreNotCheckedUnasked)
     EXPECT_FALSE(lines("homeChecks").contains("Mėnesio įrašai: 1"));
     follow("Visas tikrinimas");
     EXPECT_EQ(active(), "TCloseCheckFrm");
+    checked();
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(comes("homeChecks", "Mėnesio įrašai: 1")) << "what the window found is told here too";
 }
 
 TEST_F(Home, TheLastChangesAreToldAsPeopleReadThem)
@@ -265,9 +163,63 @@ TEST_F(Home, TheLastChangesAreToldAsPeopleReadThem)
     start();
     ASSERT_TRUE(QTest::qWaitFor([this] { return lines("homeChanges").size() > 2; }));
     const QStringList told = lines("homeChanges");
-    ASSERT_EQ(told.size(), 3) << "what is alike stands there once";
-    EXPECT_TRUE(told.at(1).endsWith("  ona: Įrašai – įrašyta")) << qPrintable(told.at(1));
-    EXPECT_TRUE(told.at(2).endsWith("  ona: Organizacijos atributai – pakeista")) << qPrintable(told.at(2));
+    ASSERT_EQ(told.size(), 4) << "what is alike stands there once";
+    EXPECT_TRUE(told.at(0).endsWith("  ona: Įrašai „D-3“ ir dar 2 – įrašyta")) << qPrintable(told.at(0));
+    EXPECT_TRUE(told.at(1).endsWith("  ona: Organizacijos atributai „Ežero mokykla“ – pakeista"))
+        << qPrintable(told.at(1));
+    EXPECT_EQ(told.at(2), "Visi pakeitimai");
+}
+
+TEST_F(Home, ALastChangeLeadsToTheChangesOfItsRow)
+{
+    keepHistory(books(), {"ona", "stotis"});
+    books().ExecSQL("update bd_sasplan set sas_pavad = 'Bankas' where sas_id = 1");
+    books().ExecSQL("update bd_sasplan set sas_tip = 'S' where sas_id = 2");
+    start();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return lines("homeChanges").size() > 2; }));
+    QStringList shown;
+    OnNextDialog<THistoryFrm> history([&shown](THistoryFrm &frm) {
+        for (int line = 0; line < frm.grid()->model()->rowCount(); ++line)
+            shown << frm.grid()->model()->index(line, 6).data().toString();
+        frm.close();
+    });
+    follow(lines("homeChanges").first());
+    EXPECT_EQ(shown, (QStringList{"Tipas: buvo „D“, yra „S“"}));
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    follow("Visi pakeitimai");
+    EXPECT_EQ(active(), "THistoryFrm");
+}
+
+TEST_F(Home, WhatIsNotReadYetSaysSo)
+{
+    window->setLoggedIn(true);
+    window->show();
+    for (const char *each : {"homeChecks", "homeUsed", "homeClosed", "homeChanges"})
+        EXPECT_TRUE(lines(each).contains("Skaitoma…")) << each;
+    EXPECT_TRUE(comes("homeChanges", "Pakeitimų dar nėra."));
+}
+
+TEST_F(Home, NothingIsReadWhileOneOfTheBooksIsAtWork)
+{
+    MainDatas()->mnRavl()->StartTransaction();
+    start();
+    QTest::qWait(400);
+    EXPECT_EQ(panel("homePeriod"), QString());
+    MainDatas()->mnRavl()->Rollback();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return panel("homePeriod") == "2026 m. vasaris"; }));
+}
+
+TEST_F(Home, ACheckThatDidNotSucceedIsNoLeaveToClose)
+{
+    backUp();
+    start();
+    EXPECT_TRUE(comes("homeChecks", "Niekas netrukdo uždaryti."));
+    books().nativeExec("drop table bd_samatos");
+    window->openEntry("TSasPlanFrm");
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(comes("homeChecks", "Nepatikrinta: 1"));
+    EXPECT_FALSE(lines("homeChecks").contains("Niekas netrukdo uždaryti."));
 }
 
 TEST_F(Home, TheScreensOpenedMostStandFirst)
@@ -284,9 +236,13 @@ TEST_F(Home, TheScreensOpenedMostStandFirst)
     EXPECT_EQ(active(), "TSasPlanFrm");
 }
 
+namespace {
+
 // The page by itself, on a server that goes away.
 using HomeOnServer = WithMainDatas;
 ON_ENGINE(HomeOnServer, Engine::PostgreSql);
+
+} // namespace
 
 TEST_P(HomeOnServer, ALostServerIsToldInWordsAndNoBoxComes)
 {
@@ -314,4 +270,5 @@ TEST_P(HomeOnServer, ALostServerIsToldInWordsAndNoBoxComes)
     page.hide();
     page.show();
     EXPECT_TRUE(shows("2026 m. sausis")) << "the next reading reaches the server again";
+    EXPECT_TRUE(shows("Niekas netrukdo uždaryti."));
 }
