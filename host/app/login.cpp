@@ -1,6 +1,7 @@
 #include "host/app/login.h"
 
 #include "host/app/backups/making.h"
+#include "host/app/backups/restoring.h"
 #include "host/app/institutions.h"
 #include "host/app/login_dialog.h"
 #include "host/app/main_window.h"
@@ -64,7 +65,7 @@ bool enterOpenBooks(TMainWindow &window, TBooksSettings books, const QString &us
         switch (logInAt(window, books, user)) {
         case TLoginEnd::LoggedIn:
             keepOnList(window, books);
-            startDailyBackup(&window);
+            startDailyBackup(&window, [&window] { showBackups(window); });
             return true;
         case TLoginEnd::GivenUp:
             return false;

@@ -1,6 +1,7 @@
 #include "host/app/backups/backups_dialog.h"
 
 #include "host/app/backups/tool.h"
+#include "host/common/months.h"
 #include "host/common/msgbox.h"
 #include "host/data/backups.h"
 #include "host/data/known_books.h"
@@ -39,7 +40,14 @@ QString reasonOf(const TBackup &backup)
 
 QString momentOf(const TBackup &backup)
 {
-    return backup.made.toString("yyyy-MM-dd HH:mm:ss");
+    return backup.made.toString("yyyy.MM.dd HH:mm:ss");
+}
+
+// Empty where the books had no month or the backup does not tell it.
+QString monthOf(const TBackup &backup)
+{
+    const QDate month = QDate::fromString(backup.holds.month, "yyyy-MM");
+    return month.isValid() ? PeriodText(TDateTime(month)) : QString();
 }
 
 QString sizeOf(const TBackup &backup)
@@ -104,7 +112,7 @@ void TBackupsDlg::readFolder()
         const QString state = backup.sound() ? "Patikrinta kuriant" : backup.damage;
         auto *row =
             new QTreeWidgetItem({momentOf(backup), reasonOf(backup), backup.holds.institution,
-                                 backup.holds.month, sizeOf(backup), verdicts.value(backup.file, state)});
+                                 monthOf(backup), sizeOf(backup), verdicts.value(backup.file, state)});
         row->setTextAlignment(4, Qt::AlignRight | Qt::AlignVCenter);
         row->setToolTip(5, row->text(5).toHtmlEscaped());
         if (!backup.sound())
@@ -196,7 +204,7 @@ void TBackupsDlg::restore()
             "Ar atkurti knygas, kokios jos buvo %1?\n\nĮstaiga: %2%3\nPaskutinis mėnuo: %4\n\nVisa, kas "
             "įrašyta vėliau, liks tik dabartinėse knygose: jos paliekamos tame pačiame aplanke kitu vardu. "
             "Visi langai bus uždaryti, ir prisijungsite iš naujo.")
-            .arg(momentOf(backup), whose, other, backup.holds.month.isEmpty() ? "nėra" : backup.holds.month);
+            .arg(momentOf(backup), whose, other, monthOf(backup).isEmpty() ? "nėra" : monthOf(backup));
     if (StdMsgBox(mkQuestion, question) != mrYes)
         return;
     chosen = backup;

@@ -30,10 +30,18 @@ bool makesBackups()
     return MainDatas() && !CurrentUser().viewOnly && !hasOwnLogin() && !backupFolder().isEmpty();
 }
 
+// What failed and why, and the question; the refusal is the default.
+bool goesOn(const QString &failed, const QString &why, const QString &question)
+{
+    return StdMsgBox(mkQuestion, failed + "\n\n" + why + "\n\n" + question) == mrYes;
+}
+
 // The daily backup under way. It keeps itself behind the work of the user.
 class TDailyBackup : public QProcess {
 public:
-    explicit TDailyBackup(QWidget *owner) : QProcess(owner)
+    TDailyBackup(QWidget *owner, std::function<void()> goToBackups)
+        : QProcess(owner),
+          toBackups(std::move(goToBackups))
     {
         prepareTool(*this, keepWords(BackupKind::Day));
         setChildProcessModifier([] { ::setpriority(PRIO_PROCESS, 0, politeness); });
@@ -50,15 +58,18 @@ public:
     }
 
 private:
+    // Where it leads comes when this one is gone: a restore there waits for none and may begin another.
     void tell()
     {
         deleteLater();
-        if (const TToolEnd end = toolEnd(*this); !end.done())
-            StdMsgBox(mkWarning, QString("Šios dienos atsarginės kopijos padaryti nepavyko.\n\n%1\n\nDirbti "
-                                         "galite, tik kopijos kol kas nėra. Ją padarysite meniu „Programa“, "
-                                         "„Atsarginės kopijos…“.")
-                                     .arg(end.trouble));
+        const TToolEnd end = toolEnd(*this);
+        if (!end.done() && !goesOn("Šios dienos atsarginės kopijos padaryti nepavyko.", end.trouble,
+                                   "Ar dirbti toliau be šios dienos kopijos? Atsakius „Ne“, bus atvertas "
+                                   "atsarginių kopijų langas."))
+            QTimer::singleShot(0, parent(), guarded(qobject_cast<QWidget *>(parent()), toBackups));
     }
+
+    std::function<void()> toBackups;
 };
 
 QPointer<TDailyBackup> &daily()
@@ -75,18 +86,15 @@ bool backUpOrAsk(BackupKind what)
         return true;
     const TToolEnd end = runTool(keepWords(what), "Daroma atsarginė kopija…");
     return end.done() ||
-           StdMsgBox(mkQuestion,
-                     QString("Atsarginės kopijos padaryti nepavyko.\n\n%1\n\nAr vis tiek tęsti be "
-                             "kopijos?")
-                         .arg(end.trouble)) == mrYes;
+           goesOn("Atsarginės kopijos padaryti nepavyko.", end.trouble, "Ar vis tiek tęsti be kopijos?");
 }
 
-void startDailyBackup(QWidget *owner)
+void startDailyBackup(QWidget *owner, const std::function<void()> &toBackups)
 {
-    QTimer::singleShot(afterFirstWindowsMs, owner, guarded(owner, [owner] {
+    QTimer::singleShot(afterFirstWindowsMs, owner, guarded(owner, [owner, toBackups] {
                            if (!makesBackups() || daily())
                                return;
-                           daily() = new TDailyBackup(owner);
+                           daily() = new TDailyBackup(owner, toBackups);
                            daily()->start();
                        }));
 }

@@ -2,6 +2,8 @@
 
 #include "database/backups/backup_folder.h"
 
+#include <functional>
+
 class QWidget;
 
 // Backs the open books up before something that cannot be taken back. When that fails, the user is told why
@@ -10,7 +12,8 @@ class QWidget;
 bool backUpOrAsk(BackupKind what);
 
 // Begins the daily backup of the open books in the background, a little later than now: once a day one is
-// made. When it fails the user is told. It ends before its owner does.
-void startDailyBackup(QWidget *owner);
+// made. When it fails, the user is told why and asked whether to go on all the same; when he does not, he is
+// led to where backups are made. It ends before its owner does.
+void startDailyBackup(QWidget *owner, const std::function<void()> &toBackups);
 // Waits for it where it is under way.
 void waitForDailyBackup();

@@ -14,7 +14,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int helpTopic = 126;
-constexpr int secondsEnd = 19; // of yyyy-mm-dd hh:mm:ss.zzz
+constexpr int dayEnd = 10; // of yyyy-mm-dd hh:mm:ss.zzz
+constexpr int secondsEnd = 19;
 const QString nobody = u"-"_s; // no login is called so
 
 TBrowseDescription historyList(const QString &caption, TSession session)
@@ -54,6 +55,14 @@ QStringList personsIn(TDatabase &book)
             return names;
         names.append(last);
     }
+}
+
+// Today, or the day of the newest record where the clock was set back since.
+QDate lastDay(TDatabase &book)
+{
+    const QString newest = book.fieldResult(u"select max(ist_laikas) from bd_istorija"_s).toString();
+    const QDate today = Date().date();
+    return qMax(today, QDate::fromString(newest.first(qMin(dayEnd, int(newest.size()))), Qt::ISODate));
 }
 
 QString equals(const QString &column, const QString &value)
@@ -99,7 +108,7 @@ void THistoryFrm::addChoices()
     persons = addChoice(u"PersonBox"_s, u"As&muo:"_s);
     const QDate today = Date().date();
     from = addDay(u"FromEdit"_s, u"N&uo:"_s, today.addMonths(-1));
-    to = addDay(u"ToEdit"_s, u"Ik&i:"_s, today);
+    to = addDay(u"ToEdit"_s, u"Ik&i:"_s, lastDay(*Database()));
     connectGuarded(books, &QComboBox::activated, this, [this] {
         bookChosen();
         RefreshData({});
@@ -174,7 +183,8 @@ void THistoryFrm::RefreshData(const Variant &key)
     words->forget();
     description.sql =
         u"select ist_id, ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas, ist_buvo, "
-        "ist_yra from bd_istorija where %1 order by ist_laikas desc, ist_id desc"_s.arg(condition());
+        "ist_yra from bd_istorija where %1 order by %2"_s.arg(
+            condition(), row ? u"ist_id desc"_s : u"ist_laikas desc, ist_id desc"_s);
     TBrowseFrm::RefreshData(key);
 }
 

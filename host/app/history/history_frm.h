@@ -10,7 +10,7 @@ class QComboBox;
 class QDateEdit;
 
 // The history of changes: of one book, by table, person and days, the newest first; or all changes of one
-// row. Nothing can be changed in it.
+// row, the last one first whatever the clock said. Nothing can be changed in it.
 class THistoryFrm : public TBrowseFrm {
     Q_OBJECT
 public:

@@ -2,6 +2,7 @@
 #include "host/app/backups/making.h"
 #include "host/app/backups/tool.h"
 #include "host/app/login_dialog.h"
+#include "host/common/months.h"
 #include "host/data/backups.h"
 #include "tests/host/app/main_window.h"
 #include "tests/host/books.h"
@@ -115,7 +116,7 @@ TEST_F(Backups, WhoMayOnlyLookMakesNone)
 TEST_F(Backups, TheDayHasOneMadeInTheBackground)
 {
     for (int start = 0; start < 2; ++start) {
-        startDailyBackup(window.get());
+        startDailyBackup(window.get(), [] { ADD_FAILURE() << "nothing failed"; });
         EXPECT_TRUE(QTest::qWaitFor([] { return made().size() == 1; }, 60'000));
         QTest::qWait(2500);
         waitForDailyBackup();
@@ -124,14 +125,20 @@ TEST_F(Backups, TheDayHasOneMadeInTheBackground)
     EXPECT_EQ(made().at(0).kind, BackupKind::Day);
 }
 
-TEST_F(Backups, ADailyOneThatFailsIsTold)
+TEST_F(Backups, AfterADailyOneThatFailsTheUserIsAskedWhetherToGoOn)
 {
     QFile(backupFolder()).open(QIODevice::WriteOnly);
-    NextBoxes told{QMessageBox::Ok};
-    startDailyBackup(window.get());
-    EXPECT_TRUE(QTest::qWaitFor([&told] { return told.count() == 1; }, 60'000));
-    EXPECT_TRUE(told.at(0).text.contains("atsargines")) << qPrintable(told.at(0).text);
-    EXPECT_TRUE(told.at(0).text.contains("Šios dienos")) << qPrintable(told.at(0).text);
+    int led = 0;
+    for (const auto answer : {QMessageBox::Yes, QMessageBox::No}) {
+        NextBoxes asked{answer};
+        startDailyBackup(window.get(), [&led] { ++led; });
+        ASSERT_TRUE(QTest::qWaitFor([&asked] { return asked.count() == 1; }, 60'000));
+        EXPECT_EQ(asked.at(0).kind, 18); // Enter answers no
+        EXPECT_TRUE(asked.at(0).text.contains("atsargines")) << qPrintable(asked.at(0).text);
+        EXPECT_TRUE(asked.at(0).text.contains("Ar dirbti toliau be šios dienos kopijos?"));
+        QTest::qWait(100);
+        EXPECT_EQ(led, answer == QMessageBox::Yes ? 0 : 1);
+    }
 }
 
 TEST_F(Backups, TheWindowMakesVerifiesAndShows)
@@ -145,7 +152,7 @@ TEST_F(Backups, TheWindowMakesVerifiesAndShows)
     ASSERT_TRUE(row);
     EXPECT_EQ(row->text(1), "Naudotojo padaryta");
     EXPECT_EQ(row->text(2), organisationName());
-    EXPECT_EQ(row->text(3), month());
+    EXPECT_EQ(row->text(3), PeriodText(EinPer_Date()));
     EXPECT_EQ(row->text(5), "Patikrinta kuriant");
     pressButton(dialog, "T&ikrinti");
     EXPECT_EQ(list->currentItem()->text(5), "Patikrinta dabar: tinka atkurti");
@@ -276,6 +283,15 @@ TEST_P(ServerBackups, WithoutAFolderTheWindowSaysWhoMakesThem)
     for (const char *name : {"MakeBtn", "RestoreBtn", "VerifyBtn", "FolderBtn"})
         EXPECT_FALSE(dialog.findChild<QPushButton *>(name)->isEnabled()) << name;
     EXPECT_TRUE(dialog.findChild<QPushButton *>("ChooseBtn")->isEnabled());
+}
+
+TEST_P(ServerBackups, AFolderThatIsOutOfReachIsToldAndAskedAbout)
+{
+    QFile(place.filePath("kopijos")).open(QIODevice::WriteOnly);
+    setBackupFolder(place.filePath("kopijos"));
+    NextBoxes asked{QMessageBox::No};
+    EXPECT_FALSE(backUpOrAsk(BackupKind::Close));
+    EXPECT_TRUE(asked.at(0).text.contains("kopijos")) << qPrintable(asked.at(0).text);
 }
 
 TEST_P(ServerBackups, InTheChosenFolderTheyAreMade)

@@ -6,6 +6,7 @@
 #include "tests/support/clock.h"
 #include "tests/support/unguarded.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 
@@ -316,6 +317,22 @@ TEST_P(CloseChecksOnServer, TheBackupIsCheckedOnlyWhereThereIsAFolderForThem)
     setBackupFolder(folder());
     EXPECT_EQ(found(u"Atsarginė kopija"_s),
               QStringList({u"Atsarginės kopijos|Nėra nė vienos atsarginės kopijos.||0"_s}));
+}
+
+// What the server tells a role of the sessions of others is less than it tells its owner.
+TEST_P(CloseChecksOnServer, AStationIsSeenByARoleThatIsNotItsOwn)
+{
+    const QString role = u"kita_%1"_s.arg(QCoreApplication::applicationPid());
+    fin->nativeExec(u"create role %1 role velmora"_s.arg(role));
+    secondFin()->StartTransaction();
+    secondFin()->ExecSQL(u"update bd_sasplan set sas_pavad = 'Kita' where sas_id = 7"_s);
+    fin->nativeExec(u"set role "_s + role);
+    const QStringList stations = found(u"Kitų darbo vietų įrašymai"_s);
+    fin->nativeExec(u"reset role"_s);
+    secondFin()->Rollback();
+    fin->nativeExec(u"drop role "_s + role);
+    ASSERT_EQ(stations.size(), 1);
+    EXPECT_TRUE(stations.first().contains(u"Nuo ? įrašo pakeitimus"_s)) << stations.first().toStdString();
 }
 
 TEST_P(CloseChecks, ARollBackIsToldByTableBeforeItIsDone)

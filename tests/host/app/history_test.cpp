@@ -3,7 +3,9 @@
 #include "database/history.h"
 #include "host/app/catalogues/sas_plan.h"
 #include "host/app/table_names.h"
+#include "host/data/login.h"
 #include "tests/host/books.h"
+#include "tests/support/clock.h"
 #include "toolkit/text/format.h"
 #include "toolkit/widgets/db_grid.h"
 
@@ -146,6 +148,57 @@ TEST_P(HistoryScreen, CtrlHOnARowOfAListShowsItsChangesAlone)
     EXPECT_EQ(listed(Changes).value(0), u"Pavadinimas: buvo „Pinigai“, yra „Pinigai ir kita“");
     EXPECT_FALSE(listed(Row).contains(u"221 Skolos"_s));
     EXPECT_TRUE(screen->windowTitle().contains(list->windowTitle()));
+}
+
+TEST_P(HistoryScreen, AClockThatWasSetBackHidesNothingAndMixesUpNoRow)
+{
+    fin->ExecSQL(u"insert into bd_objektai values (1, 'Sandėlis')"_s);
+    const ClockAt back(QDateTime::currentDateTime().addDays(-1));
+    fin->ExecSQL(u"update bd_objektai set obj_pavad = 'Garažas'"_s);
+    open();
+    EXPECT_TRUE(listed(Changes).contains(u"Pavadinimas: „Sandėlis“"_s));
+    EXPECT_TRUE(listed(Changes).contains(u"Pavadinimas: buvo „Sandėlis“, yra „Garažas“"_s));
+    open(TRowOfHistory{TSession::Main, u"bd_objektai"_s, u"1"_s, u"Objektai"_s});
+    EXPECT_EQ(listed(Operation), (QStringList{u"Pakeista"_s, u"Įrašyta"_s}));
+}
+
+TEST_P(HistoryScreen, APauseLeavesNoRecordAndEnds)
+{
+    {
+        const THistoryPause pause(*fin);
+        fin->ExecSQL(u"insert into bd_objektai values (1, 'Sandėlis')"_s);
+    }
+    fin->ExecSQL(u"insert into bd_objektai values (2, 'Garažas')"_s);
+    open();
+    choose(u"TableBox"_s, u"Objektai"_s);
+    EXPECT_EQ(listed(Changes), (QStringList{u"Pavadinimas: „Garažas“"_s}));
+}
+
+TEST_P(HistoryScreen, WhoLogsInLeavesRecordsInHisOwnNameWhereHeMayWrite)
+{
+    ravl->ExecSQL(u"insert into bd_usr (usr_id, usr_name, usr_pasw, usr_perziurai, usr_user_admin) values "
+                  "(1, 'petras', 'x', 0, 0), (2, 'jonas', 'x', 1, 1), (3, 'ema', 'x', 1, 0)"_s);
+    const auto last = [](TDatabase &book) {
+        return rows(book, u"select ist_login, ist_stotis, ist_raktas from bd_istorija order by ist_id desc"_s)
+            .value(0);
+    };
+    const QString station = QSysInfo::machineHostName();
+    ASSERT_TRUE(logIn(*MainDatas(), u"petras"_s, u"x"_s));
+    fin->ExecSQL(u"insert into bd_objektai values (1, 'Sandėlis')"_s);
+    EXPECT_EQ(last(*fin), u"petras|%1|1"_s.arg(station));
+
+    ASSERT_TRUE(logIn(*MainDatas(), u"jonas"_s, u"x"_s)) << "looks only, but administers users";
+    MainDatas()->makeReadOnly();
+    MainDatas()->mnRavl()->ExecSQL(u"update bd_usr set usr_vardas = 'Ema' where usr_id = 3"_s);
+    EXPECT_EQ(last(*MainDatas()->mnRavl()), u"jonas|%1|3"_s.arg(station));
+    const QString insert = u"insert into bd_objektai values (2, 'Garažas')"_s;
+    EXPECT_THROW(MainDatas()->mnFin_Db()->ExecSQL(insert), EDatabaseError);
+
+    ASSERT_TRUE(logIn(*MainDatas(), u"ema"_s, u"x"_s));
+    MainDatas()->makeReadOnly();
+    EXPECT_THROW(MainDatas()->mnFin_Db()->ExecSQL(insert), EDatabaseError);
+    EXPECT_THROW(MainDatas()->mnRavl()->ExecSQL(u"delete from bd_usr"_s), EDatabaseError);
+    EXPECT_EQ(last(*MainDatas()->mnFin_Db()), u"petras|%1|1"_s.arg(station));
 }
 
 // No table and no column is left without a name.
