@@ -92,7 +92,8 @@ void PostgresConnection::setUp()
     PQsetNoticeReceiver(
         conn, [](void *, const PGresult *) {}, nullptr);
     run("set client_encoding to 'UTF8'; set datestyle to iso, ymd; set bytea_output to hex; "
-        "set standard_conforming_strings to on; set client_min_messages to error; set lock_timeout to " +
+        "set standard_conforming_strings to on; set client_min_messages to error; "
+        "set default_transaction_isolation to 'read committed'; set lock_timeout to " +
         QByteArray::number(settings.busyTimeoutMs));
     runOpeningScript();
     seeker.reset();

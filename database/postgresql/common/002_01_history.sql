@@ -23,7 +23,7 @@ create table bd_istorija (
 );
 
 create index ix_bd_istorija_laikas on bd_istorija (ist_laikas, ist_id);
-create index ix_bd_istorija_eilute on bd_istorija (ist_lentele, ist_raktas, ist_laikas, ist_id);
+create index ix_bd_istorija_eilute on bd_istorija (ist_lentele, ist_raktas, ist_id);
 -- The station stands in it so that the engine's own check holds a damaged one against the index.
 create index ix_bd_istorija_login on bd_istorija (ist_login nulls first, ist_laikas, ist_id, ist_stotis);
 
@@ -67,13 +67,23 @@ end $$;
 create trigger tr_bd_istorija_suma before insert on bd_istorija
 for each row when (new.ist_suma is null) execute function tr_istorijos_suma();
 
--- Who changes rows and when, as a record says it.
+-- Whether somebody has the rights of the owner of the books.
+create function sys_savininkas(kas name) returns boolean
+language sql stable
+as $$
+    select pg_has_role(kas, relowner, 'usage') from pg_class where oid = 'bd_istorija'::regclass
+$$;
+
+-- Who changes rows and when, as a record says it. Where all share the owner's login the program tells the person;
+-- who logs in to the server by himself cannot be anybody else.
 create function sys_kas_keicia(out laikas text, out login text, out stotis text)
 language sql volatile
 as $$
     select to_char(clock_timestamp(), 'YYYY-MM-DD HH24:MI:SS.MS'),
-           nullif(current_setting('velmora.login', true), ''),
+           case when sys_savininkas(session_user) or lower(btrim(sakosi)) = session_user then sakosi
+                else session_user::text end,
            nullif(current_setting('velmora.stotis', true), '')
+    from (select nullif(current_setting('velmora.login', true), '') as sakosi) s
 $$;
 
 -- A row without what has no place in a record: of pictures stand size and checksum, of passwords that there is
@@ -184,7 +194,8 @@ as $$
 $$;
 
 -- Puts every table with a key under history. While a routine is under way, or new books are filled, the setting
--- velmora.rutina says so, and no row leaves a record of its own.
+-- velmora.rutina says so, and no row leaves a record of its own: with the owner's rights alone, which the routines
+-- have, as anybody may set it.
 create procedure sys_istorija_visoms()
 language plpgsql
 as $$
@@ -204,7 +215,8 @@ begin
     loop
         execute (select string_agg(format('create or replace trigger tr_istorija_%s after %s on %I referencing %s '
                                           'for each statement '
-                                          'when (coalesce(current_setting(''velmora.rutina'', true), '''') = '''') '
+                                          'when (coalesce(current_setting(''velmora.rutina'', true), '''') = '''' '
+                                          'or not sys_savininkas(current_user)) '
                                           'execute function tr_istorija(%L, %L);',
                                           pavadinimas, veiksmas, l.relname, eilutes, l.raktai, l.slepiami), ' ')
                  from (values ('nauja', 'insert', 'new table as yra'),

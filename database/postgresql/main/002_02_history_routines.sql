@@ -1,4 +1,5 @@
--- Routines that move balances leave one record for each table instead of one for each row.
+-- Routines that move balances leave one record for each table instead of one for each row. They have the rights of
+-- the books' owner: nobody else may keep the rows' own records from being written.
 
 -- How many rows a table of balances has in a period and what its amounts come to.
 create function sys_suvestine(lentele text, perid bigint) returns jsonb
@@ -49,11 +50,9 @@ begin
             from unnest(lenteles) lentele);
 end $$;
 
--- It has moved them; what the tables held before is the result of the function above. With the rights of the
--- owner, so that no other role needs any on the history.
+-- It has moved them; what the tables held before is the result of the function above.
 create procedure sys_rutina_baigiasi(perid bigint, buvo jsonb)
-language plpgsql security definer
-set search_path from current
+language plpgsql
 as $$
 begin
     perform sys_irasyti_istorija(key, perid::text, 'R', value -> 'sumos', sys_suvestine(key, perid),
@@ -67,7 +66,8 @@ end $$;
 -- Closes the last month and opens the next one. Where periods were set up anew over older books, balances of
 -- the month that had this number before may still be there; they are no part of the new one.
 create or replace procedure close_per()
-language plpgsql
+language plpgsql security definer
+set search_path from current
 set work_mem = '256MB'
 as $$
 declare
@@ -85,7 +85,8 @@ end $$;
 -- Takes the last close back: removes the last month and its balances, and with the first month of a year the
 -- year and its quarters, unless estimates refer to them. Entries stay for the month when it comes again.
 create or replace procedure back_per()
-language plpgsql
+language plpgsql security definer
+set search_path from current
 as $$
 declare
     dabar constant bd_period := sys_uzrakinti_perioda();
@@ -109,7 +110,8 @@ end $$;
 -- balances of the first month and the entries of all months before. They replace what the month holds; in the
 -- first month nothing comes before.
 create or replace procedure p_calcdbkrlik(perid double precision)
-language plpgsql
+language plpgsql security definer
+set search_path from current
 set work_mem = '256MB'
 as $$
 declare

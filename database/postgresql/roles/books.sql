@@ -38,8 +38,8 @@ begin
     end loop;
 end $$;
 
--- Viewers call what only computes and reads. A function with the owner's rights is for the triggers alone, but the
--- one that ends a close.
+-- Viewers call what only computes and reads, bookkeepers what moves balances. Other routines with the owner's rights,
+-- and those that these call, are for triggers and routines alone.
 do $$
 declare
     r record;
@@ -49,8 +49,9 @@ begin
                case when prokind = 'f' and provolatile <> 'v' then :'ziurovai' else :'buhalteriai' end as kam
         from pg_proc
         where pronamespace = 'public'::regnamespace and prorettype <> 'trigger'::regtype
-          and (not prosecdef or proname = 'sys_rutina_baigiasi')
-          and proname not in ('sys_irasyti_istorija', 'sys_istorija_visoms')
+          and (not prosecdef or proname in ('close_per', 'back_per', 'p_calcdbkrlik'))
+          and proname not in ('sys_irasyti_istorija', 'sys_istorija_visoms', 'sys_rutina_prasideda',
+                              'sys_rutina_baigiasi')
           and proname not like 'sys\_prisijung%'
     loop
         execute format('grant execute on routine %s to %I', r.rutina, r.kam);

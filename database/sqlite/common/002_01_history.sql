@@ -23,7 +23,7 @@ create table bd_istorija (
 );
 
 create index ix_bd_istorija_laikas on bd_istorija (ist_laikas, ist_id);
-create index ix_bd_istorija_eilute on bd_istorija (ist_lentele, ist_raktas, ist_laikas, ist_id);
+create index ix_bd_istorija_eilute on bd_istorija (ist_lentele, ist_raktas, ist_id);
 -- The station stands in it so that the engine's own check holds a damaged one against the index.
 create index ix_bd_istorija_login on bd_istorija (ist_login, ist_laikas, ist_id, ist_stotis);
 

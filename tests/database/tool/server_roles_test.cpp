@@ -108,8 +108,9 @@ TEST_F(ServerRoles, EachGroupCallsTheRoutinesThatAreItsOwn)
                    "|| 'null::' || format_type(t, null), ', ' order by nr) "
                    "from unnest(proargtypes::oid[]) with ordinality a (t, nr)), '') || ')', "
                    "case when proname like 'sys\\_prisijung%' "
-                   "or proname in ('sys_irasyti_istorija', 'sys_istorija_visoms') "
-                   "or prosecdef and proname <> 'sys_rutina_baigiasi' then 'niekas' "
+                   "or proname in ('sys_irasyti_istorija', 'sys_istorija_visoms', 'sys_rutina_prasideda', "
+                   "'sys_rutina_baigiasi') or prosecdef and proname not in ('close_per', 'back_per', "
+                   "'p_calcdbkrlik') then 'niekas' "
                    "when prokind = 'f' and provolatile <> 'v' then 'visi' else 'buhalteriai' end "
                    "from pg_proc where pronamespace = 'public'::regnamespace "
                    "and prorettype <> 'trigger'::regtype order by 1"_s,
@@ -139,6 +140,15 @@ TEST_F(ServerRoles, PasswordsAreReadByAdministratorsOnly)
     for (const QString &person : {u"ziu"_s, u"buh"_s})
         EXPECT_EQ(deniedOf(database(u"ravl"_s), login(person), statements), QSet<qsizetype>({0, 1, 2, 3}));
     EXPECT_EQ(deniedOf(database(u"ravl"_s), login(u"adm"_s), statements), QSet<qsizetype>());
+}
+
+TEST_F(ServerRoles, NobodyKeepsHisChangesOutOfTheHistoryOrSignsAsAnother)
+{
+    psql(database(u"fin"_s), login(u"buh"_s),
+         u"set velmora.rutina = 'taip'; set velmora.login = 'direktorius';"
+         "insert into bd_objektai (obj_id, obj_pavad) values (77, 'Slapta');"_s);
+    EXPECT_EQ(listOf(*fin, u"select ist_login from bd_istorija where ist_raktas = '77'"_s, 1),
+              QList<QStringList>({{login(u"buh"_s)}}));
 }
 
 TEST_F(ServerRoles, NobodyButTheOwnerMakesObjects)
