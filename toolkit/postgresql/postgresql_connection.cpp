@@ -151,6 +151,8 @@ void PostgresConnection::raise(const PGresult *result, const QByteArray &text)
 void PostgresConnection::waitForServer(const QByteArray &text)
 {
     while (PQisBusy(conn)) {
+        if (PQsocket(conn) < 0) // the send met its end already: there is nothing to wait on
+            serverLost(QString::fromUtf8(PQerrorMessage(conn)).trimmed(), text);
         pollfd socket{PQsocket(conn), POLLIN, 0};
         const int ready = poll(&socket, 1, pollMs);
         if (ready < 0 && errno != EINTR)
