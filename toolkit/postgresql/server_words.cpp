@@ -95,8 +95,12 @@ ServerWords serverWords(const QString &connInfo, bool readOnly)
         if (option->val)
             words.insert(option->keyword, option->val);
     }
-    if (readOnly)
+    if (readOnly) {
         words["options"] += " -c default_transaction_read_only=on";
+        // Such a session would itself be refused as one that cannot write.
+        if (words.value("target_session_attrs") == "read-write")
+            words["target_session_attrs"] = "primary";
+    }
     return words;
 }
 

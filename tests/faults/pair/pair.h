@@ -26,10 +26,8 @@ public:
     // What a frozen link leaves goes with its process; what had not reached the standby never will.
     void cutLink();
 
-    // The words for both books on the pair, and on the leader or the standby alone, as somebody might give
-    // them by mistake.
+    // The words for both books on the pair, and on the standby alone, as somebody might give them by mistake.
     QString words() const;
-    QString wordsOfLeader() const { return wordsOf(u"leader"); }
     QString wordsOfStandby() const { return wordsOf(u"standby"); }
     // The main books, open.
     std::unique_ptr<TDatabase> books() const;

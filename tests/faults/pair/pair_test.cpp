@@ -194,7 +194,7 @@ TEST_F(PairOfServers, HasEveryAcknowledgedSaveAfterItsLeaderWasKilled)
     for (const auto &station : stations)
         EXPECT_TRUE(station->keptWhatWasTyped());
     stations.clear();
-    const auto store = serverStore(pair->wordsOfLeader());
+    const auto store = serverStore(pair->words());
     EXPECT_EQ(checkBooks(*store, [](const QString &) {}), QStringList());
 }
 
