@@ -79,6 +79,8 @@ void TServerPanel::showBooks()
     const TDatabase &books = *MainDatas()->mnFin_Db();
     if (books.engine() == Engine::Sqlite)
         tell("Įterptinė duomenų bazė");
+    else if (seeking.isActive())
+        return; // a connection that has not met the loss yet would tell otherwise
     else if (const auto link = serverLink(books))
         tell(whereText(*link), warningText(*link));
 }
