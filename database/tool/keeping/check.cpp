@@ -137,8 +137,7 @@ public:
             db.nativeExec(u"savepoint patikra"_s);
             return;
         }
-        db.StartTransaction();
-        db.nativeExec(u"set transaction isolation level repeatable read, read only"_s);
+        db.nativeExec(u"begin isolation level repeatable read, read only"_s);
     }
     ~TSnapshot()
     {
@@ -146,7 +145,7 @@ public:
             if (own && db.engine() == Engine::Sqlite)
                 db.nativeExec(u"release patikra"_s);
             else if (own)
-                db.Rollback();
+                db.nativeExec(u"rollback"_s);
         } catch (const Exception &) { // the connection is gone, and the snapshot with it
         }
     }
