@@ -143,7 +143,7 @@ TEST_F(PairOfServers, TellsInWordsThatAStandbyTakesNoSaves)
         standby.ExecSQL(u"update bd_org set org_pavad = 'Kita'"_s);
         tran.commit();
     });
-    EXPECT_TRUE(tells(failure, u"keisti negalima"_s));
+    EXPECT_TRUE(tells(failure, u"galima tik peržiūrėti"_s));
     EXPECT_EQ(value(*pair->books(), u"select org_pavad from bd_org"_s), u"Mokykla");
 }
 
