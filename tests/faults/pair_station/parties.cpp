@@ -30,12 +30,22 @@ public:
     explicit Bookkeeper(QString theName) : name(std::move(theName)) { lookAgain(); }
 
 private:
-    // Each look is a call of its own: what it presses may open a window with a loop of its own.
-    void lookAgain() { QTimer::singleShot(pauseMs, this, &Bookkeeper::look); }
+    // Each look is a call of its own: what it presses may open a window with a loop of its own. What is typed
+    // may ask the server, which may be gone.
+    void lookAgain()
+    {
+        QTimer::singleShot(pauseMs, this, [this] {
+            lookAgain();
+            try {
+                look();
+            } catch (const Exception &error) {
+                told("klaida", error.message());
+            }
+        });
+    }
 
     void look()
     {
-        lookAgain();
         QWidget *window = QApplication::activeModalWidget();
         if (auto *box = qobject_cast<QMessageBox *>(window))
             read(*box);
