@@ -19,10 +19,11 @@ QString personScript(const TDatabase &db, const TPerson &person)
            "set_config('velmora.rutina', '', false)"_s.arg(login, station);
 }
 
-void switchServer(TDatabase &db, const QString &state)
+void setPaused(TDatabase &db, bool on)
 {
-    if (db.engine() == Engine::PostgreSql)
-        db.nativeExec(u"select set_config('velmora.rutina', '%1', false)"_s.arg(state));
+    db.nativeExec(db.engine() == Engine::Sqlite ? u"select sys_rutina(%1)"_s.arg(on ? 1 : -1)
+                                                : u"select set_config('velmora.rutina', '%1', false)"_s.arg(
+                                                      on ? u"pildymas"_s : QString()));
 }
 
 } // namespace
@@ -41,14 +42,14 @@ void keepHistory(TDatabase &db, const TPerson &person)
 
 THistoryPause::THistoryPause(TDatabase &aDb) : db(aDb)
 {
-    switchServer(db, u"pildymas"_s);
+    setPaused(db, true);
 }
 
 THistoryPause::~THistoryPause()
 {
     try {
-        switchServer(db, QString());
-    } catch (const Exception &) { // the server is gone, and the setting with it
+        setPaused(db, false);
+    } catch (const Exception &) { // the connection is gone, and the setting with it
         return;
     }
 }

@@ -282,8 +282,7 @@ TEST_P(History, APauseLeavesNoRecordAndEnds)
 {
     {
         const THistoryPause pause(*mnFin_Db);
-        if (engine() == Engine::PostgreSql)
-            run(u"insert into bd_objektai values (7, 'Sandėlis')"_s);
+        run(u"insert into bd_objektai values (7, 'Sandėlis')"_s);
     }
     EXPECT_EQ(records(), QStringList());
     run(u"insert into bd_objektai values (8, 'Dirbtuvės')"_s);
