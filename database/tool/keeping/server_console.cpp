@@ -44,6 +44,8 @@ TServerConsole::TServerConsole(const QString &connInfo)
     }
     PQsetNoticeProcessor(
         connection.get(), [](void *, const char *) {}, nullptr);
+    // A session looks for its database on each server of the words: a standby must have what was made here.
+    run(u"set synchronous_commit to remote_apply"_s);
 }
 
 QStringList TServerConsole::run(const QString &statement)
