@@ -4,6 +4,7 @@
 #include "database/tool/keeping/book_checks.h"
 #include "database/tool/keeping/content_checks.h"
 #include "database/tool/keeping/native_query.h"
+#include "database/tool/keeping/schema_checks.h"
 
 using namespace Qt::StringLiterals;
 
@@ -183,6 +184,8 @@ bool checkDatabase(TDatabase &db, Book book, const TProgress &progress, QStringL
         checkServerPages(db, title, found);
     if (!checkRevision(db, book, found))
         return false;
+    if (db.engine() == Engine::Sqlite)
+        checkSchema(db, book, title, found);
     checkReferences(db, title, found);
     checkPeriods(db, title, found);
     checkGuards(db, book, progress, found);

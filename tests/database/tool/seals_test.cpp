@@ -283,9 +283,7 @@ TEST_P(Seals, WhatIsAcceptedIsToldNoMoreAndTheReasonStays)
 TEST_P(Seals, AnUpgradeHidesNothing)
 {
     QList<TRevision> list = revisions(GetParam(), Book::Main);
-    list.append({latestRevision() + 1,
-                 {u"alter table bd_kasos add column kas_nauja varchar(5);"
-                  "update bd_kasos set kas_nauja = 'N', kas_pavad = kas_pavad || '!';"_s}});
+    list.append({latestRevision() + 1, {u"update bd_kasos set kas_pavad = kas_pavad || '!';"_s}});
     TTransaction undone(fin.get());
     disarmHistory();
     fin->nativeExec(u"update du_veikl set vkl_pavad = 'Svetima' where vkl_id = 1"_s);
@@ -380,6 +378,19 @@ TEST_P(Seals, AClockSetBackIsARemarkAndNoFinding)
     QStringList told;
     EXPECT_EQ(findProblems(*fin, *ravl, [&told](const QString &text) { told.append(text); }), QStringList());
     EXPECT_TRUE(told.join(u'\n').contains(u"buvo atsuktas laikrodis"_s)) << told.join(u'\n').toStdString();
+}
+
+using SchemaOfAFile = OnDemoBooks;
+ON_ENGINE(SchemaOfAFile, Engine::Sqlite);
+
+TEST_P(SchemaOfAFile, ThatAnotherProgramChangedIsNamed)
+{
+    EXPECT_EQ(
+        findingsAfter(
+            {u"create index ix_svetimas on bd_kasos (kas_pavad)"_s, u"drop index ix_bd_dbkrasm_i_kod"_s},
+            Book::Main),
+        (QStringList{u"velmora_fin: duomenų bazės schemoje nėra arba pakeista: index ix_bd_dbkrasm_i_kod."_s,
+                     u"velmora_fin: duomenų bazės schemoje nereikalinga: index ix_svetimas."_s}));
 }
 
 TEST(AcceptedBooks, HaveAReasonInBothSeals)
