@@ -15,9 +15,13 @@ const QString databaseTitle(Book book)
     return QLatin1String(book == Book::Main ? BooksNames::fin : BooksNames::ravl);
 }
 
+// Every table is read several times in another order each.
+constexpr int checkCacheKiB = 256 * 1024;
+
 // The engine's own opinion of its file.
 void checkSqliteFile(TDatabase &db, const QString &title, QStringList &found)
 {
+    db.nativeExec(u"pragma cache_size = -%1"_s.arg(checkCacheKiB));
     for (const QString &answer : columnOf(db, u"pragma integrity_check(20)"_s)) {
         if (answer != u"ok")
             found.append(u"%1: pažeistas duomenų bazės failas: %2"_s.arg(title, answer));
