@@ -13,7 +13,8 @@ namespace {
 QString amountText(const QVariant &tenThousandths)
 {
     const qlonglong units = tenThousandths.toLongLong();
-    const qlonglong size = qAbs(units);
+    const quint64 size =
+        units < 0 ? 0 - quint64(units) : quint64(units); // a damaged amount may be the least number
     QString text = u"%1%2.%3"_s.arg(units < 0 ? u"-"_s : QString())
                        .arg(size / 10000)
                        .arg(size % 10000, 4, 10, QLatin1Char('0'));
