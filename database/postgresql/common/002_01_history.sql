@@ -148,29 +148,21 @@ declare
     slepiami constant text[] := string_to_array(tg_argv[1], ',');
     kas constant record := sys_kas_keicia();
 begin
-    if tg_op = 'INSERT' then
-        insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas, ist_yra,
-                                 ist_pedsakas)
-        with eilutes as materialized (select to_jsonb(yra) as n from yra)
-        select kas.laikas, kas.login, kas.stotis, tg_table_name, sys_eilutes_raktas(n, raktai), 'I',
-               case slepiami when '{}' then n else sys_istorijos_eilute(n, slepiami) end,
-               case slepiami when '{}' then null else sys_slaptazodziu_pedsakai(null, n) end
-        from eilutes;
-    elsif tg_op = 'DELETE' then
+    if tg_op <> 'UPDATE' then
         insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas, ist_buvo,
-                                 ist_pedsakas)
-        with eilutes as materialized (select to_jsonb(buvo) as s from buvo)
-        select kas.laikas, kas.login, kas.stotis, tg_table_name, sys_eilutes_raktas(s, raktai), 'D',
-               case slepiami when '{}' then s else sys_istorijos_eilute(s, slepiami) end,
-               case slepiami when '{}' then null else sys_slaptazodziu_pedsakai(s, null) end
-        from eilutes;
+                                 ist_yra, ist_pedsakas)
+        with jsonais as materialized (select to_jsonb(eilutes) as e from eilutes)
+        select kas.laikas, kas.login, kas.stotis, tg_table_name, sys_eilutes_raktas(e, raktai), left(tg_op, 1),
+               sys_istorijos_eilute(s, slepiami), sys_istorijos_eilute(n, slepiami), sys_slaptazodziu_pedsakai(s, n)
+        from jsonais
+        cross join lateral (select case tg_op when 'DELETE' then e end as s,
+                                   case tg_op when 'INSERT' then e end as n) puses;
     else
         insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas, ist_buvo,
                                  ist_yra, ist_pedsakas)
         select kas.laikas, kas.login, kas.stotis, tg_table_name, r.raktas, 'U',
-               case slepiami when '{}' then d.buvo else sys_istorijos_eilute(d.buvo, slepiami) end,
-               case slepiami when '{}' then d.yra else sys_istorijos_eilute(d.yra, slepiami) end,
-               case slepiami when '{}' then null else sys_slaptazodziu_pedsakai(s, n) end
+               sys_istorijos_eilute(d.buvo, slepiami), sys_istorijos_eilute(d.yra, slepiami),
+               sys_slaptazodziu_pedsakai(s, n)
         from unnest((select array_agg(to_jsonb(buvo)) from buvo), (select array_agg(to_jsonb(yra)) from yra)) e (s, n)
         cross join lateral (select sys_eilutes_raktas(n, raktai) as raktas,
                                    sys_eilutes_raktas(s, raktai) as senas_raktas offset 0) r
@@ -219,9 +211,9 @@ begin
                                           'or not sys_savininkas(current_user)) '
                                           'execute function tr_istorija(%L, %L);',
                                           pavadinimas, veiksmas, l.relname, eilutes, l.raktai, l.slepiami), ' ')
-                 from (values ('nauja', 'insert', 'new table as yra'),
+                 from (values ('nauja', 'insert', 'new table as eilutes'),
                               ('keista', 'update', 'old table as buvo new table as yra'),
-                              ('trinta', 'delete', 'old table as buvo')) v (pavadinimas, veiksmas, eilutes));
+                              ('trinta', 'delete', 'old table as eilutes')) v (pavadinimas, veiksmas, eilutes));
     end loop;
 end $$;
 
