@@ -36,6 +36,10 @@ struct TMiscarried {
 // none, for they may be deleted. Raises EDatabaseError.
 void eachMiscarried(TDatabase &fin, const TBookMonth &from, const TBookMonth &to,
                     const std::function<void(const TMiscarried &)> &tell);
+// The same of all months, each with the one right before it; quicker than one pair after the other.
+void eachMiscarried(
+    TDatabase &fin, const QList<TBookMonth> &months,
+    const std::function<void(const TBookMonth &from, const TBookMonth &to, const TMiscarried &)> &tell);
 
 // A sum of amounts as a whole number of ten-thousandths, worded for both engines.
 QString exactSum(const QString &amount);

@@ -4,7 +4,7 @@
 #include "database/tool/keeping/findings.h"
 #include "database/tool/keeping/native_query.h"
 
-#include <map>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -79,16 +79,20 @@ void checkSides(TDatabase &fin, const QString &what, const QString &table, const
             });
 }
 
-void checkCarriedMonth(TDatabase &fin, const TBookMonth &from, const TBookMonth &to, QStringList &found)
+void checkCarried(TDatabase &fin, const QList<TBookMonth> &months, QStringList &found)
 {
-    std::map<QString, TFindings> findings; // by kind
-    eachMiscarried(fin, from, to, [&](const TMiscarried &balance) {
-        findings.try_emplace(balance.what, found)
-            .first->second.add(
-                u"%1 %2: %3 pradžios likutis %4, o pagal %5 likutį ir įrašus turi būti %6."_s.arg(
-                    balance.what, balance.keyText(), to.title(), amountText(balance.is), from.title(),
-                    amountText(balance.due)));
-    });
+    std::pair<QString, QString> kind; // what is told of, and in which month
+    std::optional<TFindings> findings;
+    eachMiscarried(
+        fin, months, [&](const TBookMonth &from, const TBookMonth &to, const TMiscarried &balance) {
+            if (!findings || kind != std::pair(balance.what, to.title())) {
+                findings.emplace(found);
+                kind = {balance.what, to.title()};
+            }
+            findings->add(u"%1 %2: %3 pradžios likutis %4, o pagal %5 likutį ir įrašus turi būti %6."_s.arg(
+                balance.what, balance.keyText(), to.title(), amountText(balance.is), from.title(),
+                amountText(balance.due)));
+        });
 }
 
 // The database keeps these totals itself; a difference means that somebody wrote past it.
@@ -121,10 +125,7 @@ QStringList checkBooks(TDatabase &fin)
     checkSides(fin, u"pradžios likučių"_s, u"bd_saslik"_s, u"ssl_perid"_s, u"ssl_sum_db"_s, u"ssl_sum_kr"_s,
                found);
     checkSides(fin, u"įrašų"_s, u"bd_irasai"_s, u"irs_perid"_s, u"irs_sum_db"_s, u"irs_sum_kr"_s, found);
-    for (qsizetype i = 1; i < months.size(); ++i) {
-        if (months.at(i).number == months.at(i - 1).number + 1)
-            checkCarriedMonth(fin, months.at(i - 1), months.at(i), found);
-    }
+    checkCarried(fin, months, found);
     checkCorrections(fin, found);
     return found;
 }

@@ -76,6 +76,18 @@ TEST_P(Check, FindsAChangedBalanceOfACounterparty)
     EXPECT_TRUE(tells(found, u"Debitorius ar kreditorius"_s));
 }
 
+TEST_P(Check, FindsSwappedBalancesOfTwoCounterparties)
+{
+    const QString two = u"dkl_id in ((select min(dkl_id) from bd_dbkrlik where dkl_perid = 12), "
+                        "(select max(dkl_id) from bd_dbkrlik where dkl_perid = 12))"_s;
+    const QString other = u"(select sum(%1) from bd_dbkrlik where %2) - %1"_s;
+    const QStringList found =
+        findingsAfter({u"update bd_dbkrlik set dkl_sum_db = %2, dkl_sum_kr = %3 where %1"_s.arg(
+                          two, other.arg(u"dkl_sum_db"_s, two), other.arg(u"dkl_sum_kr"_s, two))},
+                      Book::Main);
+    EXPECT_EQ(found.filter(u"Debitorius ar kreditorius"_s).size(), 2) << found.join(u'\n').toStdString();
+}
+
 TEST_P(Check, FindsAChangedBalanceOfExpenses)
 {
     const QStringList found = findingsAfter(
