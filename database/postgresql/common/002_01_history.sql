@@ -67,24 +67,28 @@ end $$;
 create trigger tr_bd_istorija_suma before insert on bd_istorija
 for each row when (new.ist_suma is null) execute function tr_istorijos_suma();
 
+-- Every record asks the two functions below: in this language the server keeps their plans.
 -- Whether somebody has the rights of the owner of the books.
 create function sys_savininkas(kas name) returns boolean
-language sql stable
+language plpgsql stable
 as $$
-    select pg_has_role(kas, relowner, 'usage') from pg_class where oid = 'bd_istorija'::regclass
-$$;
+begin
+    return pg_has_role(kas, (select relowner from pg_class where oid = 'bd_istorija'::regclass), 'usage');
+end $$;
 
 -- Who changes rows and when, as a record says it. Where all share the owner's login the program tells the person;
 -- who logs in to the server by himself cannot be anybody else.
 create function sys_kas_keicia(out laikas text, out login text, out stotis text)
-language sql volatile
+language plpgsql volatile
 as $$
-    select to_char(clock_timestamp(), 'YYYY-MM-DD HH24:MI:SS.MS'),
-           case when sys_savininkas(session_user) or lower(btrim(sakosi)) = session_user then sakosi
-                else session_user::text end,
-           nullif(current_setting('velmora.stotis', true), '')
-    from (select nullif(current_setting('velmora.login', true), '') as sakosi) s
-$$;
+begin
+    laikas := to_char(clock_timestamp(), 'YYYY-MM-DD HH24:MI:SS.MS');
+    login := nullif(current_setting('velmora.login', true), '');
+    if not (sys_savininkas(session_user) or coalesce(lower(btrim(login)) = session_user, false)) then
+        login := session_user;
+    end if;
+    stotis := nullif(current_setting('velmora.stotis', true), '');
+end $$;
 
 -- A row without what has no place in a record: of pictures stand size and checksum, of passwords that there is
 -- one. slepiami: the columns of both.
@@ -108,9 +112,10 @@ begin
     return eilute;
 end $$;
 
--- The values of a row's key joined with '|'; a key has four columns at most.
+-- The values of a row's key joined with '|'; a key has four columns at most. Stable, as concat_ws is: so it becomes
+-- a part of the statement that asks it.
 create function sys_eilutes_raktas(eilute jsonb, raktai text[]) returns text
-language sql immutable parallel safe
+language sql stable parallel safe
 as $$
     select concat_ws('|', eilute ->> raktai[1], eilute ->> raktai[2], eilute ->> raktai[3], eilute ->> raktai[4])
 $$;
