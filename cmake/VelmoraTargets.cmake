@@ -65,8 +65,10 @@ function(_velmora_generators target)
   endforeach()
 endfunction()
 
+# What takes long in a build with sanitizers are the templates of Qt, anew for each source: there several sources
+# are compiled as one. Other builds keep each apart, which shows a missing include.
 function(_velmora_finish target gui)
-  set_target_properties(${target} PROPERTIES DEFINE_SYMBOL "")
+  set_target_properties(${target} PROPERTIES DEFINE_SYMBOL "" UNITY_BUILD ${VELMORA_SANITIZE} UNITY_BUILD_BATCH_SIZE 6)
   _velmora_generators(${target})
   if(gui)
     target_link_libraries(${target} PUBLIC Qt6::Widgets Qt6::PrintSupport Qt6::Sql)

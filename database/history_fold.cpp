@@ -10,8 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto secretColumn = "usr_pasw"_L1;
-
 QJsonObject objectOf(const QByteArray &text)
 {
     return QJsonDocument::fromJson(text).object();

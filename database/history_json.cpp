@@ -1,5 +1,7 @@
 #include "database/history_json.h"
 
+#include "database/value_prints.h"
+
 #include <QCryptographicHash>
 
 #include <charconv>
@@ -7,7 +9,6 @@
 
 namespace {
 
-constexpr char secretColumn[] = "usr_pasw";
 constexpr char secretText[] = "\"pakeista\"";
 
 QByteArrayView bytesOf(sqlite3_value *value)

@@ -1,6 +1,7 @@
 #include "database/history_triggers.h"
 
 #include "database/history_records.h"
+#include "database/value_prints.h"
 #include "toolkit/data/statement.h"
 
 using namespace Qt::StringLiterals;
@@ -12,8 +13,6 @@ constexpr char16_t tablesSql[] =
     u"select name from sqlite_schema t where type = 'table' and name not glob 'sqlite_*' "
     "and name not glob 'sys_*' and name not in ('bd_versija', 'bd_istorija', 'bd_antspaudai') "
     "and exists (select 1 from pragma_table_info(t.name) where pk > 0) order by name";
-
-const QString secretColumn = u"usr_pasw"_s;
 
 QStringList tablesOf(TDatabase &db)
 {

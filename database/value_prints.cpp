@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr char secretColumn[] = "usr_pasw";
-
 // What keeps values of different kinds apart.
 enum Kind : quint64 { Whole = 1, Real = 2, Text = 3, Null = 4, Bytes = 5 };
 
@@ -69,7 +67,11 @@ quint32 secretPrint(QByteArrayView text)
 
 } // namespace
 
-ValuePrinter::ValuePrinter(QByteArrayView column) : seed(hashOf(column, 0)), secret(column == secretColumn) {}
+ValuePrinter::ValuePrinter(QByteArrayView column)
+    : seed(hashOf(column, 0)),
+      secret(secretColumn == QLatin1StringView(column))
+{
+}
 
 quint32 ValuePrinter::ofWhole(qint64 value) const
 {

@@ -2,8 +2,12 @@
 
 #include <QByteArrayView>
 #include <QJsonValue>
+#include <QLatin1StringView>
 
 struct sqlite3_value;
+
+// The column whose contents neither a record of history nor its fingerprint tells.
+inline constexpr QLatin1StringView secretColumn{"usr_pasw"};
 
 // The fingerprint of one value of a file's table: 31 bits of a hash seeded by the column's name. A value has
 // the same one in the table and in a record of history, whether it is written 1, 1.0 or 1.0000; a null has

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 portion = 1 << 20;
+constexpr qint64 copiedAtOnce = 1 << 20;
 
 [[noreturn]] void failWriting(const QString &name, const QString &reason)
 {
@@ -84,9 +84,9 @@ void TWholeFile::append(const QString &source)
     QFile from(source);
     if (!from.open(QIODevice::ReadOnly))
         throw EFileError(u"Nepavyko perskaityti failo „%1“: %2."_s.arg(source, fileTrouble(from)));
-    QByteArray bytes(portion, Qt::Uninitialized);
+    QByteArray bytes(copiedAtOnce, Qt::Uninitialized);
     for (;;) {
-        const qint64 got = from.read(bytes.data(), portion);
+        const qint64 got = from.read(bytes.data(), copiedAtOnce);
         if (got < 0)
             throw EFileError(u"Nepavyko perskaityti failo „%1“: %2."_s.arg(source, fileTrouble(from)));
         if (got == 0)

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "src/accounts/balance_store.h"
-#include "src/frame/host_services.h"
 #include "src/frame/unit.h"
 
 #include <QComboBox>

@@ -1,10 +1,8 @@
 #pragma once
 
-#include "src/frame/host_services.h"
 #include "src/frame/unit.h"
 
-// Codes of taxes, levies and other payments.
-namespace Imokos {
+namespace Imokos { // codes of taxes, levies and other payments
 
 extern TUnit unit;
 

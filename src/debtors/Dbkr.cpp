@@ -27,7 +27,7 @@ TBrowseDescription described()
         .sql = "select    DKA_ID,    DKA_KOD,    (a.SAS_SASNR+'  '+a.SAS_PAVAD) as SASKAITA,   DKA_PAVAD,    "
                "DKA_ADR,    DKA_TEL,    DKA_I_KOD,    DKA_PVM_KOD,    DKA_EIN_SAS,    DKA_BANK_KOD,    "
                "DKA_BANK_PAV,   (b.SAS_SASNR+'  '+b.SAS_PAVAD) as SASKAITA_2 "
-               "from Bd_DbKrAsm, bd_sasplan as a, bd_sasplan as b where    "
+               "from Bd_DbKrAsm, bd_sasplan as a, bd_sasplan as b, where    "
                "a.sas_id=dka_sasid and b.sas_id=dka_sasid_2 ORDER BY DKA_KOD",
         .columns = {{"DKA_KOD", "Kodas", 70, right},
                     {"SASKAITA", "Sąskaita", 170},

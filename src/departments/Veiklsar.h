@@ -1,6 +1,5 @@
 #pragma once
 
-#include "src/frame/host_services.h"
 #include "src/frame/unit.h"
 
 // Activity types of the institution.

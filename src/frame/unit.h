@@ -1,5 +1,7 @@
 #pragma once
 
+#include "src/frame/host_services.h"
+
 #include <QString>
 
 // One unit of the package. Loading and unloading keep its load count and do nothing else.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "src/frame/host_services.h"
 #include "src/frame/unit.h"
 
 namespace Chmatasm {

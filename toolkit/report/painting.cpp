@@ -41,12 +41,12 @@ void paintPages(const TReportLayout &layout, QPagedPaintDevice &device, int firs
     QPainter painter;
     if (!painter.begin(&device))
         throw Exception(u"Nepavyko pradėti spausdinimo"_s);
-    const qreal scale = device.logicalDpiX() / pointsPerInch;
+    const qreal dots = device.logicalDpiX() / pointsPerInch;
     for (int number = first; number <= last; ++number) {
         if (number > first && !device.newPage())
             throw Exception(u"Nepavyko pradėti naujo lapo"_s);
         painter.resetTransform();
-        painter.scale(scale, scale);
+        painter.scale(dots, dots);
         paintReportPage(painter, layout.page(number));
         countPage(number - first + 1, progress);
     }

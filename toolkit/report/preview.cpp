@@ -25,7 +25,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qreal zoomStep = 1.2;
 constexpr int helpTopic = 90;
 
 // Page counters for printing and PDF, which stop when the user does.
@@ -112,10 +111,8 @@ void TReportPreview::addTools()
     addTool(TIcon::Print, u"Spausdinti"_s, QKeySequence(u"Ctrl+P"_s), [this] { print(); });
     addTool(TIcon::Save, u"Įrašyti PDF"_s, QKeySequence(u"Ctrl+S"_s), [this] { savePdf(); });
     tools->addSeparator();
-    addTool(TIcon::ZoomIn, u"Didinti"_s, QKeySequence(u"Ctrl++"_s),
-            [this] { pageView->setZoom(pageView->zoom() * zoomStep); });
-    addTool(TIcon::ZoomOut, u"Mažinti"_s, QKeySequence(u"Ctrl+-"_s),
-            [this] { pageView->setZoom(pageView->zoom() / zoomStep); });
+    addTool(TIcon::ZoomIn, u"Didinti"_s, QKeySequence(u"Ctrl++"_s), [this] { pageView->zoomBy(1); });
+    addTool(TIcon::ZoomOut, u"Mažinti"_s, QKeySequence(u"Ctrl+-"_s), [this] { pageView->zoomBy(-1); });
     addTool(TIcon::FitWidth, u"Pagal lango plotį"_s, QKeySequence(u"Ctrl+0"_s),
             [this] { pageView->fitWidth(); });
     addTool(TIcon::FitPage, u"Visas lapas"_s, QKeySequence(u"Ctrl+9"_s), [this] { pageView->fitPage(); });

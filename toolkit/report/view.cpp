@@ -70,6 +70,11 @@ void TReportView::setZoom(qreal zoom)
     viewport()->update();
 }
 
+void TReportView::zoomBy(int steps)
+{
+    setZoom(factor * std::pow(zoomStep, steps));
+}
+
 void TReportView::fitWidth()
 {
     const qreal paper = report.page.fullRect(QPageLayout::Point).width() * logicalDpiX() / pointsPerInch;
@@ -178,6 +183,6 @@ void TReportView::wheelEvent(QWheelEvent *event)
         QAbstractScrollArea::wheelEvent(event);
         return;
     }
-    setZoom(event->angleDelta().y() > 0 ? factor * zoomStep : factor / zoomStep);
+    zoomBy(event->angleDelta().y() > 0 ? 1 : -1);
     event->accept();
 }

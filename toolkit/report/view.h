@@ -16,6 +16,7 @@ public:
 
     qreal zoom() const { return factor; } // 1: one point is 1/72 inch of the screen
     void setZoom(qreal zoom);             // kept within 0.25 to 4
+    void zoomBy(int steps);               // positive: larger
     void fitWidth();
     void fitPage();
 

@@ -6,7 +6,7 @@ namespace sql {
 
 namespace {
 
-constexpr char reserved[] =
+constexpr char postgresqlReserved[] =
     "all analyse analyze and any array as asc asymmetric authorization binary both case cast check collate "
     "collation column concurrently constraint create cross current_catalog current_date current_role "
     "current_schema current_time current_timestamp current_user default deferrable desc distinct do else end "
@@ -20,7 +20,7 @@ constexpr char reserved[] =
     "window with";
 
 // There is no mod() and no round(number, digits) of floating-point numbers.
-constexpr FunctionEntry functions[] = {
+constexpr FunctionEntry postgresqlFunctions[] = {
     {.name = "mod",
      .least = 2,
      .most = 2,
@@ -34,7 +34,7 @@ constexpr FunctionEntry functions[] = {
 };
 
 // A number is cut to a whole one, not rounded.
-constexpr CastEntry casts[] = {
+constexpr CastEntry postgresqlCasts[] = {
     {.types = "smallint integer int bigint",
      .worth = ValueType::Number,
      .wording = "cast(trunc(cast(%1 as numeric)) as %t)"},
@@ -61,9 +61,9 @@ constexpr CastEntry casts[] = {
 Dialect postgreSqlDialect()
 {
     return {
-        .functions = withCommonFunctions(functions),
-        .casts = castRules(casts),
-        .reserved = wordSet(reserved),
+        .functions = withCommonFunctions(postgresqlFunctions),
+        .casts = castRules(postgresqlCasts),
+        .reserved = wordSet(postgresqlReserved),
         .quotedName = u"\"%1\""_s,
         .parameter = u"$%1"_s,
         .division = u"cast(%1 as numeric) / %2"_s,

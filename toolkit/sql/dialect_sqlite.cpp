@@ -6,23 +6,24 @@ namespace sql {
 
 namespace {
 
-constexpr char reserved[] = "add all alter and as autoincrement between case cast check collate commit "
-                            "constraint create current_date "
-                            "current_time current_timestamp default deferrable delete distinct drop else "
-                            "escape except exists foreign "
-                            "from group having in index insert intersect into is isnull join limit not "
-                            "nothing notnull null on or order "
-                            "primary raise references returning select set table then to transaction union "
-                            "unique update using values "
-                            "when where";
+constexpr char sqliteReserved[] =
+    "add all alter and as autoincrement between case cast check collate commit "
+    "constraint create current_date "
+    "current_time current_timestamp default deferrable delete distinct drop else "
+    "escape except exists foreign "
+    "from group having in index insert intersect into is isnull join limit not "
+    "nothing notnull null on or order "
+    "primary raise references returning select set table then to transaction union "
+    "unique update using values "
+    "when where";
 
-constexpr FunctionEntry functions[] = {
+constexpr FunctionEntry sqliteFunctions[] = {
     // mod() of the engine gives a floating-point number.
     {.name = "mod", .least = 2, .most = 2, .worth = Worth::Number, .wording = "(%1 % %2)", .operands = true},
     {.name = "round", .least = 1, .most = 2, .worth = Worth::Number},
 };
 
-constexpr CastEntry casts[] = {
+constexpr CastEntry sqliteCasts[] = {
     {.types = "smallint integer int bigint", .worth = ValueType::Number, .wording = "cast(%1 as integer)"},
     {.types = "numeric decimal", .worth = ValueType::Number, .wording = "cast(%1 as numeric)"},
     {.types = "numeric decimal", .sizes = 1, .worth = ValueType::Number, .wording = "round(%1)"},
@@ -41,9 +42,9 @@ constexpr CastEntry casts[] = {
 Dialect sqliteDialect()
 {
     return {
-        .functions = withCommonFunctions(functions),
-        .casts = castRules(casts),
-        .reserved = wordSet(reserved),
+        .functions = withCommonFunctions(sqliteFunctions),
+        .casts = castRules(sqliteCasts),
+        .reserved = wordSet(sqliteReserved),
         // Not "name": a name that is no column would silently become a text.
         .quotedName = u"[%1]"_s,
         .parameter = u"?%1"_s,

@@ -15,11 +15,11 @@ namespace {
 
 constexpr qlonglong linesCheckedUnasked = 200'000;
 constexpr int recordsRead = 100; // one save often makes many
-constexpr int moment = 16;       // of the characters of a stored moment, to the minute
+constexpr int toTheMinute = 16;  // of the characters of a stored moment
 
 QString momentText(const QString &stored)
 {
-    return stored.first(qMin(moment, int(stored.size()))).replace(u'-', u'.');
+    return stored.first(qMin(toTheMinute, int(stored.size()))).replace(u'-', u'.');
 }
 
 // A table that older books do not have.
