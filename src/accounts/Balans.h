@@ -9,8 +9,6 @@
 // The balance-sheet form: its lines, and the accounts that each of them adds up.
 namespace Balans {
 
-extern TUnit unit;
-
 class TBalEdit;
 
 // Shows one side at a time. What is typed reaches the list of its side when another side is chosen or the
@@ -64,6 +62,7 @@ private:
     QAction *acSave;
 };
 
+extern TUnit unit;
 extern TBalFrm *BalFrm;
 
 } // namespace Balans

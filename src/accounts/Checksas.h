@@ -6,8 +6,6 @@
 // The detail accounts that no line of the balance-sheet form claims.
 namespace Checksas {
 
-extern TUnit unit;
-
 // Shows them modally; where there are none, says so instead. Raises EDatabaseError.
 void OpenSasChecker();
 
@@ -22,6 +20,7 @@ private:
     TQuery qrySas;
 };
 
+extern TUnit unit;
 extern TCheckSasDlg *CheckSasDlg;
 
 } // namespace Checksas

@@ -12,8 +12,6 @@ class TDBGrid;
 // that it credits.
 namespace Opr {
 
-extern TUnit unit;
-
 // A query that says what a refused write means to its screen. Whatever the post comes from, the user decides
 // what becomes of a column that another station changed, too.
 class TToldQuery : public TQuery {
@@ -75,6 +73,7 @@ private:
     std::optional<double> pendingId;       // of the operation that is being added
 };
 
+extern TUnit unit;
 extern TOprFrm *OprFrm;
 
 } // namespace Opr

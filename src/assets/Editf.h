@@ -7,8 +7,6 @@ class QLineEdit;
 // The dialog of one name, for lists that have nothing else.
 namespace Editf {
 
-extern TUnit unit;
-
 // Asks for a name of 1 to 100 characters. True when the user confirmed; name is then what he typed, and
 // otherwise stays as it was.
 bool EditFin(const AnsiString &caption, AnsiString &name);
@@ -32,6 +30,7 @@ private:
     AnsiString confirmed;
 };
 
+extern TUnit unit;
 extern TFinEditDlg *FinEditDlg;
 
 } // namespace Editf

@@ -5,8 +5,6 @@
 // The dialog of one way of acquisition.
 namespace Editpirktip {
 
-extern TUnit unit;
-
 // Asks for the name of an acquisition method, of 1 to 100 characters, and its two settings: tipas, 1 when
 // the institution pays for it, and pozymis, 1 when it is a donation; else 0. True when the user confirmed;
 // otherwise all three stay as they were. A setting that the user did not touch stays as it was, too.
@@ -27,6 +25,7 @@ private:
     AnsiString confirmed;
 };
 
+extern TUnit unit;
 extern TPirkEditDlg *PirkEditDlg;
 
 } // namespace Editpirktip

@@ -5,14 +5,13 @@
 // Objects: buildings, yards and other places that assets belong to.
 namespace Objektai {
 
-extern TUnit unit;
-
 class TObjektFrm : public TBrowseFrm {
     Q_OBJECT
 public:
     explicit TObjektFrm(QWidget *owner);
 };
 
+extern TUnit unit;
 extern TObjektFrm *ObjektFrm;
 
 } // namespace Objektai

@@ -5,14 +5,13 @@
 // The ways in which fixed assets leave the books: written off, sold, given away.
 namespace Pardtip {
 
-extern TUnit unit;
-
 class TPardTipFrm : public TBrowseFrm {
     Q_OBJECT
 public:
     explicit TPardTipFrm(QWidget *owner);
 };
 
+extern TUnit unit;
 extern TPardTipFrm *PardTipFrm;
 
 } // namespace Pardtip

@@ -6,8 +6,6 @@
 // The opening balances of debtors and creditors, one period at a time.
 namespace Dkalik {
 
-extern TUnit unit;
-
 class TDKALikFrm : public TPeriodListFrm {
     Q_OBJECT
 public:
@@ -29,6 +27,7 @@ private:
     double credit = 0;
 };
 
+extern TUnit unit;
 extern TDKALikFrm *DKALikFrm;
 
 } // namespace Dkalik

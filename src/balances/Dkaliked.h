@@ -9,8 +9,6 @@ class TSideChoice;
 // The opening balance of one debtor or creditor.
 namespace Dkaliked {
 
-extern TUnit unit;
-
 // Opens the dialog modally on the balance with the id; on a new one when there is none. True when the user
 // saved; id is then that of the saved row, and otherwise stays as it was.
 bool NewDKALik(double &id);
@@ -37,6 +35,7 @@ private:
     TSideChoice *side;
 };
 
+extern TUnit unit;
 extern TDKALikDlg *DKALikDlg;
 
 } // namespace Dkaliked

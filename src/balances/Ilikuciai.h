@@ -7,8 +7,6 @@ class TDBGrid;
 // The opening balances of expenses: for each node of the classification one row in a period.
 namespace Ilikuciai {
 
-extern TUnit unit;
-
 class TIslFrm : public TBookFrm {
     Q_OBJECT
 public:
@@ -37,6 +35,7 @@ private:
     TDBGrid *DBGrid;
 };
 
+extern TUnit unit;
 extern TIslFrm *IslFrm;
 
 } // namespace Ilikuciai

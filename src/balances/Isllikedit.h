@@ -5,8 +5,6 @@
 // The opening balance of the expenses of one node.
 namespace Isllikedit {
 
-extern TUnit unit;
-
 // Adds the balance of the current node of the open screen (edit false), or changes it. True when the user
 // saved; false without showing anything when there is no open screen, or no row to be changed.
 bool EditIslLik(bool edit);
@@ -28,6 +26,7 @@ private:
     qint64 settleSides(); // the other sides are nothing; the sum of the chosen ones in ten-thousandths
 };
 
+extern TUnit unit;
 extern TIslLikDlg *IslLikDlg;
 
 } // namespace Isllikedit

@@ -7,8 +7,6 @@ class TSideChoice;
 // The opening balance of one account.
 namespace Saslikedit {
 
-extern TUnit unit;
-
 // Opens the dialog modally: edit false adds a row, true changes the row whose ssl_id is id. True when the
 // user saved; id is then the ssl_id of the saved row, and otherwise stays as it was. Raises when the row to
 // change is gone.
@@ -36,6 +34,7 @@ private:
     bool amountMoved = false;
 };
 
+extern TUnit unit;
 extern TSasLikDlg *SasLikDlg;
 
 } // namespace Saslikedit

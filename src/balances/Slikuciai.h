@@ -6,8 +6,6 @@
 // The opening balances of accounts, one period at a time.
 namespace Slikuciai {
 
-extern TUnit unit;
-
 class TSasLikFrm : public TPeriodListFrm {
     Q_OBJECT
 public:
@@ -27,6 +25,7 @@ private:
     double credit = 0;
 };
 
+extern TUnit unit;
 extern TSasLikFrm *SasLikFrm;
 
 } // namespace Slikuciai

@@ -4,14 +4,13 @@
 
 namespace Imokos { // codes of taxes, levies and other payments
 
-extern TUnit unit;
-
 class TImokosFrm : public TBrowseFrm {
     Q_OBJECT
 public:
     explicit TImokosFrm(QWidget *owner);
 };
 
+extern TUnit unit;
 extern TImokosFrm *ImokosFrm;
 
 } // namespace Imokos

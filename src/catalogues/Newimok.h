@@ -4,8 +4,6 @@
 
 namespace Newimok {
 
-extern TUnit unit;
-
 // Edits the row with the code, or adds one; true when the user saved, kodas is then the code as saved.
 bool EditImokos(AnsiString &kodas, bool isNew);
 
@@ -15,6 +13,7 @@ public:
     explicit TNewImokDlg(const TRecordStart &start);
 };
 
+extern TUnit unit;
 extern TNewImokDlg *NewImokDlg;
 
 } // namespace Newimok

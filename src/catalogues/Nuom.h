@@ -5,14 +5,13 @@
 // Tenants.
 namespace Nuom {
 
-extern TUnit unit;
-
 class TNuomFrm : public TBrowseFrm {
     Q_OBJECT
 public:
     explicit TNuomFrm(QWidget *owner);
 };
 
+extern TUnit unit;
 extern TNuomFrm *NuomFrm;
 
 } // namespace Nuom

@@ -4,8 +4,6 @@
 
 namespace Nuomedit {
 
-extern TUnit unit;
-
 // Edits the tenant whose nuom_id is id, or adds one; true when the user saved, id is then the nuom_id as
 // saved.
 bool EditNuom(const AnsiString &caption, bool isNew, double &id);
@@ -16,6 +14,7 @@ public:
     TNuomDlg(const AnsiString &caption, const TRecordStart &start);
 };
 
+extern TUnit unit;
 extern TNuomDlg *NuomDlg;
 
 } // namespace Nuomedit

@@ -5,14 +5,13 @@
 // Codes of the kinds of income.
 namespace Pajamurusiukodai {
 
-extern TUnit unit;
-
 class TPajamuRusiuKodaiFrm : public TBrowseFrm {
     Q_OBJECT
 public:
     explicit TPajamuRusiuKodaiFrm(QWidget *owner);
 };
 
+extern TUnit unit;
 extern TPajamuRusiuKodaiFrm *PajamuRusiuKodaiFrm;
 
 } // namespace Pajamurusiukodai

@@ -4,8 +4,6 @@
 
 namespace Pajamurusiukodaiedit {
 
-extern TUnit unit;
-
 // Edits the row with the code in state dsEdit, adds one in state dsInsert; true when the user saved.
 bool ShowPajamuRusiuKodaiEdit(AnsiString kod, TDataSetState state);
 // The same; kod is then the code as saved.
@@ -20,6 +18,7 @@ protected:
     void Validate() override;
 };
 
+extern TUnit unit;
 extern TPajamuRusiuKodaiEditFrm *PajamuRusiuKodaiEditFrm;
 
 } // namespace Pajamurusiukodaiedit

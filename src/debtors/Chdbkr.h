@@ -6,8 +6,6 @@
 // The editor of one debtor or creditor.
 namespace Chdbkr {
 
-extern TUnit unit;
-
 // Opens the editor modally on a new row, or on the row whose dka_id is id. True when the user saved; id is
 // then the dka_id of the saved row, and otherwise stays as it was. A row that is not there becomes a new one.
 bool EditDbKr(const AnsiString &caption, bool isNew, double &id);
@@ -29,6 +27,7 @@ private:
     const bool rewrites;
 };
 
+extern TUnit unit;
 extern TEditDbKrDlg *EditDbKrDlg;
 
 } // namespace Chdbkr

@@ -6,8 +6,6 @@
 // A new debtor or creditor as a copy of another one.
 namespace Copydbkr {
 
-extern TUnit unit;
-
 // Shows a copy of the row whose dka_id is sourceId and saves it as a new row; the search code must become
 // another one. True when the user saved; newId is then the new row's dka_id, and otherwise stays as it was.
 bool CopyData(const AnsiString &caption, double sourceId, double &newId);
@@ -26,6 +24,7 @@ private:
     TQuery qrySource;
 };
 
+extern TUnit unit;
 extern TCopyDbKrFrm *CopyDbKrFrm;
 
 } // namespace Copydbkr

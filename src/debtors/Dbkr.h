@@ -5,8 +5,6 @@
 // The register of debtors and creditors.
 namespace Dbkr {
 
-extern TUnit unit;
-
 class TDbKrFrm : public TBrowseFrm {
     Q_OBJECT
 public:
@@ -18,6 +16,7 @@ private:
     void copyRecord();
 };
 
+extern TUnit unit;
 extern TDbKrFrm *DbKrFrm;
 
 } // namespace Dbkr

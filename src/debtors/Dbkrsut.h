@@ -5,8 +5,6 @@
 // The contract of a debtor or creditor.
 namespace Dbkrsut {
 
-extern TUnit unit;
-
 // Kind of the amount being edited: 'B' for the whole contract, 'M' by the month.
 extern char Tipas;
 
@@ -31,6 +29,7 @@ private:
     const double dkaId;
 };
 
+extern TUnit unit;
 extern TDbKrSutart *DbKrSutart;
 
 } // namespace Dbkrsut

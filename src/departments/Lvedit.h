@@ -4,8 +4,6 @@
 
 namespace Lvedit {
 
-extern TUnit unit;
-
 // Edits the storage place with the id (state dsEdit), adds one to the department (dsInsert) or only shows it.
 // True when the user saved; id is then that of the saved row.
 bool ShowLVEdit(double &id, double padId, TDataSetState state);
@@ -25,6 +23,7 @@ private:
     const bool onlyShown;
 };
 
+extern TUnit unit;
 extern TLVEditFrm *LVEditFrm;
 
 } // namespace Lvedit

@@ -5,8 +5,6 @@
 // The editor of one department.
 namespace Paditem {
 
-extern TUnit unit;
-
 // Edits the row of the open list of departments that is in insert or edit state; raises when there is none.
 // True when the user saved.
 bool ChangePad();
@@ -20,6 +18,7 @@ protected:
     void Save() override;
 };
 
+extern TUnit unit;
 extern TPadItemFrm *PadItemFrm;
 
 } // namespace Paditem

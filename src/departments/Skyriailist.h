@@ -5,14 +5,13 @@
 // Departments of the institution.
 namespace Skyriailist {
 
-extern TUnit unit;
-
 class TSkyriaiFrm : public TBrowseFrm {
     Q_OBJECT
 public:
     explicit TSkyriaiFrm(QWidget *owner);
 };
 
+extern TUnit unit;
 extern TSkyriaiFrm *SkyriaiFrm;
 
 } // namespace Skyriailist

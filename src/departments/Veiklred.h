@@ -4,8 +4,6 @@
 
 namespace Veiklred {
 
-extern TUnit unit;
-
 // Edits the row of the open list of activity types that is in insert or edit state; raises when there is
 // none.
 void VeiklRedShow();
@@ -16,6 +14,7 @@ public:
     TVeiklRedFrm();
 };
 
+extern TUnit unit;
 extern TVeiklRedFrm *VeiklRedFrm;
 
 } // namespace Veiklred

@@ -5,14 +5,13 @@
 // Activity types of the institution.
 namespace Veiklsar {
 
-extern TUnit unit;
-
 class TVeiklFrm : public TBrowseFrm {
     Q_OBJECT
 public:
     explicit TVeiklFrm(QWidget *owner);
 };
 
+extern TUnit unit;
 extern TVeiklFrm *VeiklFrm;
 
 } // namespace Veiklsar

@@ -5,8 +5,6 @@
 // The corrections of one estimate.
 namespace Korlist {
 
-extern TUnit unit;
-
 // Shows the corrections of the yearly estimate with that sam_id modally; they may be changed when editable is
 // true.
 void SamKorList(const double samId, const bool editable);
@@ -20,6 +18,7 @@ protected:
     void restoreArrangement() override;
 };
 
+extern TUnit unit;
 extern TKorListDlg *KorListDlg;
 
 } // namespace Korlist

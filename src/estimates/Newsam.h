@@ -5,8 +5,6 @@
 // One row of an estimate.
 namespace Newsam {
 
-extern TUnit unit;
-
 // Adds the next row of the current node of the open screen (edit false), or changes its current row. True
 // when the user saved; false without showing anything when no screen is open.
 bool EditSam(bool edit);
@@ -37,6 +35,7 @@ private:
     double quarters = 0; // the sum of the four
 };
 
+extern TUnit unit;
 extern TSamDlg *SamDlg;
 
 } // namespace Newsam

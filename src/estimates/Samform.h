@@ -9,8 +9,6 @@ class TDBGrid;
 // four quarters, in this order.
 namespace Samform {
 
-extern TUnit unit;
-
 // "Metinė", "Pirmas" … "Ketvirtas", in the order of the rows.
 const QStringList &quarterNames();
 
@@ -61,6 +59,7 @@ private:
     double shownNode = 0; // whose rows pass the filter
 };
 
+extern TUnit unit;
 extern TSamFrm *SamFrm;
 
 } // namespace Samform

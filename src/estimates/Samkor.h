@@ -5,8 +5,6 @@
 // One correction of an estimate.
 namespace Samkor {
 
-extern TUnit unit;
-
 // Opens the correction with the id of the yearly estimate samId; a new one for an id of 0 or less. True when
 // the user saved; id is then that of the correction, and otherwise stays as it was.
 bool Koreguoti(double &id, const double samId);
@@ -29,6 +27,7 @@ private:
     const double estimate;
 };
 
+extern TUnit unit;
 extern TSamKorDlg *SamKorDlg;
 
 } // namespace Samkor

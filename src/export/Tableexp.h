@@ -11,8 +11,6 @@ struct TTableExport;
 // The rows of one table of the budget database as a file of insert statements.
 namespace Tableexp {
 
-extern TUnit unit;
-
 class TFrRavlExp : public TDialog {
     Q_OBJECT
 public:
@@ -32,6 +30,7 @@ private:
     TQuery qryColumns;
 };
 
+extern TUnit unit;
 extern TFrRavlExp *FrRavlExp;
 
 } // namespace Tableexp

@@ -5,14 +5,13 @@
 // Banks.
 namespace Bankai {
 
-extern TUnit unit;
-
 class TBankaiFrm : public TBrowseFrm {
     Q_OBJECT
 public:
     explicit TBankaiFrm(QWidget *owner);
 };
 
+extern TUnit unit;
 extern TBankaiFrm *BankaiFrm;
 
 } // namespace Bankai

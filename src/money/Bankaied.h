@@ -4,8 +4,6 @@
 
 namespace Bankaied {
 
-extern TUnit unit;
-
 // Edits the bank with the code, or adds one; true when the user saved, kodas is then the code as saved.
 bool EditBankas(double &kodas, bool isNew);
 
@@ -18,6 +16,7 @@ protected:
     void Validate() override;
 };
 
+extern TUnit unit;
 extern TBankaiDlg *BankaiDlg;
 
 } // namespace Bankaied

@@ -4,8 +4,6 @@
 
 namespace Einsasdet {
 
-extern TUnit unit;
-
 // Edits the account whose ein_id is id, or adds one; true when the user saved, id is then the ein_id as
 // saved.
 bool ShowEinSas(const AnsiString &caption, double &id, bool isNew);
@@ -16,6 +14,7 @@ public:
     TEinSasItem(const AnsiString &caption, const TRecordStart &start);
 };
 
+extern TUnit unit;
 extern TEinSasItem *EinSasItem;
 
 } // namespace Einsasdet

@@ -5,8 +5,6 @@
 // The institution's current accounts with banks.
 namespace Einsasform {
 
-extern TUnit unit;
-
 class TEinSasFrm : public TBrowseFrm {
     Q_OBJECT
 public:
@@ -16,6 +14,7 @@ protected:
     void CheckUsed() override;
 };
 
+extern TUnit unit;
 extern TEinSasFrm *EinSasFrm;
 
 } // namespace Einsasform

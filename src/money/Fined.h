@@ -4,8 +4,6 @@
 
 namespace Fined {
 
-extern TUnit unit;
-
 // Edits the row that the list of financing sources has in insert or edit state; true when the user saved.
 bool FinShow();
 
@@ -21,6 +19,7 @@ private:
     void requireOfOrganisation(const char *column);
 };
 
+extern TUnit unit;
 extern TFinEdDlg *FinEdDlg;
 
 } // namespace Fined

@@ -5,14 +5,13 @@
 // Financing sources; they live beside the users.
 namespace Finlist {
 
-extern TUnit unit;
-
 class TFinListFrm : public TBrowseFrm {
     Q_OBJECT
 public:
     explicit TFinListFrm(QWidget *owner);
 };
 
+extern TUnit unit;
 extern TFinListFrm *FinListFrm;
 
 } // namespace Finlist

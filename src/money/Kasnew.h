@@ -4,8 +4,6 @@
 
 namespace Kasnew {
 
-extern TUnit unit;
-
 // Edits the row of the open list of cash desks, which is in insert state when isNew and else in edit state;
 // raises when there is none. True when the user saved.
 bool ShowKasa(const AnsiString &caption, bool isNew);
@@ -19,6 +17,7 @@ protected:
     bool CanSave() const override;
 };
 
+extern TUnit unit;
 extern TKasNewFrm *KasNewFrm;
 
 } // namespace Kasnew

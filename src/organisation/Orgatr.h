@@ -7,8 +7,6 @@ class QLabel;
 // The institution's own record: the one row of bd_org.
 namespace Orgatr {
 
-extern TUnit unit;
-
 class TOrgFrm : public TDocumentFrm {
     Q_OBJECT
 public:
@@ -51,6 +49,7 @@ private:
     TDBImage *emblem;
 };
 
+extern TUnit unit;
 extern TOrgFrm *OrgFrm;
 
 } // namespace Orgatr

@@ -5,14 +5,13 @@
 // Accountable persons: employees who receive advances and account for them.
 namespace Atsasmlist {
 
-extern TUnit unit;
-
 class TAtsAsmFrm : public TBrowseFrm {
     Q_OBJECT
 public:
     explicit TAtsAsmFrm(QWidget *owner);
 };
 
+extern TUnit unit;
 extern TAtsAsmFrm *AtsAsmFrm;
 
 } // namespace Atsasmlist

@@ -4,8 +4,6 @@
 
 namespace Chatasm {
 
-extern TUnit unit;
-
 // Edits the person whose ats_id is id, or adds one; true when the user saved, id is then the ats_id as saved.
 bool ChAtsAsm(const AnsiString &caption, double &id, bool isNew);
 
@@ -15,6 +13,7 @@ public:
     TEditAtAsmDlg(const AnsiString &caption, const TRecordStart &start);
 };
 
+extern TUnit unit;
 extern TEditAtAsmDlg *EditAtAsmDlg;
 
 } // namespace Chatasm

@@ -4,8 +4,6 @@
 
 namespace Drbklasred {
 
-extern TUnit unit;
-
 // Edits the row that the list of professional groups has in insert or edit state.
 void DrbKlasShow();
 
@@ -18,6 +16,7 @@ protected:
     void Validate() override;
 };
 
+extern TUnit unit;
 extern TDrbKlasRedFrm *DrbKlasRedFrm;
 
 } // namespace Drbklasred

@@ -4,8 +4,6 @@
 
 namespace Editprg {
 
-extern TUnit unit;
-
 // Edits the row that the list of positions has in insert or edit state; true when the user saved.
 bool PrgEdit(const bool isNew);
 
@@ -15,6 +13,7 @@ public:
     TEditPrgDlg();
 };
 
+extern TUnit unit;
 extern TEditPrgDlg *EditPrgDlg;
 
 } // namespace Editprg

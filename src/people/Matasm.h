@@ -5,8 +5,6 @@
 // Materially responsible persons: employees answerable for stock and fixed assets.
 namespace Matasm {
 
-extern TUnit unit;
-
 class TMatAsmFrm : public TBrowseFrm {
     Q_OBJECT
 public:
@@ -18,6 +16,7 @@ private:
     void merge();
 };
 
+extern TUnit unit;
 extern TMatAsmFrm *MatAsmFrm;
 
 } // namespace Matasm

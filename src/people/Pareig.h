@@ -5,14 +5,13 @@
 // Positions of the staff.
 namespace Pareig {
 
-extern TUnit unit;
-
 class TPareigFrm : public TBrowseFrm {
     Q_OBJECT
 public:
     explicit TPareigFrm(QWidget *owner);
 };
 
+extern TUnit unit;
 extern TPareigFrm *PareigFrm;
 
 } // namespace Pareig

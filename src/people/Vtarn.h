@@ -5,8 +5,6 @@
 // Civil-servant categories.
 namespace Vtarn {
 
-extern TUnit unit;
-
 class TVTarnFrm : public TBrowseFrm {
     Q_OBJECT
 public:
@@ -17,6 +15,7 @@ protected:
     void DeleteRecord() override;
 };
 
+extern TUnit unit;
 extern TVTarnFrm *VTarnFrm;
 
 } // namespace Vtarn

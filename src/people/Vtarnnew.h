@@ -4,8 +4,6 @@
 
 namespace Vtarnnew {
 
-extern TUnit unit;
-
 // Edits the row that the list of categories has in insert or edit state; true when the user saved.
 bool VTarnShow();
 
@@ -15,6 +13,7 @@ public:
     TVTarnDlg();
 };
 
+extern TUnit unit;
 extern TVTarnDlg *VTarnDlg;
 
 } // namespace Vtarnnew

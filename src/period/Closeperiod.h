@@ -10,8 +10,6 @@
 // Closing the current month.
 namespace Closeperiod {
 
-extern TUnit unit;
-
 // Closes the current period after asking; all outcomes are told in message boxes. Raises EDatabaseError when
 // the current period cannot be read.
 void StartPerClose();
@@ -49,6 +47,7 @@ private:
     TQuery qrySasSum;
 };
 
+extern TUnit unit;
 extern TPerCloseDlg *PerCloseDlg;
 
 } // namespace Closeperiod

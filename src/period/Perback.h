@@ -8,8 +8,6 @@
 // Rolling the last month close back.
 namespace Perback {
 
-extern TUnit unit;
-
 // Rolls the last close back after asking; all outcomes are told in message boxes. Raises EDatabaseError when
 // the current period cannot be read.
 void PeriodBack();
@@ -25,6 +23,7 @@ public:
     QProgressBar *ProgressBar;
 };
 
+extern TUnit unit;
 extern TPerBackDlg *PerBackDlg;
 
 } // namespace Perback

@@ -11,8 +11,6 @@ class TUpDown;
 // The start-of-work period: set once, when an institution begins to keep its books.
 namespace Period {
 
-extern TUnit unit;
-
 // Creating it reads the period kept so far, or proposes the computer's month.
 // Raises an error when the computer's date cannot be right.
 class TPeriodDlg : public TDialog {
@@ -38,6 +36,7 @@ private:
     TQuery qryPer;
 };
 
+extern TUnit unit;
 extern TPeriodDlg *PeriodDlg;
 
 } // namespace Period

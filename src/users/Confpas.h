@@ -8,8 +8,6 @@ class QLineEdit;
 // Typing a new password a second time.
 namespace Confpas {
 
-extern TUnit unit;
-
 // Asks for the password and tells whether exactly this one was typed, however the dialog was closed.
 bool ShowPass(const AnsiString &password);
 
@@ -22,6 +20,7 @@ public:
     QLineEdit *ConfEdit;
 };
 
+extern TUnit unit;
 extern TConfPassFrm *ConfPassFrm;
 
 } // namespace Confpas

@@ -12,8 +12,6 @@ class QPushButton;
 // The editor of one user and his rights.
 namespace Usersch {
 
-extern TUnit unit;
-
 // The user being changed; 0 while one is added.
 extern int Usr_Id;
 
@@ -86,6 +84,7 @@ private:
     TQuery qryRights;
 };
 
+extern TUnit unit;
 extern TEditUserDlg *EditUserDlg;
 
 } // namespace Usersch

@@ -5,8 +5,6 @@
 // The people who may log in.
 namespace Userslist {
 
-extern TUnit unit;
-
 class TUsersFrm : public TBrowseFrm {
     Q_OBJECT
 public:
@@ -20,6 +18,7 @@ protected:
     void DeleteRow(const Variant &key) override;
 };
 
+extern TUnit unit;
 extern TUsersFrm *UsersFrm;
 
 } // namespace Userslist
