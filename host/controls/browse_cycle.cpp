@@ -3,6 +3,7 @@
 #include "host/common/msgbox.h"
 #include "host/controls/browse_private.h"
 #include "host/controls/row_of_table.h"
+#include "toolkit/data/server_link.h"
 #include "toolkit/widgets/dialog.h"
 #include "toolkit/widgets/guard.h"
 
@@ -27,6 +28,12 @@ template<typename Action> Variant inWordsOf(const QString &failure, const Action
             throw;
         throw Exception(failure);
     }
+}
+
+void tellOnlySentIsWritten(QWidget *where)
+{
+    showError(where, Exception(u"Įrašyta tai, kas buvo įvesta prieš nutrūkstant ryšiui su serveriu. Vėlesni "
+                               "pakeitimai neįrašyti: pataisykite įrašą sąraše."_s));
 }
 
 } // namespace
@@ -118,29 +125,41 @@ void TBrowseFrm::editListRow(bool isNew)
 }
 
 // What the database refuses is told and asked for again, as it was given. What another station changed is
-// told once: the user then keeps his own by confirming again, or gives up.
+// told once: the user then keeps his own by confirming again, or gives up. What was written although its
+// answer was lost is not written again.
 bool TBrowseFrm::askForValues(bool isNew, Variant &key)
 {
     QVariantMap asRead;
     for (int i = 0; !isNew && i < d->query.FieldCount(); ++i)
         asRead.insert(d->query.Field(i)->FieldName().toLower(), d->query.Field(i)->Value());
     QVariantMap now = asRead;
+    QVariantMap sent;
+    qlonglong unknown = 0; // the write whose answer was lost
     for (;;) {
         const auto given =
             description.values.ask(isNew ? description.newCaption : description.editCaption, now);
         if (!given)
             return false;
+        now.insert(*given);
         try {
-            key = isNew ? insertValues(*given) : updateValues(key, *given, asRead);
+            if (foundWritten(unknown)) {
+                if (*given != sent)
+                    tellOnlySentIsWritten(this);
+                return true;
+            }
+            sent = *given;
+            key = isNew ? insertValues(sent) : updateValues(key, sent, asRead);
             return true;
         } catch (const EChangedElsewhere &conflict) {
             for (const TChangedColumn &column : conflict.columns)
                 asRead[column.field] = column.theirs;
             showError(this, conflict);
+        } catch (const ECommitUnknown &lost) {
+            unknown = lost.openNumber();
+            showError(this, lost);
         } catch (...) {
             showCurrentException(this);
         }
-        now.insert(*given);
     }
 }
 

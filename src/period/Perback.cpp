@@ -2,8 +2,13 @@
 
 #include "src/period/shown_month.h"
 
+#include "toolkit/data/server_link.h"
+#include "toolkit/widgets/guard.h"
+
 #include <QApplication>
 #include <QVBoxLayout>
+
+#include <optional>
 
 namespace Perback {
 
@@ -11,6 +16,29 @@ TUnit unit("PerBack");
 TPerBackDlg *PerBackDlg = nullptr;
 
 namespace {
+
+// A roll-back whose answer was lost: the current period may be the month before already.
+struct TLostRollBack {
+    TShownMonth month;
+    qlonglong number; // of its transaction; 0: nobody can tell what became of it
+};
+
+std::optional<TLostRollBack> &lostRollBack()
+{
+    static std::optional<TLostRollBack> lost;
+    return lost;
+}
+
+// Whether it was found written meanwhile. Where nobody can tell it is kept: the next roll-back is of the same
+// month or of none. Raises as foundWritten().
+bool lostRollBackIsDone()
+{
+    if (!lostRollBack() || lostRollBack()->number == 0)
+        return false;
+    const bool done = foundWritten(lostRollBack()->number);
+    lostRollBack().reset();
+    return done;
+}
 
 bool onlyStartOfWork()
 {
@@ -36,29 +64,46 @@ bool rollBack(const TShownMonth &month)
     return true;
 }
 
+void tellDone(QWidget *owner)
+{
+    followLastMonth(owner);
+    StdMsgBox(mkInformation, "Periodas atsuktas sėkmingai.");
+}
+
 void rollBackAndTell(const TShownMonth &month)
 {
     QWidget *owner = QApplication::activeWindow();
     bool done = false;
     try {
         done = rollBack(month);
+        lostRollBack().reset();
+    } catch (const ECommitUnknown &lost) {
+        if (lost.fate != TCommitFate::NotWritten)
+            lostRollBack().emplace(TLostRollBack{month, lost.openNumber()});
+        showError(owner, lost);
+        return;
+    } catch (const EConnectionLost &lost) {
+        showError(owner, lost);
+        return;
     } catch (const Exception &) {
         StdMsgBox(mkWarning, "Neįmanoma atsukti darbo pradžios periodo");
         return;
     }
-    if (!done) {
+    if (done)
+        tellDone(owner);
+    else
         tellMonthPassed(month, owner);
-        return;
-    }
-    followLastMonth(owner);
-    StdMsgBox(mkInformation, "Periodas atsuktas sėkmingai.");
 }
 
 } // namespace
 
 void PeriodBack()
 {
-    const TShownMonth current;
+    if (lostRollBackIsDone()) {
+        tellDone(QApplication::activeWindow());
+        return;
+    }
+    const TShownMonth current = lostRollBack() ? lostRollBack()->month : TShownMonth();
     if (onlyStartOfWork()) {
         StdMsgBox(mkError, "Negalima atsukti darbo pradžios periodo!");
         return;

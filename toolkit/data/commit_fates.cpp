@@ -28,6 +28,25 @@ TLinkHook &linkHook()
     return hook;
 }
 
+// What is told of a commit before instead of beginning a transaction.
+QString toldFormer(TCommitFate fate)
+{
+    const QString lost = u"Ryšys su serveriu buvo nutrūkęs, kol laukta atsakymo apie ankstesnį įrašymą. "_s;
+    const QString undone = u" Šis veiksmas dar neatliktas: jei jo reikia, pakartokite."_s;
+    switch (fate) {
+    case TCommitFate::Written:
+        return lost + u"Patikrinta: Įrašyta."_s + undone;
+    case TCommitFate::NotWritten:
+        return lost + u"Patikrinta: Neįrašyta."_s + undone;
+    case TCommitFate::NotKnownYet:
+        return lost + u"Ar įrašyta, kol kas nežinoma: serveris neatsako. Tai bus patikrinta, kai bandysite "
+                      "dar kartą."_s;
+    case TCommitFate::NotToBeFound:
+        return lost + u"Ar įrašyta, sužinoti nepavyko: pažiūrėkite, ar įrašas yra."_s + undone;
+    }
+    Q_UNREACHABLE();
+}
+
 } // namespace
 
 ECommitUnknown::ECommitUnknown(TCommitFate knownFate, qlonglong itsNumber, const QString &server)
@@ -70,9 +89,21 @@ TCommitFate commitFate(qlonglong number)
 {
     for (ServerSession *session : std::as_const(sessions())) {
         if (session->fates.open == number)
-            return session->fates.ask(*session->editing);
+            return session->fates.askAndTell(*session->editing);
     }
     return knownFates().value(number, TCommitFate::NotToBeFound);
+}
+
+bool foundWritten(qlonglong &number)
+{
+    if (number == 0)
+        return false;
+    const TCommitFate fate = commitFate(number);
+    const ECommitUnknown unknown(fate, number, {});
+    number = unknown.openNumber();
+    if (fate == TCommitFate::NotKnownYet || fate == TCommitFate::NotToBeFound)
+        throw unknown;
+    return fate == TCommitFate::Written;
 }
 
 std::optional<TServerLink> serverLink(const TDatabase &session)
@@ -123,6 +154,13 @@ TCommitFate CommitFates::ask(EngineConnection &connection)
     if (fate == TCommitFate::NotKnownYet)
         return fate;
     knownFates().insert(std::exchange(open, 0), fate);
+    return fate;
+}
+
+// For whoever saved: he goes on as after any save.
+TCommitFate CommitFates::askAndTell(EngineConnection &connection)
+{
+    const TCommitFate fate = ask(connection);
     if (fate == TCommitFate::Written)
         tellLinkEvent(TLinkEvent::Written);
     return fate;
@@ -133,14 +171,13 @@ void CommitFates::answerLost(EngineConnection &connection, qlonglong number, con
     open = number;
     openId = connection.transactionId();
     tellLinkEvent(TLinkEvent::AnswerLost);
-    const TCommitFate fate = ask(connection);
+    const TCommitFate fate = askAndTell(connection);
     if (fate != TCommitFate::Written)
         throw ECommitUnknown(fate, number, serverText);
 }
 
 void CommitFates::settle(EngineConnection &connection)
 {
-    const qlonglong number = open;
-    if (number != 0 && ask(connection) == TCommitFate::NotKnownYet)
-        throw ECommitUnknown(TCommitFate::NotKnownYet, number, {});
+    if (open != 0)
+        throw EConnectionLost(toldFormer(ask(connection)), {}, u"begin"_s);
 }

@@ -10,7 +10,8 @@ public:
     // raises ECommitUnknown.
     void answerLost(EngineConnection &connection, qlonglong number, const QString &serverText);
 
-    // Asks for what is not known yet; raises ECommitUnknown when it stays so.
+    // Where a commit is not known of, asks and raises EConnectionLost with what was found out: who begins a
+    // transaction may be doing the same once more. The next one begins, unless it is not known still.
     void settle(EngineConnection &connection);
 
     // A question in the engine's own wording, %1 stands for the server's number of the transaction; it
@@ -20,6 +21,7 @@ public:
 private:
     friend TCommitFate commitFate(qlonglong number);
     TCommitFate ask(EngineConnection &connection);
+    TCommitFate askAndTell(EngineConnection &connection);
 
     qlonglong open = 0; // the transaction that is not known of; 0: none
     QByteArray openId;  // the server's number of it

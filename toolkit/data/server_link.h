@@ -25,9 +25,10 @@ std::optional<TServerLink> serverLink(const TDatabase &session);
 bool seekServer(TDatabase &session);
 
 // A commit whose answer is lost with the server is looked up before TDatabase::Commit() returns: it returns
-// when the changes were written, and raises ECommitUnknown when they were not or that cannot be told. As long
-// as it cannot be told yet the next transaction of the session asks first, and does not begin before it is
-// known.
+// when the changes were written, and raises ECommitUnknown when they were not or that cannot be told. Where
+// it cannot be told yet, whoever saved asks foundWritten() before he saves once more. Where nobody does, the
+// next transaction of the session asks instead of beginning, and raises EConnectionLost with what was found
+// out.
 
 // What became of a commit whose answer was lost.
 enum class TCommitFate {
@@ -43,6 +44,9 @@ class ECommitUnknown : public EConnectionLost {
 public:
     ECommitUnknown(TCommitFate knownFate, qlonglong itsNumber, const QString &server);
 
+    // The transaction to ask about before the next attempt; 0 when nothing more will be known.
+    qlonglong openNumber() const { return fate == TCommitFate::NotKnownYet ? number : 0; }
+
     const TCommitFate fate; // never Written
     const qlonglong number; // the transaction's, for commitFate()
 };
@@ -51,6 +55,11 @@ public:
 // ECommitUnknown. As long as that is not known the server is asked. NotToBeFound also for a transaction of a
 // session that is no more.
 TCommitFate commitFate(qlonglong number);
+
+// Whether the save with this openNumber() was found written meanwhile, so that it must not run once more;
+// false for 0. Raises ECommitUnknown as long as that cannot be told, and once when it cannot be told any
+// more; else the number becomes 0.
+bool foundWritten(qlonglong &number);
 
 // A server that was not stopped in order may give the number of a transaction that was lost to another one.
 // The question, in the server's own wording and with %1 for that number, is whether the transaction was the

@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QStyle>
@@ -71,17 +72,20 @@ int widthForTitle(const QWidget *window)
     return QFontMetrics(font).horizontalAdvance(window->windowTitle()) + iconsOfFrame * icon;
 }
 
-// Whether the last save of the dialog, whose answer was lost, was found written meanwhile: what was typed
-// must not be written twice. Raises ECommitUnknown as long as that cannot be told.
-bool wasWrittenBefore(const QDialog *dialog)
+// The number of the save of which is not known yet whether it was written; 0: none. What was typed stays as
+// it was sent until that is known.
+void setUnknownSave(QDialog *dialog, QWidget *body, qlonglong number)
 {
-    const qlonglong number = dialog->property(unknownSave).toLongLong();
-    if (number == 0)
-        return false;
-    const TCommitFate fate = commitFate(number);
-    if (fate == TCommitFate::NotKnownYet)
-        throw ECommitUnknown(fate, number, {});
-    return fate == TCommitFate::Written;
+    dialog->setProperty(unknownSave, number);
+    body->setEnabled(number == 0);
+}
+
+// Whether it was found written meanwhile: what was typed must not be written twice. Raises as foundWritten().
+bool wasWrittenBefore(QDialog *dialog, QWidget *body)
+{
+    qlonglong number = dialog->property(unknownSave).toLongLong();
+    const auto keep = qScopeGuard([&] { setUnknownSave(dialog, body, number); });
+    return foundWritten(number);
 }
 
 void moveIntoScreen(QWidget *window)
@@ -245,7 +249,7 @@ bool TDialog::saveAndStay()
         return false;
     const QScopedValueRollback<bool> running(isSaving, true);
     try {
-        if (wasWrittenBefore(this))
+        if (wasWrittenBefore(this, ownBody))
             return true;
         for (TDBControl *control : TDBControl::allIn(this))
             control->commit();
@@ -257,7 +261,7 @@ bool TDialog::saveAndStay()
             Save();
         });
     } catch (const ECommitUnknown &error) {
-        setProperty(unknownSave, error.number);
+        setUnknownSave(this, ownBody, error.openNumber());
         showCurrentException(this);
         return false;
     } catch (const Exception &error) {

@@ -49,10 +49,10 @@ protected:
     }
 
     // The user adds a code and does in its editor what the function does.
-    void addCode(const std::function<void(TDialog &)> &user)
+    void addCode(const std::function<void(TDialog &)> &user, const QString &number = u"77"_s)
     {
-        OnNextDialog<TDialog> editor([&user](TDialog &dialog) {
-            type(edit(dialog, "IMO_KOD"), u"77"_s);
+        OnNextDialog<TDialog> editor([&](TDialog &dialog) {
+            type(edit(dialog, "IMO_KOD"), number);
             type(edit(dialog, "IMO_PAVAD"), u"Rinkliava"_s);
             user(dialog);
         });
@@ -161,6 +161,7 @@ TEST_P(AwayServer, WhatCannotBeToldYetIsLookedUpBeforeTheNextAttempt)
         proxy.cutAt(CuttingProxy::Cut::AfterCommit, true);
         EXPECT_TRUE(refusal(dialog).contains(u"kol kas nežinoma"_s));
         EXPECT_EQ(typed(dialog), typedCode);
+        EXPECT_FALSE(edit(dialog, "IMO_PAVAD")->isEnabled());
         EXPECT_TRUE(told().contains(u"Ieškoma ryšio su serveriu…"_s)) << told().toStdString();
         proxy.comeBack();
         save(dialog);
@@ -180,6 +181,67 @@ TEST_P(AwayServer, WhatWasNotWrittenIsWrittenByTheNextAttempt)
         EXPECT_FALSE(dialog.isVisible());
     });
     EXPECT_EQ(stored(), code);
+}
+
+TEST_P(AwayServer, WhatNobodyCanTellIsToldOnceBeforeTheNextAttempt)
+{
+    setCommitWitness(*fin, u"select null::boolean where '%1' <> ''"_s);
+    addCode([&](TDialog &dialog) {
+        proxy.cutAt(CuttingProxy::Cut::AfterCommit, true);
+        EXPECT_TRUE(refusal(dialog).contains(u"kol kas nežinoma"_s));
+        proxy.comeBack();
+        EXPECT_TRUE(refusal(dialog).contains(u"sužinoti nepavyko"_s));
+        EXPECT_TRUE(edit(dialog, "IMO_PAVAD")->isEnabled());
+        EXPECT_TRUE(refusal(dialog).contains(u"jau yra"_s));
+        leaveUnsaved(dialog);
+    });
+    EXPECT_EQ(stored(), code);
+}
+
+TEST_P(AwayServer, WhatBecameOfASaveIsToldBeforeAnotherOneBegins)
+{
+    addCode([&](TDialog &dialog) {
+        proxy.cutAt(CuttingProxy::Cut::AfterCommit, true);
+        EXPECT_TRUE(refusal(dialog).contains(u"kol kas nežinoma"_s));
+        leaveUnsaved(dialog);
+        proxy.comeBack();
+    });
+    addCode(
+        [&](TDialog &dialog) {
+            const QString former = refusal(dialog);
+            EXPECT_TRUE(former.contains(u"ankstesnį įrašymą. Patikrinta: Įrašyta."_s))
+                << former.toStdString();
+            EXPECT_EQ(stored(), code);
+            save(dialog);
+            EXPECT_FALSE(dialog.isVisible());
+        },
+        u"78"_s);
+    EXPECT_EQ(stored(), code + QStringList{u"78|Rinkliava"_s});
+}
+
+// A list that writes what its dialog only asks for.
+TEST_P(AwayServer, AListDoesNotWriteOnceMoreWhatWasWritten)
+{
+    window->openEntry(u"TObjektFrm"_s);
+    auto *objects = window->findChild<TBrowseFrm *>(u"TObjektFrm"_s);
+    ASSERT_TRUE(objects);
+    NextBoxes boxes{QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok};
+    OnNextDialog<TDialog> first([&](TDialog &dialog) {
+        type(edit(dialog, "Name"), u"Mokykla"_s);
+        proxy.cutAt(CuttingProxy::Cut::AfterCommit, true);
+        save(dialog);
+    });
+    OnNextDialog<TDialog> again([&](TDialog &dialog) {
+        proxy.comeBack();
+        type(edit(dialog, "Name"), u"Mokyklos pastatas"_s);
+        save(dialog);
+    });
+    objects->NewBtnClick();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(boxes.at(0).text.contains(u"kol kas nežinoma"_s)) << boxes.at(0).text.toStdString();
+    EXPECT_TRUE(boxes.texts().join(u'|').contains(u"Vėlesni pakeitimai neįrašyti"_s));
+    EXPECT_TRUE(boxes.texts().join(u'|').contains(u"patikrinta: Įrašyta."_s));
+    EXPECT_EQ(rows(*secondFin(), u"select obj_pavad from bd_objektai"_s), QStringList{u"Mokykla"_s});
 }
 
 TEST_P(LostServer, OpenWindowsStayAndTheNextAttemptGoesOn)

@@ -2,7 +2,11 @@
 
 #include "tests/src/open_books.h"
 #include "tests/src/period/when_hidden.h"
+#include "tests/support/cutting_proxy.h"
 #include "tests/support/message_box.h"
+#include "tests/support/postgres.h"
+#include "toolkit/data/server_link.h"
+#include "toolkit/widgets/guard.h"
 
 using Perback::PeriodBack;
 
@@ -155,4 +159,85 @@ TEST_P(MonthBack, WhenTheCurrentPeriodCannotBeReadAfterwardsItIsStillToldAsDone)
     EXPECT_EQ(boxes.at(3).text, "Periodas atsuktas sėkmingai.");
     secondFin()->nativeExec("alter table bd_period_dingo rename to bd_period");
     EXPECT_EQ(dump(*secondFin()), before);
+}
+
+// --- a server that goes away while it commits
+
+namespace {
+
+class MonthBackOnServer : public MonthBack {
+protected:
+    void SetUp() override
+    {
+        MonthBack::SetUp();
+        TSessionSettings overProxy = finSettings();
+        overProxy.connInfo.replace(postgresFolder(), proxy.folder());
+        setMainDatas(std::make_unique<TMainDatas>(overProxy, ravlSettings()));
+        MainDatas()->Open();
+        former = setSeekPatience(2'000);
+        oneMonthClosed();
+        books().ExecSQL("call Close_Per()");
+        GetPeriod();
+    }
+    void TearDown() override
+    {
+        setSeekPatience(former);
+        MonthBack::TearDown();
+    }
+
+    // Rolls back; the server is away before its answer comes, and back again before the next press.
+    void rollBackWithoutAnswer(CuttingProxy::Cut cut)
+    {
+        proxy.cutAt(cut, true);
+        NextBoxes boxes{QMessageBox::Yes, QMessageBox::Yes, QMessageBox::Ok};
+        PeriodBack();
+        EXPECT_TRUE(boxes.at(2).text.contains("kol kas nežinoma")) << boxes.at(2).text.toStdString();
+        NextBoxes again{QMessageBox::Ok};
+        runGuarded(nullptr, [] { PeriodBack(); });
+        EXPECT_TRUE(again.at(0).text.contains("kol kas nežinoma")) << again.at(0).text.toStdString();
+        proxy.comeBack();
+    }
+    QStringList months() { return rows(*secondFin(), "select per_id from bd_period where per_menuo > 0"); }
+
+    CuttingProxy proxy{postgresFolder()};
+
+private:
+    int former = 0;
+};
+ON_ENGINE(MonthBackOnServer, Engine::PostgreSql);
+
+} // namespace
+
+TEST_P(MonthBackOnServer, ASecondPressAfterALostAnswerRollsBackNoSecondMonth)
+{
+    rollBackWithoutAnswer(CuttingProxy::Cut::AfterCommit);
+    NextBoxes boxes{QMessageBox::Ok};
+    PeriodBack();
+    EXPECT_EQ(boxes.at(0).text, "Periodas atsuktas sėkmingai.");
+    EXPECT_EQ(months(), QStringList({"6", "7"}));
+    EXPECT_EQ(EinPer_Id(), 7);
+}
+
+TEST_P(MonthBackOnServer, WhatWasNotRolledBackIsAskedForOnceMore)
+{
+    rollBackWithoutAnswer(CuttingProxy::Cut::BeforeCommit);
+    EXPECT_EQ(months(), QStringList({"6", "7", "8"}));
+    NextBoxes boxes{QMessageBox::Yes, QMessageBox::Yes, QMessageBox::Ok};
+    PeriodBack();
+    EXPECT_EQ(boxes.at(2).text, "Periodas atsuktas sėkmingai.");
+    EXPECT_EQ(months(), QStringList({"6", "7"}));
+}
+
+TEST_P(MonthBackOnServer, WhereNobodyCanTellTheNextOneIsOfTheSameMonthOrOfNone)
+{
+    setCommitWitness(books(), "select null::boolean where '%1' <> ''");
+    rollBackWithoutAnswer(CuttingProxy::Cut::AfterCommit);
+    NextBoxes nobody{QMessageBox::Ok};
+    runGuarded(nullptr, [] { PeriodBack(); });
+    EXPECT_TRUE(nobody.at(0).text.contains("sužinoti nepavyko")) << nobody.at(0).text.toStdString();
+    NextBoxes boxes{QMessageBox::Yes, QMessageBox::Yes, QMessageBox::Ok};
+    PeriodBack();
+    EXPECT_EQ(boxes.at(2).text, "Periodas 2026 m. kovas jau nebe einamasis. Dabar einamasis periodas yra "
+                                "2026 m. vasaris; jis nepakeistas.");
+    EXPECT_EQ(months(), QStringList({"6", "7"}));
 }
