@@ -26,8 +26,9 @@ QString whereText(const TServerLink &link)
 QString warningText(const TServerLink &link)
 {
     return link.isOpenToOthers()
-               ? "Viskas, kas siunčiama tarp šios darbo vietos ir serverio, tinkle gali būti perskaityta "
-                 "kitų. Prisijungimo nustatymuose nurodykite sslmode=verify-full."
+               ? "Kreipkitės į serverio prižiūrėtoją, kad ryšys būtų šifruojamas: dabar viskas, kas "
+                 "siunčiama "
+                 "tarp šios darbo vietos ir serverio, tinkle gali būti perskaityta kitų (sslmode)."
                : QString();
 }
 
@@ -70,6 +71,11 @@ void TServerPanel::tell(const QString &told, const QString &warning)
     text->setAccessibleDescription(warning);
 }
 
+void TServerPanel::showLink(const TServerLink &link)
+{
+    tell(whereText(link), warningText(link));
+}
+
 void TServerPanel::showBooks()
 {
     if (!MainDatas()) {
@@ -82,7 +88,7 @@ void TServerPanel::showBooks()
     else if (seeking.isActive())
         return; // a connection that has not met the loss yet would tell otherwise
     else if (const auto link = serverLink(books))
-        tell(whereText(*link), warningText(*link));
+        showLink(*link);
 }
 
 // Called in the middle of a statement: nothing but what is shown may change.
@@ -120,6 +126,8 @@ void TServerPanel::seek()
         seeking.stop();
         tell("Ryšys su serveriu vėl yra");
         showBooks();
+    } else if (const QString refusal = seekRefusal(*MainDatas()->mnFin_Db()); !refusal.isEmpty()) {
+        tell("Serveris neįsileidžia", refusal);
     }
 }
 

@@ -30,22 +30,28 @@ void requireFile(const TSessionSettings &settings)
             u"Nėra duomenų bazės failo „%1“."_s.arg(QDir::toNativeSeparators(settings.file)));
 }
 
+// How the user calls the books of a session.
+QString booksName(const TDatabase &database)
+{
+    return database.AliasName() == u"mnRavl" ? u"vartotojų ir biudžeto knygos"_s : u"apskaitos knygos"_s;
+}
+
 void requireSchema(TDatabase &database)
 {
     const int revision = revisionOf(database);
-    const QString alias = database.AliasName();
+    const QString books = booksName(database);
     if (revision > latestRevision())
         throw ENewerDatabase(
-            u"Duomenų bazė „%1“ atnaujinta naujesne programa (versija %2, ši programa žino %3). "
-            "Atnaujinkite programą."_s.arg(alias)
+            u"Atnaujinkite programą šioje darbo vietoje: knygos atnaujintos naujesne programa "
+            "(%1: versija %2, ši programa žino %3)."_s.arg(books)
                 .arg(revision)
                 .arg(latestRevision()));
     if (revision == 0)
-        throw EDatabaseError(u"Duomenų bazėje „%1“ nėra programos lentelių. Jas sukuria komanda "
-                             "„velmora-db upgrade“."_s.arg(alias));
+        throw EDatabaseError(u"Kreipkitės į knygų prižiūrėtoją: nėra programos lentelių (%1; jas sukuria "
+                             "„velmora-db upgrade“)."_s.arg(books));
     if (revision < latestRevision())
-        throw EOlderDatabase(u"Duomenų bazė „%1“ yra senesnės versijos (%2 iš %3). Ją reikia atnaujinti "
-                             "komanda „velmora-db upgrade“."_s.arg(alias)
+        throw EOlderDatabase(u"Kreipkitės į knygų prižiūrėtoją: knygos senesnės už šią programą, jas reikia "
+                             "atnaujinti (%1: versija %2 iš %3; „velmora-db upgrade“)."_s.arg(books)
                                  .arg(revision)
                                  .arg(latestRevision()));
 }

@@ -120,6 +120,11 @@ bool seekServer(TDatabase &session)
     return ServerSession::of(session).editing->seek();
 }
 
+QString seekRefusal(const TDatabase &session)
+{
+    return ServerSession::of(session).editing->refusal();
+}
+
 void setCommitWitness(TDatabase &session, const QString &question)
 {
     ServerSession::of(session).fates.witness = question;

@@ -15,7 +15,7 @@ public:
     void settle(EngineConnection &connection);
 
     // A question in the engine's own wording, %1 stands for the server's number of the transaction; it
-    // answers a truth.
+    // answers a truth, or null.
     QString witness;
 
 private:

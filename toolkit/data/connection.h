@@ -65,10 +65,13 @@ public:
     virtual std::optional<TServerLink> link() const { return {}; }
     // A step towards a server that is lost, without waiting; true when it was reached.
     virtual bool seek() { return true; }
+    // Why the server that is sought lets nobody in, in words for the user; empty while that is not known.
+    virtual QString refusal() const { return {}; }
     // The server's own number of the transaction that was begun last.
     virtual QByteArray transactionId() const { return {}; }
     // Seeks the server for that long and asks what became of that transaction. The witness is a question in
-    // the server's own wording; what is said to be written is believed when it answers true, or is empty.
+    // the server's own wording; what is said to be written is believed when it answers true, or is empty, and
+    // was another's when it answers false.
     virtual TCommitFate fateOf(const QByteArray & /*id*/, const QByteArray & /*witness*/, int /*seekMs*/)
     {
         return TCommitFate::NotToBeFound;

@@ -24,6 +24,10 @@ std::optional<TServerLink> serverLink(const TDatabase &session);
 // connects at its next use.
 bool seekServer(TDatabase &session);
 
+// Why the server that is sought does not let the session in, in words for the user; empty while it is not
+// reached, and when it will let it in by itself.
+QString seekRefusal(const TDatabase &session);
+
 // A commit whose answer is lost with the server is looked up before TDatabase::Commit() returns: it returns
 // when the changes were written, and raises ECommitUnknown when they were not or that cannot be told. Where
 // it cannot be told yet, whoever saved asks foundWritten() before he saves once more. Where nobody does, the
@@ -63,7 +67,7 @@ bool foundWritten(qlonglong &number);
 
 // A server that was not stopped in order may give the number of a transaction that was lost to another one.
 // The question, in the server's own wording and with %1 for that number, is whether the transaction was the
-// session's; it answers a truth. Without a question that is taken for granted.
+// session's; it answers a truth, or null where nobody can tell. Without a question that is taken for granted.
 void setCommitWitness(TDatabase &session, const QString &question);
 
 // How many milliseconds a server is sought each time that one must know; a minute at first. Returns the

@@ -34,6 +34,10 @@ TCommitFate CommitQuestion::ask(PGconn &connection) const
         return TCommitFate::NotWritten;
     if (told == "in progress")
         return TCommitFate::NotKnownYet;
-    const bool isOurs = told == "committed" && (witness.isEmpty() || answer(connection, witness) == "t");
-    return isOurs ? TCommitFate::Written : TCommitFate::NotToBeFound;
+    if (told != "committed")
+        return TCommitFate::NotToBeFound;
+    const QByteArray isOurs = witness.isEmpty() ? "t" : answer(connection, witness);
+    if (isOurs == "t")
+        return TCommitFate::Written;
+    return isOurs == "f" ? TCommitFate::NotWritten : TCommitFate::NotToBeFound;
 }

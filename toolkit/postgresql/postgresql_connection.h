@@ -37,6 +37,7 @@ public:
     bool inTransaction() const override;
     std::optional<TServerLink> link() const override;
     bool seek() override;
+    QString refusal() const override { return seeker ? seeker->refusal() : QString(); }
     QByteArray transactionId() const override { return number; }
     TCommitFate fateOf(const QByteArray &id, const QByteArray &witness, int seekMs) override;
     void mistrust() override { trusted = false; }

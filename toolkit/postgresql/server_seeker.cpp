@@ -7,7 +7,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int longestTryMs = 5000; // a server that does not answer must not hold up the next
-constexpr int pauseMs = 300;       // after one that refuses at once
+constexpr int pauseMs = 300;       // after one that is not there
+constexpr int longPauseMs = 5000; // after one that answers, and somebody must do something about what it says
 
 bool isThisMachine(const QByteArray &name, const QByteArray &address)
 {
@@ -54,6 +55,20 @@ void ServerSeeker::tryNext()
     const bool begun = connection && PQstatus(connection.get()) != CONNECTION_BAD;
     status = begun ? PGRES_POLLING_WRITING : PGRES_POLLING_FAILED;
     sinceTry.start();
+    if (!begun)
+        failed();
+}
+
+void ServerSeeker::failed()
+{
+    const QString why = lastingRefusal(QString::fromUtf8(PQerrorMessage(connection.get())));
+    if (!why.isEmpty())
+        refused = why;
+}
+
+int ServerSeeker::pause() const
+{
+    return refused.isEmpty() || servers.size() > 1 ? pauseMs : longPauseMs;
 }
 
 bool ServerSeeker::step()
@@ -62,7 +77,7 @@ bool ServerSeeker::step()
         return true;
     const bool waits = status == PGRES_POLLING_READING || status == PGRES_POLLING_WRITING;
     if (!waits || sinceTry.hasExpired(longestTryMs)) {
-        if (!sinceTry.isValid() || sinceTry.hasExpired(pauseMs))
+        if (!sinceTry.isValid() || sinceTry.hasExpired(pause()))
             tryNext();
         return false;
     }
@@ -70,8 +85,10 @@ bool ServerSeeker::step()
         status = PQconnectPoll(connection.get());
         if (status == PGRES_POLLING_OK)
             return true;
-        if (status == PGRES_POLLING_FAILED)
+        if (status == PGRES_POLLING_FAILED) {
+            failed();
             return false;
+        }
     }
     return false;
 }

@@ -25,15 +25,20 @@ public:
 
     // Takes a step; true once a server is reached.
     bool step();
+    // Why the last server that answered lets nobody in; empty while none did, and when it will by itself.
+    QString refusal() const { return refused; }
     // The connection to the server that was reached; the seeking begins anew afterwards.
     OwnServerConnection take();
 
 private:
     void tryNext();
+    void failed();
+    int pause() const;
 
     const QList<ServerWords> servers;
     qsizetype next = 0;
     OwnServerConnection connection;
     PostgresPollingStatusType status = PGRES_POLLING_FAILED;
     QElapsedTimer sinceTry;
+    QString refused;
 };

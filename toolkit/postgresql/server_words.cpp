@@ -4,6 +4,7 @@
 
 #include <libpq-fe.h>
 
+#include <algorithm>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -25,50 +26,81 @@ struct FreeOptions {
     void operator()(PQconninfoOption *options) const { PQconninfoFree(options); }
 };
 
+// Whether a refusal goes by without anybody doing something about it: the server begins or ends its work, or
+// the network does not know it.
+enum class Lasts { Yes, No };
+
 struct Refusal {
     QLatin1StringView words; // as server and client word it
     const char16_t *told;
+    Lasts lasts = Lasts::Yes;
 };
+
+constexpr char16_t notFromHere[] =
+    u"Kreipkitės į serverio prižiūrėtoją: serveris neleidžia jungtis iš šios darbo vietos arba šiam "
+    "naudotojui (pg_hba.conf).";
+constexpr char16_t ownCertificate[] =
+    u"Kreipkitės į serverio prižiūrėtoją: serveris nepriėmė šios darbo vietos liudijimo (sslcert).";
+constexpr char16_t fullServer[] =
+    u"Prie serverio jau prisijungta tiek kartų, kiek jis leidžia. Palaukite, kol kas nors baigs darbą.";
+constexpr char16_t onlyStandby[] =
+    u"Pasiektas tik atsarginis serveris, kuriame duomenų keisti negalima: pagrindinis neveikia.";
+constexpr char16_t beginning[] = u"Serveris dar tik pradeda darbą. Palaukite ir pabandykite dar kartą.";
 
 // The first that fits is told, so the narrower words stand before the wider ones.
 constexpr Refusal refusals[] = {
     {"does not match host name"_L1,
-     u"Serverio liudijimas išduotas ne šiam serverio vardui: patikrinkite vardą "
-     "prisijungimo nustatymuose."},
+     u"Kreipkitės į serverio prižiūrėtoją: serverio liudijimas išduotas ne šiam serverio vardui, kuris yra "
+     "prisijungimo nustatymuose (host)."},
     {"could not get server's host name from server certificate"_L1,
-     u"Serverio liudijime nėra serverio vardo."},
+     u"Kreipkitės į serverio prižiūrėtoją: serverio liudijime nėra serverio vardo."},
     {"certificate verify failed"_L1,
-     u"Serverio liudijimas nepatikimas: jo neišdavė nurodyta įstaiga, arba jis nebegalioja."},
+     u"Kreipkitės į serverio prižiūrėtoją: serverio liudijimas nepatikimas, nes jo neišdavė nurodyta įstaiga "
+     "arba jis nebegalioja (sslrootcert)."},
     {"root certificate file"_L1,
-     u"Nėra arba netinka failas su liudijimais, kuriais tikrinamas serveris (sslrootcert)."},
-    {"does not support SSL"_L1, u"Serveris nešifruoja ryšio, o nustatymai to reikalauja (sslmode)."},
-    {"SSL encryption"_L1, u"Serveris neleidžia jungtis iš šios darbo vietos arba šiam naudotojui."},
-    {"no encryption"_L1, u"Serveris neleidžia jungtis nešifruotu ryšiu (sslmode) arba iš šios darbo vietos."},
-    {"valid client certificate"_L1, u"Serveris reikalauja šios darbo vietos liudijimo (sslcert ir sslkey)."},
-    {"private key"_L1, u"Netinka šios darbo vietos raktas (sslkey): jį turi galėti skaityti tik savininkas."},
-    {"certificate authentication failed"_L1, u"Serveris nepriėmė šios darbo vietos liudijimo (sslcert)."},
-    {"unknown ca"_L1, u"Serveris nepriėmė šios darbo vietos liudijimo (sslcert)."},
-    {"SSL error"_L1, u"Nepavyko su serveriu susitarti dėl ryšio šifravimo."},
-    {"certificate file"_L1, u"Netinka šios darbo vietos liudijimo failas (sslcert)."},
-    {"pg_hba.conf"_L1, u"Serveris neleidžia jungtis iš šios darbo vietos arba šiam naudotojui."},
-    {"too many"_L1, u"Prie serverio jau prisijungta tiek kartų, kiek jis leidžia. Palaukite, kol kas nors "
-                    "baigs darbą."},
-    {"connection slots are reserved"_L1,
-     u"Prie serverio jau prisijungta tiek kartų, kiek jis leidžia. Palaukite, kol kas nors baigs darbą."},
+     u"Kreipkitės į serverio prižiūrėtoją: nėra arba netinka failas su liudijimais, kuriais tikrinamas "
+     "serveris (sslrootcert)."},
+    {"does not support SSL"_L1,
+     u"Kreipkitės į serverio prižiūrėtoją: serveris nešifruoja ryšio, o nustatymai to reikalauja (sslmode)."},
+    {"SSL encryption"_L1, notFromHere},
+    {"no encryption"_L1,
+     u"Kreipkitės į serverio prižiūrėtoją: serveris neleidžia jungtis nešifruotu ryšiu arba iš šios darbo "
+     "vietos (sslmode, pg_hba.conf)."},
+    {"valid client certificate"_L1,
+     u"Kreipkitės į serverio prižiūrėtoją: serveris reikalauja šios darbo vietos liudijimo (sslcert, "
+     "sslkey)."},
+    {"private key"_L1,
+     u"Kreipkitės į serverio prižiūrėtoją: netinka šios darbo vietos raktas, jį turi galėti skaityti tik "
+     "savininkas (sslkey)."},
+    {"certificate authentication failed"_L1, ownCertificate},
+    {"unknown ca"_L1, ownCertificate},
+    {"SSL error"_L1, u"Nepavyko su serveriu susitarti dėl ryšio šifravimo (SSL).", Lasts::No},
+    {"certificate file"_L1,
+     u"Kreipkitės į serverio prižiūrėtoją: netinka šios darbo vietos liudijimo failas (sslcert)."},
+    {"pg_hba.conf"_L1, notFromHere},
+    {"too many"_L1, fullServer},
+    {"connection slots are reserved"_L1, fullServer},
     {"password"_L1, u"Serveris nepriėmė naudotojo vardo arba slaptažodžio, arba slaptažodis nebegalioja."},
-    {"not permitted to log in"_L1, u"Šiam serverio naudotojui jungtis neleista."},
-    {"permission denied"_L1, u"Šiam naudotojui ši duomenų bazė neprieinama."},
-    {"session is read-only"_L1,
-     u"Pasiektas tik atsarginis serveris, kuriame duomenų keisti negalima: pagrindinis neveikia."},
-    {"hot standby"_L1,
-     u"Pasiektas tik atsarginis serveris, kuriame duomenų keisti negalima: pagrindinis neveikia."},
-    {"starting up"_L1, u"Serveris dar tik pradeda darbą. Palaukite ir pabandykite dar kartą."},
-    {"not yet accepting"_L1, u"Serveris dar tik pradeda darbą. Palaukite ir pabandykite dar kartą."},
-    {"in recovery mode"_L1, u"Serveris atsigauna po gedimo. Palaukite ir pabandykite dar kartą."},
-    {"shutting down"_L1, u"Serveris baigia darbą."},
+    {"not permitted to log in"_L1,
+     u"Kreipkitės į serverio prižiūrėtoją: šiam serverio naudotojui jungtis neleista."},
+    {"permission denied"_L1,
+     u"Kreipkitės į serverio prižiūrėtoją: šiam naudotojui ši duomenų bazė neprieinama."},
+    {"session is read-only"_L1, onlyStandby, Lasts::No},
+    {"hot standby"_L1, onlyStandby, Lasts::No},
+    {"starting up"_L1, beginning, Lasts::No},
+    {"not yet accepting"_L1, beginning, Lasts::No},
+    {"in recovery mode"_L1, u"Serveris atsigauna po gedimo. Palaukite ir pabandykite dar kartą.", Lasts::No},
+    {"shutting down"_L1, u"Serveris baigia darbą.", Lasts::No},
     {"does not exist"_L1, u"Serveryje nėra tokios duomenų bazės arba tokio naudotojo."},
-    {"translate host name"_L1, u"Tokio serverio tinkle nėra: patikrinkite jo vardą."},
+    {"translate host name"_L1, u"Tokio serverio tinkle nėra: patikrinkite jo vardą.", Lasts::No},
 };
+
+const Refusal *refusalIn(const QString &serverText)
+{
+    const auto *found = std::find_if(std::begin(refusals), std::end(refusals),
+                                     [&](const Refusal &each) { return serverText.contains(each.words); });
+    return found == std::end(refusals) ? nullptr : found;
+}
 
 QByteArray partOf(const QByteArray &list, qsizetype index)
 {
@@ -119,14 +151,16 @@ QList<ServerWords> wordsOfEachServer(const ServerWords &words)
     return each;
 }
 
+QString lastingRefusal(const QString &serverText)
+{
+    const Refusal *refusal = refusalIn(serverText);
+    return refusal && refusal->lasts == Lasts::Yes ? QString::fromUtf16(refusal->told) : QString();
+}
+
 void raiseRefusedConnection(const QString &serverText)
 {
-    QString told = u"Serveris nepasiekiamas: patikrinkite jo vardą ir ar jis veikia."_s;
-    for (const Refusal &refusal : refusals) {
-        if (serverText.contains(refusal.words)) {
-            told = QString::fromUtf16(refusal.told);
-            break;
-        }
-    }
+    const Refusal *refusal = refusalIn(serverText);
+    const QString told = refusal ? QString::fromUtf16(refusal->told)
+                                 : u"Serveris nepasiekiamas: patikrinkite jo vardą ir ar jis veikia."_s;
     throw EConnectionLost(u"Nepavyko prisijungti prie duomenų bazės serverio. "_s + told, serverText);
 }

@@ -1,5 +1,6 @@
 #include "database/history.h"
 #include "host/app/main_window.h"
+#include "host/app/server_panel.h"
 #include "host/controls/browse_frm.h"
 #include "tests/host/books.h"
 #include "tests/support/cutting_proxy.h"
@@ -152,6 +153,23 @@ TEST_P(LostServer, AnotherTransactionOfTheSameNumberIsNotTakenForTheOwn)
     const QString question = u"select sys_ar_irasyta('%1'::xid8)"_s.arg(number);
     EXPECT_EQ(nativeValue(*secondFin(), question), u"true"_s);
     EXPECT_EQ(nativeValue(*fin, question), u"false"_s);
+    setCommitWitness(*fin, u"select sys_ar_irasyta('%1'::xid8) and false"_s);
+    addCode([&](TDialog &dialog) {
+        proxy.cutAt(CuttingProxy::Cut::AfterCommit);
+        EXPECT_TRUE(refusal(dialog).contains(u"Neįrašyta."_s));
+        leaveUnsaved(dialog);
+    });
+}
+
+// It proves nothing either way.
+TEST_P(LostServer, ATransactionWithoutRecordsIsNobodys)
+{
+    secondFin()->StartTransaction();
+    const QString number = nativeValue(*secondFin(), u"select pg_current_xact_id()::text"_s);
+    secondFin()->Commit();
+    EXPECT_EQ(
+        nativeValue(*fin, u"select coalesce(sys_ar_irasyta('%1'::xid8)::text, 'nežinia')"_s.arg(number)),
+        u"nežinia"_s);
 }
 
 TEST_P(AwayServer, WhatCannotBeToldYetIsLookedUpBeforeTheNextAttempt)
@@ -242,6 +260,24 @@ TEST_P(AwayServer, AListDoesNotWriteOnceMoreWhatWasWritten)
     EXPECT_TRUE(boxes.texts().join(u'|').contains(u"Vėlesni pakeitimai neįrašyti"_s));
     EXPECT_TRUE(boxes.texts().join(u'|').contains(u"patikrinta: Įrašyta."_s));
     EXPECT_EQ(rows(*secondFin(), u"select obj_pavad from bd_objektai"_s), QStringList{u"Mokykla"_s});
+}
+
+TEST_P(LostServer, AServerThatIsFoundButLetsNobodyInSaysWhy)
+{
+    const QString limit =
+        u"alter database %1 connection limit %2"_s.arg(finSettings().connInfo.section(u"dbname="_s, 1));
+    addCode([&](TDialog &dialog) {
+        postgresExec(limit.arg(0));
+        proxy.cutNow();
+        EXPECT_TRUE(refusal(dialog).contains(u"Nutrūko ryšys"_s));
+        EXPECT_TRUE(comesToTell(u"Serveris neįsileidžia"_s)) << told().toStdString();
+        const auto *panel = window->findChild<TServerPanel *>();
+        EXPECT_TRUE(panel->toolTip().contains(u"tiek kartų, kiek jis leidžia"_s))
+            << panel->toolTip().toStdString();
+        postgresExec(limit.arg(-1));
+        EXPECT_TRUE(comesToTell(u"Duomenų bazės serveris"_s)) << told().toStdString();
+        leaveUnsaved(dialog);
+    });
 }
 
 TEST_P(LostServer, OpenWindowsStayAndTheNextAttemptGoesOn)
