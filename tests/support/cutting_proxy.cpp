@@ -139,6 +139,7 @@ bool CuttingProxy::ask(Pair &pair)
         if (now == Cut::BeforeCommit)
             return false;
         pair.awaitsAnswer = now == Cut::AfterCommit;
+        pair.hangs = pair.hangs || now == Cut::Silence;
     }
     return sendAll(pair.upstream, data);
 }
@@ -146,5 +147,7 @@ bool CuttingProxy::ask(Pair &pair)
 bool CuttingProxy::answer(const Pair &pair)
 {
     const QByteArray data = received(pair.upstream);
+    if (pair.hangs)
+        return !data.isEmpty();
     return !data.isEmpty() && !(pair.awaitsAnswer && data.contains("COMMIT")) && sendAll(pair.client, data);
 }

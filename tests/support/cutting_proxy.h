@@ -23,9 +23,11 @@ public:
     enum class Cut {
         Never,
         BeforeCommit, // the next commit does not reach the server
-        AfterCommit   // the next commit is done, but its answer does not come back
+        AfterCommit,  // the next commit is done, but its answer does not come back
+        Silence       // the same, and the connection hangs instead of being cut
     };
-    // Ends the connection that the next commit is sent on. With away, nobody gets through afterwards.
+    // Ends the connection that the next commit is sent on, unless it hangs. With away, nobody gets through
+    // afterwards.
     void cutAt(Cut when, bool away = false);
     // Ends all connections; with away, nobody gets through afterwards.
     void cutNow(bool away = false);
@@ -42,6 +44,7 @@ private:
         int upstream;
         bool edits = false; // lists are read over other connections, which commit, too
         bool awaitsAnswer = false;
+        bool hangs = false;
     };
     bool ask(Pair &pair);
     static bool answer(const Pair &pair);

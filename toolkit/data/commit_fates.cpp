@@ -22,6 +22,12 @@ int &seekPatience()
     return milliseconds;
 }
 
+int &patienceOfCommits()
+{
+    static int milliseconds = 120'000;
+    return milliseconds;
+}
+
 TLinkHook &linkHook()
 {
     static TLinkHook hook;
@@ -133,6 +139,16 @@ void setCommitWitness(TDatabase &session, const QString &question)
 int setSeekPatience(int milliseconds)
 {
     return std::exchange(seekPatience(), milliseconds);
+}
+
+int setCommitPatience(int milliseconds)
+{
+    return std::exchange(patienceOfCommits(), milliseconds);
+}
+
+int commitPatience()
+{
+    return patienceOfCommits();
 }
 
 ServerSession::ServerSession(const TDatabase &session)

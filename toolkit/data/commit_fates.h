@@ -41,4 +41,7 @@ struct ServerSession {
     CommitFates fates;
 };
 
+// How many milliseconds a commit may last.
+int commitPatience();
+
 void tellLinkEvent(TLinkEvent event);

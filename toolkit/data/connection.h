@@ -56,7 +56,8 @@ public:
     virtual void run(const QByteArray &script) = 0;
 
     virtual void begin() = 0;
-    virtual void commit() = 0;
+    // Raises EConnectionLost also when a server has not answered within that time.
+    virtual void commit(int patienceMs) = 0;
     virtual void rollback() = 0;
     virtual bool inTransaction() const = 0;
 

@@ -147,7 +147,7 @@ void TDatabase::Commit()
     if (!InTransaction())
         return;
     try {
-        d->editing->commit();
+        d->editing->commit(commitPatience());
     } catch (const EConnectionLost &loss) {
         d->fates.answerLost(*d->editing, d->transaction, loss.serverText);
     }

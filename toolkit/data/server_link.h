@@ -74,6 +74,10 @@ void setCommitWitness(TDatabase &session, const QString &question);
 // former.
 int setSeekPatience(int milliseconds);
 
+// How many milliseconds the answer to a commit is waited for before it is taken for lost, as a server that
+// hangs answers nothing and ends nothing; two minutes at first. Returns the former.
+int setCommitPatience(int milliseconds);
+
 // What the user is told of it.
 QString toldFate(TCommitFate fate);
 

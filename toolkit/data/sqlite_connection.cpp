@@ -175,7 +175,7 @@ void SqliteConnection::begin()
     run("begin immediate");
 }
 
-void SqliteConnection::commit()
+void SqliteConnection::commit(int /*patienceMs*/)
 {
     run("commit");
 }

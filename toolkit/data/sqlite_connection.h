@@ -23,7 +23,7 @@ public:
     std::unique_ptr<TStatement> prepare(const TranslatedSql &sql) override;
     void run(const QByteArray &script) override;
     void begin() override;
-    void commit() override;
+    void commit(int patienceMs) override;
     void rollback() override;
     bool inTransaction() const override;
     void forgetPrepared() override;

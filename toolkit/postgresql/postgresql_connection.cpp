@@ -5,7 +5,7 @@
 #include "toolkit/postgresql/server_types.h"
 #include "toolkit/postgresql/statement_postgresql.h"
 
-#include <QDeadlineTimer>
+#include <QScopeGuard>
 #include <QThread>
 
 #include <array>
@@ -157,6 +157,8 @@ void PostgresConnection::waitForServer(const QByteArray &text)
         const int ready = poll(&socket, 1, pollMs);
         if (ready < 0 && errno != EINTR)
             serverLost(QString::fromLocal8Bit(strerror(errno)), text);
+        if (patience.hasExpired())
+            serverLost(u"no answer in time"_s, text);
         busy.beat();
         if (ready > 0 && !PQconsumeInput(conn))
             serverLost(QString::fromUtf8(PQerrorMessage(conn)).trimmed(), text);
@@ -307,8 +309,10 @@ void PostgresConnection::begin()
 }
 
 // The server answers the commit of a failed transaction with a roll-back; that is a failure.
-void PostgresConnection::commit()
+void PostgresConnection::commit(int patienceMs)
 {
+    patience.setRemainingTime(patienceMs);
+    const auto anyTime = qScopeGuard([this] { patience = QDeadlineTimer::Forever; });
     const ServerResult result = query("commit");
     if (qstrcmp(PQcmdStatus(result.get()), "COMMIT") != 0)
         throw EDatabaseError(u"Pakeitimai neįrašyti: ankstesnis operacijos veiksmas nepavyko."_s,

@@ -3,6 +3,7 @@
 #include "toolkit/data/connection.h"
 #include "toolkit/postgresql/server_seeker.h"
 
+#include <QDeadlineTimer>
 #include <QHash>
 
 struct FreeServerResult {
@@ -32,7 +33,7 @@ public:
     std::unique_ptr<TStatement> prepare(const TranslatedSql &sql) override;
     void run(const QByteArray &script) override;
     void begin() override;
-    void commit() override;
+    void commit(int patienceMs) override;
     void rollback() override;
     bool inTransaction() const override;
     std::optional<TServerLink> link() const override;
@@ -75,6 +76,7 @@ private:
     bool lost = false;
     bool trusted = true;
     bool waiting = false;
+    QDeadlineTimer patience = QDeadlineTimer::Forever; // until when an answer is waited for
     int connections = 0;
     int cursors = 0;
     qlonglong names = 0;

@@ -16,7 +16,8 @@ struct ConnectionWord {
     const char *value;
 };
 
-// Given unless the settings word them themselves: a station must notice a server that froze.
+// Given unless the settings word them themselves: a station must notice a machine that froze or is cut off.
+// Of a machine that lives on while its server hangs they tell nothing.
 constexpr ConnectionWord defaultWords[] = {
     {"connect_timeout", "10"}, {"keepalives_idle", "10"},     {"keepalives_interval", "5"},
     {"keepalives_count", "3"}, {"tcp_user_timeout", "30000"},

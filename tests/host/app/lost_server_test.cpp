@@ -142,6 +142,21 @@ TEST_P(LostServer, ACommitThatWasNotDoneIsToldAndTheDialogStaysAsTyped)
     EXPECT_EQ(shown(), QStringList{u"77"_s});
 }
 
+// The way stands, so that nothing but the time tells.
+TEST_P(LostServer, ACommitThatAHangingServerDoesNotAnswerIsLookedUp)
+{
+    NextBoxes boxes{QMessageBox::Ok};
+    addCode([&](TDialog &dialog) {
+        proxy.cutAt(CuttingProxy::Cut::Silence);
+        const int former = setCommitPatience(2'000);
+        save(dialog);
+        setCommitPatience(former);
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    EXPECT_TRUE(boxes.at(0).text.contains(u"Įrašyta."_s)) << boxes.at(0).text.toStdString();
+    EXPECT_EQ(stored(), code);
+}
+
 // A server that took over without the transaction gives its number to somebody else, who commits.
 TEST_P(LostServer, AnotherTransactionOfTheSameNumberIsNotTakenForTheOwn)
 {
