@@ -157,7 +157,7 @@ void PostgresConnection::waitForServer(const QByteArray &text)
         const int ready = poll(&socket, 1, pollMs);
         if (ready < 0 && errno != EINTR)
             serverLost(QString::fromLocal8Bit(strerror(errno)), text);
-        if (patience.hasExpired())
+        if (answerBy.hasExpired())
             serverLost(u"no answer in time"_s, text);
         busy.beat();
         if (ready > 0 && !PQconsumeInput(conn))
@@ -311,8 +311,8 @@ void PostgresConnection::begin()
 // The server answers the commit of a failed transaction with a roll-back; that is a failure.
 void PostgresConnection::commit(int patienceMs)
 {
-    patience.setRemainingTime(patienceMs);
-    const auto anyTime = qScopeGuard([this] { patience = QDeadlineTimer::Forever; });
+    answerBy.setRemainingTime(patienceMs);
+    const auto anyTime = qScopeGuard([this] { answerBy = QDeadlineTimer::Forever; });
     const ServerResult result = query("commit");
     if (qstrcmp(PQcmdStatus(result.get()), "COMMIT") != 0)
         throw EDatabaseError(u"Pakeitimai neįrašyti: ankstesnis operacijos veiksmas nepavyko."_s,

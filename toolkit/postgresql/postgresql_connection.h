@@ -76,7 +76,7 @@ private:
     bool lost = false;
     bool trusted = true;
     bool waiting = false;
-    QDeadlineTimer patience = QDeadlineTimer::Forever; // until when an answer is waited for
+    QDeadlineTimer answerBy = QDeadlineTimer::Forever; // how long an answer is waited for
     int connections = 0;
     int cursors = 0;
     qlonglong names = 0;

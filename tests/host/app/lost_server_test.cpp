@@ -241,9 +241,9 @@ TEST_P(AwayServer, WhatBecameOfASaveIsToldBeforeAnotherOneBegins)
     });
     addCode(
         [&](TDialog &dialog) {
-            const QString former = refusal(dialog);
-            EXPECT_TRUE(former.contains(u"ankstesnį įrašymą. Patikrinta: Įrašyta."_s))
-                << former.toStdString();
+            const QString before = refusal(dialog);
+            EXPECT_TRUE(before.contains(u"ankstesnį įrašymą. Patikrinta: Įrašyta."_s))
+                << before.toStdString();
             EXPECT_EQ(stored(), code);
             save(dialog);
             EXPECT_FALSE(dialog.isVisible());
