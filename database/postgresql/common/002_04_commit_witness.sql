@@ -6,7 +6,7 @@ create function sys_ar_irasyta(numeris xid8) returns boolean
 language sql stable
 as $$
     select bool_or((ist_login is not distinct from nullif(current_setting('velmora.login', true), '')
-                    or ist_login = session_user::text)
+                    or ist_login is not distinct from session_user::text)
                    and ist_stotis is not distinct from nullif(current_setting('velmora.stotis', true), ''))
     from bd_istorija
     where xmin = numeris::xid
