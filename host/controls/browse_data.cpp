@@ -91,8 +91,14 @@ QString TBrowseFrm::statedOrder() const
     return description.titleOrder && isShown ? column : QString();
 }
 
+// The rows of a table come in the order of its key where nothing else is said: a server would move a row that
+// was changed to the end.
 QString TBrowseFrm::orderedSql() const
 {
+    static const QRegularExpression ordered(u"\\border\\s+by\\b"_s,
+                                            QRegularExpression::CaseInsensitiveOption);
+    if (d->orderColumn.isEmpty() && !description.table.isEmpty() && !description.sql.contains(ordered))
+        return withOrderBy(description.sql, description.keyColumn, false);
     if (d->orderColumn.isEmpty() || (d->orderColumn == d->statedOrder && !d->descending))
         return description.sql;
     return withOrderBy(description.sql, d->orderColumn, d->descending);

@@ -12,18 +12,32 @@ void fill(TQuery &row, const QVariantMap &values)
         row.FieldByName(column)->setValue(value);
 }
 
+// A value as the list shows it.
+QString textOf(TQuery &row, const TField &shown, const Variant &value)
+{
+    TField *field = row.FieldByName(shown.FieldName());
+    field->OnGetText = shown.OnGetText;
+    field->DisplayFormat = shown.DisplayFormat;
+    row.Edit();
+    field->setValue(value);
+    const QString text = field->DisplayText();
+    row.Cancel();
+    return text;
+}
+
 // Columns that are neither as they were read nor as they shall be.
 void requireUnchanged(TQuery &row, const QVariantMap &values, const QVariantMap &asRead,
                       const TDataSet &shown)
 {
     QList<TChangedColumn> changed;
     for (const auto &[column, value] : values.asKeyValueRange()) {
-        const TField *field = row.FieldByName(column);
         const Variant before = asRead.value(column);
-        if (sameKey(field->Value(), before) || sameKey(field->Value(), value))
+        const Variant theirs = row.FieldByName(column)->Value();
+        if (sameKey(theirs, before) || sameKey(theirs, value))
             continue;
-        changed.append({column, shown.FieldByName(column)->label(), before, field->Value(), value,
-                        before.toString(), field->DisplayText(), value.toString()});
+        const TField &told = *shown.FieldByName(column);
+        changed.append({column, told.label(), before, theirs, value, textOf(row, told, before),
+                        textOf(row, told, theirs), textOf(row, told, value)});
     }
     if (!changed.isEmpty())
         throw EChangedElsewhere(changed);

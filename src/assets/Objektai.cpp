@@ -19,7 +19,7 @@ TObjektFrm::TObjektFrm(QWidget *owner)
                   .used = {"Objektas \"%s\" yra naudojamas!", "obj_pavad"},
                   .newCaption = "Naujo objekto įvedimas",
                   .editCaption = "Objekto pavadinimo redagavimas",
-                  .values = {.ask = Editf::askName("obj_pavad"),
+                  .values = {.ask = Editf::askName("obj_pavad", 66),
                              .key = TKeyRule::largestPlusOne("select max(obj_id) from bd_objektai"),
                              .newFailure = "Naujo objekto sukurti nepavyko",
                              .editFailure = "Pakeitimų padaryti nepavyko"}},

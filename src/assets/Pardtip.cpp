@@ -19,7 +19,7 @@ TPardTipFrm::TPardTipFrm(QWidget *owner)
                   .used = {"Nurašymo-pardavimo būdas \"%s\" panaudotas turto apskaitoje!", "pat_pav"},
                   .newCaption = "Naujo pardavimo būdo įvedimas",
                   .editCaption = "Pardavimo būdo redagavimas",
-                  .values = {.ask = Editf::askName("pat_pav"),
+                  .values = {.ask = Editf::askName("pat_pav", 67),
                              .key = TKeyRule::drawn(
                                  "select GetNextTableColumnId('dba','it_pardTip','Pat_ID') from dummy")}},
                  owner)

@@ -22,7 +22,11 @@ TNuomDlg::TNuomDlg(const AnsiString &caption, const TRecordStart &start)
            .unique = {{"nuom_kod"}},
            .rows = {TFieldRow::edit("Pavadinimas", "NUOM_PAVAD").required().width(60),
                     TFieldRow::edit("Adresas", "NUOM_ADR"), TFieldRow::edit("Telefonas", "NUOM_TEL"),
-                    TFieldRow::edit("Įmonės kodas", "NUOM_I_KOD").maxLength(11).format("#"),
+                    TFieldRow::edit("Įmonės kodas", "NUOM_I_KOD")
+                        .digitsTyped()
+                        .maxLength(11)
+                        .between(1, 99999999999)
+                        .format("#"),
                     TFieldRow::edit("PVM kodas", "NUOM_PVM_KOD"),
                     TFieldRow::edit("Banko sąskaita", "NUOM_EIN_SAS"),
                     TFieldRow::edit("Bankas", "NUOM_BANK_PAV"),

@@ -19,7 +19,9 @@ TVeiklRedFrm::TVeiklRedFrm()
            .table = "du_veikl",
            .keyColumn = "VKL_ID",
            .key = TKeyRule::drawn("select GetNextTableColumnId('dba','DU_VEIKL','VKL_ID') from dummy"),
-           .rows = {TFieldRow::edit("Kodas", "VKL_KODAS"),
+           .rows = {TFieldRow::edit("Kodas", "VKL_KODAS")
+                        .digitsTyped()
+                        .between(0, std::numeric_limits<int>::max()),
                     TFieldRow::edit("Pavadinimas", "VKL_PAVAD").required().width(50)},
            .buttons = saveAndCancel("Išsaugoti", "Atsisakyti")},
           TRecordStart::onRowOf("TVeiklFrm"))

@@ -46,8 +46,12 @@ void TBankaiDlg::Validate()
 {
     TRecordDialog::Validate();
     const TField *central = field("BNK_BNKKODAS");
-    if (!central->IsNull() && sameKey(central->Value(), rowKey()))
-        refuse("BNK_BNKKODAS", "Bankas negali būti pats sau centrinis bankas!");
+    if (central->IsNull())
+        return;
+    // A new code goes along with the banks below: the former one would come to mean the bank itself.
+    for (const Variant &own : {rowKey(), field("BNK_KODAS")->OldValue()})
+        if (sameKey(central->Value(), own))
+            refuse("BNK_BNKKODAS", "Bankas negali būti pats sau centrinis bankas!");
 }
 
 } // namespace Bankaied

@@ -10,10 +10,14 @@ TEinSasItem *EinSasItem = nullptr;
 namespace {
 
 // Nothing, 0 and what is no whole number are no code of a bank.
-Variant bankCode(const QString &typed)
+Variant bankCode(const TField &field, const QString &typed)
 {
     static const QRegularExpression code("^\\s*-?0*[1-9]\\d*\\s*$");
-    return typed.contains(code) ? Variant(typed) : Variant();
+    if (!typed.contains(code))
+        return {};
+    if (std::abs(typed.toDouble()) > std::numeric_limits<int>::max())
+        field.refuse("skaičius per didelis.");
+    return typed;
 }
 
 } // namespace
@@ -53,9 +57,7 @@ TEinSasItem::TEinSasItem(const AnsiString &caption, const TRecordStart &start)
            .saveFailure = "Šiuo metu koreguoti lentelės \"BD_EINSAS\" negalima",
            .prepare =
                [](TQuery &account) {
-                   account.describe("EIN_BANK_KOD", [](TField &code) {
-                       code.OnSetText = [](TField &, const QString &typed) { return bankCode(typed); };
-                   });
+                   account.describe("EIN_BANK_KOD", [](TField &code) { code.OnSetText = bankCode; });
                }},
           start)
 {

@@ -194,10 +194,7 @@ void TOrgFrm::describeColumns()
             requireMunicipality(validated, code);
         };
     });
-    tbOrg.describe("org_zenklas", [](TField &field) {
-        field.DisplayLabel = "Ženklas";
-        field.OnGetText = [](TField &shown) { return QString(shown.IsNull() ? "" : "paveikslėlis"); };
-    });
+    tbOrg.describe("org_zenklas", [](TField &field) { field.DisplayLabel = "Ženklas"; });
 }
 
 // --- rules

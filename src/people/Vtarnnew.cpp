@@ -22,7 +22,7 @@ TVTarnDlg::TVTarnDlg()
            .keyColumn = "TRN_ID",
            .key = TKeyRule::drawn("select GetNextTableColumnId('dba','bd_tarn','trn_id') from dummy"),
            .rows = {TFieldRow::edit("&Pavadinimas", "TRN_PAVAD").required().width(50),
-                    TFieldRow::edit("&Koeficientas", "TRN_KOEF").between(0, 1000)},
+                    TFieldRow::edit("&Koeficientas", "TRN_KOEF").named("Koeficientas").between(0, 1000)},
            .buttons = saveAndCancel("Išsaugoti", "Atsisakyti")},
           TRecordStart::onRowOf("TVTarnFrm"))
 {

@@ -144,10 +144,11 @@ insert into du_veikl (VKL_ID, VKL_KODAS, VKL_PAVAD)
 values (:VKL_ID, :VKL_KODAS, :VKL_PAVAD)
 ;;
 -- screen: TVeiklFrm, session: mnFin_Db
+-- param VKL_ID = 1
 -- param VKL_KODAS = 10
 -- param VKL_PAVAD = 'Švietimas'
 -- param OLD_VKL_ID = 1
-update du_veikl set VKL_KODAS = :VKL_KODAS, VKL_PAVAD = :VKL_PAVAD where VKL_ID = :OLD_VKL_ID
+update du_veikl set VKL_ID = :VKL_ID, VKL_KODAS = :VKL_KODAS, VKL_PAVAD = :VKL_PAVAD where VKL_ID = :OLD_VKL_ID
 ;;
 -- screen: TVeiklFrm, session: mnFin_Db
 -- param OLD_VKL_ID = 1

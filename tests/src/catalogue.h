@@ -131,6 +131,25 @@ protected:
             };
         });
     }
+    // Adds what the user fills in, while another station takes the key by its own statement. An embedded
+    // database lets the other wait for the save; a server refuses who comes second, in these words, and the
+    // user saves again.
+    void addWhileItsKeyIsTaken(const char *keyColumn, const QString &theirs, const QString &words, User fill)
+    {
+        const bool isServer = engine() == Engine::PostgreSql;
+        add([&](Dialog &dialog) {
+            fill(dialog);
+            bool taken = false;
+            whenKeyIsDrawn(dialog, keyColumn, [&] {
+                taken = elsewhere([&theirs](TDatabase &station) { station.ExecSQL(theirs); });
+            });
+            if (isServer) {
+                EXPECT_EQ(refusal(dialog), words);
+            }
+            save(dialog);
+            EXPECT_EQ(taken, isServer);
+        });
+    }
     // Whether another station could write just now; it does not wait.
     bool elsewhere(const std::function<void(TDatabase &)> &write)
     {

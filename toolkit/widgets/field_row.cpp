@@ -38,12 +38,13 @@ double amountOf(const TField &field, const QString &typed)
     return amount;
 }
 
-// The column itself tells a text that is no number.
+// The column itself tells a text that is no number. A power of ten is nothing that a person writes.
 void requireBetween(const TField &field, const QString &typed, const std::pair<double, double> &bounds)
 {
     bool isNumber = false;
     const double number = QString(typed).replace(u',', u'.').toDouble(&isNumber);
-    if (isNumber && (number < bounds.first || number > bounds.second))
+    const bool isPower = typed.contains(u'e', Qt::CaseInsensitive);
+    if (isNumber && (isPower || number < bounds.first || number > bounds.second))
         throw EConvertError(u"Laukas \"%1\" turi būti nuo %2 iki %3!"_s.arg(
             field.label(), FloatToStr(bounds.first), FloatToStr(bounds.second)));
 }

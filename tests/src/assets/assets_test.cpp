@@ -4,6 +4,7 @@
 #include "src/assets/Pardtip.h"
 #include "src/assets/Pirktip.h"
 #include "tests/src/catalogue.h"
+#include "tests/support/uncommitted.h"
 
 #include <QCheckBox>
 
@@ -187,6 +188,24 @@ TEST_P(ObjectsOnServer, AServerLostWhileSavingIsToldAsSuchAndTheNameAskedForAgai
     EXPECT_EQ(stored(), QStringList("1|Kiemas"));
 }
 
+TEST_P(ObjectsOnServer, TwoStationsThatDrawTheSameKeyNeverShareIt)
+{
+    open();
+    const Uncommitted theirs(*secondFin(), "insert into bd_objektai (obj_id, obj_pavad) values (1, 'Jų')");
+    OnNextDialog<TFinEditDlg> first([](TFinEditDlg &dialog) {
+        type(edit(dialog, "Name"), "Mano");
+        save(dialog);
+    });
+    NextBoxes told{QMessageBox::Ok};
+    OnNextDialog<TFinEditDlg> second([](TFinEditDlg &dialog) {
+        EXPECT_EQ(edit(dialog, "Name")->text(), "Mano");
+        save(dialog);
+    });
+    list->NewBtnClick();
+    EXPECT_EQ(told.texts(), QStringList("Naujo objekto sukurti nepavyko"));
+    EXPECT_EQ(stored(), QStringList({"1|Jų", "2|Mano"}));
+}
+
 TEST_P(Objects, CtrlEnterAsksForTheNext)
 {
     open();
@@ -245,6 +264,24 @@ TEST_P(Disposals, OneInUseByTheAssetsCannotBeDeletedAndTheRefusalNamesIt)
     EXPECT_EQ(stored(), QStringList());
 }
 
+TEST_P(Disposals, StayInTheirOrderWhenTheFirstIsRenamed)
+{
+    books().ExecSQL("insert into it_pardtip (pat_id, pat_pav) values (5, 'Parduota')");
+    change(4, [](TFinEditDlg &dialog) {
+        type(edit(dialog, "Name"), "Utilizuota");
+        save(dialog);
+    });
+    EXPECT_EQ(shown(0), QStringList({"Utilizuota", "Parduota"}));
+}
+
+TEST_P(Disposals, TheNameIsExplainedByTheHelpOfItsList)
+{
+    change(4, [](TFinEditDlg &dialog) {
+        EXPECT_EQ(dialog.helpTopic(), 67);
+        leaveUnsaved(dialog);
+    });
+}
+
 // Two stations add at the same moment.
 TEST_P(Disposals, AKeyIsDrawnOnceForTwoStations)
 {
@@ -287,12 +324,32 @@ TEST_P(Acquisitions, ASettingThatIsNotTouchedKeepsItsNumber)
     EXPECT_EQ(stored(), QStringList("4|Pirkta|3|1"));
     change(4, [](TPirkEditDlg &dialog) {
         check(dialog, "Tipas")->click();
+        paste(edit(dialog, "Name"), QString(101, u'ž'));
+        EXPECT_EQ(edit(dialog, "Name")->text(), "Pirkta") << "not taken in part";
+        paste(edit(dialog, "Name"), QString(100, u'ž'));
+        EXPECT_EQ(edit(dialog, "Name")->text(), QString(100, u'ž'));
         type(edit(dialog, "Name"), " ");
         EXPECT_EQ(refusal(dialog), "Laukas \"Pavadinimas\" negali būti tuščias!");
         type(edit(dialog, "Name"), "Dovanota");
         save(dialog);
     });
     EXPECT_EQ(stored(), QStringList("4|Dovanota|0|1"));
+}
+
+TEST_P(Acquisitions, ASettingThatAnotherStationChangedIsToldAsTheListShowsIt)
+{
+    list->RefreshData(4);
+    OnNextDialog<TPirkEditDlg> changing([this](TPirkEditDlg &dialog) {
+        secondFin()->ExecSQL("update it_pirktip set pit_pozymis = 2");
+        check(dialog, "Pozymis")->click();
+        save(dialog);
+    });
+    NextBoxes told{QMessageBox::Ok};
+    OnNextDialog<TPirkEditDlg> again([](TPirkEditDlg &dialog) { leaveUnsaved(dialog); });
+    list->EditBtnClick();
+    EXPECT_EQ(told.texts(),
+              QStringList("Kita darbo vieta tuo tarpu pakeitė: Parama: buvo „Ne“, dabar „Taip“."));
+    EXPECT_EQ(stored(), QStringList("4|Pirkta|3|2"));
 }
 
 TEST_P(Acquisitions, OneInUseByTheAssetsCannotBeDeletedAndTheRefusalNamesIt)

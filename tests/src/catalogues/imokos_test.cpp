@@ -122,6 +122,18 @@ TEST_P(PaymentCodes, QuotesAndPercentSignsAreOrdinaryLetters)
     EXPECT_TRUE(stored().contains("'%\"|O'Ąžuolas 5 %"));
 }
 
+TEST_P(PaymentCodes, CodesThatDifferInCaseAreTwo)
+{
+    OnNextDialog<TNewImokDlg> adding([](TNewImokDlg &dialog) {
+        fill(dialog, "gpm", "Kitas");
+        pressButton(dialog, "Išsaugoti");
+    });
+    list->NewBtnClick();
+    EXPECT_EQ(list->currentKey().toString(), "gpm");
+    EXPECT_EQ(stored(),
+              QStringList({"GPM|Gyventojų pajamų mokestis", "PSD|Sveikatos draudimas", "gpm|Kitas"}));
+}
+
 TEST_P(PaymentCodes, CtrlEnterSavesAndBeginsTheNext)
 {
     OnNextDialog<TNewImokDlg> first([](TNewImokDlg &dialog) {

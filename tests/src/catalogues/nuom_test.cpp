@@ -175,8 +175,14 @@ TEST_P(Tenants, ACompanyCodeOfLettersAndASummaryAccountAreRefused)
     open();
     add([this](TNuomDlg &dialog) {
         fill(dialog, "N1", "Kepykla");
-        type(edit(dialog, "NUOM_I_KOD"), "abc");
+        type(edit(dialog, "NUOM_I_KOD"), "-1e5");
+        EXPECT_EQ(edit(dialog, "NUOM_I_KOD")->text(), "15") << "digits alone are typed";
+        paste(edit(dialog, "NUOM_I_KOD"), "abc");
         EXPECT_EQ(refusal(dialog), "Laukas \"Įmonės kodas\": „abc“ nėra skaičius.");
+        for (const char *pasted : {"-5", "1e5", "0"}) {
+            paste(edit(dialog, "NUOM_I_KOD"), pasted);
+            EXPECT_EQ(refusal(dialog), "Laukas \"Įmonės kodas\" turi būti nuo 1 iki 99999999999!") << pasted;
+        }
         type(edit(dialog, "NUOM_I_KOD"), "");
         for (const char *column : {"NUOM_SASID", "NUOM_SASID2"}) {
             EXPECT_THROW(picker(dialog, column)->setValue(deposit), Exception);

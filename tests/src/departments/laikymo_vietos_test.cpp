@@ -3,6 +3,7 @@
 #include "src/departments/Skyriailist.h"
 #include "tests/src/open_books.h"
 #include "tests/support/message_box.h"
+#include "tests/support/uncommitted.h"
 
 #include <QAction>
 #include <QLineEdit>
@@ -46,6 +47,9 @@ protected:
 };
 ON_BOTH_ENGINES(StoragePlaces);
 
+class StoragePlacesOnServer : public StoragePlaces {};
+ON_ENGINE(StoragePlacesOnServer, Engine::PostgreSql);
+
 } // namespace
 
 TEST_P(StoragePlaces, AreThoseOfOneDepartment)
@@ -80,6 +84,26 @@ TEST_P(StoragePlaces, TheFirstOneEverGetsKeyOne)
         EXPECT_EQ(list.currentKey().toInt(), 1);
     });
     EXPECT_EQ(stored(), QStringList("1|7|Rūsys"));
+}
+
+TEST_P(StoragePlacesOnServer, TwoStationsThatDrawTheSameKeyNeverShareIt)
+{
+    double id = 0;
+    OnNextDialog<TLVEditFrm> adding([this](TLVEditFrm &dialog) {
+        type(name(dialog), "Rūsys");
+        {
+            const Uncommitted theirs(
+                *secondFin(), "insert into bd_laikymo_vieta (lv_id, lv_padid, lv_pav) values (1, 8, 'Jų')");
+            NextBoxes told{QMessageBox::Ok};
+            pressButton(dialog, "Gerai");
+            EXPECT_EQ(told.texts(), QStringList("Toks įrašas jau yra."));
+        }
+        EXPECT_EQ(name(dialog)->text(), "Rūsys");
+        pressButton(dialog, "Gerai");
+    });
+    EXPECT_TRUE(ShowLVEdit(id, 7, dsInsert));
+    EXPECT_EQ(id, 2);
+    EXPECT_EQ(stored(), QStringList({"1|8|Jų", "2|7|Rūsys"}));
 }
 
 TEST_P(StoragePlaces, AreChangedAndDeletedUnlessThereAreAssets)

@@ -78,10 +78,17 @@ TEST_P(ActivityTypes, AreListedAddedChangedAndDeleted)
 TEST_P(ActivityTypes, WhatIsNoCodeAndBlanksForANameAreRefusedInWords)
 {
     OnNextDialog<TVeiklRedFrm> adding([](TVeiklRedFrm &dialog) {
-        fill(dialog, "1e400", "Ugdymas");
-        EXPECT_EQ(refusal(dialog), "Laukas \"Kodas\": „1e400“ nėra skaičius.");
-        fill(dialog, "-0,5", "Ugdymas");
-        EXPECT_EQ(refusal(dialog), "Laukas \"Kodas\": reikia sveikojo skaičiaus.");
+        fill(dialog, "-1e5", "Ugdymas");
+        EXPECT_EQ(edit(dialog, "VKL_KODAS")->text(), "15") << "digits alone are typed";
+        const QString outside = "Laukas \"Kodas\" turi būti nuo 0 iki 2147483647!";
+        for (const auto &[pasted, why] :
+             {std::pair("1e400", QString("Laukas \"Kodas\": „1e400“ nėra skaičius.")),
+              std::pair("0,5", QString("Laukas \"Kodas\": reikia sveikojo skaičiaus.")),
+              std::pair("-5", outside), std::pair("1e5", outside), std::pair("2147483648", outside)}) {
+            edit(dialog, "VKL_KODAS")->clear();
+            edit(dialog, "VKL_KODAS")->insert(pasted);
+            EXPECT_EQ(refusal(dialog), why) << pasted;
+        }
         fill(dialog, "", "   ");
         EXPECT_EQ(refusal(dialog), "Laukas \"Pavadinimas\" negali būti tuščias!");
         type(edit(dialog, "VKL_PAVAD"), QString(101, u'ž'));
@@ -90,6 +97,16 @@ TEST_P(ActivityTypes, WhatIsNoCodeAndBlanksForANameAreRefusedInWords)
     });
     list->NewBtnClick();
     EXPECT_EQ(stored().last(), "3|NULL|" + QString(100, u'ž'));
+}
+
+TEST_P(ActivityTypes, TheLargestCodeIsTaken)
+{
+    OnNextDialog<TVeiklRedFrm> adding([](TVeiklRedFrm &dialog) {
+        fill(dialog, "2147483647", "Ugdymas");
+        pressButton(dialog, "Išsaugoti");
+    });
+    list->NewBtnClick();
+    EXPECT_EQ(stored().last(), "3|2147483647|Ugdymas");
 }
 
 TEST_P(ActivityTypes, OneThatADepartmentHasIsNotDeleted)

@@ -80,6 +80,8 @@ TEST_P(Banks, ATakenCodeNoneAndAChargeThatIsNoneAreRefused)
         EXPECT_EQ(refusal(dialog), "Kodas \"70100\" jau egzistuoja");
         fill(dialog, "", "Kitas");
         EXPECT_EQ(refusal(dialog), "Laukas \"Banko kodas\" negali būti tuščias!");
+        fill(dialog, "70110", "  ");
+        EXPECT_EQ(refusal(dialog), "Laukas \"Pavadinimas\" negali būti tuščias!");
         fill(dialog, "0", "Kitas");
         EXPECT_EQ(refusal(dialog), "Laukas \"Banko kodas\" turi būti nuo 1 iki 999999999!");
         fill(dialog, "70110", "Kitas");
@@ -111,6 +113,17 @@ TEST_P(Banks, ANewCodeGoesAlongWithTheBanksBelow)
     });
     EXPECT_EQ(key(), 70200);
     EXPECT_EQ(stored(), QStringList({"70110|70200|B|NULL", "70200|NULL|Žemės bankas|0.5"}));
+}
+
+TEST_P(Banks, ABankWithANewCodeIsNotItsOwnCentralBankByTheFormerOne)
+{
+    change(70100, [](TBankaiDlg &dialog) {
+        type(edit(dialog, "BNK_KODAS"), "70200");
+        central(dialog)->setValue(70100);
+        EXPECT_EQ(refusal(dialog), "Bankas negali būti pats sau centrinis bankas!");
+        leaveUnsaved(dialog);
+    });
+    EXPECT_EQ(stored(), QStringList("70100|NULL|Žemės bankas|0.5"));
 }
 
 TEST_P(Banks, ACentralBankAndOneOfACounterpartyAreNotDeleted)

@@ -176,13 +176,15 @@ TEST_P(CurrentAccounts, ABankCodeTooLargeForItsColumnIsRefusedAndStays)
     open();
     add([this](TEinSasItem &dialog) {
         fill(dialog, "LT1", "Bankas");
-        const QString large(25, u'9');
-        type(edit(dialog, "EIN_BANK_KOD"), large);
-        EXPECT_TRUE(refusal(dialog).startsWith("Laukas \"Banko kodas\"")) << "refused by its name";
-        EXPECT_EQ(edit(dialog, "EIN_BANK_KOD")->text(), large);
-        leaveUnsaved(dialog);
+        for (const QString &large : {QString(25, u'9'), QString("2147483648")}) {
+            type(edit(dialog, "EIN_BANK_KOD"), large);
+            EXPECT_EQ(refusal(dialog), "Laukas \"Banko kodas\": skaičius per didelis.");
+            EXPECT_EQ(edit(dialog, "EIN_BANK_KOD")->text(), large);
+        }
+        type(edit(dialog, "EIN_BANK_KOD"), "2147483647");
+        save(dialog);
     });
-    EXPECT_EQ(stored(), QStringList());
+    EXPECT_EQ(stored(), QStringList(row(1, "LT1", "2147483647", "Bankas")));
 }
 
 TEST_P(CurrentAccounts, WhatIsStoredAlreadyIsOfferedOnceInItsOrder)
@@ -200,6 +202,18 @@ TEST_P(CurrentAccounts, WhatIsStoredAlreadyIsOfferedOnceInItsOrder)
                   QStringList({"Šiaulių bankas", "Zuikių bankas", "Žemaičių bankas"}));
         leaveUnsaved(dialog);
     });
+}
+
+TEST_P(CurrentAccounts, StayInTheirOrderWhenTheFirstIsRenamed)
+{
+    place(1, "LT1", Variant(), "Bankas");
+    place(2, "LT2", Variant(), "Bankas");
+    open();
+    change(1, [](TEinSasItem &dialog) {
+        type(edit(dialog, "EIN_NR"), "LT9");
+        save(dialog);
+    });
+    EXPECT_EQ(shown(0), QStringList({"LT9", "LT2"}));
 }
 
 // --- what is refused
@@ -238,27 +252,13 @@ TEST_P(CurrentAccounts, ARowThatCannotBeReadIsToldInTheFixedWords)
               "Šiuo metu atidaryti lentelės \"BD_EINSAS\" negalima");
 }
 
-// An embedded database lets the other station wait for the save; a server refuses who comes second.
 TEST_P(CurrentAccounts, TwoStationsThatDrawTheSameKeyNeverShareIt)
 {
-    const bool isServer = engine() == Engine::PostgreSql;
     open();
-    add([&](TEinSasItem &dialog) {
-        fill(dialog, "LT1", "Bankas");
-        bool taken = false;
-        whenKeyIsDrawn(dialog, "EIN_ID", [&] {
-            taken = elsewhere([](TDatabase &station) {
-                station.ExecSQL("insert into bd_einsas (ein_id, ein_nr) values (1, 'LT9')");
-            });
-        });
-        if (isServer) {
-            EXPECT_EQ(refusal(dialog), refusedSave);
-        }
-        save(dialog);
-        EXPECT_EQ(taken, isServer);
-    });
+    addWhileItsKeyIsTaken("EIN_ID", "insert into bd_einsas (ein_id, ein_nr) values (1, 'LT9')", refusedSave,
+                          [this](TEinSasItem &dialog) { fill(dialog, "LT1", "Bankas"); });
     EXPECT_EQ(rows(books(), "select ein_nr from bd_einsas order by ein_id"),
-              isServer ? QStringList({"LT9", "LT1"}) : QStringList("LT1"));
+              engine() == Engine::PostgreSql ? QStringList({"LT9", "LT1"}) : QStringList("LT1"));
 }
 
 // --- the report

@@ -27,6 +27,19 @@ protected:
         return rows(ravl(), "select fin_id, fin_pavad, fin_dir, fin_org_pavad, fin_adr, fin_i_kod, "
                             "fin_savivaldybe, fin_rodyti from bd_fin order by fin_id");
     }
+    // From now on the database refuses to store a source of that name.
+    static void refuseTheName(const QString &name)
+    {
+        const QString condition = "new.fin_pavad = " + TDatabase::quoted(name);
+        if (ravl().engine() == Engine::Sqlite)
+            ravl().nativeExec("create trigger t_fail before insert on bd_fin when " + condition +
+                              " begin select raise(abort, 'sugadinta tyčia'); end");
+        else
+            ravl().nativeExec("create function f_fail() returns trigger language plpgsql as "
+                              "$$ begin raise exception 'sugadinta tyčia'; end $$;"
+                              "create trigger t_fail before insert on bd_fin for each row when (" +
+                              condition + ") execute function f_fail()");
+    }
     static TDBImage *emblem(QWidget &dialog) { return dialog.findChild<TDBImage *>("fin_org_zenklas"); }
     QString picture(const char *format)
     {
@@ -131,10 +144,26 @@ TEST_P(Financing, AnEmblemIsTakenFromAFileAndTakenAway)
     }
     change(1, [](TFinEdDlg &dialog) {
         EXPECT_TRUE(emblem(dialog)->hasPicture());
-        emblem(dialog)->clearPicture();
+        pressButton(dialog, "Išvalyti");
         save(dialog);
     });
     EXPECT_TRUE(ravl().fieldResult("select fin_org_zenklas from bd_fin").isNull());
+}
+
+TEST_P(Financing, AnEmblemThatBothStationsChangedIsToldWithoutItsBytes)
+{
+    change(1, [this](TFinEdDlg &dialog) {
+        emblem(dialog)->loadFromFile(picture("png"));
+        secondRavl()->ExecSQL("update bd_fin set fin_org_zenklas = :z", {{"z", contentOf(picture("bmp"))}});
+        OnNextDialog<QMessageBox> told([](QMessageBox &box) {
+            EXPECT_EQ(box.text(),
+                      "Kita darbo vieta tuo tarpu pakeitė: Ženklas: buvo tuščia, dabar „paveikslėlis“.");
+            pressButton(box, "Palikti savo");
+        });
+        save(dialog);
+    });
+    EXPECT_EQ(ravl().fieldResult("select fin_org_zenklas from bd_fin").toByteArray(),
+              contentOf(folder.filePath("zenklas.png")));
 }
 
 TEST_P(Financing, ABrokenPictureAndAHugeOneAreRefusedInWords)
@@ -170,6 +199,23 @@ TEST_P(Financing, ASourceOfUsersRightsIsNotDeleted)
     ravl().ExecSQL("delete from bd_usrkdv");
     EXPECT_EQ(erase(1), QStringList("Ar tikrai norite ištrinti?"));
     EXPECT_EQ(stored(), QStringList());
+}
+
+TEST_P(Financing, ARefusedSaveLeavesWhatIsHeldToBeMended)
+{
+    refuseTheName("Draudžiama");
+    add([](TFinEdDlg &dialog) {
+        type(edit(dialog, "fin_pavad"), "Draudžiama");
+        type(edit(dialog, "fin_dir"), "02");
+        EXPECT_TRUE(refusal(dialog).contains("sugadinta tyčia"));
+        EXPECT_EQ(edit(dialog, "fin_pavad")->text(), "Draudžiama");
+        EXPECT_FALSE(ravl().InTransaction());
+        type(edit(dialog, "fin_pavad"), "Leidžiama");
+        save(dialog);
+    });
+    EXPECT_EQ(rows(ravl(), "select fin_pavad, fin_dir from bd_fin order by fin_dir"),
+              QStringList({"Biudžetas|01", "Leidžiama|02"}));
+    EXPECT_EQ(shown(0), QStringList({"Biudžetas", "Leidžiama"}));
 }
 
 TEST_P(Financing, CancellingDropsWhatIsHeld)

@@ -6,6 +6,7 @@
 #include "src/people/Vtarn.h"
 #include "src/people/Vtarnnew.h"
 #include "tests/src/catalogue.h"
+#include "tests/support/uncommitted.h"
 
 #include <QCheckBox>
 
@@ -67,6 +68,9 @@ protected:
 };
 ON_BOTH_ENGINES(Groups);
 
+class GroupsOnServer : public Groups {};
+ON_ENGINE(GroupsOnServer, Engine::PostgreSql);
+
 } // namespace
 
 // --- civil-servant categories
@@ -99,12 +103,23 @@ TEST_P(Categories, AreAddedUnderADrawnKeyAndStayInTheList)
     EXPECT_EQ(rows(books(), "select * from bd_tarn where trn_id = 101"), QStringList("101|Nauja|0.5"));
 }
 
+TEST_P(Categories, BlanksAreNoName)
+{
+    change(3, [](TVTarnDlg &dialog) {
+        type(edit(dialog, "TRN_PAVAD"), "  ");
+        EXPECT_EQ(refusal(dialog), "Laukas \"Pavadinimas\" negali būti tuščias!");
+        leaveUnsaved(dialog);
+    });
+    EXPECT_EQ(rows(books(), "select trn_pavad from bd_tarn where trn_id = 3"), QStringList("Kategorija 3"));
+}
+
 TEST_P(Categories, ACoefficientThatIsNoneIsRefusedInWords)
 {
     change(3, [](TVTarnDlg &dialog) {
-        for (const auto &[typed, why] : {std::pair("-1", "Laukas \"Koef.\" turi būti nuo 0 iki 1000!"),
-                                         std::pair("1e400", "Laukas \"Koef.\": „1e400“ nėra skaičius."),
-                                         std::pair("du", "Laukas \"Koef.\": „du“ nėra skaičius.")}) {
+        for (const auto &[typed, why] :
+             {std::pair("-1", "Laukas \"Koeficientas\" turi būti nuo 0 iki 1000!"),
+              std::pair("1e400", "Laukas \"Koeficientas\": „1e400“ nėra skaičius."),
+              std::pair("du", "Laukas \"Koeficientas\": „du“ nėra skaičius.")}) {
             type(edit(dialog, "TRN_KOEF"), typed);
             EXPECT_EQ(refusal(dialog), why) << typed;
             EXPECT_EQ(edit(dialog, "TRN_KOEF")->text(), typed);
@@ -167,7 +182,7 @@ TEST_P(Positions, ABlankNameAndASubordinationThatIsNoneAreRefused)
     change(5, [](TEditPrgDlg &dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Koreguojama pareigybė");
         type(edit(dialog, "PRG_PAVAD"), "  ");
-        EXPECT_EQ(refusal(dialog), "Laukas \"Pareigybės\" negali būti tuščias!");
+        EXPECT_EQ(refusal(dialog), "Laukas \"Pareigybė\" negali būti tuščias!");
         type(edit(dialog, "PRG_PAVAD"), "Vadovas");
         paste(edit(dialog, "PRG_SUBORD"), "40000");
         EXPECT_EQ(refusal(dialog), "Laukas \"Subordinacija\" turi būti nuo 0 iki 32767!");
@@ -194,6 +209,15 @@ TEST_P(Positions, ARefusedSaveLeavesTheRowInEditAndGivesTheKeyBack)
         save(dialog);
     });
     EXPECT_EQ(stored().value(1), "6|Leidžiama|NULL|NULL|0|NULL");
+}
+
+TEST_P(Positions, TwoStationsThatDrawTheSameKeyNeverShareIt)
+{
+    addWhileItsKeyIsTaken("PRG_ID", "insert into bd_prg (prg_id, prg_pavad) values (6, 'Jų')",
+                          "Toks įrašas jau yra.",
+                          [](TEditPrgDlg &dialog) { type(edit(dialog, "PRG_PAVAD"), "Mano"); });
+    EXPECT_EQ(rows(books(), "select prg_pavad from bd_prg where prg_id > 5 order by prg_id"),
+              engine() == Engine::PostgreSql ? QStringList({"Jų", "Mano"}) : QStringList("Mano"));
 }
 
 TEST_P(Positions, WhoMayOnlyLookSeesThemAndCannotSave)
@@ -247,9 +271,38 @@ TEST_P(Groups, ACodeOfTwoDigitsATakenOneAndNoneAreRefused)
         EXPECT_EQ(refusal(dialog), "Kodas \"23\" jau egzistuoja");
         fill(dialog, "Mokytojai", "", "3");
         EXPECT_EQ(refusal(dialog), "Laukas \"Tipas\" negali būti tuščias!");
+        fill(dialog, "  ", "4", "7");
+        EXPECT_EQ(refusal(dialog), "Laukas \"Pavadinimas\" negali būti tuščias!");
         leaveUnsaved(dialog);
     });
     EXPECT_EQ(stored(), QStringList("23|Mokymas"));
+}
+
+TEST_P(Groups, ACodeThatAnotherStationComposedMeanwhileIsRefused)
+{
+    add([this](TDrbKlasRedFrm &dialog) {
+        fill(dialog, "Mokytojai", "4", "7");
+        secondFin()->ExecSQL("insert into du_drbklas (kla_kodas, kla_pavad) values (47, 'Jų')");
+        EXPECT_EQ(refusal(dialog), "Kodas \"47\" jau egzistuoja");
+        leaveUnsaved(dialog);
+    });
+    EXPECT_EQ(stored(), QStringList({"23|Mokymas", "47|Jų"}));
+}
+
+TEST_P(GroupsOnServer, ACodeThatAnotherStationComposedInTheSameMomentIsNamedAndTheRowStays)
+{
+    add([this](TDrbKlasRedFrm &dialog) {
+        fill(dialog, "Mokytojai", "4", "7");
+        {
+            const Uncommitted theirs(*secondFin(),
+                                     "insert into du_drbklas (kla_kodas, kla_pavad) values (47, 'Jų')");
+            EXPECT_EQ(refusal(dialog), "Kodas \"47\" jau egzistuoja");
+        }
+        EXPECT_EQ(edit(dialog, "kla_pavad")->text(), "Mokytojai");
+        type(edit(dialog, "Kodas"), "8");
+        save(dialog);
+    });
+    EXPECT_EQ(stored(), QStringList({"23|Mokymas", "47|Jų", "48|Mokytojai"}));
 }
 
 TEST_P(Groups, OneOfAPositionIsNotDeleted)

@@ -92,6 +92,15 @@ TEST_P(Responsible, ADepartmentDeletedMeanwhileIsRefusedInTheFixedWords)
     EXPECT_EQ(stored(), QStringList("1|Ona|39001010000|4|5"));
 }
 
+TEST_P(Responsible, TwoStationsThatDrawTheSameKeyNeverShareIt)
+{
+    open();
+    addWhileItsKeyIsTaken("MAT_ID", "insert into bd_matasm (mat_id, mat_pavad) values (1, 'Jų')",
+                          Chmatasm::NoEdit, [](TEditMatAsmDlg &dialog) { fill(dialog, "Ona"); });
+    EXPECT_EQ(rows(books(), "select mat_pavad from bd_matasm order by mat_id"),
+              engine() == Engine::PostgreSql ? QStringList({"Jų", "Ona"}) : QStringList("Ona"));
+}
+
 TEST_P(Responsible, ARowThatCannotBeReadRaisesItsOwnError)
 {
     books().nativeExec("alter table bd_matasm rename to bd_kita");
