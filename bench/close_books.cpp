@@ -1,5 +1,6 @@
 #include "bench/close_books.h"
 
+#include "bench/bench_books.h"
 #include "bench/child.h"
 #include "database/history.h"
 #include "database/schema.h"
@@ -10,9 +11,7 @@
 #include "tests/support/postgres.h"
 #include "tests/support/unguarded.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 
@@ -75,13 +74,6 @@ void fill(TDatabase &fin, int rows)
     fin.nativeExec(u"analyze"_s);
 }
 
-QString freshWords()
-{
-    QString words = postgresConnInfo(u"postgres"_s);
-    return words.replace(u"dbname=postgres"_s,
-                         u"fin=bench%1_fin ravl=bench%1_ravl"_s.arg(QCoreApplication::applicationPid()));
-}
-
 QString balancesOf(const TSessionSettings &settings)
 {
     TDatabase db(settings);
@@ -111,35 +103,36 @@ double timed(TDatabase &fin, const std::function<void()> &beforeCommit)
 } // namespace
 
 struct CloseBooks::Private {
-    QTemporaryDir folder{QCoreApplication::applicationDirPath() + u"/bench-XXXXXX"_s};
-    std::unique_ptr<TStore> store;
+    explicit Private(Engine engine) : place(engine) {}
+
+    const BenchBooks place;
     TSessionSettings copy;
     TSessionSettings sealed;
 
-    bool embedded() const { return store->books().fin.engine == Engine::Sqlite; }
-    TServerConsole console() const { return TServerConsole(postgresConnInfo(u"postgres"_s)); }
+    const TSessionSettings &fin() const { return place.books().fin; }
+    bool embedded() const { return fin().engine == Engine::Sqlite; }
 
     TSessionSettings copied(const QString &ending) const
     {
-        TSessionSettings made = store->books().fin;
+        TSessionSettings made = fin();
         if (embedded()) {
             made.file += u'.' + ending;
-            store->dump(store->books().fin, made.file);
+            place.store().dump(fin(), made.file);
             TDatabase(made).Open(); // brings the copy into the same journal mode
             return made;
         }
         const QString name = databaseOf(made.connInfo);
-        console().run(u"create database %1_%2 template %1"_s.arg(name, ending));
+        TServerConsole(postgresConnInfo(u"postgres"_s))
+            .run(u"create database %1_%2 template %1"_s.arg(name, ending));
         made.connInfo = withDatabase(made.connInfo, name + u'_' + ending);
         return made;
     }
 };
 
-CloseBooks::CloseBooks(Engine engine, int rows) : d(std::make_unique<Private>())
+CloseBooks::CloseBooks(Engine engine, int rows) : d(std::make_unique<Private>(engine))
 {
-    d->store = engine == Engine::Sqlite ? embeddedStore(d->folder.path()) : serverStore(freshWords());
-    createBooks(*d->store, [](const QString &) {});
-    TDatabase fin(d->store->books().fin);
+    createBooks(d->place.store(), [](const QString &) {});
+    TDatabase fin(d->fin());
     fin.Open();
     fill(fin, rows);
     fin.Close();
@@ -151,14 +144,13 @@ CloseBooks::~CloseBooks()
 {
     if (d->embedded())
         return;
-    for (const TSessionSettings &settings :
-         {d->store->books().fin, d->store->books().ravl, d->copy, d->sealed})
-        d->console().run(u"drop database %1 with (force)"_s.arg(databaseOf(settings.connInfo)));
+    BenchBooks::drop(d->copy);
+    BenchBooks::drop(d->sealed);
 }
 
 double CloseBooks::closeByRoutine()
 {
-    TDatabase fin(d->store->books().fin);
+    TDatabase fin(d->fin());
     fin.Open();
     return timed(fin, [] {});
 }
@@ -176,7 +168,7 @@ double CloseBooks::closeWithSeal()
 
 void CloseBooks::rollBack()
 {
-    for (const TSessionSettings &settings : {d->store->books().fin, d->sealed}) {
+    for (const TSessionSettings &settings : {d->fin(), d->sealed}) {
         TDatabase fin(settings);
         fin.Open();
         fin.ExecSQL(u"call Back_Per()"_s);
@@ -200,7 +192,7 @@ double CloseBooks::closeByShell()
 
 void CloseBooks::compare()
 {
-    const QString routine = balancesOf(d->store->books().fin), shell = balancesOf(d->copy);
+    const QString routine = balancesOf(d->fin()), shell = balancesOf(d->copy);
     if (routine != shell)
         qFatal("the balances differ: %s and %s", qPrintable(routine), qPrintable(shell));
 }

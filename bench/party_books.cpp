@@ -2,22 +2,10 @@
 
 #include "bench/child.h"
 #include "database/tool/keeping/keeper.h"
-#include "database/tool/keeping/server_console.h"
-#include "tests/support/postgres.h"
-
-#include <QCoreApplication>
-#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString freshWords()
-{
-    QString words = postgresConnInfo(u"postgres"_s);
-    return words.replace(u"dbname=postgres"_s,
-                         u"fin=bench%1_fin ravl=bench%1_ravl"_s.arg(QCoreApplication::applicationPid()));
-}
 
 void fill(TDatabase &fin, int rows)
 {
@@ -43,34 +31,14 @@ void fill(TDatabase &fin, int rows)
 
 } // namespace
 
-struct PartyBooks::Private {
-    QTemporaryDir folder{QCoreApplication::applicationDirPath() + u"/bench-XXXXXX"_s};
-    std::unique_ptr<TStore> store;
-};
-
-PartyBooks::PartyBooks(Engine engine, int rows) : d(std::make_unique<Private>())
+PartyBooks::PartyBooks(Engine engine, int rows) : place(engine)
 {
-    d->store = engine == Engine::Sqlite ? embeddedStore(d->folder.path()) : serverStore(freshWords());
-    createBooks(*d->store, [](const QString &) {});
+    createBooks(place.store(), [](const QString &) {});
     if (rows == 0)
         return;
     TDatabase fin(books().fin);
     fin.Open();
     fill(fin, rows);
-}
-
-PartyBooks::~PartyBooks()
-{
-    if (books().fin.engine == Engine::Sqlite)
-        return;
-    TServerConsole console(postgresConnInfo(u"postgres"_s));
-    for (const TSessionSettings &settings : {books().fin, books().ravl})
-        console.run(u"drop database %1 with (force)"_s.arg(databaseOf(settings.connInfo)));
-}
-
-const TBooks &PartyBooks::books() const
-{
-    return d->store->books();
 }
 
 double PartyBooks::inShell(const QByteArray &statements) const
