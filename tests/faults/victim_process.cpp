@@ -72,6 +72,16 @@ QString VictimProcess::failure() const
     return QString::fromUtf8(output).section(u"klaida: "_s, 1).trimmed();
 }
 
+QStringList VictimProcess::told(const QString &word) const
+{
+    QStringList texts;
+    for (const QString &line : QString::fromUtf8(output).split(u'\n')) {
+        if (line.startsWith(word + u' '))
+            texts.append(line.section(u' ', 1));
+    }
+    return texts;
+}
+
 QStringList withoutRightsOfRoot()
 {
     constexpr int nobody = 65534;

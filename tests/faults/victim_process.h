@@ -24,6 +24,8 @@ public:
     qint64 duration() const { return worked; }
     // What it reported as its failure; empty when it reported none.
     QString failure() const;
+    // What stands behind this word in the lines that it printed.
+    QStringList told(const QString &word) const;
 
 private:
     bool readUntil(const QByteArray &line);

@@ -9,6 +9,7 @@
 #include "database/history.h"
 #include "database/schema.h"
 #include "database/seals.h"
+#include "tests/faults/victim/crowd.h"
 #include "tests/faults/victim/new_books.h"
 #include "toolkit/data/database.h"
 
@@ -124,6 +125,10 @@ void setUp(const QString &mode, TDatabase &fin, const TSessionSettings &budget)
 void work(const QStringList &arguments)
 {
     const QString &mode = arguments.at(1);
+    if (mode == u"crowd") {
+        workAsCrowd(settingsOf(arguments.at(2), arguments.at(3)), arguments.at(4).toInt(), say);
+        return say(u"baigta"_s);
+    }
     TDatabase db(settingsOf(arguments.at(2), arguments.at(3)));
     db.Open();
     if (mode == u"create")
