@@ -4,6 +4,7 @@
 #include "tests/faults/victim_process.h"
 #include "tests/support/mounts.h"
 #include "tests/support/postgres.h"
+#include "tests/support/silent_server.h"
 
 #include <iostream>
 #include <random>
@@ -69,6 +70,19 @@ TEST_F(Server, ThatIsNotThereIsToldInWords)
         [] { TDatabase(with(u"host=/nonexistent port=5432 user=velmora dbname=postgres"_s)).Open(); });
     EXPECT_TRUE(tells(failure, u"Nepavyko prisijungti prie duomenų bazės serverio"_s));
     EXPECT_TRUE(tells(failure, u"Serveris nepasiekiamas"_s));
+}
+
+TEST_F(Server, ThatNeverAnswersIsToldInWordsAndTheNextOfTheWordsIsReached)
+{
+    const SilentServer silent;
+    const QString words = u"host=127.0.0.1%1 port=%2%3 user=velmora dbname=postgres"_s;
+    const QString alone = words.arg(QString()).arg(silent.port()).arg(QString());
+    EXPECT_TRUE(tells(raised<EConnectionLost>([&alone] { TDatabase(with(alone)).Open(); }),
+                      u"Serveris nepasiekiamas"_s));
+    const QString folder = postgres->connInfo(u"postgres"_s).section(u"host="_s, 1).section(u' ', 0, 0);
+    TDatabase pair(with(words.arg(u","_s + folder).arg(silent.port()).arg(u",5432"_s)));
+    pair.Open();
+    EXPECT_TRUE(pair.Connected());
 }
 
 TEST_F(Server, RefusesAWrongPasswordAndTakesTheRightOne)

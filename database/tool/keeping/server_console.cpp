@@ -8,6 +8,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Seconds for each server of the words, unless they or the environment have their own.
+constexpr char connectTimeout[] = "5";
+
 using TOptions = std::unique_ptr<PQconninfoOption, void (*)(PQconninfoOption *)>;
 
 TOptions optionsOf(const QString &connInfo)
@@ -25,6 +28,8 @@ TOptions optionsOf(const QString &connInfo)
 QProcessEnvironment environmentOf(const QString &connInfo)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    if (!environment.contains(u"PGCONNECT_TIMEOUT"_s))
+        environment.insert(u"PGCONNECT_TIMEOUT"_s, QLatin1StringView(connectTimeout));
     const TOptions options = optionsOf(connInfo);
     for (const PQconninfoOption *option = options.get(); option->keyword; ++option) {
         if (option->val && option->envvar)
@@ -33,10 +38,19 @@ QProcessEnvironment environmentOf(const QString &connInfo)
     return environment;
 }
 
+// Of a word that stands twice the later one holds.
+QString boundedWords(const QString &connInfo)
+{
+    return qEnvironmentVariableIsSet("PGCONNECT_TIMEOUT")
+               ? connInfo
+               : u"connect_timeout=%1 "_s.arg(QLatin1StringView(connectTimeout)) + connInfo;
+}
+
 } // namespace
 
 TServerConsole::TServerConsole(const QString &connInfo)
-    : connection(PQconnectdb(withDatabase(connInfo, u"postgres"_s).toUtf8().constData()), PQfinish)
+    : connection(PQconnectdb(withDatabase(boundedWords(connInfo), u"postgres"_s).toUtf8().constData()),
+                 PQfinish)
 {
     if (PQstatus(connection.get()) != CONNECTION_OK) {
         const QString text = QString::fromUtf8(PQerrorMessage(connection.get())).trimmed();
