@@ -51,9 +51,7 @@ void signSeal(TDatabase &db, TSeal &seal)
     const auto signer =
         opened(db, db.engine() == Engine::Sqlite
                        ? u"select sys_dabar(), nullif(sys_login(), ''), nullif(sys_stotis(), '')"_s
-                       : u"select to_char(clock_timestamp(), 'YYYY-MM-DD HH24:MI:SS.MS'), "
-                         "nullif(current_setting('velmora.login', true), ''), "
-                         "nullif(current_setting('velmora.stotis', true), '')"_s);
+                       : u"select laikas, login, stotis from sys_kas_keicia()"_s);
     if (!signer->next())
         return;
     seal.moment = bytesOf(*signer, 0);

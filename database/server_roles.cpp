@@ -49,14 +49,31 @@ QString worded(QString text, const QMap<QString, QString> &values)
     return text;
 }
 
+// A role that logs in is somebody's, whatever it is called.
+void makeGroup(TDatabase &db, const QString &group)
+{
+    const QStringList logsIn =
+        columnOf(db, u"select rolcanlogin::int from pg_roles where rolname = "_s + TDatabase::quoted(group));
+    if (logsIn.isEmpty())
+        db.nativeExec(u"create role %1 nologin"_s.arg(identifier(group)));
+    else if (logsIn.constFirst() != u"0")
+        throw EDatabaseError(
+            u"Vardu „%1“, kurio reikia naudotojų grupei, serveryje jau kažkas jungiasi."_s.arg(group));
+}
+
 void makeGroups(TDatabase &db, const TServerGroups &groups)
 {
-    for (const QString &group : {groups.viewers, groups.bookkeepers, groups.administrators}) {
-        if (columnOf(db, u"select 1 from pg_roles where rolname = "_s + TDatabase::quoted(group)).isEmpty())
-            db.nativeExec(u"create role %1 nologin"_s.arg(identifier(group)));
-    }
+    for (const QString &group : {groups.viewers, groups.bookkeepers, groups.administrators})
+        makeGroup(db, group);
     for (const QString &group : {groups.bookkeepers, groups.administrators})
         db.nativeExec(u"grant %1 to %2"_s.arg(identifier(groups.viewers), identifier(group)));
+}
+
+void shut(TDatabase &db)
+{
+    TTransaction tran(&db);
+    db.nativeExec(worded(script(u"shut.sql"_s), {{u"baze"_s, databaseOf(db)}}));
+    tran.commit();
 }
 
 void grantAll(TDatabase &db, const QStringList &scripts, const QString &mainDatabase)
@@ -100,6 +117,8 @@ TServerGroups::TServerGroups(const QString &mainDatabase)
 QStringList setUpServerRoles(TDatabase &fin, TDatabase &ravl)
 try {
     const QString mainDatabase = databaseOf(fin);
+    shut(fin);
+    shut(ravl);
     if (const QString why = obstacle(fin, mainDatabase); !why.isEmpty())
         return {sharedOnly.arg(why)};
     TTransaction ofFin(&fin);
@@ -108,9 +127,9 @@ try {
     ofFin.commit();
     TTransaction ofRavl(&ravl);
     grantAll(ravl, {u"books.sql"_s, u"users.sql"_s}, mainDatabase);
-    const QStringList without = columnOf(ravl, u"select sys_prisijungimai_visiems()"_s);
+    const QStringList remarks = columnOf(ravl, u"select sys_prisijungimai_visiems()"_s);
     ofRavl.commit();
-    return without;
+    return remarks;
 } catch (const EDatabaseError &error) {
     return {sharedOnly.arg(error.message())};
 }

@@ -15,10 +15,11 @@ struct TServerGroups {
     QString administrators; // read and write users and their rights
 };
 
-// Makes the groups, grants them what they may in both books, as these are at the moment, and gives a login to
-// each person that has none; to be run after every change of the schema, as often as one likes. Both books
-// must be at the latest revision, and open for their owner.
+// Shuts both books to the public, whatever else can be done; makes the groups, grants them what they may in
+// both books, as these are at the moment, gives a login to each person that has none, and ends the logins of
+// these groups alone that are no person's; to be run after every change of the schema, as often as one likes.
+// Both books must be at the latest revision, and open for their owner.
 //
-// Returns what could not be done, in words: an owner that may make no roles, a login name that somebody else
-// on the server has. Books are used with one shared login then.
+// Returns in words which logins ended and what could not be done: an owner that may make no roles, a name
+// that somebody else on the server has. Where no roles were made the books are used with one shared login.
 QStringList setUpServerRoles(TDatabase &fin, TDatabase &ravl);

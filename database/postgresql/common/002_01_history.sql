@@ -68,12 +68,13 @@ create trigger tr_bd_istorija_suma before insert on bd_istorija
 for each row when (new.ist_suma is null) execute function tr_istorijos_suma();
 
 -- Every record asks the two functions below: in this language the server keeps their plans.
--- Whether somebody has the rights of the owner of the books.
+-- Whether somebody has the rights of the owner of the books. The schema is named: who may make temporary tables has
+-- one of the same name.
 create function sys_savininkas(kas name) returns boolean
 language plpgsql stable
 as $$
 begin
-    return pg_has_role(kas, (select relowner from pg_class where oid = 'bd_istorija'::regclass), 'usage');
+    return pg_has_role(kas, (select relowner from pg_class where oid = 'public.bd_istorija'::regclass), 'usage');
 end $$;
 
 -- Who changes rows and when, as a record says it. Where all share the owner's login the program tells the person;
@@ -145,7 +146,7 @@ $$;
 -- how they find each other, as their keys may have changed.
 create function tr_istorija() returns trigger
 language plpgsql security definer
-set search_path from current
+set search_path = pg_catalog, public, pg_temp
 set jit = off
 as $$
 declare

@@ -26,11 +26,25 @@ end $$;
 create trigger tr_bd_antspaudai before update or delete or truncate on bd_antspaudai
 for each statement execute function tr_antspaudai();
 
+-- Who logs in to the server by himself seals in his own name.
+create function tr_antspaudo_pasirasymas() returns trigger
+language plpgsql
+as $$
+begin
+    if not sys_savininkas(session_user) and new.ant_login is distinct from (sys_kas_keicia()).login then
+        raise exception 'Antspaudą deda tas, kas prisijungęs, o ne kitas asmuo.';
+    end if;
+    return new;
+end $$;
+
+create trigger tr_bd_antspaudai_pasirasymas before insert on bd_antspaudai
+for each row execute function tr_antspaudo_pasirasymas();
+
 -- A record of history tells of each seal, so that the last one cannot be removed unseen. It has the rights of the
 -- table's owner, so that no other role needs any on the history.
 create function tr_antspaudo_irasas() returns trigger
 language plpgsql security definer
-set search_path from current
+set search_path = pg_catalog, public, pg_temp
 as $$
 begin
     insert into bd_istorija (ist_laikas, ist_login, ist_stotis, ist_lentele, ist_raktas, ist_veiksmas, ist_yra)

@@ -32,6 +32,17 @@ begin
             where attrelid = lentele::regclass and attname like '%\_perid' and not attisdropped);
 end $$;
 
+-- Keeping the rows' records from being written is the owner's to ask for; whoever else calls a routine, which has
+-- the owner's rights, may have set it himself. The first thing that such a routine does.
+create procedure sys_rutina_savininko()
+language plpgsql
+as $$
+begin
+    if not sys_savininkas(session_user) then
+        perform set_config('velmora.rutina', '', true);
+    end if;
+end $$;
+
 -- A routine begins to move balances of the period: what the tables hold of it, by their names. Null when no
 -- record is wanted. What other stations are writing comes wholly before it or after; balances of accounts wait
 -- for the month itself.
@@ -67,14 +78,18 @@ end $$;
 -- the month that had this number before may still be there; they are no part of the new one.
 create or replace procedure close_per()
 language plpgsql security definer
-set search_path from current
+set search_path = pg_catalog, public, pg_temp
 set work_mem = '256MB'
 as $$
 declare
-    dabar constant bd_period := sys_uzrakinti_perioda();
-    kitas constant bigint := sys_prideti_menesi(dabar);
-    buvo constant jsonb := sys_rutina_prasideda(kitas, 'bd_saslik', 'bd_isllik', 'bd_dbkrlik');
+    dabar bd_period;
+    kitas bigint;
+    buvo jsonb;
 begin
+    call sys_rutina_savininko();
+    dabar := sys_uzrakinti_perioda();
+    kitas := sys_prideti_menesi(dabar);
+    buvo := sys_rutina_prasideda(kitas, 'bd_saslik', 'bd_isllik', 'bd_dbkrlik');
     call sys_trinti_likucius(kitas);
     call sys_perkelti_saskaitas(dabar.per_id, kitas);
     call sys_perkelti_islaidas(dabar.per_id, kitas);
@@ -86,12 +101,14 @@ end $$;
 -- year and its quarters, unless estimates refer to them. Entries stay for the month when it comes again.
 create or replace procedure back_per()
 language plpgsql security definer
-set search_path from current
+set search_path = pg_catalog, public, pg_temp
 as $$
 declare
-    dabar constant bd_period := sys_uzrakinti_perioda();
+    dabar bd_period;
     buvo jsonb;
 begin
+    call sys_rutina_savininko();
+    dabar := sys_uzrakinti_perioda();
     if (select count(*) from bd_period where per_menuo > 0) < 2 then
         raise exception 'Negalima atsukti darbo pradžios periodo!';
     end if;
@@ -111,14 +128,16 @@ end $$;
 -- first month nothing comes before.
 create or replace procedure p_calcdbkrlik(perid double precision)
 language plpgsql security definer
-set search_path from current
+set search_path = pg_catalog, public, pg_temp
 set work_mem = '256MB'
 as $$
 declare
-    dabar constant bd_period := sys_uzrakinti_perioda();
+    dabar bd_period;
     tikslas bd_period;
     buvo jsonb;
 begin
+    call sys_rutina_savininko();
+    dabar := sys_uzrakinti_perioda();
     select * into tikslas from bd_period
     where per_id = coalesce(perid::bigint, dabar.per_id) and per_menuo > 0;
     if not found then

@@ -4,21 +4,19 @@
 -- Viewers read, bookkeepers are viewers who write, administrators of users are viewers who keep users and rights.
 -- A person who does both belongs to two groups.
 
-revoke all on database :"baze" from public, :"ziurovai", :"buhalteriai", :"administratoriai";
+revoke all on database :"baze" from :"ziurovai", :"buhalteriai", :"administratoriai";
 grant connect on database :"baze" to :"ziurovai";
 
--- Nobody but the owner makes objects, temporary ones neither: the functions with the owner's rights would find them
--- before his own.
-revoke create on schema public from public;
 grant usage on schema public to :"ziurovai";
 
-revoke all on all tables in schema public from public, :"ziurovai", :"buhalteriai", :"administratoriai";
-revoke all on all sequences in schema public from public, :"ziurovai", :"buhalteriai", :"administratoriai";
-revoke all on all routines in schema public from public, :"ziurovai", :"buhalteriai", :"administratoriai";
+revoke all on all tables in schema public from :"ziurovai", :"buhalteriai", :"administratoriai";
+revoke all on all sequences in schema public from :"ziurovai", :"buhalteriai", :"administratoriai";
+revoke all on all routines in schema public from :"ziurovai", :"buhalteriai", :"administratoriai";
 
 grant select on all tables in schema public to :"ziurovai";
 grant select on all sequences in schema public to :"ziurovai";
 grant usage on all sequences in schema public to :"buhalteriai";
+revoke usage on sequence bd_istorija_ist_id_seq from :"buhalteriai";
 
 -- The history is written by the triggers alone. A seal is written by whoever closes the month; the right to update is
 -- what locking asks for, a trigger refuses any update itself. Views are read only: one over the catalogue would write
@@ -51,7 +49,7 @@ begin
         where pronamespace = 'public'::regnamespace and prorettype <> 'trigger'::regtype
           and (not prosecdef or proname in ('close_per', 'back_per', 'p_calcdbkrlik'))
           and proname not in ('sys_irasyti_istorija', 'sys_istorija_visoms', 'sys_rutina_prasideda',
-                              'sys_rutina_baigiasi')
+                              'sys_rutina_baigiasi', 'sys_rutina_savininko')
           and proname not like 'sys\_prisijung%'
     loop
         execute format('grant execute on routine %s to %I', r.rutina, r.kam);

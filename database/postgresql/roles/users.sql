@@ -1,5 +1,5 @@
 -- Persons as logins of the server. Each row of bd_usr has a role of its login name in small letters; what an
--- administrator of users writes there is done to the role in the same transaction.
+-- administrator of users, or the owner, writes there is done to the role in the same transaction.
 --
 -- The functions have the rights of the books' owner, who may make roles; nobody else may call them. They touch only
 -- roles that belong to this institution, never one that may do more on the server than its groups may.
@@ -156,8 +156,7 @@ exception
         execute format('alter role %I nologin password null', vardas);
 end $$;
 
--- Who logs in with a name of his own keeps the logins in step; where all share the login of the books' owner they
--- stay as they are.
+-- Who logs in with a name of his own keeps the logins in step.
 create or replace function sys_prisijungimas_savas() returns boolean
 language sql stable
 as $$
@@ -168,15 +167,25 @@ as $$
                    join pg_roles p on p.oid = member and p.rolname = session_user)
 $$;
 
+-- Where all share the login of the books' owner they keep the logins in step too, if he may make any.
+create or replace function sys_prisijungimas_bendras() returns boolean
+language sql stable
+as $$
+    select sys_savininkas(session_user)
+       and exists (select from pg_roles where rolname = current_user and (rolcreaterole or rolsuper))
+$$;
+
 create or replace function tr_usr_prisijungimas() returns trigger
 language plpgsql security definer
 set search_path = pg_catalog, public, pg_temp
 as $$
 declare
+    savas constant boolean := sys_prisijungimas_savas();
     buvo text;
     yra text;
+    liko boolean;
 begin
-    if not sys_prisijungimas_savas() then
+    if not savas and not sys_prisijungimas_bendras() then
         return null;
     end if;
     if tg_op <> 'INSERT' then
@@ -188,21 +197,30 @@ begin
     if coalesce(sys_prisijungimo_rusis(buvo), 'svetimas') = 'svetimas' then
         buvo := null;
     end if;
-    if yra is null then
+    -- With the shared login people work without logins of their own: one that cannot follow is no reason to refuse.
+    if not savas and sys_prisijungimo_rusis(yra) = 'svetimas' then
+        yra := null;
+    end if;
+    if yra is null or not savas and buvo <> yra and sys_prisijungimo_rusis(buvo) = 'bendras' then
         if buvo is not null then
             call sys_prisijungimas_nereikalingas(buvo);
         end if;
+        buvo := null;
+    end if;
+    if yra is null then
         return null;
     end if;
     if yra = session_user and new.usr_user_admin is distinct from 1 then
         raise exception 'Savo teisės administruoti vartotojus atimti negalite: tai padaro kitas administratorius.';
     end if;
+    liko := buvo is null and sys_prisijungimo_rusis(yra) = 'savas';
     if buvo is null then
         call sys_prisijungimas_naujas(yra, new.usr_pasw);
     elsif buvo <> yra then
         call sys_prisijungimas_kitas(buvo, yra);
     end if;
-    if buvo is not null and old.usr_pasw is distinct from new.usr_pasw then
+    if liko or buvo is not null and old.usr_pasw is distinct from new.usr_pasw
+               and (savas or sys_prisijungimo_rusis(yra) = 'savas') then
         call sys_prisijungimo_slaptazodis(yra, new.usr_pasw);
     end if;
     call sys_prisijungimo_grupes(yra, new.usr_perziurai, new.usr_user_admin);
@@ -212,13 +230,23 @@ end $$;
 create or replace trigger tr_bd_usr_prisijungimas after insert or update or delete on bd_usr
 for each row execute function tr_usr_prisijungimas();
 
--- Logins for all who have none; told are those who get none, and why.
+-- Logins for all who have none, and for nobody else; told are those who get none, and why, and the logins that ended.
 create or replace function sys_prisijungimai_visiems() returns setof text
 language plpgsql
 as $$
 declare
     u record;
 begin
+    for u in
+        select rolname as vardas
+        from pg_roles
+        where rolcanlogin and sys_prisijungimo_rusis(rolname) = 'savas'
+          and not exists (select from bd_usr where sys_prisijungimo_vardas(usr_name) = rolname)
+        order by rolname
+    loop
+        call sys_prisijungimas_nereikalingas(u.vardas);
+        return next format('Prisijungimas prie serverio „%s“ panaikintas: tokio vartotojo nėra.', u.vardas);
+    end loop;
     for u in
         select sys_prisijungimo_vardas(usr_name) as vardas, usr_pasw, usr_perziurai, usr_user_admin
         from bd_usr

@@ -66,9 +66,11 @@ public:
         keepOthersOut();
         removeAside();
         for (const QString &name : {fin, ravl}) {
+            const QString database = TServerConsole::identifier(name + asideEnding);
             console->run(
                 u"create database %1 template template0 encoding 'UTF8' lc_collate 'C' lc_ctype 'C.UTF-8'"_s
-                    .arg(TServerConsole::identifier(name + asideEnding)));
+                    .arg(database));
+            console->run(u"revoke all on database %1 from public"_s.arg(database));
         }
     }
 

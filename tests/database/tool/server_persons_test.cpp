@@ -51,6 +51,13 @@ QString superuserWords()
     return postgresConnInfo(u"postgres"_s).replace(u"user=velmora"_s, u"user=postgres"_s);
 }
 
+// Whether somebody to whom nothing was granted may connect. The role is one of the test server's.
+bool publicEnters(const QString &name)
+{
+    return postgresValue(u"select has_database_privilege('velmora_password', '%1', 'connect')::int"_s.arg(
+               name)) == u"1";
+}
+
 const auto taken = u"serveryje jau užimtas: parinkite kitą."_s;
 
 } // namespace
@@ -191,14 +198,82 @@ TEST_F(ServerPersons, ALoginThatOwnsSomethingIsShutInsteadOfDropped)
     server.run(u"drop schema %1; drop role %1"_s.arg(role));
 }
 
-TEST_F(ServerPersons, TheSharedLoginLeavesTheLoginsAlone)
+TEST_F(ServerPersons, TheSharedLoginKeepsTheLoginsInStep)
 {
+    const QString renamed = login(u"n"_s);
     ravl->nativeExec(u"insert into bd_usr values (9, '%1', '', '', 'a', 0, 0);"
-                     "update bd_usr set usr_pasw = 'kita' where usr_id = 3;"
-                     "delete from bd_usr where usr_id = 2"_s.arg(login(u"r"_s)));
-    EXPECT_EQ(groupsOf(login(u"r"_s)), u"nėra");
-    EXPECT_TRUE(canLogIn(login(u"ziu"_s), u"slapta"_s));
+                     "update bd_usr set usr_pasw = 'kita', usr_name = '%2' where usr_id = 3;"
+                     "delete from bd_usr where usr_id = 2"_s.arg(login(u"r"_s), renamed));
+    EXPECT_EQ(groupsOf(login(u"r"_s)), u"buhalteriai");
+    EXPECT_TRUE(canLogIn(renamed, u"kita"_s));
+    EXPECT_FALSE(canLogIn(renamed, u"slapta"_s));
+    EXPECT_EQ(groupsOf(login(u"ziu"_s)), u"nėra");
+    EXPECT_EQ(groupsOf(login(u"buh"_s)), u"nėra");
+}
+
+// The shared login works without them: a login that cannot follow is no reason to refuse the row.
+TEST_F(ServerPersons, TheSharedLoginIsNotHinderedByOtherLogins)
+{
+    const TestPlace other(Engine::PostgreSql);
+    createBooks(*other.store(), [](const QString &) {});
+    const QString otherMain = databaseOf(other.store()->books().fin.connInfo);
+    const QString both = login(u"ziu"_s);
+    postgresExec(u"grant %1_buhalteriai to %2"_s.arg(otherMain, both));
+    ravl->nativeExec(u"insert into bd_usr values (9, 'postgres', '', '', 'a', 0, 0);"
+                     "update bd_usr set usr_pasw = 'kita', usr_name = 'velmora' where usr_id = 9;"
+                     "update bd_usr set usr_pasw = 'kita' where usr_id = 3"_s);
+    EXPECT_TRUE(canLogIn(login(u"buh"_s), u"slapta"_s));
+    EXPECT_TRUE(groupsOf(both).split(u' ').contains(u"ziurovai"));
+    ravl->nativeExec(u"update bd_usr set usr_name = '%1' where usr_id = 3"_s.arg(login(u"n"_s)));
+    EXPECT_EQ(groupsOf(both), otherMain + u"_buhalteriai"_s);
+    EXPECT_TRUE(canLogIn(login(u"n"_s), u"kita"_s));
+    ravl->nativeExec(u"update bd_usr set usr_name = 'postgres' where usr_id = 3"_s);
+    EXPECT_EQ(groupsOf(login(u"n"_s)), u"nėra");
+}
+
+TEST_F(ServerPersons, TheUpgradeEndsTheLoginsOfNobody)
+{
+    const QString left = login(u"l"_s);
+    const QString service = login(u"s"_s);
+    postgresExec(u"create role %1 login password 'slapta' in role %2_ziurovai, %2_buhalteriai"_s.arg(
+        left, database(u"fin"_s)));
+    postgresExec(u"create role %1 login createdb password 'slapta' in role %2_ziurovai"_s.arg(
+        service, database(u"fin"_s)));
+    QStringList said;
+    upgradeBooks(*place->store(), [&said](const QString &remark) { said << remark; });
+    EXPECT_EQ(said, QStringList{
+                        u"Prisijungimas prie serverio „%1“ panaikintas: tokio vartotojo nėra."_s.arg(left)});
+    EXPECT_EQ(groupsOf(left), u"nėra");
+    EXPECT_EQ(groupsOf(service), u"ziurovai") << "what may do more is nobody's person";
+    postgresExec(u"drop role "_s + service);
     EXPECT_EQ(groupsOf(login(u"buh"_s)), u"buhalteriai");
+}
+
+TEST_F(ServerPersons, ANewPersonGetsTheLoginThatWasLeftWithHisOwnPassword)
+{
+    const QString left = login(u"l"_s);
+    postgresExec(u"create role %1 login password 'sena' valid until '2020-01-01' in role %2_ziurovai"_s.arg(
+        left, database(u"fin"_s)));
+    add(9, left, u"nauja"_s);
+    EXPECT_EQ(groupsOf(left), u"buhalteriai");
+    EXPECT_TRUE(canLogIn(left, u"nauja"_s));
+    EXPECT_FALSE(canLogIn(left, u"sena"_s));
+}
+
+TEST_F(ServerPersons, ALoginCalledAsAGroupIsNotTakenOver)
+{
+    const TestPlace other(Engine::PostgreSql);
+    const QString main = databaseOf(other.store()->books().fin.connInfo);
+    const QString mine = main + u"_administratoriai"_s;
+    postgresExec(u"create role %1 login"_s.arg(mine));
+    QStringList said;
+    createBooks(*other.store(), [&said](const QString &remark) { said << remark; });
+    EXPECT_TRUE(said.constLast().contains(
+        u"Vardu „%1“, kurio reikia naudotojų grupei, serveryje jau kažkas jungiasi."_s.arg(mine)))
+        << said.constLast().toStdString();
+    EXPECT_EQ(postgresValue(u"select count(*) from pg_auth_members join pg_roles m on m.oid = member "
+                            "where m.rolname = '%1'"_s.arg(mine)),
+              u"0");
 }
 
 TEST_F(ServerPersons, WhoseNameIsTakenIsToldAtTheUpgrade)
@@ -208,6 +283,19 @@ TEST_F(ServerPersons, WhoseNameIsTakenIsToldAtTheUpgrade)
     upgradeBooks(*place->store(), [&said](const QString &remark) { said << remark; });
     EXPECT_EQ(said, QStringList{u"Prisijungimo vardas „postgres“ "_s + taken});
     EXPECT_EQ(groupsOf(login(u"adm"_s)), u"administratoriai buhalteriai");
+}
+
+TEST_F(ServerPersons, BooksInTheMakingAreShut)
+{
+    const TestPlace other(Engine::PostgreSql);
+    int asked = 0;
+    createBooks(*other.store(), [&](const QString &) {
+        for (const QString &name : other.everything()) {
+            ++asked;
+            EXPECT_FALSE(publicEnters(name)) << name.toStdString();
+        }
+    });
+    EXPECT_GT(asked, 3);
 }
 
 TEST_F(ServerPersons, AnOwnerWhoMayMakeNoRolesGetsBooksWithOneLogin)
@@ -225,6 +313,8 @@ TEST_F(ServerPersons, AnOwnerWhoMayMakeNoRolesGetsBooksWithOneLogin)
                   "neleista kurti serverio naudotojų. Prisijungti galima tik bendru "
                   "prisijungimu."_s.arg(owner));
         EXPECT_EQ(other.everything().size(), 2);
+        for (const QString &name : other.everything())
+            EXPECT_FALSE(publicEnters(name));
     }
     for (const QString &name : other.everything())
         TServerConsole(superuserWords()).run(u"drop database "_s + name);

@@ -96,6 +96,43 @@ TEST_F(ServerRoles, EachGroupMayDoWithEachTableWhatIsItsOwn)
     }
 }
 
+// A view that cannot be written to says so before it asks for a privilege: that is asked of the catalogue.
+TEST_F(ServerRoles, ViewsAreOnlyReadAndNumbersOnlyDrawn)
+{
+    for (const QString &book : {u"fin"_s, u"ravl"_s}) {
+        const auto named = [&](const QString &kind, const QString &condition = u"true"_s) {
+            QStringList names;
+            for (const QStringList &row :
+                 listOf(of(book),
+                        u"select relname from pg_class where relkind = '%1' and relnamespace = "
+                        "'public'::regnamespace and %2 order by 1"_s.arg(kind, condition),
+                        1))
+                names << row[0];
+            return names;
+        };
+        QStringList statements;
+        QSet<qsizetype> denied, deniedToViewers;
+        for (const QString &view : named(u"v"_s))
+            statements << u"select * from "_s + view;
+        ASSERT_GT(statements.size(), 3);
+        for (const QString &sequence : named(u"S"_s)) {
+            statements << u"select * from "_s + sequence << u"select nextval('%1')"_s.arg(sequence)
+                       << u"select setval('%1', 1)"_s.arg(sequence);
+            denied << statements.size() - 1;
+            (sequence == u"bd_istorija_ist_id_seq" ? denied : deniedToViewers) << statements.size() - 2;
+        }
+        for (const QString &person : {u"ziu"_s, u"buh"_s, u"adm"_s}) {
+            EXPECT_EQ(deniedOf(database(book), login(person), statements),
+                      person == u"ziu" ? denied + deniedToViewers : denied)
+                << person.toStdString();
+            EXPECT_EQ(
+                named(u"v"_s, u"has_table_privilege('%1', oid, 'insert, update, delete, truncate')"_s.arg(
+                                  login(person))),
+                QStringList());
+        }
+    }
+}
+
 TEST_F(ServerRoles, EachGroupCallsTheRoutinesThatAreItsOwn)
 {
     for (const QString &book : {u"fin"_s, u"ravl"_s}) {
@@ -109,7 +146,8 @@ TEST_F(ServerRoles, EachGroupCallsTheRoutinesThatAreItsOwn)
                    "from unnest(proargtypes::oid[]) with ordinality a (t, nr)), '') || ')', "
                    "case when proname like 'sys\\_prisijung%' "
                    "or proname in ('sys_irasyti_istorija', 'sys_istorija_visoms', 'sys_rutina_prasideda', "
-                   "'sys_rutina_baigiasi') or prosecdef and proname not in ('close_per', 'back_per', "
+                   "'sys_rutina_baigiasi', 'sys_rutina_savininko') or prosecdef and proname not in "
+                   "('close_per', 'back_per', "
                    "'p_calcdbkrlik') then 'niekas' "
                    "when prokind = 'f' and provolatile <> 'v' then 'visi' else 'buhalteriai' end "
                    "from pg_proc where pronamespace = 'public'::regnamespace "
@@ -149,6 +187,71 @@ TEST_F(ServerRoles, NobodyKeepsHisChangesOutOfTheHistoryOrSignsAsAnother)
          "insert into bd_objektai (obj_id, obj_pavad) values (77, 'Slapta');"_s);
     EXPECT_EQ(listOf(*fin, u"select ist_login from bd_istorija where ist_raktas = '77'"_s, 1),
               QList<QStringList>({{login(u"buh"_s)}}));
+}
+
+TEST_F(ServerRoles, NobodyKeepsARoutineOutOfTheHistory)
+{
+    fin->nativeExec(u"insert into bd_period values (1, 2025, 0, 0), (2, 2025, 1, 0), (3, 2025, 4, 3)"_s);
+    const QString silence = u"set velmora.rutina = 'taip';"_s;
+    psql(database(u"fin"_s), login(u"buh"_s),
+         silence + u"call close_per(); call p_calcdbkrlik(null); call back_per();"_s);
+    const QList<QStringList> records =
+        listOf(*fin,
+               u"select ist_lentele || ' ' || ist_veiksmas, count(*), min(ist_login) from bd_istorija "
+               "where ist_lentele in ('bd_period', 'bd_saslik', 'bd_dbkrlik') group by 1 order by 1"_s,
+               3);
+    const QString buh = login(u"buh"_s);
+    // A new year has its four quarters; each routine tells of the balances.
+    EXPECT_EQ(records, QList<QStringList>({{u"bd_dbkrlik R"_s, u"3"_s, buh},
+                                           {u"bd_period D"_s, u"6"_s, buh},
+                                           {u"bd_period I"_s, u"6"_s, buh},
+                                           {u"bd_saslik R"_s, u"2"_s, buh}}));
+}
+
+// Somebody who may make temporary tables puts one in the way: its trigger would run with the owner's rights.
+TEST_F(ServerRoles, ATemporaryTableIsNotTakenForOneOfTheBooks)
+{
+    fin->nativeExec(u"insert into bd_period values (1, 2025, 0, 0), (2, 2025, 1, 0), (3, 2025, 4, 3)"_s);
+    postgresExec(u"grant temporary on database %1 to %2"_s.arg(database(u"fin"_s), login(u"buh"_s)));
+    const QString trap = u"create temporary table pedsakai (kas text);"
+                         "grant insert on pedsakai to public;"
+                         "create function pg_temp.gaudykle() returns trigger language plpgsql as "
+                         "$$ begin insert into pg_temp.pedsakai values (current_user); return new; end $$;"
+                         "create temporary table %1 (like public.%1);"
+                         "insert into pg_temp.%1 select * from public.%1;"
+                         "grant all on pg_temp.%1 to public;"
+                         "create trigger gaudykle before insert or update or delete on pg_temp.%1 "
+                         "for each row execute function pg_temp.gaudykle();"_s;
+    const QString told =
+        u"select set_config('velmora.stotis', coalesce((select string_agg(kas, ' ') from pedsakai), "
+        "'niekas'), false);"
+        "insert into public.bd_objektai (obj_id, obj_pavad) values (%1, 'x');"_s;
+    psql(database(u"fin"_s), login(u"buh"_s),
+         trap.arg(u"bd_period"_s) + u"call close_per(); call back_per();"_s + told.arg(1));
+    psql(database(u"fin"_s), login(u"buh"_s),
+         u"create temporary table bd_istorija (i integer); set velmora.rutina = 'taip';"
+         "set velmora.login = 'direktorius';"_s +
+             told.arg(2).replace(u"pedsakai"_s, u"(select 'kas' as kas where false) s"_s));
+    EXPECT_EQ(
+        listOf(*fin,
+               u"select ist_raktas, ist_login, ist_stotis from bd_istorija where ist_lentele = "
+               "'bd_objektai' order by 1"_s,
+               3),
+        QList<QStringList>({{u"1"_s, login(u"buh"_s), u"niekas"_s}, {u"2"_s, login(u"buh"_s), u"niekas"_s}}));
+    postgresExec(u"revoke temporary on database %1 from %2"_s.arg(database(u"fin"_s), login(u"buh"_s)));
+}
+
+TEST_F(ServerRoles, NobodySealsInAnothersName)
+{
+    const auto buh = session(u"fin"_s, u"buh"_s);
+    const auto seal = [&](int number, const QString &whose) {
+        buh->nativeExec(u"insert into bd_antspaudai values (%1, '2026-01-01', %2, null, 'Uždarymas', null, "
+                        "'[]', '{}', '{}', 'x')"_s.arg(number)
+                            .arg(whose));
+    };
+    EXPECT_THROW(seal(101, u"'direktorius'"_s), EDatabaseError);
+    EXPECT_THROW(seal(102, u"null"_s), EDatabaseError);
+    EXPECT_NO_THROW(seal(103, TDatabase::quoted(login(u"buh"_s))));
 }
 
 TEST_F(ServerRoles, NobodyButTheOwnerMakesObjects)
