@@ -1,5 +1,6 @@
 #include "database/fingerprints.h"
 
+#include "database/native_sql.h"
 #include "toolkit/data/statement.h"
 
 #include <QJsonArray>
@@ -31,21 +32,9 @@ TWideSum sumOf(const QString &text)
     return text.startsWith(u'-') ? -sum : sum;
 }
 
-QStringList columnOf(TDatabase &db, const QString &sql)
-{
-    TranslatedSql native;
-    native.text = sql;
-    const auto statement = db.prepareNative(native);
-    statement->exec();
-    QStringList values;
-    while (statement->next())
-        values.append(QString::fromUtf8(statement->utf8(0)));
-    return values;
-}
-
 TTableFingerprint fingerprintIn(TDatabase &db, const QString &sql)
 {
-    const QString json = columnOf(db, sql).value(0);
+    const QString json = nativeColumn(db, sql).value(0);
     return tableFingerprint(QJsonDocument::fromJson(json.toUtf8()).object());
 }
 
@@ -145,11 +134,11 @@ TBookFingerprint bookFingerprint(const QJsonObject &json)
 QStringList fingerprintedTables(TDatabase &db)
 {
     if (db.engine() == Engine::Sqlite)
-        return columnOf(db,
-                        u"select name from sqlite_schema t where type = 'table' and name not glob 'sqlite_*' "
-                        "and name not in ('bd_versija', 'bd_istorija', 'bd_antspaudai', 'sys_raktai') "
-                        "and exists (select 1 from pragma_table_info(t.name) where pk > 0) order by name"_s);
-    return columnOf(
+        return nativeColumn(
+            db, u"select name from sqlite_schema t where type = 'table' and name not glob 'sqlite_*' "
+                "and name not in ('bd_versija', 'bd_istorija', 'bd_antspaudai', 'sys_raktai') "
+                "and exists (select 1 from pragma_table_info(t.name) where pk > 0) order by name"_s);
+    return nativeColumn(
         db, u"select relname from pg_class c join pg_index on indrelid = c.oid and indisprimary "
             "where relkind = 'r' and relnamespace = current_schema()::regnamespace and relname not in "
             "('bd_versija', 'bd_istorija', 'bd_antspaudai', 'sys_raktai') order by 1"_s);

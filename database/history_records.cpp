@@ -1,5 +1,6 @@
 #include "database/history_records.h"
 
+#include "database/native_sql.h"
 #include "database/value_prints.h"
 #include "toolkit/data/statement.h"
 
@@ -69,17 +70,16 @@ void eachRecord(TDatabase &db, const QString &condition,
                 const std::function<void(const THistoryRecord &)> &consumer)
 {
     constexpr int piece = 5000;
-    TranslatedSql sql;
     qlonglong last = 0;
     for (int read = piece; read == piece;) {
-        sql.text =
+        const auto statement = nativeQuery(
+            db,
             u"select ist_id, %1, cast(ist_suma as varchar(20)) from bd_istorija where (%2) and ist_id > %3 order by ist_id limit %4"_s
                 .arg(recordColumns, condition)
                 .arg(last)
-                .arg(piece);
-        const auto statement = db.prepareNative(sql);
+                .arg(piece));
         read = 0;
-        for (statement->exec(); statement->next(); ++read) {
+        for (; statement->next(); ++read) {
             const THistoryRecord record = recordIn(*statement);
             last = record.id;
             consumer(record);
@@ -89,12 +89,11 @@ void eachRecord(TDatabase &db, const QString &condition,
 
 QList<qlonglong> damagedRecords(TDatabase &db)
 {
-    TranslatedSql sql;
-    sql.text = u"select ist_id from bd_istorija where ist_suma is distinct from sys_iraso_suma(%1) "
-               "order by ist_id"_s.arg(recordColumns);
-    const auto statement = db.prepareNative(sql);
+    const auto statement =
+        nativeQuery(db, u"select ist_id from bd_istorija where ist_suma is distinct from sys_iraso_suma(%1) "
+                        "order by ist_id"_s.arg(recordColumns));
     QList<qlonglong> numbers;
-    for (statement->exec(); statement->next();)
+    while (statement->next())
         numbers.append(statement->integer(0));
     return numbers;
 }

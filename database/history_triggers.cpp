@@ -1,6 +1,7 @@
 #include "database/history_triggers.h"
 
 #include "database/history_records.h"
+#include "database/native_sql.h"
 #include "database/value_prints.h"
 #include "toolkit/data/statement.h"
 
@@ -13,18 +14,6 @@ constexpr char16_t tablesSql[] =
     u"select name from sqlite_schema t where type = 'table' and name not glob 'sqlite_*' "
     "and name not glob 'sys_*' and name not in ('bd_versija', 'bd_istorija', 'bd_antspaudai') "
     "and exists (select 1 from pragma_table_info(t.name) where pk > 0) order by name";
-
-QStringList tablesOf(TDatabase &db)
-{
-    TranslatedSql sql;
-    sql.text = QString::fromUtf16(tablesSql);
-    const auto statement = db.prepareNative(sql);
-    statement->exec();
-    QStringList names;
-    while (statement->next())
-        names.append(QString::fromUtf8(statement->utf8(0)));
-    return names;
-}
 
 // What of the columns goes into a trigger: pattern with %1 for the column's name.
 QString each(const QStringList &columns, const QString &pattern, const QString &between)
@@ -95,7 +84,7 @@ QString Table::triggers() const
 QString historyTriggers(TDatabase &db)
 {
     QString script;
-    for (const QString &name : tablesOf(db))
+    for (const QString &name : nativeColumn(db, QString::fromUtf16(tablesSql)))
         script += Table{name, db.columnNames(name), db.keyOf(name)}.triggers();
     return script;
 }

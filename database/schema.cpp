@@ -1,6 +1,7 @@
 #include "database/schema.h"
 
 #include "database/history.h"
+#include "database/native_sql.h"
 #include "database/seals.h"
 #include "toolkit/data/statement.h"
 #include "toolkit/sql/sort_key.h"
@@ -13,6 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// A revision changes tables that others are reading: it waits for them as long as somebody reads a long list.
+constexpr auto patience = "set local lock_timeout = '5min'"_L1;
 // Any number will do that no other program locks on the same server.
 constexpr auto serverLock = "select pg_advisory_xact_lock(7306021947)"_L1;
 
@@ -85,8 +88,10 @@ void checkNotNewer(TDatabase &db, int revision, int last)
 
 void lock(TDatabase &db)
 {
-    if (db.engine() == Engine::PostgreSql)
-        db.nativeExec(serverLock);
+    if (db.engine() != Engine::PostgreSql)
+        return;
+    db.nativeExec(patience);
+    db.nativeExec(serverLock);
 }
 
 void writeRevision(TDatabase &db, Book book, int before, int number)
@@ -164,10 +169,7 @@ int latestRevision()
 int revisionOf(TDatabase &db)
 {
     const auto single = [&db](const QString &text) {
-        TranslatedSql sql;
-        sql.text = text;
-        const auto statement = db.prepareNative(sql);
-        statement->exec();
+        const auto statement = nativeQuery(db, text);
         return statement->next() ? int(statement->integer(0)) : 0;
     };
     const bool known = single(db.engine() == Engine::Sqlite

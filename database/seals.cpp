@@ -1,5 +1,6 @@
 #include "database/seals.h"
 
+#include "database/native_sql.h"
 #include "database/value_prints.h"
 #include "toolkit/data/statement.h"
 
@@ -26,15 +27,6 @@ void addPart(QCryptographicHash &hash, const QByteArray &part)
     hash.addData(part);
 }
 
-std::unique_ptr<TStatement> opened(TDatabase &db, const QString &native)
-{
-    TranslatedSql sql;
-    sql.text = native;
-    auto statement = db.prepareNative(sql);
-    statement->exec();
-    return statement;
-}
-
 QByteArray bytesOf(const TStatement &statement, int column)
 {
     return statement.isNull(column) ? QByteArray() : statement.utf8(column).toByteArray();
@@ -49,9 +41,9 @@ Variant orNull(const QByteArray &text)
 void signSeal(TDatabase &db, TSeal &seal)
 {
     const auto signer =
-        opened(db, db.engine() == Engine::Sqlite
-                       ? u"select sys_dabar(), nullif(sys_login(), ''), nullif(sys_stotis(), '')"_s
-                       : u"select laikas, login, stotis from sys_kas_keicia()"_s);
+        nativeQuery(db, db.engine() == Engine::Sqlite
+                            ? u"select sys_dabar(), nullif(sys_login(), ''), nullif(sys_stotis(), '')"_s
+                            : u"select laikas, login, stotis from sys_kas_keicia()"_s);
     if (!signer->next())
         return;
     seal.moment = bytesOf(*signer, 0);
@@ -239,7 +231,7 @@ bool TSeal::accepts() const
 
 QList<TSeal> readSeals(TDatabase &db)
 {
-    const auto statement = opened(
+    const auto statement = nativeQuery(
         db, u"select ant_id, ant_laikas, ant_login, ant_stotis, ant_ivykis, cast(ant_perid as varchar(20)), "
             "ant_irasai, ant_sumos, ant_bukle, ant_antspaudas from bd_antspaudai order by ant_id"_s);
     QList<TSeal> seals;
@@ -291,7 +283,7 @@ QJsonObject monthTotals(TDatabase &fin, qlonglong period)
         QStringList sums{u"count(*)"_s};
         for (const QString &amount : table.amounts)
             sums.append(u"cast(round(coalesce(sum(%1), 0) * 10000) as bigint)"_s.arg(amount));
-        const auto row = opened(
+        const auto row = nativeQuery(
             fin,
             u"select %1 from %2 where %3 = %4"_s.arg(sums.join(u", "), table.name, table.period).arg(period));
         row->next();
@@ -306,10 +298,10 @@ QJsonObject monthTotals(TDatabase &fin, qlonglong period)
 bool leavesRecords(TDatabase &db)
 {
     const auto answer =
-        opened(db, db.engine() == Engine::Sqlite
-                       ? u"select sys_istorija()"_s
-                       : u"select (coalesce(current_setting('velmora.login', true), '') <> '' and "
-                         "coalesce(current_setting('velmora.rutina', true), '') = '')::int"_s);
+        nativeQuery(db, db.engine() == Engine::Sqlite
+                            ? u"select sys_istorija()"_s
+                            : u"select (coalesce(current_setting('velmora.login', true), '') <> '' and "
+                              "coalesce(current_setting('velmora.rutina', true), '') = '')::int"_s);
     return answer->next() && answer->integer(0) != 0;
 }
 

@@ -1,6 +1,6 @@
 #include "database/server_roles.h"
 
-#include "toolkit/data/statement.h"
+#include "database/native_sql.h"
 
 #include <QFile>
 
@@ -10,25 +10,9 @@ namespace {
 
 constexpr int longestName = 63;
 
-QStringList columnOf(TDatabase &db, const QString &native)
-{
-    TranslatedSql sql;
-    sql.text = native;
-    const auto statement = db.prepareNative(sql);
-    QStringList values;
-    for (statement->exec(); statement->next();)
-        values.append(QString::fromUtf8(statement->utf8(0)));
-    return values;
-}
-
 QString databaseOf(TDatabase &db)
 {
-    return columnOf(db, u"select current_database()"_s).constFirst();
-}
-
-QString identifier(const QString &name)
-{
-    return u'"' + QString(name).replace(u'"', u"\"\""_s) + u'"';
+    return nativeColumn(db, u"select current_database()"_s).constFirst();
 }
 
 QString script(const QString &name)
@@ -43,7 +27,7 @@ QString script(const QString &name)
 QString worded(QString text, const QMap<QString, QString> &values)
 {
     for (const auto &[name, value] : values.asKeyValueRange()) {
-        text.replace(u":\"%1\""_s.arg(name), identifier(value));
+        text.replace(u":\"%1\""_s.arg(name), nativeName(value));
         text.replace(u":'%1'"_s.arg(name), TDatabase::quoted(value));
     }
     return text;
@@ -52,10 +36,10 @@ QString worded(QString text, const QMap<QString, QString> &values)
 // A role that logs in is somebody's, whatever it is called.
 void makeGroup(TDatabase &db, const QString &group)
 {
-    const QStringList logsIn =
-        columnOf(db, u"select rolcanlogin::int from pg_roles where rolname = "_s + TDatabase::quoted(group));
+    const QStringList logsIn = nativeColumn(db, u"select rolcanlogin::int from pg_roles where rolname = "_s +
+                                                    TDatabase::quoted(group));
     if (logsIn.isEmpty())
-        db.nativeExec(u"create role %1 nologin"_s.arg(identifier(group)));
+        db.nativeExec(u"create role %1 nologin"_s.arg(nativeName(group)));
     else if (logsIn.constFirst() != u"0")
         throw EDatabaseError(
             u"Vardu „%1“, kurio reikia naudotojų grupei, serveryje jau kažkas jungiasi."_s.arg(group));
@@ -66,7 +50,7 @@ void makeGroups(TDatabase &db, const TServerGroups &groups)
     for (const QString &group : {groups.viewers, groups.bookkeepers, groups.administrators})
         makeGroup(db, group);
     for (const QString &group : {groups.bookkeepers, groups.administrators})
-        db.nativeExec(u"grant %1 to %2"_s.arg(identifier(groups.viewers), identifier(group)));
+        db.nativeExec(u"grant %1 to %2"_s.arg(nativeName(groups.viewers), nativeName(group)));
 }
 
 void shut(TDatabase &db)
@@ -94,10 +78,11 @@ QString obstacle(TDatabase &db, const QString &mainDatabase)
     if (TServerGroups(mainDatabase).administrators.toUtf8().size() > longestName)
         return u"Duomenų bazės vardas „%1“ per ilgas, kad pagal jį būtų pavadintos naudotojų grupės."_s.arg(
             mainDatabase);
-    if (columnOf(db, u"select 1 from pg_roles where rolname = current_user and (rolcreaterole or rolsuper)"_s)
+    if (nativeColumn(db,
+                     u"select 1 from pg_roles where rolname = current_user and (rolcreaterole or rolsuper)"_s)
             .isEmpty())
         return u"Naudotojui „%1“ neleista kurti serverio naudotojų."_s.arg(
-            columnOf(db, u"select current_user"_s).constFirst());
+            nativeColumn(db, u"select current_user"_s).constFirst());
     return {};
 }
 
@@ -127,7 +112,7 @@ try {
     ofFin.commit();
     TTransaction ofRavl(&ravl);
     grantAll(ravl, {u"books.sql"_s, u"users.sql"_s}, mainDatabase);
-    const QStringList remarks = columnOf(ravl, u"select sys_prisijungimai_visiems()"_s);
+    const QStringList remarks = nativeColumn(ravl, u"select sys_prisijungimai_visiems()"_s);
     ofRavl.commit();
     return remarks;
 } catch (const EDatabaseError &error) {

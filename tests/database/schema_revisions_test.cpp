@@ -1,12 +1,33 @@
 #include "database/schema.h"
 #include "tests/support/engines.h"
+#include "toolkit/data/statement.h"
 
+#include <QDeadlineTimer>
 #include <QThread>
 
 using namespace Qt::StringLiterals;
 
 using Revisions = OnEmptyDatabases;
 ON_BOTH_ENGINES(Revisions);
+
+// On a server, where a list that somebody has read half holds its tables.
+class RevisionsOnServer : public OnEmptyDatabases {
+protected:
+    // Whether somebody begins to wait for a lock in the main database.
+    bool somebodyWaits()
+    {
+        const QDeadlineTimer patience(60'000);
+        while (!patience.hasExpired()) {
+            if (nativeValue(*secondFin(),
+                            u"select count(*) from pg_locks join pg_database d on d.oid = database "
+                            "where datname = current_database() and not granted"_s) != u"0")
+                return true;
+            QThread::msleep(20);
+        }
+        return false;
+    }
+};
+ON_ENGINE(RevisionsOnServer, Engine::PostgreSql);
 
 namespace {
 
@@ -124,4 +145,36 @@ TEST_P(Revisions, TwoStationsAtOnceApplyEachOnce)
     EXPECT_EQ(failures[1], QString());
     EXPECT_EQ(revisionOf(*mnFin_Db), 2);
     EXPECT_EQ(value(*mnFin_Db, u"select count(*) from bd_a"_s), u"1");
+}
+
+TEST_P(RevisionsOnServer, WaitForAListThatIsReadOnMeanwhile)
+{
+    upgrade(*mnFin_Db, Book::Main, {first});
+    mnFin_Db->nativeExec(u"insert into bd_a select i from generate_series(2, 50000) i"_s);
+    const auto list = mnFin_Db->prepare(u"select a_id from bd_a"_s);
+    list->exec();
+    ASSERT_TRUE(list->next());
+
+    constexpr int usualPatienceMs = 200;
+    QString failure;
+    TSessionSettings settings = finSettings();
+    settings.busyTimeoutMs = usualPatienceMs;
+    const std::unique_ptr<QThread> upgrading(QThread::create([&, settings] {
+        try {
+            const std::unique_ptr<TDatabase> station = open(settings);
+            upgrade(*station, Book::Main, {first, {2, {u"alter table bd_a add a_nauja integer"_s}}});
+        } catch (const Exception &error) {
+            failure = error.message();
+        }
+    }));
+    upgrading->start();
+    EXPECT_TRUE(somebodyWaits());
+    QThread::msleep(5 * usualPatienceMs);
+    int read = 1;
+    while (list->next())
+        ++read;
+    EXPECT_EQ(read, 50000);
+    EXPECT_TRUE(upgrading->wait(60'000));
+    EXPECT_EQ(failure, QString());
+    EXPECT_EQ(revisionOf(*mnFin_Db), 2);
 }

@@ -77,11 +77,6 @@ QStringList TServerConsole::run(const QString &statement)
     return values;
 }
 
-QString TServerConsole::identifier(const QString &name)
-{
-    return u'"' + QString(name).replace(u'"', u"\"\""_s) + u'"';
-}
-
 QString databaseOf(const QString &connInfo)
 {
     const TOptions options = optionsOf(connInfo);

@@ -19,9 +19,6 @@ public:
     // Runs a statement and returns the first column of its rows. Raises EDatabaseError.
     QStringList run(const QString &statement);
 
-    // A name between double quotes.
-    static QString identifier(const QString &name);
-
 private:
     std::unique_ptr<pg_conn, void (*)(pg_conn *)> connection;
 };

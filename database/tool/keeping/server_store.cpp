@@ -1,4 +1,5 @@
 #include "database/backups/unfinished.h"
+#include "database/native_sql.h"
 #include "database/tool/keeping/backup_place.h"
 #include "database/tool/keeping/native_query.h"
 #include "database/tool/keeping/server_console.h"
@@ -66,7 +67,7 @@ public:
         keepOthersOut();
         removeAside();
         for (const QString &name : {fin, ravl}) {
-            const QString database = TServerConsole::identifier(name + asideEnding);
+            const QString database = nativeName(name + asideEnding);
             console->run(
                 u"create database %1 template template0 encoding 'UTF8' lc_collate 'C' lc_ctype 'C.UTF-8'"_s
                     .arg(database));
@@ -140,7 +141,7 @@ private:
     void removeAside()
     {
         for (const QString &name : {fin, ravl})
-            console->run(u"drop database if exists "_s + TServerConsole::identifier(name + asideEnding));
+            console->run(u"drop database if exists "_s + nativeName(name + asideEnding));
         TPartsFolder::remove(parts);
     }
 
@@ -152,8 +153,7 @@ private:
 
     static void rename(TServerConsole &server, const QString &from, const QString &to)
     {
-        server.run(u"alter database %1 rename to %2"_s.arg(TServerConsole::identifier(from),
-                                                           TServerConsole::identifier(to)));
+        server.run(u"alter database %1 rename to %2"_s.arg(nativeName(from), nativeName(to)));
     }
 
     QString fin;
