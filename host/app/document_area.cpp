@@ -1,6 +1,7 @@
 #include "host/app/document_area.h"
 
 #include "toolkit/widgets/guard.h"
+#include "toolkit/widgets/screen_room.h"
 
 #include <QAction>
 #include <QApplication>
@@ -30,6 +31,18 @@ QWidget *keyboardControl(QWidget *document)
         if (takesIt(next))
             return next;
     return document;
+}
+
+// Where a frame stands a step further, in the room; one that fills the room becomes smaller.
+QRect stepFurther(QRect frame, int step, const QRect &room)
+{
+    frame.setSize(frame.size().boundedTo(room.size() - QSize(step, step)));
+    frame.translate(step, step);
+    if (frame.right() > room.right())
+        frame.moveLeft(room.left());
+    if (frame.bottom() > room.bottom())
+        frame.moveTop(room.top());
+    return frame;
 }
 
 } // namespace
@@ -133,11 +146,13 @@ int TDocumentArea::helpTopic() const
 }
 
 // A window never stands exactly on another one: it moves down and right by a title bar until it is alone
-// there.
+// there, and from the edge of the area begins again at the other one.
 void TDocumentArea::moveOffOthers(QMdiSubWindow *window)
 {
-    if (!window || window->isMaximized())
+    if (!window || !isVisible() || window->isMaximized())
         return;
+    const QRect room = viewport()->rect();
+    window->setGeometry(movedInto(window->geometry(), room));
     const int step = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, window);
     const auto covered = [this, window] {
         for (const QMdiSubWindow *other : subWindowList())
@@ -146,7 +161,7 @@ void TDocumentArea::moveOffOthers(QMdiSubWindow *window)
         return false;
     };
     for (qsizetype tries = subWindowList().size(); tries > 0 && covered(); --tries)
-        window->move(window->pos() + QPoint(step, step));
+        window->setGeometry(stepFurther(window->geometry(), step, room));
 }
 
 void TDocumentArea::giveKeyboard(QMdiSubWindow *window)

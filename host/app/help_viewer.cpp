@@ -2,6 +2,7 @@
 
 #include "host/common/help.h"
 #include "toolkit/widgets/dialog.h"
+#include "toolkit/widgets/screen_room.h"
 
 #include <QApplication>
 #include <QFile>
@@ -23,7 +24,7 @@ THelpViewer::THelpViewer(QWidget *owner) : QTextBrowser(owner)
 {
     setWindowFlag(Qt::Window);
     setAccessibleName("Pagalba");
-    resize(640, 560);
+    resizeInScreen(this, {640, 560});
     document()->setDocumentMargin(14);
 }
 

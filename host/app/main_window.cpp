@@ -19,6 +19,7 @@
 #include "host/data/main_datas.h"
 #include "host/data/organisation.h"
 #include "toolkit/widgets/guard.h"
+#include "toolkit/widgets/screen_room.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -77,7 +78,7 @@ TMainWindow::TMainWindow(TLoadedPackage &loaded)
 {
     setObjectName("TMainWindow");
     setWindowTitle("Velmora");
-    resize(1100, 720);
+    resizeInScreen(this, {1100, 720});
     setCentralWidget(area);
     auto *style = new TMenuBarStyle;
     style->setParent(this);

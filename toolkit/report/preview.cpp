@@ -6,6 +6,7 @@
 #include "toolkit/widgets/guard.h"
 #include "toolkit/widgets/icons.h"
 #include "toolkit/widgets/progress.h"
+#include "toolkit/widgets/screen_room.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -59,7 +60,8 @@ TReportPreview::TReportPreview(TReport shownReport, std::unique_ptr<TReportRows>
     all->setSpacing(0);
     all->addWidget(tools);
     all->addWidget(pageView);
-    resize(report.page.orientation() == QPageLayout::Landscape ? QSize(1000, 760) : QSize(820, 760));
+    const bool isWide = report.page.orientation() == QPageLayout::Landscape;
+    resizeInScreen(this, isWide ? QSize(1000, 760) : QSize(820, 760));
     connectGuarded(pageView, &TReportView::currentPageChanged, this, [this] { showPage(); });
     showPage();
     setFocusProxy(pageView);

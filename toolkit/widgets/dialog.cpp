@@ -10,12 +10,12 @@
 #include "toolkit/widgets/lithuanian.h"
 #include "toolkit/widgets/push_button.h"
 #include "toolkit/widgets/refused.h"
+#include "toolkit/widgets/screen_room.h"
 
 #include <QApplication>
 #include <QKeyEvent>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
-#include <QScreen>
 #include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -54,14 +54,6 @@ QIcon iconOf(TDialogButton::Role role)
     return {};
 }
 
-// What the screen has for a window, the frame that the desktop draws around it left out.
-QRect roomFor(const QWidget *window)
-{
-    const int title = window->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, window);
-    const int frame = window->style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, window);
-    return window->screen()->availableGeometry().adjusted(frame, title + frame, -frame, -frame);
-}
-
 // How wide a window must be for its title to be read whole beside the icons and buttons of its frame.
 int widthForTitle(const QWidget *window)
 {
@@ -86,16 +78,6 @@ bool wasWrittenBefore(QDialog *dialog, QWidget *body)
     qlonglong number = dialog->property(unknownSave).toLongLong();
     const auto keep = qScopeGuard([&] { setUnknownSave(dialog, body, number); });
     return foundWritten(number);
-}
-
-void moveIntoScreen(QWidget *window)
-{
-    const QRect room = roomFor(window);
-    const QPoint lastCorner = room.bottomRight() - QPoint(window->width() - 1, window->height() - 1);
-    const QPoint inside(std::clamp(window->x(), room.left(), std::max(room.left(), lastCorner.x())),
-                        std::clamp(window->y(), room.top(), std::max(room.top(), lastCorner.y())));
-    if (inside != window->pos())
-        window->move(inside);
 }
 
 } // namespace

@@ -8,13 +8,16 @@
 #include "tests/src/written_rows.h"
 #include "tests/support/message_box.h"
 
+#include <QDialog>
+#include <QScreen>
+
 #include <map>
 
 namespace {
 
 // What was wrong in the windows of an entry, each with its window's title.
 struct TFaults {
-    QStringList nameless, unreachable, repeated, refused, untitled;
+    QStringList nameless, unreachable, repeated, refused, untitled, beyondAnEdge;
 };
 
 QStringList inWindow(const QWidget &window, const QStringList &faults)
@@ -46,6 +49,10 @@ protected:
             found.unreachable += inWindow(window, controlsOutOfReach(window));
             found.repeated += inWindow(window, repeatedAccelerators(window));
             found.refused += inWindow(window, statementsRefused(window) + writesRefused(window));
+            // A document that stands alone here has the main window around it elsewhere.
+            if (qobject_cast<QDialog *>(&window) &&
+                !window.screen()->availableGeometry().contains(window.geometry()))
+                found.beyondAnEdge << window.windowTitle();
             if (window.windowTitle().isEmpty())
                 found.untitled << window.metaObject()->className();
         });
@@ -84,6 +91,11 @@ TEST_P(EveryEntry, LetsTheKeyboardReachEveryControl)
 TEST_P(EveryEntry, GivesNoAcceleratorTwice)
 {
     EXPECT_EQ(faults().repeated, QStringList());
+}
+
+TEST_P(EveryEntry, StandsOnASmallScreenWhole)
+{
+    EXPECT_EQ(faults().beyondAnEdge, QStringList());
 }
 
 TEST_P(EveryEntry, HasStatementsThatTheEngineTakes)

@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressDialog>
+#include <QScreen>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
@@ -64,6 +65,17 @@ protected:
 };
 
 } // namespace
+
+TEST_F(Preview, AWideReportStandsOnASmallScreenWhole)
+{
+    TReport report = numbered();
+    report.page.setOrientation(QPageLayout::Landscape);
+    TReportPreview wide(report, std::make_unique<Numbers>(1), nullptr);
+    wide.show();
+    const QRect screen = wide.screen()->availableGeometry();
+    ASSERT_LT(screen.width(), 1000) << "a control: the window would like to be wider";
+    EXPECT_TRUE(screen.contains(wide.geometry()));
+}
 
 TEST_F(Preview, NamesTheReportAndCountsItsPages)
 {
