@@ -1,9 +1,9 @@
 #include "host/common/settings_store.h"
 
-#include <QAbstractItemModel>
+#include "toolkit/widgets/db_grid.h"
+#include "toolkit/widgets/screen_room.h"
+
 #include <QCoreApplication>
-#include <QHeaderView>
-#include <QTableView>
 
 #include <memory>
 #include <optional>
@@ -12,8 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int widestWindow = 32767;
-constexpr int narrowestColumn = 8;
-constexpr int widestColumn = 4000;
 
 QString pathOf(const QString &path, const QString &name)
 {
@@ -50,56 +48,15 @@ std::optional<QRect> keptPlacement()
     return possible ? std::optional(QRect(*left, *top, *width, *height)) : std::nullopt;
 }
 
-QRect movedInto(QRect wanted, const QRect &room)
-{
-    wanted.setSize(wanted.size().boundedTo(room.size()));
-    if (wanted.right() > room.right())
-        wanted.moveRight(room.right());
-    if (wanted.bottom() > room.bottom())
-        wanted.moveBottom(room.bottom());
-    if (wanted.left() < room.left())
-        wanted.moveLeft(room.left());
-    if (wanted.top() < room.top())
-        wanted.moveTop(room.top());
-    return wanted;
-}
-
-// A grid's widths are of use only for the same columns; anything else was kept by another version, or
-// damaged.
-void applyWidths(QTableView *grid, const QStringList &kept)
-{
-    if (!grid->model() || kept.size() != grid->model()->columnCount())
-        return;
-    QList<int> widths;
-    for (const QString &text : kept) {
-        bool ok = false;
-        const int width = text.toInt(&ok);
-        if (!ok || (width != 0 && (width < narrowestColumn || width > widestColumn)))
-            return;
-        widths << width;
-    }
-    for (int i = 0; i < widths.size(); ++i) {
-        if (widths[i] > 0 && !grid->isColumnHidden(i))
-            grid->setColumnWidth(i, widths[i]);
-    }
-}
-
-QStringList widthsOf(const QTableView *grid)
-{
-    QStringList widths;
-    for (int i = 0; grid->model() && i < grid->model()->columnCount(); ++i)
-        widths << QString::number(grid->columnWidth(i)); // a hidden column has the width 0
-    return widths;
-}
-
 template<class Act> void forEachGrid(QWidget *control, Act act)
 {
-    const auto grids = control->findChildren<QTableView *>();
-    for (QTableView *grid : grids) {
+    const auto grids = control->findChildren<TDBGrid *>();
+    for (TDBGrid *grid : grids) {
         if (!grid->objectName().isEmpty())
             act(grid, u"Columns_"_s + grid->objectName());
     }
 }
+
 // A window on the screen: the toolkit knows screens, and a placement outside them.
 bool restoreWindow(QWidget *window)
 {
@@ -165,8 +122,8 @@ bool CanSave()
 bool ReadFromReg(QWidget *control, const QString &path, const QString &name)
 {
     const InGroup group(pathOf(path, name));
-    forEachGrid(control, [](QTableView *grid, const QString &key) {
-        applyWidths(grid, settingsStore().value(key).toStringList());
+    forEachGrid(control, [](TDBGrid *grid, const QString &key) {
+        grid->setArrangement(settingsStore().value(key).toByteArray());
     });
     return control->isWindow() ? restoreWindow(control) : restoreInner(control);
 }
@@ -181,8 +138,8 @@ void SaveToReg(QWidget *control, const QString &path, const QString &name, bool 
     else
         saveInner(control);
     if (columns) {
-        forEachGrid(control, [](QTableView *grid, const QString &key) {
-            settingsStore().setValue(key, widthsOf(grid));
+        forEachGrid(control, [](const TDBGrid *grid, const QString &key) {
+            settingsStore().setValue(key, grid->arrangement());
         });
     }
 }

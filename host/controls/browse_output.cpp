@@ -1,5 +1,4 @@
 #include "host/controls/browse_private.h"
-#include "host/controls/list_copy.h"
 #include "host/controls/list_report.h"
 #include "host/data/main_datas.h"
 #include "host/data/reports.h"
@@ -8,17 +7,13 @@
 #include "toolkit/text/datetime.h"
 #include "toolkit/widgets/db_grid.h"
 
-#include <QApplication>
-#include <QClipboard>
-#include <QMimeData>
 #include <QPointer>
 
 using namespace Qt::StringLiterals;
 
 void TBrowseFrm::CopyBtnClick()
 {
-    if (QMimeData *copied = copyOfRows(*d->grid))
-        QApplication::clipboard()->setMimeData(copied);
+    d->grid->copySelection();
 }
 
 void TBrowseFrm::BeforePrint(TReport &report)

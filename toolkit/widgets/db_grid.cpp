@@ -1,6 +1,7 @@
 #include "toolkit/widgets/db_grid.h"
 
 #include "toolkit/text/format.h"
+#include "toolkit/widgets/grid_copy.h"
 #include "toolkit/widgets/grid_delegate.h"
 #include "toolkit/widgets/grid_model.h"
 #include "toolkit/widgets/guard.h"
@@ -10,6 +11,7 @@
 #include <QDataStream>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QPainter>
 #include <QScopedValueRollback>
 
@@ -20,8 +22,7 @@ using namespace Qt::StringLiterals;
 TDBGrid::TDBGrid(QWidget *parent)
     : QTableView(parent),
       rows(new TGridModel(this)),
-      editors(new TGridDelegate(rows, this)),
-      emptyText(u"Įrašų nėra"_s)
+      editors(new TGridDelegate(rows, this))
 {
     setModel(rows);
     setItemDelegate(editors);
@@ -41,13 +42,9 @@ TDBGrid::TDBGrid(QWidget *parent)
     connectGuarded(horizontalHeader(), &QHeaderView::sectionClicked, this,
                    [this](int column) { emit titleClicked(fieldAt(column)); });
     connectGuarded(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column) {
-        if (layingOut)
-            return;
-        sized += fieldAt(column).toLower();
-        emit arrangementChanged();
+        if (!layingOut)
+            sized += fieldAt(column).toLower();
     });
-    connectGuarded(horizontalHeader(), &QHeaderView::sectionMoved, this,
-                   [this] { emit arrangementChanged(); });
     // What the fields hold is known only once the set is open.
     connectGuarded(rows, &TGridModel::modelReset, this, [this] { layOutColumns(); });
     connectGuarded(rows, &TGridModel::rowsChanged, this, [this] { followSet(); });
@@ -100,12 +97,6 @@ void TDBGrid::setTitlesCentred(bool on)
 void TDBGrid::setMultiSelect(bool on)
 {
     setSelectionMode(on ? ExtendedSelection : SingleSelection);
-}
-
-void TDBGrid::setEmptyText(const QString &text)
-{
-    emptyText = text;
-    viewport()->update();
 }
 
 void TDBGrid::layOutColumns()
@@ -202,20 +193,32 @@ void TDBGrid::changeEvent(QEvent *event)
 
 QByteArray TDBGrid::arrangement() const
 {
-    QByteArray kept;
-    QDataStream stream(&kept, QIODevice::WriteOnly);
-    stream << fieldNames() << QStringList(sized.begin(), sized.end()) << horizontalHeader()->saveState();
+    QByteArray kept = arrangedColumns();
+    QDataStream stream(&kept, QIODevice::Append);
+    stream << QStringList(sized.begin(), sized.end()) << horizontalHeader()->saveState();
     return kept;
+}
+
+// What every arrangement of the grid's columns begins with.
+QByteArray TDBGrid::arrangedColumns() const
+{
+    QByteArray names;
+    QDataStream stream(&names, QIODevice::WriteOnly);
+    stream << fieldNames();
+    return names;
 }
 
 void TDBGrid::setArrangement(const QByteArray &kept)
 {
-    QDataStream stream(kept);
-    QStringList fields;
+    // Compared before anything is read: a damaged length would be taken for one.
+    const QByteArray columns = arrangedColumns();
+    if (!kept.startsWith(columns))
+        return;
+    QDataStream stream(kept.sliced(columns.size()));
     QStringList sizedByUser;
     QByteArray state;
-    stream >> fields >> sizedByUser >> state;
-    if (stream.status() != QDataStream::Ok || fields != fieldNames())
+    stream >> sizedByUser >> state;
+    if (stream.status() != QDataStream::Ok)
         return;
     QHeaderView *header = horizontalHeader();
     const bool marked = header->isSortIndicatorShown();
@@ -354,7 +357,7 @@ void TDBGrid::paintEvent(QPaintEvent *event)
         return;
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::PlaceholderText));
-    painter.drawText(viewport()->rect(), Qt::AlignCenter, emptyText);
+    painter.drawText(viewport()->rect(), Qt::AlignCenter, u"Įrašų nėra"_s);
 }
 
 QList<int> TDBGrid::selectedRows() const
@@ -367,25 +370,8 @@ QList<int> TDBGrid::selectedRows() const
     return {chosen.begin(), chosen.end()};
 }
 
-QString TDBGrid::selectedText() const
-{
-    QStringList lines;
-    for (const int row : selectedRows()) {
-        QStringList cells;
-        for (int visual = 0; visual < rows->columnCount(); ++visual) {
-            const int column = horizontalHeader()->logicalIndex(visual);
-            // A tab or a line end inside a text would fall apart into cells.
-            if (!isColumnHidden(column))
-                cells += rows->index(row, column).data().toString().simplified();
-        }
-        lines += cells.join(u'\t');
-    }
-    return lines.join(u'\n');
-}
-
 void TDBGrid::copySelection() const
 {
-    const QString text = selectedText();
-    if (!text.isEmpty())
-        QApplication::clipboard()->setText(text);
+    if (std::unique_ptr<QMimeData> copied = copyOfRows(*this))
+        QApplication::clipboard()->setMimeData(copied.release());
 }

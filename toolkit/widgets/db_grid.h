@@ -63,8 +63,6 @@ public:
     void setTitlesCentred(bool on);
     // Whether Ctrl and Shift select several rows (the default: yes).
     void setMultiSelect(bool on);
-    // What stands in an empty list; "Įrašų nėra" unless told otherwise.
-    void setEmptyText(const QString &text);
 
     // Order and widths of the columns as the user arranged them, for keeping them between sessions. An
     // arrangement of other columns is passed over.
@@ -77,8 +75,7 @@ public:
 
     // The selected rows in their order, as rows of the set.
     QList<int> selectedRows() const;
-    // The selected rows as text: cells parted by tabs, rows by line ends, columns in the order shown.
-    QString selectedText() const;
+    // Puts the selected rows, else the current one, into the clipboard (see grid_copy.h).
     void copySelection() const;
 
     QString fieldAt(int column) const;                           // the field of a grid column
@@ -88,8 +85,7 @@ public:
 signals:
     void titleClicked(const QString &field);
     void rowActivated(); // Enter or a double click on a record
-    void arrangementChanged();
-    void entered(); // the keyboard came to the grid
+    void entered();      // the keyboard came to the grid
     // It went to another control; one that is only borrowing it (a message, a picker, another program) is
     // none. In a grid that is edited in place also before Tab leaves the record that is being edited, which
     // only goes on when the record is not being edited any more.
@@ -116,6 +112,7 @@ private:
     void tellIfLeft();
     void layOutColumns();
     QStringList fieldNames() const; // in small letters
+    QByteArray arrangedColumns() const;
     int leastWidth(int column) const;
     QHash<int, int> thirsty() const;
     void shareSpareWidth();
@@ -125,7 +122,6 @@ private:
 
     TGridModel *rows;
     TGridDelegate *editors;
-    QString emptyText;
     QSet<QString> sized; // fields, in small letters, whose columns the user gave a width
     bool layingOut = false;
     int flusher = 0;

@@ -1,15 +1,13 @@
 #include "host/common/settings_store.h"
+#include "toolkit/widgets/db_grid.h"
 
 #include <gtest/gtest.h>
 
 #include <QFile>
 #include <QGuiApplication>
-#include <QHeaderView>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScreen>
-#include <QStandardItemModel>
-#include <QTableView>
 
 using namespace Qt::StringLiterals;
 
@@ -30,11 +28,12 @@ struct Window : QWidget {
     Window()
     {
         grid.setObjectName(u"DBGrid"_s);
-        grid.setModel(&model);
+        grid.setColumns({{.field = u"kodas"_s, .title = u"Kodas"_s, .width = 50},
+                         {.field = u"pavad"_s, .title = u"Pavadinimas"_s, .width = 90},
+                         {.field = u"suma"_s, .title = u"Suma"_s, .width = 70}});
         grid.setGeometry(0, 0, 300, 200);
     }
-    QStandardItemModel model{2, 3};
-    QTableView grid{this};
+    TDBGrid grid{this};
 };
 } // namespace
 
@@ -151,13 +150,16 @@ TEST_F(SettingsStore, ColumnWidthsComeBackWhenAskedFor)
 
 TEST_F(SettingsStore, WidthsOfOtherColumnsOrDamagedOnesAreLeftOut)
 {
-    for (const QStringList &kept : {QStringList{u"50"_s, u"60"_s}, QStringList{u"50"_s, u"x"_s, u"70"_s},
-                                    QStringList{u"50"_s, u"-9"_s, u"70"_s}}) {
+    Window other;
+    other.grid.setColumns({{.field = u"kodas"_s, .width = 50}, {.field = u"pavad"_s, .width = 60}});
+    other.grid.setColumnWidth(0, 177);
+    const QByteArray damaged = QByteArray(other.grid.arrangement()).replace(0, 4, "\x7f\xff\xff\xff");
+    for (const QVariant &kept : {QVariant(other.grid.arrangement()), QVariant(damaged),
+                                 QVariant(QStringList{u"177"_s, u"60"_s, u"70"_s})}) {
         Window window;
-        const int before = window.grid.columnWidth(0);
         keep(u"Columns_DBGrid"_s, kept);
         ReadFromReg(&window, path(), u"Frm"_s);
-        EXPECT_EQ(window.grid.columnWidth(0), before);
+        EXPECT_EQ(window.grid.columnWidth(0), 50);
     }
 }
 
