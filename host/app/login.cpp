@@ -41,28 +41,30 @@ TLoginEnd runLogin(TMainWindow &window, TLoginDlg &dialog)
 
 } // namespace
 
-TLoginEnd logInAt(TMainWindow &window, const QString &name)
+TLoginEnd logInAt(TMainWindow &window, const QString &name, TLoginPatience &patience)
 {
     window.setLoggedIn(false); // title and status bar tell which books these are
-    TLoginDlg dialog(*MainDatas(), name, &window);
+    TLoginDlg dialog(*MainDatas(), name, patience, &window);
     return runLogin(window, dialog);
 }
 
-TLoginEnd logInAt(TMainWindow &window, const TBooksSettings &books, const QString &name)
+TLoginEnd logInAt(TMainWindow &window, const TBooksSettings &books, const QString &name,
+                  TLoginPatience &patience)
 {
     if (!haveOwnLogins(books))
-        return logInAt(window, name);
+        return logInAt(window, name, patience);
     window.setLoggedIn(false);
-    TLoginDlg dialog(books, institutionAt(books), name, &window);
+    TLoginDlg dialog(books, institutionAt(books), name, patience, &window);
     return runLogin(window, dialog);
 }
 
 bool enterOpenBooks(TMainWindow &window, TBooksSettings books, const QString &user)
 {
+    TLoginPatience patience;
     for (;;) {
         if (!haveOwnLogins(books) && !haveUsers() && !setUpOpenBooks(&window))
             return false;
-        switch (logInAt(window, books, user)) {
+        switch (logInAt(window, books, user, patience)) {
         case TLoginEnd::LoggedIn:
             keepOnList(window, books);
             startDailyBackup(&window, [&window] { showBackups(window); });

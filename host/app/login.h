@@ -3,15 +3,17 @@
 #include "host/app/options.h"
 #include "host/data/connections.h"
 
+class TLoginPatience;
 class TMainWindow;
 
 // Asks for name and password over the main window and lets the user in. A user who may only view gets
 // sessions that cannot write, and is told so. Other books: nobody is let in, the user asks for those of
-// another institution.
+// another institution. The patience is that of the whole way in, whichever books it leads to.
 enum class TLoginEnd { LoggedIn, GivenUp, OtherBooks };
-TLoginEnd logInAt(TMainWindow &window, const QString &name);
+TLoginEnd logInAt(TMainWindow &window, const QString &name, TLoginPatience &patience);
 // The same for the given books, which are opened by the login where each person has one of his own.
-TLoginEnd logInAt(TMainWindow &window, const TBooksSettings &books, const QString &name);
+TLoginEnd logInAt(TMainWindow &window, const TBooksSettings &books, const QString &name,
+                  TLoginPatience &patience);
 
 // The way in to books that are open: asks for name and password, and leads from there to other institutions
 // until the user is in; the institution then stands first on the workstation's list, under the name that its

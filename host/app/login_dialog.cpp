@@ -8,44 +8,31 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
-namespace {
-
-constexpr int longestWait = 30;
-
-// Seconds before the next try after so many refusals: 1, 2, 4, 8 and so on.
-int waitAfter(int refusals)
-{
-    return std::min(longestWait, 1 << std::min(refusals - 1, 5));
-}
-
-} // namespace
-
-TLoginDlg::TLoginDlg(TMainDatas &datas, const QString &name, QWidget *owner)
+TLoginDlg::TLoginDlg(TMainDatas &datas, const QString &name, TLoginPatience &patience, QWidget *owner)
     : TLoginDlg(
           [&datas](const QString &login, const QString &password) { return logIn(datas, login, password); },
-          "Neteisingas vardas arba slaptažodis.", organisationName(), name, owner)
+          "Neteisingas vardas arba slaptažodis.", organisationName(), name, patience, owner)
 {
 }
 
 TLoginDlg::TLoginDlg(const TBooksSettings &books, const QString &institution, const QString &name,
-                     QWidget *owner)
+                     TLoginPatience &patience, QWidget *owner)
     : TLoginDlg(
           [books](const QString &login, const QString &password) {
               const TWaiting waiting;
               return logIn(books, login, password);
           },
           "Neteisingas vardas arba slaptažodis, arba slaptažodžio galiojimo laikas baigėsi.", institution,
-          name, owner)
+          name, patience, owner)
 {
 }
 
 TLoginDlg::TLoginDlg(TLogIn logIn, const QString &wrongText, const QString &institution, const QString &name,
-                     QWidget *owner)
+                     TLoginPatience &waits, QWidget *owner)
     : TDialog(owner),
       letIn(std::move(logIn)),
       wrong(wrongText),
+      patience(waits),
       refusal(new QLabel(this))
 {
     setObjectName("TLoginDlg");
@@ -69,11 +56,8 @@ TLoginDlg::TLoginDlg(TLogIn logIn, const QString &wrongText, const QString &inst
     if (!name.isEmpty())
         PassEdit->setFocus();
 
-    eachSecond.setInterval(1000);
-    connectGuarded(&eachSecond, &QTimer::timeout, this, [this] {
-        --secondsLeft;
-        showRefusal();
-    });
+    connectGuarded(&patience, &TLoginPatience::counted, this, [this] { showRefusal(); });
+    showRefusal();
 }
 
 // A password comes after the name.
@@ -89,24 +73,26 @@ void TLoginDlg::keyPressEvent(QKeyEvent *event)
 // Which of the two was wrong is not told. Enter comes here also while the button waits.
 void TLoginDlg::Validate()
 {
-    if (secondsLeft > 0)
+    if (patience.secondsLeft() > 0)
         throw EAbort();
     if (letIn(NameEdit->text(), PassEdit->text()))
         return;
-    secondsLeft = waitAfter(++refusals);
-    eachSecond.start();
+    wasRefused = true;
+    patience.refused();
     showRefusal();
     PassEdit->setFocus();
     PassEdit->selectAll();
     throw EAbort();
 }
 
+// A refusal by the dialog before this one is not repeated, but its wait goes on.
 void TLoginDlg::showRefusal()
 {
-    refusal->setText(secondsLeft > 0
-                         ? QString("%1\nKitą kartą bandyti galima po %2 s.").arg(wrong).arg(secondsLeft)
-                         : wrong);
-    saveButton()->setEnabled(secondsLeft <= 0);
-    if (secondsLeft <= 0)
-        eachSecond.stop();
+    QStringList told;
+    if (wasRefused)
+        told << wrong;
+    if (patience.secondsLeft() > 0)
+        told << QString("Kitą kartą bandyti galima po %1 s.").arg(patience.secondsLeft());
+    refusal->setText(told.join('\n'));
+    saveButton()->setEnabled(patience.secondsLeft() <= 0);
 }

@@ -3,6 +3,7 @@
 #include "host/accounts/accounts.h"
 #include "host/app/institutions.h"
 #include "host/app/login.h"
+#include "host/app/login_patience.h"
 #include "host/app/main_window.h"
 #include "host/app/startup.h"
 #include "host/app/tour/tour_hands.h"
@@ -67,7 +68,8 @@ public:
             report.step("Prisijungimas", QString("Įvestas vardas „%1“ ir slaptažodis.").arg(name));
             QTest::keyClick(&dialog, Qt::Key_Return);
         });
-        require(logInAt(window, {}) == TLoginEnd::LoggedIn, "Prisijungti nepavyko");
+        TLoginPatience patience;
+        require(logInAt(window, {}, patience) == TLoginEnd::LoggedIn, "Prisijungti nepavyko");
         hands.nothingLeft();
         QTest::qWait(readInParts);
         report.step("Pagrindinis langas", "Prisijungta; būsenos juostoje – įstaiga, naudotojas ir periodas.",

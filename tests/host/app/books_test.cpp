@@ -26,7 +26,8 @@ protected:
 // Types name and password into a login dialog and presses Enter; true when the user was let in.
 bool tryToLogIn(const QString &name, const QString &password)
 {
-    TLoginDlg dialog(*MainDatas(), {}, nullptr);
+    TLoginPatience patience;
+    TLoginDlg dialog(*MainDatas(), {}, patience, nullptr);
     dialog.show();
     dialog.findChild<QLineEdit *>("NameEdit")->setText(name);
     dialog.findChild<QLineEdit *>("PassEdit")->setText(password);
@@ -86,7 +87,8 @@ TEST_F(FirstStart, AWrongPasswordIsToldAndTheDialogStays)
 {
     createEmptyBooks(folder(), "ona", "Slaptas1");
     openEmbeddedBooks(folder());
-    TLoginDlg dialog(*MainDatas(), "ona", nullptr);
+    TLoginPatience patience;
+    TLoginDlg dialog(*MainDatas(), "ona", patience, nullptr);
     dialog.show();
     dialog.findChild<QLineEdit *>("PassEdit")->setText("kitas");
     pressButton(dialog, "&Prisijungti");
@@ -100,7 +102,8 @@ TEST_F(FirstStart, EnterInTheNameGoesToThePassword)
 {
     createEmptyBooks(folder(), "ona", "Slaptas1");
     openEmbeddedBooks(folder());
-    TLoginDlg dialog(*MainDatas(), {}, nullptr);
+    TLoginPatience patience;
+    TLoginDlg dialog(*MainDatas(), {}, patience, nullptr);
     dialog.show();
     dialog.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
@@ -116,7 +119,8 @@ TEST_F(FirstStart, AfterEachWrongPasswordTheNextTryWaitsLonger)
 {
     createEmptyBooks(folder(), "ona", "Slaptas1");
     openEmbeddedBooks(folder());
-    TLoginDlg dialog(*MainDatas(), "ona", nullptr);
+    TLoginPatience patience;
+    TLoginDlg dialog(*MainDatas(), "ona", patience, nullptr);
     dialog.show();
     auto *password = dialog.findChild<QLineEdit *>("PassEdit");
     auto *button = dialog.findChild<QPushButton *>("OkBtn");

@@ -61,6 +61,42 @@ TEST_F(Entering, TheLoginLeadsToAnotherInstitutionAndBack)
     EXPECT_EQ(knownNames(), QStringList({"Gimnazija", "Mokykla"}));
 }
 
+TEST_F(Entering, TheWaitAfterAWrongPasswordIsNotShortenedByAskingForOtherBooks)
+{
+    know({books("a", "Mokykla")});
+    const auto wrongly = [](TLoginDlg &login) {
+        login.findChild<QLineEdit *>("NameEdit")->setText("ona");
+        login.findChild<QLineEdit *>("PassEdit")->setText("kitas");
+        pressButton(login, "&Prisijungti");
+        return login.findChild<QLabel *>("refusal")->text();
+    };
+    const auto first = atLoginOf("Mokykla", [&wrongly](TLoginDlg &login) {
+        EXPECT_TRUE(wrongly(login).endsWith("galima po 1 s."));
+        asksForOther(login);
+    });
+    OnNextDialog<TInstitutionsDlg> givesUp([](TInstitutionsDlg &dialog) { dialog.reject(); });
+    const auto again = atLoginOf("Mokykla", [&wrongly](TLoginDlg &login) {
+        auto *button = login.findChild<QPushButton *>("OkBtn");
+        ASSERT_TRUE(QTest::qWaitFor([button] { return button->isEnabled(); }, 30'000));
+        EXPECT_EQ(login.findChild<QLabel *>("refusal")->text(), "") << "this one has refused nobody";
+        const QString told = wrongly(login);
+        EXPECT_TRUE(told.endsWith("galima po 2 s.")) << qPrintable(told);
+        login.reject();
+    });
+    EXPECT_FALSE(enter());
+}
+
+TEST_F(Entering, AWaitThatIsNotOverHoldsTheNextLoginToo)
+{
+    const TBooksSettings known = books("a", "Mokykla").books;
+    TLoginPatience patience;
+    for (int tries = 0; tries < 6; ++tries)
+        patience.refused();
+    TLoginDlg dialog(known, "Mokykla", "ona", patience, nullptr);
+    EXPECT_FALSE(dialog.findChild<QPushButton *>("OkBtn")->isEnabled());
+    EXPECT_TRUE(dialog.findChild<QLabel *>("refusal")->text().startsWith("Kitą kartą bandyti galima po "));
+}
+
 TEST_F(Entering, OnlyWhereSomebodyLoggedInIsRemembered)
 {
     books("a", "Mokykla");

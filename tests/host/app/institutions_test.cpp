@@ -159,7 +159,8 @@ TEST_F(FirstBooks, TheLoginLeadsToAnotherInstitution)
 {
     know({books("a", "Mokykla")});
     ASSERT_TRUE(start());
-    TLoginDlg login(*MainDatas(), "ona", nullptr);
+    TLoginPatience patience;
+    TLoginDlg login(*MainDatas(), "ona", patience, nullptr);
     login.show();
     pressButton(login, "&Kita įstaiga…");
     EXPECT_EQ(login.result(), TLoginDlg::OtherBooks);

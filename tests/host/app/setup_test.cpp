@@ -239,7 +239,8 @@ TEST_P(SetUpOfOpenBooks, LetsTheAdministratorInAndBooksBeBegun)
     EXPECT_EQ(EinPer_Id(), startOfWorkPeriod);
     EXPECT_GT(rows(fin, "bd_sasplan where sas_tip = 'D'"), 100);
     EXPECT_GT(rows(fin, "bd_jve where jve_duom = 1"), 20);
-    TLoginDlg login(*MainDatas(), "ona", nullptr);
+    TLoginPatience patience;
+    TLoginDlg login(*MainDatas(), "ona", patience, nullptr);
     login.show();
     login.findChild<QLineEdit *>("PassEdit")->setText("Žąsis 1");
     pressButton(login, "&Prisijungti");

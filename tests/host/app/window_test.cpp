@@ -12,6 +12,7 @@
 #include <QMdiSubWindow>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QScreen>
 
 namespace {
 
@@ -140,6 +141,17 @@ TEST_F(MainWindow, KeepsItsMenusShutUntilSomebodyLogsIn)
     EXPECT_TRUE(enabled());
 }
 
+TEST_F(MainWindow, ItAndTheHelpStandOnASmallScreenWhole)
+{
+    const QRect screen = window->screen()->availableGeometry();
+    ASSERT_LT(screen.width(), 1100) << "a control: the window would like to be wider";
+    window->show();
+    EXPECT_TRUE(screen.contains(window->geometry()));
+    THelpViewer viewer(window.get());
+    viewer.showTopic(18);
+    EXPECT_TRUE(screen.contains(viewer.geometry()));
+}
+
 TEST_F(MainWindow, ShowsThePeriodAndFollowsIt)
 {
     window->setLoggedIn(true);
@@ -248,7 +260,8 @@ TEST_F(MainWindow, AViewOnlyUserIsToldAtLoginThatNothingCanBeChanged)
         QTest::keyClick(&dialog, Qt::Key_Return);
     });
     NextBoxes told{QMessageBox::Ok};
-    EXPECT_EQ(logInAt(*window, {}), TLoginEnd::LoggedIn);
+    TLoginPatience patience;
+    EXPECT_EQ(logInAt(*window, {}, patience), TLoginEnd::LoggedIn);
     EXPECT_EQ(told.at(0).kind, 33);
     EXPECT_EQ(told.at(0).text,
               "Jums leista duomenis tik peržiūrėti: nė viename lange nieko pakeisti negalėsite.");
