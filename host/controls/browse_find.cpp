@@ -23,7 +23,8 @@ TField *TBrowseFrm::findField() const
     return description.columns.empty() ? nullptr : d->query.FindField(description.columns.front().field);
 }
 
-// What was looked for in one column says nothing about another.
+// What was looked for stays and can be looked for in the new column; what is typed next takes its place. The
+// row stays, too: who moves along it reads it.
 void TBrowseFrm::showFindColumn()
 {
     const TField *field = findField();
@@ -32,7 +33,7 @@ void TBrowseFrm::showFindColumn()
         return;
     d->findTitle = title;
     if (!searching())
-        d->findEdit->clear();
+        d->findEdit->selectAll();
     d->findLabel->setText(u"I&eškoti stulpelyje „%1“:"_s.arg(QString(title).replace(u'&', u"&&"_s)));
     d->findEdit->setAccessibleName(u"Ieškoti stulpelyje %1"_s.arg(title));
 }

@@ -65,6 +65,27 @@ TEST_P(BrowseFind, OrderingByAColumnMakesItTheOneToSearch)
     EXPECT_EQ(findEdit()->accessibleName(), u"Ieškoti stulpelyje Kodas"_s);
 }
 
+TEST_P(BrowseFind, WhatWasTypedStaysWhenTheColumnChangesAndIsLookedForThere)
+{
+    open();
+    goToColumn(2);
+    typeInGrid(u"10"_s);
+    EXPECT_EQ(frm->message(), u"Nerasta: 10"_s);
+    goToColumn(0);
+    waitForSearch();
+    EXPECT_EQ(findEdit()->text(), u"10"_s);
+    EXPECT_EQ(key(), 20) << "the row stays";
+    press(Qt::Key_F3);
+    waitForSearch();
+    EXPECT_EQ(key(), 10);
+    goToColumn(2);
+    typeInGrid(u"cit"_s);
+    EXPECT_EQ(findEdit()->text(), u"cit"_s) << "typing anew begins anew";
+    EXPECT_EQ(key(), 30);
+    frm->OrderData(u"bnk_kodas"_s);
+    EXPECT_EQ(findEdit()->text(), u"cit"_s);
+}
+
 TEST_P(BrowseFind, NextGoesOnAndRoundTheEnd)
 {
     addBank(40, u"Citadelė antroji"_s, 0);
