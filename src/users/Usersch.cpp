@@ -1,6 +1,7 @@
 #include "src/users/Usersch.h"
 
 #include "src/users/Confpas.h"
+#include "toolkit/data/statement.h"
 #include "toolkit/text/format.h"
 #include "toolkit/widgets/guard.h"
 
@@ -348,11 +349,23 @@ void TEditUserDlg::fillUser()
     qryUsr.FieldByName("usr_user_admin")->setAsInteger(cb_userAdmin->isChecked() ? 1 : 0);
 }
 
+// Another administrator who saves at the same moment waits, and then sees this user. The file of an embedded
+// database has one writer at a time: the open transaction is the lock.
+void TEditUserDlg::lockUsers()
+{
+    if (Database()->engine() == Engine::PostgreSql)
+        Database()->prepareNative({SqlKind::Call, "lock table bd_usr in share row exclusive mode"})->exec();
+}
+
 void TEditUserDlg::writeUser()
 {
     const auto close = qScopeGuard([this] { abandon(row()); });
+    TTransaction transaction(Database());
+    lockUsers();
+    requireOwnLogin();
     fillUser();
     row().Post();
+    transaction.commit();
     if (!exists)
         rightsWritten = 0;
     exists = isHalfWritten = true;

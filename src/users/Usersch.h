@@ -72,6 +72,7 @@ private:
     void requireStorable();
     void requireSources();
     void fillUser();
+    void lockUsers();
     void writeUser();
     void writeRights();
     int sourceId(const QString &name) const;

@@ -375,6 +375,52 @@ TEST_P(UserEditor, ALoginNameInUseIsRefusedWhateverItsCase)
 }
 
 // A key that no label owns would be shown as a raw sign, and read out as one.
+// Both were asked for a name that nobody had yet; the second is refused when it writes.
+TEST_P(UserEditor, ALoginNameTakenWhileThePasswordIsConfirmedIsRefused)
+{
+    user(1, "ona", true);
+    add(2, [this](TEditUserDlg &dialog) {
+        fill(dialog, "jonas");
+        type(dialog.PassEdit, "Nauja");
+        giveRight(dialog);
+        OnNextDialog<TConfPassFrm> meanwhile([this](TConfPassFrm &shown) {
+            secondRavl()->ExecSQL("insert into bd_usr values (3, 'JONAS', 'J', 'J', '', 0, 0)");
+            type(shown.ConfEdit, "Nauja");
+            pressButton(shown, "&Gerai");
+        });
+        EXPECT_EQ(refusal(dialog), "Prisijungimo vardas „JONAS“ jau naudojamas: parinkite kitą.");
+        EXPECT_EQ(dialog.focusWidget(), dialog.LogNameEdit);
+        EXPECT_EQ(dialog.storedByHalf(), QString());
+        pressButton(dialog, "&Atšaukti");
+    });
+    EXPECT_EQ(value(budget(), "select count(*) from bd_usr"), "2");
+}
+
+// What the one has begun to write, the other waits for.
+TEST_P(UserEditor, ASaveWaitsForTheOneThatIsUnderWay)
+{
+    if (engine() != Engine::PostgreSql)
+        GTEST_SKIP() << "the file of an embedded database has one writer at a time";
+    user(1, "ona", true);
+    add(2, [this](TEditUserDlg &dialog) {
+        fill(dialog, "jonas");
+        giveRight(dialog);
+        TTransaction otherSave(secondRavl());
+        secondRavl()->ExecSQL("insert into bd_usr values (3, 'Jonas', 'J', 'J', '', 0, 0)");
+        budget().nativeExec("set lock_timeout = '200ms'");
+        {
+            NextBoxes waited{QMessageBox::Ok};
+            pressButton(dialog, "Iš&saugoti");
+            EXPECT_EQ(waited.count(), 1) << "nothing is written beside a save that is under way";
+        }
+        budget().nativeExec("set lock_timeout = 0");
+        otherSave.commit();
+        EXPECT_EQ(refusal(dialog), "Prisijungimo vardas „Jonas“ jau naudojamas: parinkite kitą.");
+        pressButton(dialog, "&Atšaukti");
+    });
+    EXPECT_EQ(value(budget(), "select count(*) from bd_usr"), "2");
+}
+
 TEST_P(UserEditor, EveryMarkedLabelLeadsToItsField)
 {
     add(1, [](TEditUserDlg &dialog) {
