@@ -4,37 +4,19 @@
 
 #include <QLabel>
 #include <QListWidget>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QWidget *buttonBar(QDialog *dialog)
-{
-    auto *bar = new QWidget;
-    auto *layout = new QHBoxLayout(bar);
-    layout->setContentsMargins(0, 0, 0, 0);
-    auto *choose = new QPushButton(u"&Pasirinkti"_s);
-    auto *cancel = new QPushButton(u"&Atšaukti"_s);
-    choose->setDefault(true);
-    layout->addStretch();
-    layout->addWidget(choose);
-    layout->addWidget(cancel);
-    QObject::connect(choose, &QPushButton::clicked, dialog, &QDialog::accept);
-    QObject::connect(cancel, &QPushButton::clicked, dialog, &QDialog::reject);
-    return bar;
-}
-
-} // namespace
-
 TBookPicker::TBookPicker(QWidget *owner, const QList<TKnyga> &books, double current)
-    : TMinMaxFrm(owner),
+    : TDialog(owner),
       list(new QListWidget)
 {
     setObjectName(u"BookPicker"_s);
-    setWindowTitle(u"Klasifikacijos knygos"_s);
+    setWindowFlag(Qt::WindowMinMaxButtonsHint);
+    describe(u"Klasifikacijos knygos"_s, {}, nullptr,
+             {{u"&Pasirinkti"_s, TDialogButton::Action, true, [this] { accept(); }, {}},
+              {u"&Atšaukti"_s, TDialogButton::Cancel, false, {}, {}}});
     auto *label = new QLabel(u"&Knyga:"_s);
     label->setBuddy(list);
     list->setAccessibleName(u"Knyga"_s);
@@ -46,10 +28,8 @@ TBookPicker::TBookPicker(QWidget *owner, const QList<TKnyga> &books, double curr
     }
     if (!list->currentItem() && list->count() > 0)
         list->setCurrentRow(0);
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(label);
-    layout->addWidget(list, 1);
-    layout->addWidget(buttonBar(this));
+    bodyLayout()->addWidget(label);
+    bodyLayout()->addWidget(list, 1);
     connect(list, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
     resize(420, 300);
     list->setFocus();

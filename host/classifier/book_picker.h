@@ -1,13 +1,13 @@
 #pragma once
 
 #include "host/classifier/book_data.h"
-#include "host/common/forms.h"
+#include "toolkit/widgets/dialog.h"
 
 class QListWidget;
 
 // The small modal picker of a classification book: a list by name. Enter and double click choose, Esc
 // cancels.
-class TBookPicker : public TMinMaxFrm {
+class TBookPicker : public TDialog {
     Q_OBJECT
 public:
     TBookPicker(QWidget *owner, const QList<TKnyga> &books, double current);

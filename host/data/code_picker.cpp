@@ -2,7 +2,6 @@
 
 #include "host/common/settings_store.h"
 
-#include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
@@ -15,6 +14,8 @@
 #include <QVBoxLayout>
 
 namespace {
+
+const QString chooseButton = QStringLiteral("ChooseBtn");
 
 // Names end with an ellipsis in the middle of nothing: the name column takes the room, the code what it
 // needs.
@@ -47,19 +48,22 @@ QToolButton *viewButton(const QString &text)
 } // namespace
 
 TCodePicker::TCodePicker(QWidget *owner, std::shared_ptr<const TCodeTree> rows, const TCodePick &picked)
-    : TMinMaxFrm(owner),
+    : TDialog(owner),
       codes(std::move(rows)),
       pick(picked),
       treeModel(new TCodeTreeModel(codes, this)),
       listModel(new TCodeListModel(codes, this))
 {
     setObjectName(pick.name);
-    setWindowTitle(pick.caption);
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(buildSearch());
+    setWindowFlag(Qt::WindowMinMaxButtonsHint);
+    describe(
+        pick.caption, {}, nullptr,
+        {{QStringLiteral("&Pasirinkti"), TDialogButton::Action, true, [this] { choiceMade(); }, chooseButton},
+         {QStringLiteral("&Atšaukti"), TDialogButton::Cancel, false, {}, {}}});
+    bodyLayout()->addWidget(buildSearch());
     buildViews();
-    layout->addWidget(views, 1);
-    layout->addWidget(buildButtons());
+    bodyLayout()->addWidget(views, 1);
+    bodyLayout()->addWidget(countLabel = new QLabel);
     resize(620, 520);
     ReadFromReg(this, FormsPath(), pick.name);
     showView(pick.view);
@@ -122,23 +126,6 @@ void TCodePicker::buildViews()
     connect(listModel, &QAbstractItemModel::modelReset, this, &TCodePicker::updateChoice);
 }
 
-QWidget *TCodePicker::buildButtons()
-{
-    auto *bar = new QWidget;
-    auto *layout = new QHBoxLayout(bar);
-    layout->setContentsMargins(0, 0, 0, 0);
-    countLabel = new QLabel;
-    chooseButton = new QPushButton(QStringLiteral("&Pasirinkti"));
-    chooseButton->setDefault(true);
-    auto *cancel = new QPushButton(QStringLiteral("&Atšaukti"));
-    layout->addWidget(countLabel, 1);
-    layout->addWidget(chooseButton);
-    layout->addWidget(cancel);
-    connect(chooseButton, &QPushButton::clicked, this, &TCodePicker::choiceMade);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    return bar;
-}
-
 double TCodePicker::choose()
 {
     if (exec() != QDialog::Accepted)
@@ -156,14 +143,14 @@ void TCodePicker::done(int result)
 {
     if (CanSave())
         SaveToReg(this, FormsPath(), pick.name, false);
-    TMinMaxFrm::done(result);
+    TDialog::done(result);
 }
 
 // The arrow keys lead from the search box into the list, Enter in a view chooses there.
 bool TCodePicker::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::KeyPress)
-        return TMinMaxFrm::eventFilter(watched, event);
+        return TDialog::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent *>(event)->key();
     const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
     if (watched == searchEdit && (key == Qt::Key_Down || key == Qt::Key_PageDown)) {
@@ -174,7 +161,7 @@ bool TCodePicker::eventFilter(QObject *watched, QEvent *event)
         choiceMade();
         return true;
     }
-    return TMinMaxFrm::eventFilter(watched, event);
+    return TDialog::eventFilter(watched, event);
 }
 
 // A view is asked for by button: a search ends then. The row stays current.
@@ -227,7 +214,7 @@ void TCodePicker::showRow(int row)
 void TCodePicker::updateChoice()
 {
     const int row = currentRow();
-    chooseButton->setEnabled(row >= 0 && canChoose(row));
+    button(chooseButton)->setEnabled(row >= 0 && canChoose(row));
 }
 
 void TCodePicker::choiceMade()

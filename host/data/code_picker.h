@@ -1,11 +1,10 @@
 #pragma once
 
-#include "host/common/forms.h"
 #include "host/data/code_models.h"
+#include "toolkit/widgets/dialog.h"
 
 class QLabel;
 class QLineEdit;
-class QPushButton;
 class QStackedWidget;
 class QTableView;
 class QToolButton;
@@ -25,7 +24,7 @@ struct TCodePick {
 // Typing in the search box lists the rows whose code begins with the text or whose name has its words. Enter
 // and double click choose; a row that cannot be chosen opens in the tree instead. Esc cancels. The size is
 // remembered.
-class TCodePicker : public TMinMaxFrm {
+class TCodePicker : public TDialog {
     Q_OBJECT
 public:
     TCodePicker(QWidget *owner, std::shared_ptr<const TCodeTree> codes, const TCodePick &pick);
@@ -44,7 +43,6 @@ protected:
 
 private:
     QWidget *buildSearch();
-    QWidget *buildButtons();
     void buildViews();
     void showView(TCodePick::View view);
     void search(const QString &text);
@@ -66,5 +64,4 @@ private:
     QTableView *list = nullptr;
     QToolButton *treeButton = nullptr;
     QToolButton *listButton = nullptr;
-    QPushButton *chooseButton = nullptr;
 };
