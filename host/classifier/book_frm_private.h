@@ -25,5 +25,11 @@ struct TBookFrm::Private {
     QTreeWidget *list = nullptr;
     QPointer<QWidget> content;
 
+    // The actions of the window, described: of records, of the way through the book, of the book itself.
+    using Actions = std::vector<std::pair<QAction * TBookFrm::*, TFormAction>>;
+    static Actions ofRecords(TBookFrm *frm);
+    static Actions ofWay(TBookFrm *frm);
+    static Actions ofBook(TBookFrm *frm);
+
     double current() const { return path.isEmpty() ? 0 : path.last().id; }
 };

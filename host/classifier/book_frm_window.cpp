@@ -38,84 +38,101 @@ TBookFrm::~TBookFrm()
 
 // --- building
 
-void TBookFrm::buildActions()
+TBookFrm::Private::Actions TBookFrm::Private::ofRecords(TBookFrm *frm)
 {
-    const std::vector<std::pair<QAction * TBookFrm::*, TFormAction>> table = {
+    return {
         {&TBookFrm::acNew,
          {.name = u"acNew"_s,
           .text = u"&Naujas"_s,
           .hint = u"Naujas įrašas"_s,
           .picture = TIcon::New,
           .keys = {Qt::Key_Insert},
-          .handler = [this] { addRecords(); }}},
+          .handler = [frm] { frm->addRecords(); }}},
         {&TBookFrm::acEdit,
          {.name = u"acEdit"_s,
           .text = u"&Keisti"_s,
           .hint = u"Keisti įrašą"_s,
           .picture = TIcon::Edit,
           .keys = {Qt::Key_F2},
-          .handler = [this] { changeRecord([this] { EditRecord(); }); }}},
+          .handler = [frm] { frm->changeRecord([frm] { frm->EditRecord(); }); }}},
         {&TBookFrm::acDelete,
          {.name = u"acDelete"_s,
           .text = u"&Trinti"_s,
           .hint = u"Ištrinti įrašą"_s,
           .picture = TIcon::Delete,
           .keys = {Qt::Key_Delete, Qt::CTRL | Qt::Key_Delete},
-          .handler = [this] { changeRecord([this] { DeleteRecord(); }); }}},
+          .handler = [frm] { frm->changeRecord([frm] { frm->DeleteRecord(); }); }}},
+    };
+}
+
+TBookFrm::Private::Actions TBookFrm::Private::ofWay(TBookFrm *frm)
+{
+    return {
         {&TBookFrm::acBack,
          {.name = u"acBack"_s,
           .text = u"At&gal"_s,
           .hint = u"Grįžti atgal"_s,
           .picture = TIcon::Previous,
           .keys = {Qt::ALT | Qt::Key_Left},
-          .handler = [this] { goBack(); },
-          .enabled = [this] { return !d->back.isEmpty(); }}},
+          .handler = [frm] { frm->goBack(); },
+          .enabled = [frm] { return !frm->d->back.isEmpty(); }}},
         {&TBookFrm::acForward,
          {.name = u"acForward"_s,
           .text = u"P&irmyn"_s,
           .hint = u"Eiti pirmyn"_s,
           .picture = TIcon::Next,
           .keys = {Qt::ALT | Qt::Key_Right},
-          .handler = [this] { goForward(); },
-          .enabled = [this] { return !d->forward.isEmpty(); }}},
+          .handler = [frm] { frm->goForward(); },
+          .enabled = [frm] { return !frm->d->forward.isEmpty(); }}},
         {&TBookFrm::acUp,
          {.name = u"acUp"_s,
           .text = u"A&ukštyn"_s,
           .hint = u"Vienu lygiu aukštyn"_s,
           .picture = TIcon::Up,
           .keys = {Qt::ALT | Qt::Key_Up, Qt::Key_Backspace},
-          .handler = [this] { goUp(); },
-          .enabled = [this] { return level() > 0; }}},
+          .handler = [frm] { frm->goUp(); },
+          .enabled = [frm] { return frm->level() > 0; }}},
         {&TBookFrm::acFirst,
          {.name = u"acFirst"_s,
           .text = u"Pirmas &lygis"_s,
           .hint = u"Į pirmą lygį"_s,
           .picture = TIcon::First,
           .keys = {Qt::ALT | Qt::Key_Home},
-          .handler = [this] { SetJungId(0); },
-          .enabled = [this] { return level() > 0; }}},
+          .handler = [frm] { frm->SetJungId(0); },
+          .enabled = [frm] { return frm->level() > 0; }}},
+    };
+}
+
+TBookFrm::Private::Actions TBookFrm::Private::ofBook(TBookFrm *frm)
+{
+    return {
         {&TBookFrm::acRefresh,
          {.name = u"acRefresh"_s,
           .text = u"&Atnaujinti"_s,
           .hint = u"Perskaityti knygą iš naujo"_s,
           .picture = TIcon::Refresh,
           .keys = {Qt::Key_F5},
-          .handler = [this] { RefreshBook(); }}},
+          .handler = [frm] { frm->RefreshBook(); }}},
         {&TBookFrm::acPrint,
          {.name = u"acPrint"_s,
           .text = u"&Spausdinti"_s,
           .picture = TIcon::Print,
           .keys = {Qt::CTRL | Qt::Key_P},
-          .handler = [this] { PrintRecords(); }}},
+          .handler = [frm] { frm->PrintRecords(); }}},
     };
-    for (auto [action, described] : table) {
-        described.place = TActionPlace::KeyOnly;
-        this->*action = addFormAction(described);
+}
+
+void TBookFrm::buildActions()
+{
+    for (const auto &described : {Private::ofRecords(this), Private::ofWay(this), Private::ofBook(this)}) {
+        QList<QAction *> group;
+        for (auto [action, each] : described) {
+            each.place = TActionPlace::KeyOnly;
+            group << (this->*action = addFormAction(each));
+        }
+        addButtonGroup(group);
     }
     acPrint->setVisible(false);
-    addButtonGroup({acNew, acEdit, acDelete});
-    addButtonGroup({acBack, acForward, acUp, acFirst});
-    addButtonGroup({acRefresh, acPrint});
     addMenuGroup({acNew, acEdit, acDelete});
     addMenuGroup({acRefresh, acPrint});
 }

@@ -2,6 +2,7 @@
 
 #include "host/controls/document_private.h"
 
+#include "host/controls/images.h"
 #include "toolkit/widgets/lithuanian.h"
 
 #include <QAction>
@@ -13,14 +14,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int iconSize = 20;
-
 QString hintWithKey(const TFormAction &described)
 {
     const QString hint = described.hint.isEmpty() ? plainCaption(described.text) : described.hint;
     return described.keys.isEmpty()
                ? hint
                : u"%1 (%2)"_s.arg(hint, described.keys.first().toString(QKeySequence::NativeText));
+}
+
+// The button is called as its action, which a screen may caption in its own words.
+void keepNamed(QWidget *button, QAction *action)
+{
+    const auto nameIt = [button, action] { button->setAccessibleName(plainCaption(action->text())); };
+    nameIt();
+    connectGuarded(action, &QAction::changed, button, nameIt);
 }
 
 } // namespace
@@ -38,7 +45,7 @@ void TDocumentFrm::addCommonActions()
 {
     w->bar->setObjectName(u"ToolBar"_s);
     w->bar->setAccessibleName(u"Įrankių juosta"_s);
-    w->bar->setIconSize({iconSize, iconSize});
+    w->bar->setIconSize(Images().size());
     w->buttonsEnd = w->bar->addSeparator();
     acCaptions = addFormAction({.name = u"acCaptions"_s,
                                 .text = u"Mygtukai su &pavadinimais"_s,
@@ -69,13 +76,8 @@ void TDocumentFrm::addCommonActions()
     acCaptions->setCheckable(true);
     acToolBar->setCheckable(true);
     w->bar->addActions({acHelp, acClose});
-    for (QAction *action : {acHelp, acClose}) {
-        // A screen may caption them in its own words.
-        QWidget *button = w->bar->widgetForAction(action);
-        const auto nameIt = [button, action] { button->setAccessibleName(plainCaption(action->text())); };
-        nameIt();
-        connectGuarded(action, &QAction::changed, button, nameIt);
-    }
+    for (QAction *action : {acHelp, acClose})
+        keepNamed(w->bar->widgetForAction(action), action);
     w->menuEnd = w->menu->addSeparator();
     w->menu->addMenu(u"&Vaizdas"_s)->addActions({acToolBar, acCaptions});
     w->menu->addActions({acHelp, acClose});
@@ -97,7 +99,7 @@ QAction *TDocumentFrm::addFormAction(const TFormAction &described)
     auto *action = new QAction(described.text, this);
     action->setObjectName(described.name);
     if (described.picture)
-        action->setIcon(icon(*described.picture));
+        action->setIcon(Images()[*described.picture]);
     action->setShortcuts(described.keys);
     if (described.keys.contains(QKeySequence(Qt::Key_Escape)))
         w->escapes += action;

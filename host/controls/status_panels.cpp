@@ -57,8 +57,3 @@ void TStatusPanels::setLoading(bool on)
 {
     progress->setVisible(on);
 }
-
-bool TStatusPanels::showsLoading() const
-{
-    return !progress->isHidden();
-}

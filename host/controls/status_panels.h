@@ -18,7 +18,6 @@ public:
     void setMessage(const QString &text);
     QString message() const;
     void setLoading(bool on);
-    bool showsLoading() const;
 
 private:
     std::vector<QLabel *> panels;

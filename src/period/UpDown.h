@@ -9,8 +9,6 @@ class TUpDown : public QAbstractSpinBox {
 public:
     TUpDown(int min, int max, const QString &mask, QWidget *parent = nullptr);
 
-    int Min() const { return min; }
-    int Max() const { return max; }
     int Position() const;
     void setPosition(int position);
     QLineEdit *edit() const { return lineEdit(); }

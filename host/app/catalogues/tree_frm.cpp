@@ -64,8 +64,6 @@ void TTreeFrm::buildTree()
 
 void TTreeFrm::addTreeActions()
 {
-    const auto onRow = [this] { return !currentKey().isNull(); };
-    const auto movable = [this, onRow] { return onRow() && Editable() && !CurrentUser().viewOnly; };
     acNewBelow = addListAction({.name = u"acNewBelow"_s,
                                 .text = u"Naujas že&miau"_s,
                                 .hint = u"Naujas įrašas žemiau esamo"_s,
@@ -76,22 +74,43 @@ void TTreeFrm::addTreeActions()
                                         showNode(currentKey().toDouble());
                                         NewBtnClick();
                                     },
-                                .enabled = movable,
+                                .enabled = [this] { return movable(); },
                                 .separated = true});
+    addMoves();
+    addSteps();
+}
+
+bool TTreeFrm::movable() const
+{
+    return !currentKey().isNull() && Editable() && !CurrentUser().viewOnly;
+}
+
+void TTreeFrm::addMoves()
+{
     acMove = addListAction({.name = u"acMove"_s,
                             .text = u"Per&kelti…"_s,
                             .hint = u"Perkelti įrašą į kitą vietą"_s,
                             .picture = TIcon::Folder,
                             .keys = {Qt::CTRL | Qt::Key_M},
                             .handler = [this] { moveByPicker(); },
-                            .enabled = movable});
+                            .enabled = [this] { return movable(); }});
+    acMoveTop = addListAction({.name = u"acMoveTop"_s,
+                               .text = u"Perkelti į pirmą &lygį"_s,
+                               .keys = {Qt::CTRL | Qt::SHIFT | Qt::Key_M},
+                               .handler = [this] { moveRow(currentKey().toDouble(), 0); },
+                               .enabled = [this] { return movable(); },
+                               .place = TActionPlace::Menu});
+}
+
+void TTreeFrm::addSteps()
+{
     acInto = addListAction({.name = u"acInto"_s,
                             .text = u"&Gilyn"_s,
                             .hint = u"Rodyti, kas yra žemiau įrašo"_s,
                             .picture = TIcon::Open,
                             .keys = {Qt::CTRL | Qt::Key_Right},
                             .handler = [this] { showNode(currentKey().toDouble()); },
-                            .enabled = onRow,
+                            .enabled = [this] { return !currentKey().isNull(); },
                             .place = TActionPlace::Menu});
     acUp = addListAction({.name = u"acUp"_s,
                           .text = u"A&ukštyn"_s,
@@ -105,12 +124,6 @@ void TTreeFrm::addTreeActions()
                               },
                           .enabled = [this] { return node() > 0; },
                           .place = TActionPlace::Menu});
-    acMoveTop = addListAction({.name = u"acMoveTop"_s,
-                               .text = u"Perkelti į pirmą &lygį"_s,
-                               .keys = {Qt::CTRL | Qt::SHIFT | Qt::Key_M},
-                               .handler = [this] { moveRow(currentKey().toDouble(), 0); },
-                               .enabled = movable,
-                               .place = TActionPlace::Menu});
 }
 
 // --- the node

@@ -71,6 +71,9 @@ protected:
 private:
     void buildTree();
     void addTreeActions();
+    bool movable() const; // the current row
+    void addMoves();
+    void addSteps();
     void nodeChosen();
     void showCurrent(double key);
     void moveByPicker();

@@ -76,6 +76,21 @@ THomePage::THomePage(const TPackageEntries &all, QWidget *parent)
     setWidgetResizable(true);
     setFrameShape(NoFrame);
     setFocusPolicy(Qt::NoFocus);
+    setAlignment(Qt::AlignHCenter);
+    setWidget(buildPage());
+    hide();
+    follow();
+    const auto lines = [this](THomeSection *shown, std::function<QList<THomeLine>()> read) {
+        return [this, shown, read = std::move(read)] { show(*shown, orInWords(read)); };
+    };
+    parts = {[this] { showHeading(); }, [this] { showUsed(); },
+             lines(closed, [] { return lastCloseAndBackup(*MainDatas()->mnFin_Db()); }),
+             lines(changes, [] { return lastChanges(*MainDatas()->mnFin_Db(), changesShown); }),
+             [this] { check(); }};
+}
+
+QWidget *THomePage::buildPage()
+{
     auto *page = new QWidget(this);
     page->setMaximumWidth(fontMetrics().averageCharWidth() * widestInCharacters);
     grid = new QGridLayout(page);
@@ -96,13 +111,13 @@ THomePage::THomePage(const TPackageEntries &all, QWidget *parent)
     grid->setRowStretch(4, 1);
     for (const int column : {0, 1})
         grid->setColumnStretch(column, 1);
-    setAlignment(Qt::AlignHCenter);
-    setWidget(page);
-    hide();
-
     for (THomeSection *each : {checks, used, closed, changes})
         each->show({{.text = u"Skaitoma…"_s}});
+    return page;
+}
 
+void THomePage::follow()
+{
     pause.setSingleShot(true);
     connectGuarded(&pause, &QTimer::timeout, this, [this] { readNext(); });
     connectGuarded(run.get(), &TCloseCheckRun::checked, this, [this] { showChecks(); });
@@ -110,13 +125,6 @@ THomePage::THomePage(const TPackageEntries &all, QWidget *parent)
     connectGuarded(&periodNotifier(), &TPeriodNotifier::periodChanged, this, [this] { readAnew(); });
     connectGuarded(&organisationNotifier(), &TOrganisationNotifier::organisationChanged, this,
                    [this] { readAnew(); });
-    const auto lines = [this](THomeSection *shown, std::function<QList<THomeLine>()> read) {
-        return [this, shown, read = std::move(read)] { show(*shown, orInWords(read)); };
-    };
-    parts = {[this] { showHeading(); }, [this] { showUsed(); },
-             lines(closed, [] { return lastCloseAndBackup(*MainDatas()->mnFin_Db()); }),
-             lines(changes, [] { return lastChanges(*MainDatas()->mnFin_Db(), changesShown); }),
-             [this] { check(); }};
 }
 
 THomePage::~THomePage()

@@ -33,6 +33,8 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
+    QWidget *buildPage();
+    void follow();
     THomeSection *section(const QString &name, const QString &heading);
     void show(THomeSection &section, const QList<THomeLine> &lines);
     void readAnew();

@@ -1,8 +1,10 @@
 #include "host/common/help.h"
 #include "host/common/settings_store.h"
+#include "host/controls/images.h"
 #include "tests/host/controls/bankai_fixture.h"
 
 #include <QClipboard>
+#include <QHeaderView>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMimeData>
@@ -15,7 +17,72 @@ protected:
     QToolBar *bar() const { return frm->findChild<QToolBar *>(u"ToolBar"_s); }
 };
 ON_BOTH_ENGINES(BrowseWindow);
+
+// A list with an action of its own behind a separator, which comes and goes.
+class TSeparatedFrm : public TBankaiFrm {
+public:
+    explicit TSeparatedFrm(QWidget *owner) : TBankaiFrm(owner)
+    {
+        acOwn = addListAction({.name = u"acOwn"_s,
+                               .text = u"Savas"_s,
+                               .handler = [] {},
+                               .enabled = [this] { return !currentKey().isNull(); },
+                               .visible = [this] { return isWanted; },
+                               .separated = true});
+    }
+    void want(bool on)
+    {
+        isWanted = on;
+        judgeActions();
+    }
+    QAction *acOwn = nullptr;
+
+private:
+    bool isWanted = true;
+};
 } // namespace
+
+TEST_P(BrowseWindow, ASeparatorComesAndGoesWithItsAction)
+{
+    auto *list = createForm<TSeparatedFrm>(nullptr);
+    frm = list;
+    list->show();
+    const QList<QAction *> tools = bar()->actions();
+    const qsizetype at = tools.indexOf(list->acOwn);
+    ASSERT_GT(at, 0);
+    const QAction *separator = tools[at - 1];
+    ASSERT_TRUE(separator->isSeparator());
+    for (const bool wanted : {true, false, true}) {
+        list->want(wanted);
+        EXPECT_EQ(list->acOwn->isVisible(), wanted);
+        EXPECT_EQ(separator->isVisible(), wanted);
+    }
+}
+
+TEST_P(BrowseWindow, AnActionOfARowIsShutWhenTheListBecomesEmpty)
+{
+    auto *list = createForm<TSeparatedFrm>(nullptr);
+    frm = list;
+    list->show();
+    EXPECT_TRUE(list->acOwn->isEnabled());
+    fin->ExecSQL(u"delete from bd_bankai"_s);
+    list->RefreshBtnClick();
+    EXPECT_FALSE(list->acOwn->isEnabled());
+    addBank(50, u"Naujas bankas"_s, 0);
+    list->RefreshBtnClick();
+    EXPECT_TRUE(list->acOwn->isEnabled());
+}
+
+TEST_P(BrowseWindow, ItsButtonsHaveThePicturesOfTheSharedList)
+{
+    open();
+    const auto inked = [](const QIcon &picture) { return picture.pixmap(Images().size()).toImage(); };
+    EXPECT_EQ(inked(frm->acNew->icon()), inked(Images()[TIcon::New]));
+    EXPECT_NE(inked(frm->acNew->icon()), inked(Images()[TIcon::Delete]));
+    EXPECT_EQ(bar()->iconSize(), Images().size());
+    for (int place = 0; place < Images().Count(); ++place)
+        EXPECT_FALSE(Images()[TIcon(place)].isNull()) << place;
+}
 
 TEST_P(BrowseWindow, MovingByButtonsAndKeys)
 {
@@ -51,8 +118,8 @@ TEST_P(BrowseWindow, CopyGivesTheSelectedRowsWithTitles)
     EXPECT_EQ(lines[0], u"Kodas\tCentrinio banko kodas\tPavadinimas\tRinkliava"_s);
     EXPECT_TRUE(lines[1].startsWith(u"20\t\tĄžuolo kreditas\t1"_s));
     EXPECT_TRUE(lines[3].startsWith(u"10\t\tŠiaulių bankas\t0"_s));
-    EXPECT_TRUE(copied->html().contains(u"<th>Kodas</th>"_s));
-    EXPECT_TRUE(copied->html().contains(u"<td>Ąžuolo kreditas</td>"_s));
+    EXPECT_TRUE(copied->html().contains(u">Kodas</th>"_s));
+    EXPECT_TRUE(copied->html().contains(u">Ąžuolo kreditas</td>"_s));
 }
 
 TEST_P(BrowseWindow, CopyWithoutASelectionGivesTheCurrentRow)
@@ -86,6 +153,28 @@ TEST_P(BrowseWindow, PlacementWidthsToolBarAndCaptionsAreRemembered)
     EXPECT_TRUE(bar()->isHidden());
     frm->RefreshBtnClick();
     EXPECT_EQ(frm->grid()->columnWidth(2), 217);
+}
+
+TEST_P(BrowseWindow, AReopenedListGivesItsColumnsTheWidthThatIsThere)
+{
+    const auto fills = [this] {
+        return frm->grid()->horizontalHeader()->length() == frm->grid()->viewport()->width();
+    };
+    const auto openWide = [this](int width) {
+        open();
+        frm->resize(width, 400);
+        QCoreApplication::processEvents();
+    };
+    openWide(900);
+    EXPECT_TRUE(fills());
+    frm->grid()->setColumnWidth(0, 61);
+    close();
+    openWide(1200);
+    EXPECT_TRUE(fills()) << frm->grid()->horizontalHeader()->length();
+    EXPECT_EQ(frm->grid()->columnWidth(0), 61) << "the user's own width stays";
+    close();
+    openWide(800);
+    EXPECT_TRUE(fills()) << frm->grid()->horizontalHeader()->length();
 }
 
 TEST_P(BrowseWindow, DamagedSettingsOpenTheListAsUsual)
