@@ -3,7 +3,9 @@
 #include "tests/host/app/main_window.h"
 #include "tests/support/message_box.h"
 #include "toolkit/widgets/db_grid.h"
+#include "toolkit/widgets/dialog.h"
 
+#include <QComboBox>
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -145,6 +147,22 @@ TEST_F(Documents, NoneCoversAnotherExactly)
             EXPECT_TRUE(one == other || one->pos() != other->pos());
 }
 
+TEST_F(Documents, NoneOpensBeyondAnEdge)
+{
+    const QRect room = window->documents()->viewport()->rect();
+    const char *names[] = {"TBandFrm", "TBandFrm2", "TBandFrm3", "TBandFrm4"};
+    for (const QSize size : {QSize(300, 200), room.size() * 2}) {
+        for (const char *name : names) {
+            window->documents()->open(testEntry(name, false));
+            open().last()->setGeometry({room.center(), size}); // where an earlier one was kept
+            QCoreApplication::processEvents();
+            EXPECT_TRUE(room.contains(open().last()->geometry())) << name;
+        }
+        for (QMdiSubWindow *one : open())
+            delete one;
+    }
+}
+
 TEST_F(Documents, AListComesBackMaximised)
 {
     window->openEntry("TSasLikFrm");
@@ -252,6 +270,42 @@ TEST_F(Documents, AMonthClosedAtAnotherStationIsSeenWhenAWindowBecomesActive)
     ASSERT_TRUE(QTest::qWaitForWindowActive(&elsewhere));
     QCoreApplication::processEvents();
     EXPECT_EQ(panel("period"), "Periodas: 2026 m. kovas");
+}
+
+TEST_F(Documents, AfterASaveRefusedByAMonthClosedElsewhereStatusBarAndListFollow)
+{
+    for (const char *sql : {"insert into bd_sasplan (sas_id, sas_sasnr, sas_pavad, sas_tip) "
+                            "values (1, '241', 'Bankas', 'D')",
+                            "insert into bd_sasplan (sas_id, sas_sasnr, sas_pavad, sas_tip) "
+                            "values (2, '401', 'Finansavimas', 'D')",
+                            "insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid, ssl_sum_db, ssl_sum_kr) "
+                            "values (1, 1, 6, 100, 0)",
+                            "insert into bd_saslik (ssl_id, ssl_sasid, ssl_perid, ssl_sum_db, ssl_sum_kr) "
+                            "values (2, 2, 6, 0, 100)"})
+        books().ExecSQL(sql);
+    window->openEntry("TSasLikFrm");
+    QCoreApplication::processEvents();
+    QWidget *list = window->documents()->document("TSasLikFrm");
+    ASSERT_TRUE(list->findChild<QAction *>("acNew")->isVisible());
+    TDatabase other(books().settings());
+    other.Open();
+    OnNextDialog<TDialog> dialog([&](TDialog &shown) {
+        auto *sum = shown.findChild<QLineEdit *>("SSL_SUM_DB");
+        type(sum, "90");
+        other.ExecSQL("call Close_Per()");
+        {
+            NextBoxes refused{QMessageBox::Ok};
+            pressButton(shown, "&Išsaugoti");
+            EXPECT_TRUE(refused.at(0).text.startsWith("2026 m. sausio mėnuo uždarytas"))
+                << qPrintable(refused.at(0).text);
+        }
+        EXPECT_TRUE(QTest::qWaitFor([this] { return panel("period") == "Periodas: 2026 m. vasaris"; }));
+        EXPECT_TRUE(sum->text().startsWith("90"));
+        shown.reject();
+    });
+    press(Qt::Key_Return);
+    EXPECT_EQ(list->findChild<QComboBox *>("PeriodBox")->currentText(), "2026 m. vasaris");
+    EXPECT_FALSE(list->findChild<QAction *>("acNew")->isVisible());
 }
 
 // --- the institution's own record

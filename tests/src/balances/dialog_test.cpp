@@ -113,6 +113,19 @@ TEST_P(BalanceDialog, TheAmountGoesWithTheSideThereAndBack)
     EXPECT_EQ(stored(), QStringList(row(1, bank, "0", "12.5")));
 }
 
+TEST_P(BalanceDialog, AStoredAmountWithPartsOfACentGoesToTheOtherSideWhole)
+{
+    balance(bank, 10.005, 0);
+    double id = 1;
+    OnNextDialog<TSasLikDlg> dialog([](TSasLikDlg &shown) {
+        QTest::mouseClick(credit(shown), Qt::LeftButton);
+        EXPECT_EQ(amount(shown)->objectName(), "SSL_SUM_KR");
+        pressButton(shown, "&Išsaugoti");
+    });
+    EXPECT_TRUE(Saslikedit::EditLik(true, id));
+    EXPECT_EQ(stored(), QStringList(row(1, bank, "0", "10.005")));
+}
+
 TEST_P(BalanceDialog, ASwitchLetsSaveOnlyWithAnAmountAndAnAccount)
 {
     addBalance([this](TSasLikDlg &dialog) {

@@ -139,6 +139,19 @@ TEST_P(Contract, ADateThatIsNoneIsRefusedAndStays)
     EXPECT_EQ(stored(), QStringList());
 }
 
+TEST_P(Contract, ADateThatIsNoneIsToldThoughTheStoredOnesContradict)
+{
+    contract("B");
+    books().ExecSQL("update bd_dbkrsut set dks_nuo = '2010-12-31', dks_iki = '2010-01-01'");
+    show(3, [](TDbKrSutart &dialog) {
+        type(edit(dialog, "DKS_IKI"), "rytoj");
+        EXPECT_EQ(refusal(dialog), "Laukas \"Iki\": „rytoj“ nėra data.");
+        EXPECT_EQ(edit(dialog, "DKS_IKI")->text(), "rytoj");
+        pressButton(dialog, "&Atsisakyti");
+    });
+    EXPECT_EQ(stored(), QStringList("3|S-1|2010-12-31|2010-01-01|B|12.5"));
+}
+
 TEST_P(Contract, OfACounterpartyThatIsNotSavedBelongsToNobodyYet)
 {
     add([](TEditDbKrDlg &editor) {
