@@ -8,22 +8,22 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-TLoginDlg::TLoginDlg(TMainDatas &datas, const QString &name, TLoginPatience &patience, QWidget *owner)
+TLoginDlg::TLoginDlg(TMainDatas &datas, const QString &name, TLoginPatience &waits, QWidget *owner)
     : TLoginDlg(
           [&datas](const QString &login, const QString &password) { return logIn(datas, login, password); },
-          "Neteisingas vardas arba slaptažodis.", organisationName(), name, patience, owner)
+          "Neteisingas vardas arba slaptažodis.", organisationName(), name, waits, owner)
 {
 }
 
 TLoginDlg::TLoginDlg(const TBooksSettings &books, const QString &institution, const QString &name,
-                     TLoginPatience &patience, QWidget *owner)
+                     TLoginPatience &waits, QWidget *owner)
     : TLoginDlg(
           [books](const QString &login, const QString &password) {
               const TWaiting waiting;
               return logIn(books, login, password);
           },
           "Neteisingas vardas arba slaptažodis, arba slaptažodžio galiojimo laikas baigėsi.", institution,
-          name, patience, owner)
+          name, waits, owner)
 {
 }
 
