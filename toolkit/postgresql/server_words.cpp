@@ -16,9 +16,9 @@ struct ConnectionWord {
     const char *value;
 };
 
-// Given unless the settings word them themselves: a station must notice a machine that froze or is cut off, and
-// one that does not answer must not hold up the next of the words for long. Of a machine that lives on while
-// its server hangs they tell nothing.
+// Given unless the settings word them themselves: a station must notice a machine that froze or is cut off,
+// and one that does not answer must not hold up the next of the words for long. Of a machine that lives on
+// while its server hangs they tell nothing.
 constexpr ConnectionWord defaultWords[] = {
     {"connect_timeout", "5"},  {"keepalives_idle", "10"},     {"keepalives_interval", "5"},
     {"keepalives_count", "3"}, {"tcp_user_timeout", "30000"},
