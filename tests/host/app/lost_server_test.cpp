@@ -91,18 +91,24 @@ protected:
 };
 ON_ENGINE(LostServer, Engine::PostgreSql);
 
-// The server is not sought for long.
+// The server is not sought for long while it is away.
 class AwayServer : public LostServer {
 protected:
     void SetUp() override
     {
         LostServer::SetUp();
-        former = setSeekPatience(5'000);
+        former = setSeekPatience(2'000);
     }
     void TearDown() override
     {
         setSeekPatience(former);
         LostServer::TearDown();
+    }
+
+    void comeBack()
+    {
+        proxy.comeBack();
+        setSeekPatience(former);
     }
 
 private:
@@ -196,7 +202,7 @@ TEST_P(AwayServer, WhatCannotBeToldYetIsLookedUpBeforeTheNextAttempt)
         EXPECT_EQ(typed(dialog), typedCode);
         EXPECT_FALSE(edit(dialog, "IMO_PAVAD")->isEnabled());
         EXPECT_TRUE(told().contains(u"Ieškoma ryšio su serveriu…"_s)) << told().toStdString();
-        proxy.comeBack();
+        comeBack();
         save(dialog);
         EXPECT_FALSE(dialog.isVisible());
     });
@@ -209,7 +215,7 @@ TEST_P(AwayServer, WhatWasNotWrittenIsWrittenByTheNextAttempt)
     addCode([&](TDialog &dialog) {
         proxy.cutAt(CuttingProxy::Cut::BeforeCommit, true);
         EXPECT_TRUE(refusal(dialog).contains(u"kol kas nežinoma"_s));
-        proxy.comeBack();
+        comeBack();
         save(dialog);
         EXPECT_FALSE(dialog.isVisible());
     });
@@ -222,7 +228,7 @@ TEST_P(AwayServer, WhatNobodyCanTellIsToldOnceBeforeTheNextAttempt)
     addCode([&](TDialog &dialog) {
         proxy.cutAt(CuttingProxy::Cut::AfterCommit, true);
         EXPECT_TRUE(refusal(dialog).contains(u"kol kas nežinoma"_s));
-        proxy.comeBack();
+        comeBack();
         EXPECT_TRUE(refusal(dialog).contains(u"sužinoti nepavyko"_s));
         EXPECT_TRUE(edit(dialog, "IMO_PAVAD")->isEnabled());
         EXPECT_FALSE(refusal(dialog).contains(u"sužinoti nepavyko"_s)); // the code is there
@@ -237,7 +243,7 @@ TEST_P(AwayServer, WhatBecameOfASaveIsToldBeforeAnotherOneBegins)
         proxy.cutAt(CuttingProxy::Cut::AfterCommit, true);
         EXPECT_TRUE(refusal(dialog).contains(u"kol kas nežinoma"_s));
         leaveUnsaved(dialog);
-        proxy.comeBack();
+        comeBack();
     });
     addCode(
         [&](TDialog &dialog) {
@@ -265,7 +271,7 @@ TEST_P(AwayServer, AListDoesNotWriteOnceMoreWhatWasWritten)
         save(dialog);
     });
     OnNextDialog<TDialog> again([&](TDialog &dialog) {
-        proxy.comeBack();
+        comeBack();
         type(edit(dialog, "Name"), u"Mokyklos pastatas"_s);
         save(dialog);
     });

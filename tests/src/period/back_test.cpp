@@ -174,20 +174,15 @@ protected:
         overProxy.connInfo.replace(postgresFolder(), proxy.folder());
         setMainDatas(std::make_unique<TMainDatas>(overProxy, ravlSettings()));
         MainDatas()->Open();
-        former = setSeekPatience(2'000);
         oneMonthClosed();
         books().ExecSQL("call Close_Per()");
         GetPeriod();
-    }
-    void TearDown() override
-    {
-        setSeekPatience(former);
-        MonthBack::TearDown();
     }
 
     // Rolls back; the server is away before its answer comes, and back again before the next press.
     void rollBackWithoutAnswer(CuttingProxy::Cut cut)
     {
+        const int patience = setSeekPatience(1'000);
         proxy.cutAt(cut, true);
         NextBoxes boxes{QMessageBox::Yes, QMessageBox::Yes, QMessageBox::Ok};
         PeriodBack();
@@ -196,13 +191,11 @@ protected:
         runGuarded(nullptr, [] { PeriodBack(); });
         EXPECT_TRUE(again.at(0).text.contains("kol kas nežinoma")) << again.at(0).text.toStdString();
         proxy.comeBack();
+        setSeekPatience(patience);
     }
     QStringList months() { return rows(*secondFin(), "select per_id from bd_period where per_menuo > 0"); }
 
     CuttingProxy proxy{postgresFolder()};
-
-private:
-    int former = 0;
 };
 ON_ENGINE(MonthBackOnServer, Engine::PostgreSql);
 
