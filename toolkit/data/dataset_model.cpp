@@ -33,10 +33,5 @@ QVariant TDataSet::headerData(int section, Qt::Orientation orientation, int role
 {
     if (orientation != Qt::Horizontal || section < 0 || section >= FieldCount())
         return QAbstractTableModel::headerData(section, orientation, role);
-    const TField &field = d->fields.at(section);
-    if (role == Qt::DisplayRole)
-        return field.label();
-    if (role == Qt::TextAlignmentRole)
-        return QVariant::fromValue(toQt(field.Alignment));
-    return {};
+    return role == Qt::DisplayRole ? d->fields.at(section).label() : QVariant();
 }

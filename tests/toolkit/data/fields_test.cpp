@@ -35,6 +35,10 @@ protected:
 
 ON_BOTH_ENGINES(Fields);
 
+// Only a file holds what its column does not declare.
+using FieldsOfAFile = OnSmallTable;
+ON_ENGINE(FieldsOfAFile, Engine::Sqlite);
+
 } // namespace
 
 TEST_P(Fields, AreFoundByNameWhateverItsCase)
@@ -162,6 +166,43 @@ TEST_P(Fields, AnEmptyTypedTextIsNull)
               QStringList{u"NULL|NULL|NULL|NULL"_s});
 }
 
+TEST_P(Fields, OfNumbersAndDaysHaveNoneWhereTheTextIsEmpty)
+{
+    for (const QString &name : {u"t_suma"_s, u"t_data"_s, u"t_kiek"_s}) {
+        field(name).setAsString(u""_s);
+        EXPECT_TRUE(field(name).IsNull()) << name.toStdString();
+    }
+}
+
+TEST_P(Fields, KeepAnEmptyTextApartFromNone)
+{
+    const auto storedAs = [this](const Variant &name) {
+        set->Edit();
+        field(u"t_pavad"_s).setValue(name);
+        set->Post();
+        return stored(u"t_pavad"_s, 1);
+    };
+    EXPECT_EQ(storedAs({}), u"NULL"_s);
+    EXPECT_EQ(storedAs(u""_s), u""_s);
+    EXPECT_EQ(storedAs({}), u"NULL"_s);
+}
+
+TEST_P(Fields, OfTextTakeANumberWithAllItsDigits)
+{
+    field(u"t_kodas"_s).setAsFloat(1000000);
+    EXPECT_EQ(field(u"t_kodas"_s).AsString(), u"1000000"_s);
+}
+
+TEST_P(Fields, ReadADayWhateverItsDigits)
+{
+    for (const QDate &day : {QDate(1999, 9, 29), QDate(1780, 6, 5), QDate(2034, 12, 10)}) {
+        field(u"t_data"_s).setValue(day);
+        set->Post();
+        EXPECT_EQ(record(1)->FieldByName(u"t_data"_s)->Value(), Variant(day));
+        set->Edit();
+    }
+}
+
 TEST_P(Fields, RunTheirValidatorBeforeAndTheirChangeHookAfterTheValue)
 {
     QStringList calls;
@@ -240,4 +281,11 @@ TEST_P(Fields, StayTheSameObjectsWhenTheSetIsOpenedAgain)
     EXPECT_EQ(set->FieldByName(u"t_suma"_s), sum);
     EXPECT_EQ(sum->label(), u"Suma"_s);
     EXPECT_EQ(field(u"t_kiek"_s).label(), u"Kiekis"_s);
+}
+
+TEST_P(FieldsOfAFile, ShowANumberAsItIsStored)
+{
+    fill(1);
+    mnFin_Db->nativeExec(u"update bd_t set t_kiek = 1.5"_s);
+    EXPECT_EQ(record(1)->FieldByName(u"t_kiek"_s)->AsFloat(), 1.5);
 }
