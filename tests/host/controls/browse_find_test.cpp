@@ -36,6 +36,25 @@ TEST_P(BrowseFind, TypingJumpsToTheRowWithoutRegardToCaseAndDiacritics)
     EXPECT_EQ(frm->message(), QString());
 }
 
+TEST_P(BrowseFind, BackspaceInTheListTakesTheLastLetterBack)
+{
+    open();
+    goToColumn(2);
+    typeInGrid(u"citx\b"_s);
+    EXPECT_EQ(findEdit()->text(), u"cit"_s);
+    EXPECT_EQ(key(), 30);
+}
+
+TEST_P(BrowseFind, AnEmptyListIsSearchedByItsOrderToo)
+{
+    fin->nativeExec(u"delete from bd_bankai"_s);
+    open();
+    frm->OrderData(u"bnk_kodas"_s);
+    EXPECT_EQ(findEdit()->accessibleName(), u"Ieškoti stulpelyje Kodas"_s);
+    frm->OrderData(u"bnk_pavad"_s);
+    EXPECT_EQ(findEdit()->accessibleName(), u"Ieškoti stulpelyje Pavadinimas"_s);
+}
+
 TEST_P(BrowseFind, FindsTheBeginningOfAnyWordAndNothingInside)
 {
     open();

@@ -4,6 +4,7 @@
 #include "tests/host/controls/bankai_fixture.h"
 
 #include <QClipboard>
+#include <QComboBox>
 #include <QHeaderView>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -105,6 +106,18 @@ TEST_P(BrowseWindow, MovingByButtonsAndKeys)
     EXPECT_EQ(key(), 30);
 }
 
+TEST_P(BrowseWindow, TheRowsTakeTheRoomBetweenToolBarAndStatusBar)
+{
+    open();
+    frm->resize(700, 500);
+    QCoreApplication::processEvents();
+    const QRect rows(frm->grid()->mapTo(frm.data(), QPoint()), frm->grid()->size());
+    EXPECT_GE(rows.top(), bar()->geometry().bottom());
+    EXPECT_EQ(rows.width(), 700);
+    EXPECT_GT(rows.height(), 250);
+    EXPECT_LT(rows.bottom(), 500);
+}
+
 TEST_P(BrowseWindow, CopyGivesTheSelectedRowsWithTitles)
 {
     open();
@@ -145,6 +158,8 @@ TEST_P(BrowseWindow, PlacementWidthsToolBarAndCaptionsAreRemembered)
     EXPECT_EQ(bar()->toolButtonStyle(), Qt::ToolButtonIconOnly);
     frm->mnToolsClick();
     EXPECT_TRUE(bar()->isHidden());
+    EXPECT_TRUE(frm->acToolBar->isCheckable());
+    EXPECT_FALSE(frm->acToolBar->isChecked());
     close();
     open();
     EXPECT_EQ(frm->geometry(), QRect(30, 40, 640, 400));
@@ -269,6 +284,26 @@ TEST_P(BrowseWindow, AScreensOwnActionPanelPickerAndDeleteMenu)
     ASSERT_NE(deleteButton->menu(), nullptr);
     EXPECT_EQ(deleteButton->menu()->defaultAction(), frm->acDelete);
     EXPECT_TRUE(screen->picker.isVisible());
+}
+
+TEST_P(BrowseWindow, KeysOfTheRowsDoNothingInAPicker)
+{
+    struct WithPicker : TBankaiFrm {
+        explicit WithPicker(QWidget *owner) : TBankaiFrm(owner) { addToToolBar(u"&Periodas"_s, &picker); }
+        QComboBox picker;
+    };
+    auto *screen = createForm<WithPicker>(nullptr);
+    frm = screen;
+    frm->show();
+    frm->RefreshData(30);
+    activate();
+    screen->picker.setFocus();
+    for (const Qt::Key edge : {Qt::Key_Home, Qt::Key_End}) {
+        QTest::keyClick(&screen->picker, edge, Qt::ControlModifier);
+        EXPECT_EQ(key(), 30);
+    }
+    press(Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(key(), 20);
 }
 
 TEST_P(BrowseWindow, AChangedPeriodIsReadAgain)

@@ -196,4 +196,13 @@ TEST_P(RecordDialog, OverItsListsRowItHoldsTheChangesUntilTheyAreSaved)
     }));
     EXPECT_EQ(list.FieldByName(u"obj_pavad"_s)->AsString(), u"B");
     EXPECT_FALSE(list.UpdatesPending());
+    list.Edit();
+    EXPECT_FALSE(run(objects(), TRecordStart::on(list), [](TObjektDlg &dialog) {
+        type(dialog.name(), u"A"_s);
+        NextBoxes refused{QMessageBox::Ok};
+        pressButton(dialog, u"Išsaugoti"_s);
+        pressButton(dialog, u"Atšaukti"_s);
+    }));
+    EXPECT_EQ(list.FieldByName(u"obj_pavad"_s)->AsString(), u"B");
+    EXPECT_FALSE(list.UpdatesPending());
 }
