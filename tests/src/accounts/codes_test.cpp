@@ -171,6 +171,7 @@ TEST(AccountsOfADetail, TheSecondDatabaseKeepsWhatStandsBehindEach)
     EXPECT_EQ(accountRemainders(u"Bankas (2411, 2412, 2413)"_s),
               (QStringList{u"2412, 2413"_s, u"2413"_s, u"2413"_s}));
     EXPECT_EQ(accountRemainders(u"Bankas (2411)"_s), QStringList{u"2411"_s});
+    EXPECT_EQ(accountRemainders(u"Bankas (, 2411)"_s), (QStringList{u"2411"_s, u"2411"_s}));
 }
 
 TEST(TextsOfLines, LongerThanTheirColumnAreRefused)

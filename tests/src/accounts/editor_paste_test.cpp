@@ -71,6 +71,16 @@ TEST_F(BalanceEditor, WholeLinesAreCutAndPastedWithTheirKinds)
     EXPECT_EQ(edit.sheet(), (TBalSheet{before[1], before[0], before[2]}));
 }
 
+TEST_F(BalanceEditor, ALineThatIsSelectedToItsEndKeepsItsKindToo)
+{
+    select(2, 1, 2, 8);
+    press(Qt::Key_C, Qt::ControlModifier);
+    goTo(3, 12);
+    press(Qt::Key_Return);
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(line(4), (TBalLine{u"Pinigai"_s, groupTotal}));
+}
+
 TEST_F(BalanceEditor, APastedSideTotalIsADetailWhereThereIsOne)
 {
     select(1, 1, 1, 7);
@@ -161,6 +171,15 @@ TEST_F(BalanceEditor, AnInputMethodTypesByTheRules)
     select(1, 3, 2, 4);
     commit(u"ėš"_s);
     EXPECT_EQ(lines().size(), 3);
+}
+
+TEST_F(BalanceEditor, AnInputMethodReplacesWhatItSays)
+{
+    goTo(2, 8);
+    QInputMethodEvent event;
+    event.setCommitString(u"us"_s, -2, 2);
+    QApplication::sendEvent(&edit, &event);
+    EXPECT_EQ(line(2).text, u"Pinigus"_s);
 }
 
 TEST_F(BalanceEditor, WhatIsBeingComposedIsShownAndReplacesNothing)

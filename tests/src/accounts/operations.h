@@ -11,6 +11,7 @@
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QPointer>
+#include <QSplitter>
 #include <QTest>
 
 // Typical operations as their user has them: three of them, and the accounts of the first.

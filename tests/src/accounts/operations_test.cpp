@@ -52,6 +52,16 @@ TEST_P(Operations, TheirMenuHasTheSameActions)
     EXPECT_EQ(frm->acClose->toolTip(), "Uždaryti langą (Ctrl+W)");
 }
 
+TEST_P(Operations, NeitherPartOfTheWindowCanBeDraggedAway)
+{
+    open();
+    auto *parts = frm->findChild<QSplitter *>();
+    for (const QList<int> &dragged : {QList{0, 1000}, QList{1000, 0}}) {
+        parts->setSizes(dragged);
+        EXPECT_EQ(parts->sizes().count(0), 0);
+    }
+}
+
 TEST_P(Operations, ARowIsEditedInItsCellAndOnlyThen)
 {
     open();

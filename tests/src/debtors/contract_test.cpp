@@ -118,6 +118,35 @@ TEST_P(Contract, DatesThatContradictHoldTheFocus)
     EXPECT_EQ(stored(), QStringList("3|S-1|2010-01-01|2010-01-01|B|12.5"));
 }
 
+TEST_P(Contract, AFirstDayBehindTheLastIsToldWhereItIsTyped)
+{
+    contract("B");
+    show(3, [](TDbKrSutart &dialog) {
+        dialog.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        QLineEdit *first = edit(dialog, "DKS_NUO");
+        type(first, "2011.01.01");
+        NextBoxes box{QMessageBox::Ok};
+        QTest::keyClick(first, Qt::Key_Tab);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(box.at(0).text, wrongOrder);
+        EXPECT_EQ(dialog.focusWidget(), first);
+        pressButton(dialog, "&Atsisakyti");
+    });
+}
+
+TEST_P(Contract, StoredDatesThatContradictAreNotSavedAgain)
+{
+    contract("B");
+    books().ExecSQL("update bd_dbkrsut set dks_iki = '2009-12-31'");
+    show(3, [](TDbKrSutart &dialog) {
+        type(edit(dialog, "DKS_NR"), "S-2");
+        EXPECT_EQ(refusal(dialog), wrongOrder);
+        pressButton(dialog, "&Atsisakyti");
+    });
+    EXPECT_EQ(stored(), QStringList("3|S-1|2010-01-01|2009-12-31|B|12.5"));
+}
+
 TEST_P(Contract, ContradictingDatesDoNotHoldWhoGivesUp)
 {
     contract("B");
