@@ -186,13 +186,22 @@ std::unique_ptr<TStatement> TDatabase::prepareNative(const TranslatedSql &sql, C
 }
 
 // Without an open transaction every statement commits itself, and inside one the word commit is passed over:
-// either way there is nothing left to do for it.
+// either way there is nothing left to do for it. On a server one that writes by itself has a transaction of
+// its own, so that an answer that is lost is looked up.
 qlonglong TDatabase::ExecSQL(const QString &statement, const QVariantMap &parameters)
 {
-    const std::unique_ptr<TStatement> prepared = prepare(statement);
+    d->checkOpened();
+    const TranslatedSql sql = d->translator.translate(statement);
+    const std::unique_ptr<TStatement> prepared = prepareNative(sql);
     for (auto each = parameters.cbegin(); each != parameters.cend(); ++each)
         prepared->bind(each.key(), each.value());
+    if (engine() == Engine::Sqlite || sql.kind == SqlKind::Select || InTransaction()) {
+        prepared->exec();
+        return prepared->affected();
+    }
+    TTransaction alone(this);
     prepared->exec();
+    alone.commit();
     return prepared->affected();
 }
 

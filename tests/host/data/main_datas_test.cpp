@@ -39,6 +39,7 @@ TEST_P(Books, ANewerSchemaIsRefusedAndLeftAlone)
     ravl->ExecSQL(u"update bd_versija set ver_numeris = 9999"_s);
     const QStringList before = dump(*mnRavl);
     TMainDatas late(finSettings(), ravlSettings());
+    EXPECT_TRUE(messageOf([&] { late.Open(); }).contains(u"Atnaujinkite programą"_s));
     EXPECT_THROW(late.Open(), ENewerDatabase);
     EXPECT_FALSE(late.mnFin_Db()->Connected());
     EXPECT_FALSE(late.mnRavl()->Connected());

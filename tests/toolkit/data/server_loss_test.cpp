@@ -1,8 +1,11 @@
 // A server that goes away is told once, and the next attempt connects anew.
 
+#include "tests/support/cutting_proxy.h"
 #include "tests/support/engines.h"
+#include "tests/support/postgres.h"
 #include "tests/toolkit/data/expect_error.h"
 #include "toolkit/data/query.h"
+#include "toolkit/data/server_link.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -51,6 +54,22 @@ TEST_P(ServerLoss, ForgetsTheOpenTransaction)
     EXPECT_FALSE(mnFin_Db->InTransaction());
     mnFin_Db->Rollback();
     EXPECT_EQ(value(*mnFin_Db, u"select count(*) from bd_t"_s), u"1"_s);
+}
+
+TEST_P(ServerLoss, AStatementByItselfIsLookedUpLikeASave)
+{
+    CuttingProxy proxy(postgresFolder());
+    TSessionSettings settings = finSettings();
+    settings.connInfo.replace(postgresFolder(), proxy.folder());
+    const auto db = open(settings);
+    const QString insert = u"insert into bd_t (t_id) values (2)"_s;
+    proxy.cutAt(CuttingProxy::Cut::BeforeCommit);
+    EXPECT_ERROR(ECommitUnknown, db->ExecSQL(insert), u"Neįrašyta."_s);
+    EXPECT_EQ(value(*secondFin(), u"select count(*) from bd_t"_s), u"1"_s);
+    proxy.cutAt(CuttingProxy::Cut::AfterCommit);
+    EXPECT_EQ(db->ExecSQL(insert), 1);
+    EXPECT_EQ(proxy.cuts(), 2);
+    EXPECT_EQ(value(*secondFin(), u"select count(*) from bd_t"_s), u"2"_s);
 }
 
 TEST_P(ServerLoss, AGuardWhoseTransactionIsGoneRefusesToCommit)
