@@ -5,9 +5,9 @@
 
 #include "bench/bench_main.h"
 #include "bench/party_books.h"
-#include "host/controls/browse_frm.h"
+#include "bench/party_editor.h"
+#include "bench/when_shown.h"
 #include "host/data/main_datas.h"
-#include "src/debtors/Chdbkr.h"
 #include "src/debtors/Dbkr.h"
 #include "toolkit/report/preview.h"
 #include "toolkit/widgets/db_grid.h"
@@ -15,10 +15,8 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QLineEdit>
 #include <QScopeGuard>
 #include <QTest>
-#include <QTimer>
 
 #include <cstdio>
 
@@ -35,36 +33,6 @@ double residentMb()
 {
     QFile status(u"/proc/self/statm"_s);
     return status.open(QIODevice::ReadOnly) ? status.readAll().split(' ').at(1).toDouble() * 4096 / 1e6 : 0;
-}
-
-// When the next modal window of class T comes, act is called with it.
-template<typename T> void whenShown(std::function<void(T &)> act)
-{
-    auto *timer = new QTimer(qApp);
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, act] {
-        if (auto *window = dynamic_cast<T *>(QApplication::activeModalWidget())) {
-            timer->deleteLater();
-            timer->stop();
-            act(*window);
-        }
-    });
-    timer->start(0);
-}
-
-// Milliseconds from the press of the save button to the end of the save.
-double saveOne(double id)
-{
-    QElapsedTimer timer;
-    whenShown<Chdbkr::TEditDbKrDlg>([&timer](Chdbkr::TEditDbKrDlg &dialog) {
-        auto *address = dialog.findChild<QLineEdit *>(u"DKA_ADR"_s);
-        address->setFocus();
-        address->selectAll();
-        QTest::keyClicks(address, address->text() == u"a" ? u"b"_s : u"a"_s);
-        timer.start();
-        dialog.trySave();
-    });
-    Chdbkr::EditDbKr(AnsiString(u"x"_s), false, id);
-    return since(timer);
 }
 
 double findByTyping(Dbkr::TDbKrFrm &frm, int rows)
@@ -119,7 +87,7 @@ void measureSaving(const PartyBooks &books, int id, double nothing)
     constexpr int saves = 50;
     double save = 0;
     for (int i = 0; i < saves; ++i)
-        save += saveOne(id) / saves;
+        save += saveInEditor(id) / saves;
     const QByteArray oneSave =
         u"select count(dka_id) from bd_dbkrasm where dka_kod = 'K%1' and dka_id <> %1; "
         "begin; update bd_dbkrasm set dka_adr = 'Kita gatvė 1' where dka_id = %1; commit;\n"_s.arg(id)

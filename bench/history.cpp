@@ -1,15 +1,20 @@
-// A save with its record in the history against the same save without one, on the same books in turns; and
-// the first page of the history among many records, whole and narrowed.
+// A save with its record in the history against the same save without one, on the same books in turns: the
+// bare statement, and a save in the editor of a counterparty until its list stands on the row again; and the
+// first page of the history among many records, whole and narrowed.
 //
 //   bench_history [--saves N] [--records N] [--engine sqlite|postgresql]
 
 #include "database/history.h"
 #include "bench/bench_main.h"
 #include "bench/party_books.h"
+#include "bench/party_editor.h"
+#include "host/data/main_datas.h"
+#include "src/debtors/Dbkr.h"
 #include "toolkit/data/statement.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <cstdio>
@@ -19,7 +24,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int parties = 1000;
-constexpr int turns = 5;
+constexpr int turns = 21;
 constexpr int page = 100;
 
 double millisecondsOf(const std::function<void()> &action)
@@ -55,21 +60,59 @@ std::unique_ptr<TDatabase> opened(const TSessionSettings &settings)
     return db;
 }
 
-void measureSaves(const TSessionSettings &settings, Engine engine, int saves)
+double middle(QList<double> figures)
+{
+    std::ranges::sort(figures);
+    return figures.at(figures.size() / 2);
+}
+
+const TPerson person{u"ona"_s, u"stotis1"_s};
+
+// Both give the milliseconds of one save. The ratio is that of neighbouring turns: what else the machine does
+// slows both of them.
+void measureInTurns(const char *what, const std::function<double()> &saveWith,
+                    const std::function<double()> &saveWithout)
+{
+    QList<double> with, without, ratios;
+    for (int turn = 0; turn < turns; ++turn) {
+        with.append(saveWith());
+        without.append(saveWithout());
+        ratios.append(with.constLast() / without.constLast());
+    }
+    std::printf("  %s: with history %.3f ms, without %.3f ms, ratio %.2f\n", what, middle(with),
+                middle(without), middle(ratios));
+}
+
+void measureBare(const TSessionSettings &settings, int saves)
 {
     const auto kept = opened(settings);
-    keepHistory(*kept, {u"ona"_s, u"stotis1"_s});
+    keepHistory(*kept, person);
     const auto plain = opened(settings);
     const THistoryPause pause(*plain);
-    QList<double> with, without;
-    for (int turn = 0; turn < turns; ++turn) {
-        with.append(saveAll(*kept, saves) / saves);
-        without.append(saveAll(*plain, saves) / saves);
-    }
-    std::ranges::sort(with);
-    std::ranges::sort(without);
-    std::printf("%s: a save with history %.3f ms, without %.3f ms, ratio %.2f\n", nameOf(engine),
-                with.at(turns / 2), without.at(turns / 2), with.at(turns / 2) / without.at(turns / 2));
+    measureInTurns(
+        "the bare statement", [&] { return saveAll(*kept, saves) / saves; },
+        [&] { return saveAll(*plain, saves) / saves; });
+}
+
+void measureEditor(const TBooks &books, int saves)
+{
+    setMainDatas(std::make_unique<TMainDatas>(books.fin, books.ravl));
+    const auto close = qScopeGuard([] { setMainDatas(nullptr); });
+    MainDatas()->Open();
+    TDatabase &db = *MainDatas()->mnFin_Db();
+    keepHistory(db, person);
+    const std::unique_ptr<Dbkr::TDbKrFrm> list(createForm<Dbkr::TDbKrFrm>(nullptr));
+    list->show();
+    const auto saveOften = [&] {
+        double all = 0;
+        for (int i = 0; i < saves; ++i)
+            all += saveInEditor(1 + i % parties, list.get());
+        return all / saves;
+    };
+    measureInTurns("in the editor", saveOften, [&] {
+        const THistoryPause pause(db);
+        return saveOften();
+    });
 }
 
 void measurePage(TDatabase &db, const char *what, const QString &condition,
@@ -100,7 +143,9 @@ void fillHistory(TDatabase &db, int records)
 void measure(Engine engine, const QList<int> &numbers)
 {
     const PartyBooks books(engine, parties);
-    measureSaves(books.books().fin, engine, numbers.at(0));
+    std::printf("%s, a save\n", nameOf(engine));
+    measureBare(books.books().fin, numbers.at(0));
+    measureEditor(books.books(), numbers.at(0));
     const auto db = opened(books.books().fin);
     fillHistory(*db, numbers.at(1));
     measurePage(*db, "all records", {});
@@ -117,6 +162,6 @@ int main(int argc, char *argv[])
     needNoScreen();
     const QApplication application(argc, argv);
     return benchMain(
-        {{u"saves"_s, u"saves in each turn"_s, 200}, {u"records"_s, u"records of the history"_s, 1'000'000}},
+        {{u"saves"_s, u"saves in each turn"_s, 20}, {u"records"_s, u"records of the history"_s, 1'000'000}},
         measure);
 }
