@@ -39,11 +39,6 @@ TDocumentFrm::~TDocumentFrm()
         release();
 }
 
-bool TDocumentFrm::isCreated() const
-{
-    return w->created;
-}
-
 bool TDocumentFrm::isDestroyed() const
 {
     return w->destroyed;

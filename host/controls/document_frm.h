@@ -57,7 +57,6 @@ public:
     // Shows the window above all others until it is closed; the screen is gone afterwards.
     void ShowModal();
 
-    bool isCreated() const;   // FormCreate went through
     bool isDestroyed() const; // FormDestroy was called
 
 protected:
