@@ -10,6 +10,7 @@
 #include "host/controls/record_dialog.h"
 #include "host/controls/value_dialog.h"
 #include "host/data/main_datas.h"
+#include "src/departments/Laikymovietos.h"
 #include "src/frame/registry.h"
 #include "toolkit/widgets/db_grid.h"
 
@@ -30,6 +31,7 @@ struct TMeasured {
     const char *screen;
     const char *column; // of the name that is found and edited
     const char *insert; // rows by their number i; empty: the books have them
+    TSession session = TSession::Main;
 };
 
 // Three signs hold 62 to the power of three codes.
@@ -48,6 +50,8 @@ constexpr TMeasured screens[] = {
     {"TVeiklFrm", "VKL_PAVAD", "du_veikl (vkl_id, vkl_kodas, vkl_pavad) select i, i, 'Pavadinimas ' || i"},
     {"TSkyriaiFrm", "PAD_PAVAD",
      "bd_pad (pad_id, pad_pavad, pad_vklid, pad_sasid) select i, 'Pavadinimas ' || i, i, 1"},
+    {"TLaikymoVietosFrm", "LV_PAV",
+     "bd_laikymo_vieta (lv_id, lv_padid, lv_pav) select i, 1, 'Pavadinimas ' || i"},
     {"TAtsAsmFrm", "ats_pav",
      "bd_atsasm (ats_id, ats_pav, ats_asm_kod, ats_sasid, ats_prgid) select i, 'Pavadinimas ' || i, i, 1, i"},
     {"TMatAsmFrm", "MAT_PAVAD",
@@ -57,6 +61,8 @@ constexpr TMeasured screens[] = {
     {"TEinSasFrm", "EIN_NR",
      "bd_einsas (ein_id, ein_nr, ein_sasid, ein_bank_pav) select i, 'Pavadinimas' || i, 1, 'Bankas'"},
     {"TBankaiFrm", "BNK_PAVAD", "bd_bankai (bnk_kodas, bnk_pavad) select i, 'Pavadinimas ' || i"},
+    {"TFinListFrm", "fin_pavad", "bd_fin (fin_pavad, fin_dir) select 'Pavadinimas ' || i, i",
+     TSession::Budget},
     {"TObjektFrm", "obj_pavad", "bd_objektai (obj_id, obj_pavad) select i, 'Pavadinimas ' || i"},
     {"TPardTipFrm", "pat_pav", "it_pardtip (pat_id, pat_pav) select i, 'Pavadinimas ' || i"},
     {"TPirkTipFrm", "pit_pav",
@@ -93,18 +99,29 @@ QString numbers(Engine engine, int rows)
                                     : u"generate_series(1, %1) n(i)"_s.arg(rows);
 }
 
-void fill(TDatabase &fin, int rows)
+void fill(TSession session, int rows)
 {
-    TTransaction tran(&fin);
-    fin.nativeExec(u"insert into bd_asgisl (isl_id, isl_pavad) values (1, 'Knyga')"_s);
+    TDatabase &books = *sessionOf(session);
+    TTransaction tran(&books);
+    if (session == TSession::Main)
+        books.nativeExec(u"insert into bd_asgisl (isl_id, isl_pavad) values (1, 'Knyga')"_s);
     for (const TMeasured &screen : screens) {
         QString insert = QString::fromLatin1(screen.insert);
-        if (!insert.isEmpty())
-            fin.nativeExec(u"insert into "_s + insert.replace(u"%code"_s, QString::fromLatin1(code)) +
-                           u" from "_s + numbers(fin.engine(), rows));
+        if (screen.session == session && !insert.isEmpty())
+            books.nativeExec(u"insert into "_s + insert.replace(u"%code"_s, QString::fromLatin1(code)) +
+                             u" from "_s + numbers(books.engine(), rows));
     }
     tran.commit();
-    fin.nativeExec(u"analyze"_s);
+    books.nativeExec(u"analyze"_s);
+}
+
+// The storage places are opened from their department.
+QWidget *opened(const TPackageEntries &entries, const QString &screen)
+{
+    if (screen != u"TLaikymoVietosFrm")
+        return std::ranges::find(entries, screen, &TPackageEntry::name)->create(nullptr);
+    Laikymovietos::PadID = 1;
+    return createForm<Laikymovietos::TLaikymoVietosFrm>(u"Skyrius"_s, nullptr);
 }
 
 // Milliseconds from the press of the save button to the list that stands on the row again.
@@ -146,12 +163,12 @@ double findByTyping(TBrowseFrm &list, const QString &column, const QString &text
     return since(timer);
 }
 
-TTimes measure(const TPackageEntry &entry, const TMeasured &screen, int rows)
+TTimes measure(const TPackageEntries &entries, const TMeasured &screen, int rows)
 {
     TTimes times;
     QElapsedTimer timer;
     timer.start();
-    const std::unique_ptr<QWidget> window(entry.create(nullptr));
+    const std::unique_ptr<QWidget> window(opened(entries, QString::fromLatin1(screen.screen)));
     auto &list = dynamic_cast<TBrowseFrm &>(*window);
     list.show();
     QCoreApplication::processEvents();
@@ -173,14 +190,13 @@ void measureAll(Engine engine, int rows)
     auto datas = std::make_unique<TMainDatas>(books.books().fin, books.books().ravl);
     datas->Open();
     setMainDatas(std::move(datas));
-    fill(*MainDatas()->mnFin_Db(), rows);
+    for (const TSession session : {TSession::Main, TSession::Budget})
+        fill(session, rows);
     std::printf("%s, %d rows each; milliseconds, and the ratio to the register\n", nameOf(engine), rows);
     const TPackageEntries entries = withHostEntries(packageEntries());
     TTimes first;
     for (const TMeasured &screen : screens) {
-        const auto entry =
-            std::ranges::find(entries, QString::fromLatin1(screen.screen), &TPackageEntry::name);
-        const TTimes times = measure(*entry, screen, rows);
+        const TTimes times = measure(entries, screen, rows);
         if (&screen == screens)
             first = times;
         std::printf("  %-22s open %5.0f (%.2f)  whole %6.0f (%.2f)  find %6.0f (%.2f)  save %6.1f (%.2f)\n",

@@ -109,7 +109,7 @@ QWidget *windowInFront()
 }
 } // namespace
 
-int StdMsgBox(unsigned short kind, const QString &text)
+int StdMsgBox(unsigned short kind, const QString &text, int safe)
 {
     const Look look = lookOf(kind);
     const QMessageBox::StandardButtons buttons = buttonsOf(kind);
@@ -122,8 +122,8 @@ int StdMsgBox(unsigned short kind, const QString &text)
     box.setTextFormat(Qt::PlainText);
     box.setText(QString(text).replace(u"\r\n"_s, u"\n"_s));
     box.setStandardButtons(buttons);
-    box.setDefaultButton(defaultOf(buttons));
-    box.setEscapeButton(escapeOf(buttons));
+    box.setDefaultButton(safe == mrYes ? QMessageBox::Yes : defaultOf(buttons));
+    box.setEscapeButton(safe == mrYes ? QMessageBox::Yes : escapeOf(buttons));
     nameButtons(box);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     return resultOf(box.exec());

@@ -1,6 +1,6 @@
 #include "host/controls/changed_elsewhere_box.h"
 
-#include "toolkit/widgets/db_image.h"
+#include "toolkit/widgets/db_control.h"
 
 #include <QMessageBox>
 #include <QPushButton>
@@ -9,15 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What a control shows for a value; empty where the value speaks for itself.
-QString shownBy(TDBControl &control, const Variant &value)
-{
-    if (value.isNull())
-        return {};
-    return dynamic_cast<TDBImage *>(&control) ? u"paveikslėlis"_s : control.textFor(value);
-}
-
-// A key and the bytes of a picture say nothing to people: the controls of the window word the values.
+// A key says nothing to people: the controls of the window word the values as they show them.
 QString inWordsOf(QWidget *window, const TDataSet &set, QList<TChangedColumn> columns)
 {
     for (TDBControl *control : TDBControl::allIn(window))
@@ -26,7 +18,7 @@ QString inWordsOf(QWidget *window, const TDataSet &set, QList<TChangedColumn> co
                 control->DataField().compare(column.field, Qt::CaseInsensitive) != 0)
                 continue;
             const auto word = [control](const Variant &value, QString &text) {
-                if (const QString own = shownBy(*control, value); !own.isEmpty())
+                if (const QString own = control->textFor(value); !value.isNull() && !own.isEmpty())
                     text = own;
             };
             word(column.before, column.beforeText);

@@ -72,6 +72,22 @@ std::unique_ptr<TDatabase> readOnlyCopy(const TDatabase &database)
     return copy;
 }
 
+// Made for the first that asks.
+TQuery *shared(std::unique_ptr<TQuery> &set, TDatabase *database, const QString &sql)
+{
+    if (!set)
+        set = std::make_unique<TQuery>(database, sql);
+    return set.get();
+}
+
+void reopen(TQuery &set)
+{
+    if (!set.Active())
+        return;
+    set.Close();
+    set.Open();
+}
+
 } // namespace
 
 TCurrentUser &CurrentUser()
@@ -116,17 +132,22 @@ TDatabase *TMainDatas::mnRavl()
 
 TQuery *TMainDatas::Tarn()
 {
-    if (!tarn)
-        tarn = std::make_unique<TQuery>(main.get(), u"select * from bd_tarn order by trn_id"_s);
-    return tarn.get();
+    return shared(tarn, main.get(), u"select * from bd_tarn order by trn_id"_s);
 }
 
 void TMainDatas::RefreshTarn()
 {
-    if (!Tarn()->Active())
-        return;
-    Tarn()->Close();
-    Tarn()->Open();
+    reopen(*Tarn());
+}
+
+TQuery *TMainDatas::Veikl()
+{
+    return shared(veikl, main.get(), u"select VKL_PAVAD, VKL_ID from du_veikl order by vkl_pavad"_s);
+}
+
+void TMainDatas::RefreshVeikl()
+{
+    reopen(*Veikl());
 }
 
 void TMainDatas::makeReadOnly()
@@ -135,6 +156,7 @@ void TMainDatas::makeReadOnly()
     if (!CurrentUser().userAdmin)
         budget = readOnlyCopy(*budget);
     tarn.reset();
+    veikl.reset();
     main = std::move(newMain);
 }
 

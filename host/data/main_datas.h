@@ -41,6 +41,9 @@ public:
     TQuery *Tarn();
     // Who changed them says so: an open set is opened anew.
     void RefreshTarn();
+    // The activities, by name; the same is true of them.
+    TQuery *Veikl();
+    void RefreshVeikl();
 
     // Opens the main session again read-only in the engine itself, and the budget session too unless the
     // current user may administer users; for view-only users, at login. Pointers to the former sessions and
@@ -50,7 +53,7 @@ public:
 private:
     std::unique_ptr<TDatabase> main;
     std::unique_ptr<TDatabase> budget;
-    std::unique_ptr<TQuery> tarn;
+    std::unique_ptr<TQuery> tarn, veikl;
 };
 TMainDatas *MainDatas();
 // The module becomes the owner; a null pointer closes the old one. The current period is read again.

@@ -207,10 +207,8 @@ bool TBalEdit::takesRemovalKey(QKeyEvent *event)
         removeFurther(QTextCursor::EndOfBlock);
     else if (event->modifiers() & Qt::AltModifier)
         return false; // on some platforms a key of undoing
-    else if (event->key() == Qt::Key_Backspace)
-        typeBackspace();
-    else if (event->key() == Qt::Key_Delete)
-        typeDelete();
+    else if (event->key() == Qt::Key_Backspace || event->key() == Qt::Key_Delete)
+        typeErasing(event->key() == Qt::Key_Backspace);
     else
         return false;
     return true;
@@ -302,39 +300,23 @@ void TBalEdit::addLine(QTextCursor &at, bool above)
     formatBlock(at.block().previous(), TBalKind::Detail);
 }
 
-void TBalEdit::typeBackspace()
+void TBalEdit::typeErasing(bool backwards)
 {
     if (textCursor().hasSelection()) {
         removeSelection();
         return;
     }
     const TCaretLine caret = caretLine();
-    const TKeyAct act = actOfBackspace(caret);
+    const TKeyAct act = backwards ? actOfBackspace(caret) : actOfDelete(caret);
     const TOneStep step(textCursor());
-    if (act == TKeyAct::Pass && caret.column == 1)
-        dropEmptyLine(true);
-    else if (act == TKeyAct::Pass)
+    if (act != TKeyAct::Pass)
+        perform(act, {});
+    else if (backwards ? caret.column == 1 : caret.atEnd())
+        dropEmptyLine(backwards);
+    else if (backwards)
         textCursor().deletePreviousChar();
     else
-        perform(act, {});
-    ensureCursorVisible();
-}
-
-void TBalEdit::typeDelete()
-{
-    if (textCursor().hasSelection()) {
-        removeSelection();
-        return;
-    }
-    const TCaretLine caret = caretLine();
-    const TKeyAct act = actOfDelete(caret);
-    const TOneStep step(textCursor());
-    if (act == TKeyAct::Pass && caret.atEnd())
-        dropEmptyLine(false);
-    else if (act == TKeyAct::Pass)
         textCursor().deleteChar();
-    else
-        perform(act, {});
     ensureCursorVisible();
 }
 
@@ -346,7 +328,7 @@ void TBalEdit::removeFurther(QTextCursor::MoveOperation upTo)
     const bool isPlain = (backwards ? actOfBackspace(caret) : actOfDelete(caret)) == TKeyAct::Pass &&
                          !caret.line.text.isEmpty();
     if (textCursor().hasSelection() || !isPlain) {
-        backwards ? typeBackspace() : typeDelete();
+        typeErasing(backwards);
         return;
     }
     QTextCursor range = textCursor();

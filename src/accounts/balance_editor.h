@@ -64,8 +64,7 @@ private:
     void typeText(const QString &text);
     void typeCharacter(QChar typed);
     void typeEnter();
-    void typeBackspace();
-    void typeDelete();
+    void typeErasing(bool backwards);
     void removeFurther(QTextCursor::MoveOperation upTo);
     // text: the sign that goes in, or the number of the account.
     void perform(TKeyAct act, const QString &text);

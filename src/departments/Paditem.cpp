@@ -9,6 +9,13 @@ namespace {
 
 constexpr int usualActivity = 1;
 
+// Another station may have changed them since they were read.
+TQuery *activities()
+{
+    MainDatas()->RefreshVeikl();
+    return MainDatas()->Veikl();
+}
+
 QList<TFieldRow> rows()
 {
     return {
@@ -16,7 +23,7 @@ QList<TFieldRow> rows()
         TFieldRow::edit("&Adresas", "PAD_ADR"),
         TFieldRow::edit("&Kodas", "PAD_KODAS").holdsFocus(),
         TFieldRow::check("Is&taiga", "PAD_IST"),
-        TFieldRow::pick("&Veikla", "PAD_VKLID", "select VKL_PAVAD, VKL_ID from du_veikl order by vkl_pavad"),
+        TFieldRow::lookup("&Veikla", "PAD_VKLID", activities(), "vkl_id", "vkl_pavad"),
         SasRow("&Sąskaita", "PAD_SASID", {.zeroKeeps = true}),
         FunRow("Va&lstybės funkcija", "PAD_FUNID"),
         BookRow("K&nyga", "PAD_ISLID"),

@@ -18,11 +18,7 @@ TVeiklFrm::TVeiklFrm(QWidget *owner)
                   .editing = TEditing::UnlessViewOnly,
                   .used = {"Veiklos rūšis \"%s\" yra naudojama!", "VKL_PAVAD"},
                   .editRow = [](const QString &, bool) { Veiklred::VeiklRedShow(); },
-                  .statements = {.insert = "insert into du_veikl (VKL_ID, VKL_KODAS, VKL_PAVAD) "
-                                           "values (:VKL_ID, :VKL_KODAS, :VKL_PAVAD)",
-                                 .update = "update du_veikl set VKL_ID = :VKL_ID, VKL_KODAS = :VKL_KODAS, "
-                                           "VKL_PAVAD = :VKL_PAVAD where VKL_ID = :OLD_VKL_ID",
-                                 .remove = "delete from du_veikl where VKL_ID = :OLD_VKL_ID"}},
+                  .statements = heldStatements("du_veikl", "VKL_ID", {"VKL_ID", "VKL_KODAS", "VKL_PAVAD"})},
                  owner)
 {
     keepIn(VeiklFrm);

@@ -32,10 +32,10 @@ void editTenant()
 TPackageEntries catalogueEntries()
 {
     return {
-        listScreen<Nuom::TNuomFrm>(Nuom::unit, {Menu::catalogues}, "&Nuomininkai…", 62),
         listScreen<Pajamurusiukodai::TPajamuRusiuKodaiFrm>(Pajamurusiukodai::unit, codes,
                                                            "&Pajamų rūšių kodai…", 64),
         listScreen<Imokos::TImokosFrm>(Imokos::unit, codes, "&Mokesčių, rinkliavų ir kitų įmokų kodai…", 61),
+        listScreen<Nuom::TNuomFrm>(Nuom::unit, {Menu::catalogues}, "&Nuomininkai…", 62),
         editor("EditNuom", Nuomedit::unit, 62, editTenant),
         editor("ShowPajamuRusiuKodaiEdit", Pajamurusiukodaiedit::unit, 64, editIncomeCode),
         editor("EditImokos", Newimok::unit, 61, editPaymentCode),

@@ -6,6 +6,7 @@
 #include "host/controls/browse_frm.h"
 #include "host/controls/changed_elsewhere_box.h"
 #include "host/controls/editing_actions.h"
+#include "host/controls/held_statements.h"
 #include "host/controls/images.h"
 #include "host/controls/period_box.h"
 #include "host/controls/record_dialog.h"

@@ -56,7 +56,7 @@ void TFinEdDlg::requireOfOrganisation(const char *column)
         QString("Kai užpildytas organizacijos pavadinimas laukas \"%1\" negali būti tuščias! Kad užpildyti "
                 "lauka spauskite \"Taip\", kad išvalyti organizacijos pavadinimą spauskite \"Ne\".")
             .arg(field(column)->label());
-    const int answer = StdMsgBox(mkQuestion, question);
+    const int answer = StdMsgBox(mkQuestion, question, mrYes);
     if (answer == mrNo) {
         field("fin_org_pavad")->Clear();
         return;

@@ -27,13 +27,9 @@ TPareigFrm::TPareigFrm(QWidget *owner)
            .editing = TEditing::UnlessViewOnly,
            .used = {"Pareigybė \"%s\" yra naudojama!", "PRG_PAVAD"},
            .editRow = [](const QString &, bool isNew) { return Editprg::PrgEdit(isNew); },
-           .statements = {"insert into bd_prg (PRG_ID, PRG_PAVAD, PRG_SUBORD, PRG_KLA_KOD, PRG_MOKGYD, "
-                          "PRG_TRNID) values (:PRG_ID, :PRG_PAVAD, :PRG_SUBORD, :PRG_KLA_KOD, :PRG_MOKGYD, "
-                          ":PRG_TRNID)",
-                          "update bd_prg set PRG_ID = :PRG_ID, PRG_PAVAD = :PRG_PAVAD, "
-                          "PRG_SUBORD = :PRG_SUBORD, PRG_KLA_KOD = :PRG_KLA_KOD, PRG_MOKGYD = :PRG_MOKGYD, "
-                          "PRG_TRNID = :PRG_TRNID where PRG_ID = :OLD_PRG_ID",
-                          "delete from bd_prg where PRG_ID = :OLD_PRG_ID"}},
+           .statements = heldStatements(
+               "bd_prg", "PRG_ID",
+               {"PRG_ID", "PRG_PAVAD", "PRG_SUBORD", "PRG_KLA_KOD", "PRG_MOKGYD", "PRG_TRNID"})},
           owner)
 {
     keepIn(PareigFrm);

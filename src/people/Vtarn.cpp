@@ -8,23 +8,18 @@ TUnit unit("VTarn");
 TVTarnFrm *VTarnFrm = nullptr;
 
 TVTarnFrm::TVTarnFrm(QWidget *owner)
-    : TBrowseFrm(
-          {.name = "TVTarnFrm",
-           .caption = "Valstybės tarnautojų kategorijos",
-           .help = 70,
-           .keyColumn = "TRN_ID",
-           .table = "bd_tarn",
-           .sql = "select * from bd_tarn order by trn_id",
-           .columns = {{"TRN_ID", "Id"}, {"TRN_PAVAD", "Pavadinimas"}, {"TRN_KOEF", "Koef."}},
-           .editing = TEditing::UnlessViewOnly,
-           .used = {"Kategorija \"%s\" yra naudojama!", "TRN_PAVAD"},
-           .editRow = [](const QString &, bool) { return Vtarnnew::VTarnShow(); },
-           .statements = {"insert into bd_tarn (TRN_ID, TRN_PAVAD, TRN_KOEF) "
-                          "values (:TRN_ID, :TRN_PAVAD, :TRN_KOEF)",
-                          "update bd_tarn set TRN_ID = :TRN_ID, TRN_PAVAD = :TRN_PAVAD, TRN_KOEF = :TRN_KOEF "
-                          "where TRN_ID = :OLD_TRN_ID",
-                          "delete from bd_tarn where TRN_ID = :OLD_TRN_ID"}},
-          owner)
+    : TBrowseFrm({.name = "TVTarnFrm",
+                  .caption = "Valstybės tarnautojų kategorijos",
+                  .help = 70,
+                  .keyColumn = "TRN_ID",
+                  .table = "bd_tarn",
+                  .sql = "select * from bd_tarn order by trn_id",
+                  .columns = {{"TRN_ID", "Id"}, {"TRN_PAVAD", "Pavadinimas"}, {"TRN_KOEF", "Koef."}},
+                  .editing = TEditing::UnlessViewOnly,
+                  .used = {"Kategorija \"%s\" yra naudojama!", "TRN_PAVAD"},
+                  .editRow = [](const QString &, bool) { return Vtarnnew::VTarnShow(); },
+                  .statements = heldStatements("bd_tarn", "TRN_ID", {"TRN_ID", "TRN_PAVAD", "TRN_KOEF"})},
+                 owner)
 {
     keepIn(VTarnFrm);
 }

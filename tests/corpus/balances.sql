@@ -3,7 +3,7 @@
 SELECT Bd_sasplan.SAS_SASNR, Bd_saslik.SSL_ID, Bd_saslik.SSL_SUM_DB, Bd_saslik.SSL_SUM_KR,
   (Bd_sasplan.SAS_SASNR + '  ')  + Bd_sasplan.SAS_PAVAD as SASKAITA
 FROM BD_SASLIK Bd_saslik, BD_SASPLAN Bd_sasplan
-WHERE (Bd_saslik.ssl_perid = :perid) and (Bd_saslik.SSL_SASID = Bd_sasplan.SAS_ID)
+WHERE (Bd_saslik.ssl_perid = :perid) AND (Bd_saslik.SSL_SASID = Bd_sasplan.SAS_ID)
 ORDER BY SASKAITA
 ;;
 -- screen: TSasLikFrm, session: mnFin_Db
@@ -49,7 +49,7 @@ select GetDateByPeriodId(per_id) as data, per_id from bd_period where per_metai<
 -- screen: TIslFrm, session: mnFin_Db
 -- param perid = 6
 -- param JungId = 1
-SELECT * FROM bd_isllik WHERE sml_perid=:perid and sml_jveid=:JungId
+SELECT * FROM bd_isllik WHERE sml_perid = :perid AND sml_jveid = :JungId
 ;;
 -- screen: TIslFrm, session: mnFin_Db
 select max(per_metai) from bd_period

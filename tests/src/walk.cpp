@@ -2,10 +2,12 @@
 
 #include "host/classifier/book_frm.h"
 #include "host/controls/browse_frm.h"
+#include "tests/corpus/corpus.h"
 #include "tests/src/book_node.h"
 #include "tests/support/message_box.h"
 #include "toolkit/data/query.h"
 #include "toolkit/data/statement.h"
+#include "toolkit/widgets/db_edit.h"
 
 #include <gtest/gtest.h>
 
@@ -15,11 +17,14 @@
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QProgressDialog>
+#include <QRegularExpression>
+#include <QSet>
 #include <QTest>
 #include <QToolButton>
 
@@ -220,6 +225,13 @@ private:
     int inside = 0;
 };
 
+QStringList statementsOf(const TQuery &query)
+{
+    QStringList statements{query.SQL(), query.InsertSQL, query.ModifySQL, query.DeleteSQL};
+    statements.removeAll(QString());
+    return statements;
+}
+
 } // namespace
 
 TVisit visitEntry(const TPackageEntry &entry, const std::function<void(QWidget &)> &look)
@@ -284,14 +296,55 @@ QStringList repeatedAccelerators(QWidget &window)
     return repeated;
 }
 
+QStringList statementsUnworded(const QWidget &window)
+{
+    static const QSet<QString> worded = [] {
+        QSet<QString> all;
+        for (const CorpusEntry &entry : corpusEntries())
+            all << entry.statement.simplified();
+        return all;
+    }();
+    static const QRegularExpression orderedByBase(" order by \\w+$");
+    QStringList unworded;
+    for (const TQuery *query : window.findChildren<TQuery *>())
+        for (const QString &statement : statementsOf(*query)) {
+            const QString asWorded = statement.simplified();
+            if (!worded.contains(asWorded) && !worded.contains(QString(asWorded).remove(orderedByBase)))
+                unworded << asWorded;
+        }
+    return unworded;
+}
+
+QStringList editsOfAnotherLength(QWidget &window)
+{
+    QStringList wrong;
+    for (auto *edit : window.findChildren<TDBEdit *>()) {
+        const TField *field = edit->Field();
+        const bool isText = field && field->DataType() == TFieldType::ftString && field->Size() > 0;
+        if (!isText || edit->isReadOnly() || !edit->isEnabled() || !edit->inputMask().isEmpty())
+            continue;
+        const auto paste = [edit](const QString &text) {
+            QApplication::clipboard()->setText(text);
+            edit->selectAll();
+            edit->paste();
+            return edit->text();
+        };
+        const QString shown = edit->text();
+        const int longest = edit->options().maxLength > 0 ? edit->options().maxLength : field->Size();
+        const QString whole(longest, u'7');
+        if (paste(whole + u'7') != shown || paste(whole) != whole)
+            wrong << describe(edit);
+        edit->selectAll();
+        edit->insert(shown);
+    }
+    return wrong;
+}
+
 QStringList statementsRefused(QWidget &window)
 {
     QStringList refused;
     for (const TQuery *query : window.findChildren<TQuery *>())
-        for (const QString &statement :
-             {query->SQL(), query->InsertSQL, query->ModifySQL, query->DeleteSQL}) {
-            if (statement.isEmpty())
-                continue;
+        for (const QString &statement : statementsOf(*query)) {
             try {
                 query->Database()->prepare(statement);
             } catch (const EDatabaseError &error) {

@@ -24,5 +24,10 @@ QStringList controlsOutOfReach(QWidget &window);
 QStringList accelerators(QWidget &window);
 // Letters that two visible controls of the window share as their accelerator.
 QStringList repeatedAccelerators(QWidget &window);
+// Statements of the window's queries that no file of the corpus has, blanks aside. A list over a statement
+// without an order may read it in that of a column.
+QStringList statementsUnworded(const QWidget &window);
+// Edits of texts that take more by a paste than their column holds, or less.
+QStringList editsOfAnotherLength(QWidget &window);
 // Statements of the window's queries that their engine refuses to prepare, with its words.
 QStringList statementsRefused(QWidget &window);

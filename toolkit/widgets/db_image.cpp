@@ -122,6 +122,12 @@ void TDBImage::storeField(TField &field)
         field.setValue(bytes);
 }
 
+// Its bytes say nothing to people.
+QString TDBImage::textFor(const Variant &value)
+{
+    return value.toByteArray().isEmpty() ? QString() : u"paveikslėlis"_s;
+}
+
 void TDBImage::setEditable(bool on)
 {
     setProperty("readOnly", !on);

@@ -22,6 +22,7 @@ public:
 
     bool hasPicture() const { return !picture.isNull(); }
     bool showsValue() const override { return !bytes.isEmpty(); }
+    QString textFor(const Variant &value) override;
     QSize sizeHint() const override;
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override;

@@ -1,20 +1,11 @@
 #include "host/common/msgbox.h"
-#include "tests/support/message_box.h"
+#include "tests/support/key_on_box.h"
 
 #include <gtest/gtest.h>
 
 #include <QClipboard>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-// Answers the next message box with a key.
-class KeyOnBox : public OnNextDialog<QMessageBox> {
-public:
-    explicit KeyOnBox(Qt::Key key) : OnNextDialog([key](QMessageBox &box) { QTest::keyClick(&box, key); }) {}
-};
-} // namespace
 
 TEST(StdMsgBox, QuestionAnswersYesAndNo)
 {
@@ -89,6 +80,14 @@ TEST(StdMsgBox, EnterAnswersNoWhereItCannotBeTakenBack)
 {
     KeyOnBox enter(Qt::Key_Return);
     EXPECT_EQ(StdMsgBox(18, u"Ar tikrai norite ištrinti?"_s), mrNo);
+}
+
+TEST(StdMsgBox, BothKeysAnswerYesWhereNoCannotBeTakenBack)
+{
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+        KeyOnBox pressed(key);
+        EXPECT_EQ(StdMsgBox(18, u"Palikti?"_s, mrYes), mrYes) << key;
+    }
 }
 
 TEST(StdMsgBox, EnterSavesWhereThereIsAWayBack)

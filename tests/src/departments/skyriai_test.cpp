@@ -98,6 +98,20 @@ TEST_P(Departments, OneWithoutAnActivityGetsTheFirst)
     EXPECT_EQ(stored("pad_vklid"), QStringList({"2", "1"}));
 }
 
+TEST_P(Departments, AnActivityAddedElsewhereIsOfferedTheNextTimeInTheHostsList)
+{
+    change(8, [](TPadItemFrm &dialog) {
+        EXPECT_EQ(items(dialog, "PAD_VKLID"), QStringList({"Globa", "Ugdymas"}));
+        EXPECT_TRUE(MainDatas()->Veikl()->Active());
+        cancel(dialog);
+    });
+    elsewhere("insert into du_veikl (vkl_id, vkl_pavad) values (3, 'Menai')");
+    change(8, [](TPadItemFrm &dialog) {
+        EXPECT_EQ(items(dialog, "PAD_VKLID"), QStringList({"Globa", "Menai", "Ugdymas"}));
+        cancel(dialog);
+    });
+}
+
 TEST_P(Departments, AnEmptiedAccountLeavesTheColumnAsItWas)
 {
     books().ExecSQL("update bd_pad set pad_sasid2 = 2 where pad_id = 7");

@@ -127,6 +127,15 @@ TEST(Package, EveryEntryBelongsToAListedUnit)
         EXPECT_TRUE(package.info().units.contains(entry.unit)) << qPrintable(entry.name);
 }
 
+TEST(Package, TenantsCloseTheCataloguesOfCodes)
+{
+    QStringList names;
+    for (const TPackageEntry &entry : packageEntries())
+        names << entry.name;
+    EXPECT_GT(names.indexOf("TNuomFrm"), names.indexOf("TImokosFrm"));
+    EXPECT_GT(names.indexOf("TImokosFrm"), names.indexOf("TPajamuRusiuKodaiFrm"));
+}
+
 TEST(Package, NoSourceFileIsOutsideTheRegistry)
 {
     QSet<QString> listed;

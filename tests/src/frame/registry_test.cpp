@@ -17,7 +17,7 @@ namespace {
 
 // What was wrong in the windows of an entry, each with its window's title.
 struct TFaults {
-    QStringList nameless, unreachable, repeated, refused, untitled, beyondAnEdge;
+    QStringList nameless, unreachable, repeated, refused, unworded, otherwiseLong, untitled, beyondAnEdge;
 };
 
 QStringList inWindow(const QWidget &window, const QStringList &faults)
@@ -53,6 +53,8 @@ protected:
             if (qobject_cast<QDialog *>(&window) &&
                 !window.screen()->availableGeometry().contains(window.geometry()))
                 found.beyondAnEdge << window.windowTitle();
+            found.unworded += inWindow(window, statementsUnworded(window));
+            found.otherwiseLong += inWindow(window, editsOfAnotherLength(window));
             if (window.windowTitle().isEmpty())
                 found.untitled << window.metaObject()->className();
         });
@@ -101,6 +103,16 @@ TEST_P(EveryEntry, StandsOnASmallScreenWhole)
 TEST_P(EveryEntry, HasStatementsThatTheEngineTakes)
 {
     EXPECT_EQ(faults().refused, QStringList());
+}
+
+TEST_P(EveryEntry, RunsTheStatementsThatTheCorpusWords)
+{
+    EXPECT_EQ(faults().unworded, QStringList());
+}
+
+TEST_P(EveryEntry, TakesTheLongestTextByAPasteAndNoLetterMore)
+{
+    EXPECT_EQ(faults().otherwiseLong, QStringList());
 }
 
 TEST_P(EveryEntry, SaysWhatItIsInItsTitleAndMenu)

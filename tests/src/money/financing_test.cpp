@@ -2,6 +2,7 @@
 #include "src/money/Finlist.h"
 #include "tests/src/catalogue.h"
 #include "tests/support/files.h"
+#include "tests/support/key_on_box.h"
 #include "toolkit/widgets/db_image.h"
 
 #include <QCheckBox>
@@ -115,6 +116,23 @@ TEST_P(Financing, NoInsteadClearsTheNameOfTheOrganisation)
         type(edit(dialog, "fin_org_pavad"), "Gimnazija");
         NextBoxes asked{QMessageBox::No};
         save(dialog);
+    });
+    EXPECT_EQ(stored(), QStringList("1|Biudžetas|01|NULL|NULL|NULL|NULL|NULL"));
+}
+
+TEST_P(Financing, EnterAndEscLeaveTheNameOfTheOrganisationAsItWasTyped)
+{
+    change(1, [](TFinEdDlg &dialog) {
+        type(edit(dialog, "fin_org_pavad"), "Gimnazija");
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+            {
+                KeyOnBox pressed(key);
+                save(dialog);
+            }
+            EXPECT_EQ(edit(dialog, "fin_org_pavad")->text(), "Gimnazija") << key;
+            EXPECT_EQ(dialog.focusWidget(), edit(dialog, "fin_adr")) << key;
+        }
+        leaveUnsaved(dialog);
     });
     EXPECT_EQ(stored(), QStringList("1|Biudžetas|01|NULL|NULL|NULL|NULL|NULL"));
 }
