@@ -7,6 +7,7 @@
 #include "bench/party_books.h"
 #include "host/app/login.h"
 #include "host/app/login_dialog.h"
+#include "host/app/login_patience.h"
 #include "host/app/main_window.h"
 #include "host/app/new_books_dialog.h"
 #include "host/app/setup/setup_dialog.h"
@@ -121,7 +122,8 @@ void walk()
             keys.type("slaptas");
             keys.press(Qt::Key_Return);
         });
-        logInAt(window, {});
+        TLoginPatience patience;
+        logInAt(window, {}, patience);
     }
     enterBalance(window, keys);
     const double ms = double(timer.nsecsElapsed()) / 1e6;

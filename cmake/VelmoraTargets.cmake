@@ -67,8 +67,16 @@ endfunction()
 
 # What takes long in a build with sanitizers are the templates of Qt, anew for each source: there several sources
 # are compiled as one. Other builds keep each apart, which shows a missing include.
+function(_velmora_together target)
+  get_target_property(type ${target} TYPE)
+  if(VELMORA_SANITIZE AND type STREQUAL "SHARED_LIBRARY")
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 6)
+  endif()
+endfunction()
+
 function(_velmora_finish target gui)
-  set_target_properties(${target} PROPERTIES DEFINE_SYMBOL "" UNITY_BUILD ${VELMORA_SANITIZE} UNITY_BUILD_BATCH_SIZE 6)
+  set_target_properties(${target} PROPERTIES DEFINE_SYMBOL "")
+  _velmora_together(${target})
   _velmora_generators(${target})
   if(gui)
     target_link_libraries(${target} PUBLIC Qt6::Widgets Qt6::PrintSupport Qt6::Sql)
