@@ -23,7 +23,8 @@ struct TBrowseFrm::Private {
     // The texts of columns by their column or statement; forgotten with every reading.
     std::map<QString, std::shared_ptr<TColumnLookup>> lookups;
     QAction *afterEditing = nullptr; // parts new, edit and delete from the rest
-    QBoxLayout *searchLine = nullptr;
+    QBoxLayout *searchLines = nullptr;
+    QBoxLayout *pickLine = nullptr; // where the next control of the tool bar goes
     QLabel *findLabel = nullptr;
     QLineEdit *findEdit = nullptr;
     QString findTitle; // of the column that is searched

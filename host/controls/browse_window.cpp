@@ -133,6 +133,13 @@ QString historyKey(TQuery &query, const QString &table)
     }
     return values.join(u'|');
 }
+QBoxLayout *addLine(QBoxLayout *lines)
+{
+    auto *line = new QHBoxLayout;
+    line->setSpacing(6);
+    lines->addLayout(line);
+    return line;
+}
 } // namespace
 
 void TBrowseFrm::addActions()
@@ -188,19 +195,23 @@ void TBrowseFrm::addSearchLine(QBoxLayout *layout)
     d->findEdit->setClearButtonEnabled(true);
     d->findEdit->setMaximumWidth(320);
     d->findLabel->setBuddy(d->findEdit);
-    d->searchLine = new QHBoxLayout;
-    d->searchLine->setContentsMargins(6, 3, 6, 3);
-    d->searchLine->setSpacing(6);
-    d->searchLine->addWidget(d->findLabel);
-    d->searchLine->addWidget(d->findEdit);
-    d->searchLine->addStretch();
-    layout->addLayout(d->searchLine);
+    d->searchLines = new QVBoxLayout;
+    d->searchLines->setContentsMargins(6, 3, 6, 3);
+    d->searchLines->setSpacing(6);
+    layout->addLayout(d->searchLines);
+    d->pickLine = addLine(d->searchLines);
+    d->pickLine->addWidget(d->findLabel);
+    d->pickLine->addWidget(d->findEdit);
+    d->pickLine->addStretch();
     connectGuarded(d->findEdit, &QLineEdit::textChanged, this, [this] { findTextChanged(); });
     connectGuarded(d->findEdit, &QLineEdit::returnPressed, this, [this] { d->grid->setFocus(); });
 }
 
+// The first stands beside the search; more of them would leave no room for it on a small screen.
 void TBrowseFrm::addToToolBar(const QString &label, QWidget *control)
 {
-    d->searchLine->addWidget(labelFor(label, control));
-    d->searchLine->addWidget(control);
+    d->pickLine->addWidget(labelFor(label, control));
+    d->pickLine->addWidget(control);
+    if (d->searchLines->count() == 1)
+        d->pickLine = addLine(d->searchLines);
 }

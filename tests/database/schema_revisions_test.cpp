@@ -151,7 +151,7 @@ TEST_P(RevisionsOnServer, WaitForAListThatIsReadOnMeanwhile)
 {
     upgrade(*mnFin_Db, Book::Main, {first});
     mnFin_Db->nativeExec(u"insert into bd_a select i from generate_series(2, 50000) i"_s);
-    const auto list = mnFin_Db->prepare(u"select a_id from bd_a"_s);
+    const auto list = mnFin_Db->prepare(u"select a_id from bd_a"_s, TDatabase::Connection::Reading);
     list->exec();
     ASSERT_TRUE(list->next());
 

@@ -232,6 +232,13 @@ QStringList statementsOf(const TQuery &query)
     return statements;
 }
 
+// Blanks do not matter, nor which days are asked for.
+QString comparable(const QString &statement)
+{
+    static const QRegularExpression day("'\\d{4}-\\d\\d-\\d\\d'");
+    return statement.simplified().replace(day, "'diena'");
+}
+
 } // namespace
 
 TVisit visitEntry(const TPackageEntry &entry, const std::function<void(QWidget &)> &look)
@@ -301,14 +308,14 @@ QStringList statementsUnworded(const QWidget &window)
     static const QSet<QString> worded = [] {
         QSet<QString> all;
         for (const CorpusEntry &entry : corpusEntries())
-            all << entry.statement.simplified();
+            all << comparable(entry.statement);
         return all;
     }();
     static const QRegularExpression orderedByBase(" order by \\w+$");
     QStringList unworded;
     for (const TQuery *query : window.findChildren<TQuery *>())
         for (const QString &statement : statementsOf(*query)) {
-            const QString asWorded = statement.simplified();
+            const QString asWorded = comparable(statement);
             if (!worded.contains(asWorded) && !worded.contains(QString(asWorded).remove(orderedByBase)))
                 unworded << asWorded;
         }

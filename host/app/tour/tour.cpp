@@ -56,6 +56,7 @@ public:
           window(package)
     {
         window.move(0, 0);
+        window.resize(1100, 720); // the screen that nobody sees is smaller than those of people
         window.show();
         window.activateWindow();
     }
