@@ -212,6 +212,8 @@ void TBrowseFrm::addToToolBar(const QString &label, QWidget *control)
 {
     d->pickLine->addWidget(labelFor(label, control));
     d->pickLine->addWidget(control);
-    if (d->searchLines->count() == 1)
-        d->pickLine = addLine(d->searchLines);
+    if (d->searchLines->count() > 1)
+        return;
+    d->pickLine = addLine(d->searchLines);
+    d->pickLine->addStretch();
 }
