@@ -133,6 +133,7 @@ QString historyKey(TQuery &query, const QString &table)
     }
     return values.join(u'|');
 }
+
 QBoxLayout *addLine(QBoxLayout *lines)
 {
     auto *line = new QHBoxLayout;

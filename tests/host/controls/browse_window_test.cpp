@@ -286,6 +286,27 @@ TEST_P(BrowseWindow, AScreensOwnActionPanelPickerAndDeleteMenu)
     EXPECT_TRUE(screen->picker.isVisible());
 }
 
+TEST_P(BrowseWindow, TheFirstPickerStandsBesideTheSearchAndFurtherOnesBelow)
+{
+    struct WithPickers : TBankaiFrm {
+        explicit WithPickers(QWidget *owner) : TBankaiFrm(owner)
+        {
+            addToToolBar(u"Kn&ygos:"_s, &books);
+            addToToolBar(u"&Nuo:"_s, &from);
+            addToToolBar(u"&Iki:"_s, &to);
+        }
+        QComboBox books, from, to;
+    };
+    auto *screen = createForm<WithPickers>(nullptr);
+    frm = screen;
+    frm->show();
+    const auto heightOf = [](const QWidget &control) { return control.geometry().center().y(); };
+    const auto *search = frm->findChild<QLineEdit *>(u"FindEdit"_s);
+    EXPECT_NEAR(heightOf(screen->books), heightOf(*search), 2);
+    EXPECT_GT(screen->from.y(), screen->books.geometry().bottom());
+    EXPECT_EQ(heightOf(screen->to), heightOf(screen->from));
+}
+
 TEST_P(BrowseWindow, KeysOfTheRowsDoNothingInAPicker)
 {
     struct WithPicker : TBankaiFrm {
